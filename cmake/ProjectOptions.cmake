@@ -1,0 +1,23 @@
+# The compiler settings that every target of the project shares.
+
+add_library(docparser_options INTERFACE)
+target_compile_features(docparser_options INTERFACE cxx_std_20)
+
+if(MSVC)
+    target_compile_options(docparser_options INTERFACE /W4 /permissive- /utf-8
+        $<$<BOOL:${DOCPARSER_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+    target_compile_options(docparser_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+        $<$<BOOL:${DOCPARSER_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
+
+if(DOCPARSER_SANITIZERS)
+    target_compile_options(docparser_options INTERFACE
+        -fsanitize=${DOCPARSER_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(docparser_options INTERFACE -fsanitize=${DOCPARSER_SANITIZERS})
+endif()
+
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()

@@ -1,0 +1,49 @@
+#include "platform/HostServices.hpp"
+
+#include "platform/InstallationManifest.hpp"
+#include "platform/InstallationPrefix.hpp"
+
+#include <mutex>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+// Built on first use, so that the static initialisers of any other library may already ask.
+struct Current {
+    std::mutex mutex; // guards services; never held while the services are asked
+    std::shared_ptr<const HostServices> services = defaultHostServices();
+};
+
+Current& current() {
+    static Current instance;
+    return instance;
+}
+
+} // namespace
+
+HostServices::~HostServices() = default;
+
+std::shared_ptr<const HostServices> defaultHostServices() {
+    static const std::shared_ptr<const HostServices> services =
+        std::make_shared<const InstallationManifest>(installationPrefix());
+    return services;
+}
+
+void setHostServices(std::shared_ptr<const HostServices> services) {
+    if (!services)
+        services = defaultHostServices();
+    Current& state = current();
+    const std::lock_guard lock(state.mutex);
+    // The services that were in force end after the lock: their destructor is the host's code.
+    state.services.swap(services);
+}
+
+std::shared_ptr<const HostServices> hostServices() {
+    Current& state = current();
+    const std::lock_guard lock(state.mutex);
+    return state.services;
+}
+
+} // namespace platform

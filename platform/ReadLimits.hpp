@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Export.hpp"
+
+#include <cstdint>
+
+namespace platform {
+
+/// How much a hostile file can make the process read into memory, in bytes that come out.
+///
+/// Past a limit the read fails as it does when memory is short: before the memory is taken. What a
+/// file or a package claims about its own size is never trusted.
+struct ReadLimits {
+    /// One file that is read whole.
+    std::uint64_t fileBytes = std::uint64_t{1} << 30;
+    /// One entry of a package, inflated.
+    std::uint64_t entryBytes = std::uint64_t{1} << 30;
+    /// All entries of one open package together, inflated.
+    std::uint64_t packageBytes = std::uint64_t{4} << 30;
+
+    bool operator==(const ReadLimits&) const = default;
+};
+
+/// Sets the limits of the whole process for the reads that start from now on. Any thread may call;
+/// a read that starts meanwhile may see some of the old and some of the new limits.
+DOCPARSER_PLATFORM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
+
+/// The limits in force.
+DOCPARSER_PLATFORM_EXPORT ReadLimits readLimits() noexcept;
+
+} // namespace platform

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <utility>
+#if __has_include(<cxxabi.h>)
+#include <cxxabi.h>
+#endif
+
+namespace foundation::core::except {
+
+/// Runs a step whose failure its caller can do without, and tells whether it ran to its end.
+///
+/// Whatever the step throws is dropped; say at the call why that silence is right. The cancellation
+/// of the thread, which travels as an exception on some systems, is no failure of the step and
+/// passes through.
+/// \param step  called once, without arguments
+/// \returns     false when the step threw
+template <class Step>
+bool completes(Step&& step) {
+    try {
+        std::forward<Step>(step)();
+        return true;
+    }
+#ifdef __GLIBCXX__
+    catch (const abi::__forced_unwind&) {
+        throw;
+    }
+#endif
+    catch (...) {
+        return false;
+    }
+}
+
+} // namespace foundation::core::except

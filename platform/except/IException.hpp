@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/Export.hpp"
+
+#include <boost/exception/exception.hpp>
+
+namespace foundation::core::except {
+
+/// Root of the application's exceptions: an object that Boost.Exception can clone and rethrow.
+///
+/// It does not derive from std::exception; catch it, one of its bases, or the type that was thrown.
+/// Copying shares the error-information record of boost::exception, which is reference counted.
+class DOCPARSER_PLATFORM_EXPORT IException : public boost::exception_detail::clone_base,
+                                             public boost::exception {
+public:
+    IException() = default;
+    IException(const IException&) = default;
+    IException(IException&&) = default;
+    IException& operator=(const IException&) = default;
+    IException& operator=(IException&&) = default;
+    ~IException() noexcept override;
+
+    /// A fixed text that names the kind of failure; it lives as long as the exception.
+    virtual const char* what() const noexcept = 0;
+};
+
+/// Base of the exceptions that a component throws for its own findings.
+class DOCPARSER_PLATFORM_EXPORT IInternalException : public IException {
+public:
+    IInternalException() = default;
+    IInternalException(const IInternalException&) = default;
+    IInternalException(IInternalException&&) = default;
+    IInternalException& operator=(const IInternalException&) = default;
+    IInternalException& operator=(IInternalException&&) = default;
+    ~IInternalException() noexcept override;
+};
+
+} // namespace foundation::core::except

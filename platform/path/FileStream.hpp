@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/Export.hpp"
+#include "platform/path/RegularFile.hpp"
+
+#include <filesystem>
+#include <istream>
+#include <optional>
+#include <streambuf>
+
+namespace fl::filesystem {
+
+/// What others may do with a file while it is open here.
+enum class share_mode {
+    deny_none ///< read, write and remove it
+};
+
+/// Reads a regular file without a buffer of its own, so that one read() of the stream is one read
+/// of the file, straight into the caller's memory.
+class DOCPARSER_PLATFORM_EXPORT file_buffer : public std::streambuf {
+public:
+    explicit file_buffer(const std::filesystem::path& file);
+
+    bool is_open() const noexcept { return file_.has_value(); }
+
+protected:
+    std::streamsize xsgetn(char* room, std::streamsize length) override;
+    int_type underflow() override;
+    int_type uflow() override;
+    pos_type seekoff(off_type offset, std::ios_base::seekdir from,
+                     std::ios_base::openmode mode) override;
+    pos_type seekpos(pos_type position, std::ios_base::openmode mode) override;
+
+private:
+    std::optional<RegularFile> file_;
+    std::uint64_t position_ = 0;
+};
+
+/// A file input stream over a native path.
+///
+/// Bytes come as they are stored; no locale of the host changes them. A stream that is not open
+/// has its failbit set, as one of the standard library's has. A read that fails sets badbit.
+template <class CharT>
+class basic_ifstream;
+
+template <>
+class DOCPARSER_PLATFORM_EXPORT basic_ifstream<char> : public std::istream {
+public:
+    /// Opens `file` when it is a regular file that may be read; otherwise the stream is not open.
+    /// \param mode   std::ios::in with std::ios::binary
+    /// \param share  what other openers may do meanwhile
+    basic_ifstream(const std::filesystem::path& file, std::ios_base::openmode mode,
+                   share_mode share);
+
+    bool is_open() const noexcept { return buffer_.is_open(); }
+
+private:
+    file_buffer buffer_;
+};
+
+using ifstream = basic_ifstream<char>;
+
+} // namespace fl::filesystem

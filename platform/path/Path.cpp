@@ -1,0 +1,89 @@
+#include "platform/path/Path.hpp"
+
+#include "platform/i18n/Converter.hpp"
+
+#include <algorithm>
+#include <system_error>
+
+namespace fl::filesystem {
+
+namespace {
+
+// Where the name behind the last separator starts.
+std::size_t nameStart(std::u16string_view text) noexcept {
+    const auto separator = std::find_if(text.rbegin(), text.rend(), is_separator);
+    return static_cast<std::size_t>(text.rend() - separator);
+}
+
+std::u16string_view withoutTrailingSeparators(std::u16string_view text) noexcept {
+    while (!text.empty() && is_separator(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool isDots(std::u16string_view name) noexcept {
+    return name == u"." || name == u"..";
+}
+
+} // namespace
+
+path path::filename() const {
+    return text_.substr(nameStart(text_));
+}
+
+path& path::operator/=(std::u16string_view component) {
+    if (text_.empty() || !is_separator(text_.back()))
+        text_ += PATHNAME_SEPARATOR;
+    text_ += component;
+    return *this;
+}
+
+std::u16string extract_extension(const path& file) {
+    const std::u16string name = file.filename().string();
+    const std::size_t dot = name.rfind(u'.');
+    return dot == std::u16string::npos ? std::u16string() : name.substr(dot + 1);
+}
+
+std::u16string extract_stem(const path& file) {
+    const std::u16string name = file.filename().string();
+    return isDots(name) ? name : name.substr(0, name.rfind(u'.'));
+}
+
+path remove_filename(const path& file) {
+    std::u16string_view text = withoutTrailingSeparators(file.string());
+    text = withoutTrailingSeparators(text.substr(0, nameStart(text)));
+    return std::u16string(text);
+}
+
+path make_native_form(path file, bool) {
+    if constexpr (PATHNAME_SEPARATOR == u'/')
+        return file;
+    std::u16string text = file.string();
+    std::ranges::replace(text, u'/', PATHNAME_SEPARATOR);
+    return text;
+}
+
+std::filesystem::path make_native_access_form_with_cleanup_i18n(const path& file) {
+    const std::u16string& text = file.string();
+    if (text.find(u'\0') != std::u16string::npos)
+        throw std::system_error(std::make_error_code(std::errc::invalid_argument),
+                                "a path holds NUL");
+#ifdef _WIN32
+    return std::filesystem::path(text);
+#else
+    if (!i18n::is_well_formed(text))
+        throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence),
+                                "a path holds an unpaired surrogate");
+    return i18n::to_string(text);
+#endif
+}
+
+path from_native_access_form(const std::filesystem::path& file) {
+#ifdef _WIN32
+    return file.u16string();
+#else
+    return i18n::to_ustring(file.native());
+#endif
+}
+
+} // namespace fl::filesystem

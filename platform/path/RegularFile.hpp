@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/Export.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+
+namespace fl::filesystem {
+
+/// A regular file opened for reading; it is closed with the object.
+///
+/// Nothing else is ever opened in its stead: a folder, pipe, socket or device that bears the name
+/// counts as missing, and looking at it neither blocks nor changes it. Other openers are denied
+/// nothing, and programs that the process starts do not inherit the file.
+class DOCPARSER_PLATFORM_EXPORT RegularFile {
+public:
+    /// Opens the file; empty when there is no such regular file or it may not be read.
+    static std::optional<RegularFile> open(const std::filesystem::path& file) noexcept;
+
+    RegularFile(RegularFile&& other) noexcept;
+    RegularFile& operator=(RegularFile&& other) noexcept;
+    ~RegularFile();
+
+    /// The file's size now, in bytes.
+    /// \throws std::system_error  the system does not tell
+    std::uint64_t size() const;
+
+    /// Reads from a place of the file until `room` is full or the file ends.
+    /// \param offset  bytes from the start of the file
+    /// \param room    where the bytes go, `length` of them
+    /// \returns       how many bytes were read
+    /// \throws std::system_error  the system could not read
+    std::size_t readAt(std::uint64_t offset, char* room, std::size_t length) const;
+
+private:
+    explicit RegularFile(std::intptr_t handle) noexcept : handle_(handle) {}
+
+    std::intptr_t handle_; // the system's; negative once moved from
+};
+
+} // namespace fl::filesystem

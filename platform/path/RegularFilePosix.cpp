@@ -1,0 +1,92 @@
+#include "platform/path/RegularFile.hpp"
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace fl::filesystem {
+
+namespace {
+
+constexpr std::intptr_t kNoHandle = -1;
+
+int descriptor(std::intptr_t handle) noexcept {
+    return static_cast<int>(handle);
+}
+
+[[noreturn]] void throwLastError(const char* what) {
+    throw std::system_error(errno, std::generic_category(), what);
+}
+
+int openDescriptor(const char* file) noexcept {
+    int result = -1;
+    do {
+        // Without O_NONBLOCK the opening of a pipe waits for a writer.
+        result = ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    } while (result < 0 && errno == EINTR);
+    return result;
+}
+
+bool isRegular(int file) noexcept {
+    struct stat status = {};
+    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+std::optional<RegularFile> RegularFile::open(const std::filesystem::path& file) noexcept {
+    // A device may act on being opened, so its kind is asked before and, should the name have
+    // come to mean another file in between, after.
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    const int opened = openDescriptor(file.c_str());
+    if (opened < 0)
+        return std::nullopt;
+    RegularFile result(opened);
+    if (!isRegular(opened))
+        return std::nullopt;
+    return result;
+}
+
+RegularFile::RegularFile(RegularFile&& other) noexcept
+    : handle_(std::exchange(other.handle_, kNoHandle)) {}
+
+RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    return *this;
+}
+
+RegularFile::~RegularFile() {
+    if (handle_ != kNoHandle)
+        ::close(descriptor(handle_));
+}
+
+std::uint64_t RegularFile::size() const {
+    struct stat status = {};
+    if (::fstat(descriptor(handle_), &status) != 0)
+        throwLastError("the size of a file is not known");
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t length) const {
+    std::size_t done = 0;
+    while (done < length) {
+        const auto place = static_cast<off_t>(offset + done);
+        const ssize_t count = ::pread(descriptor(handle_), room + done, length - done, place);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            throwLastError("a file could not be read");
+        if (count == 0)
+            break;
+        done += static_cast<std::size_t>(count);
+    }
+    return done;
+}
+
+} // namespace fl::filesystem
