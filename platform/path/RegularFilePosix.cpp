@@ -1,12 +1,12 @@
 #include "platform/path/RegularFile.hpp"
 
-#include <cerrno>
-#include <system_error>
-#include <utility>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
 
 namespace fl::filesystem {
 

@@ -1,0 +1,25 @@
+#include "docparser/DocParserException.hpp"
+
+#include <utility>
+
+namespace reference::docparser {
+
+DocParserException::DocParserException(std::u16string productName)
+    : productName_(std::move(productName)) {}
+
+DocParserException::~DocParserException() noexcept = default;
+
+const char* DocParserException::what() const noexcept {
+    // Callers compare this text, so its first word stays as it is.
+    return "resource::docparser::DocParserException";
+}
+
+const boost::exception_detail::clone_base* DocParserException::clone() const {
+    return new DocParserException(*this);
+}
+
+void DocParserException::rethrow() const {
+    throw DocParserException(*this);
+}
+
+} // namespace reference::docparser

@@ -1,0 +1,50 @@
+#include "docparser/discovery/ProductEnumeration.hpp"
+
+#include "docparser/discovery/FileNames.hpp"
+#include "docparser/shared/Constants.hpp"
+#include "platform/except/Completes.hpp"
+#include "platform/path/DirectoryIterator.hpp"
+#include "platform/path/Path.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace reference::docparser {
+
+ProductLocale classifyStem(std::u16string_view stem,
+                           const std::vector<std::u16string>& localeSuffixes,
+                           std::u16string_view currentLocaleSuffix) noexcept {
+    const bool isTranslated = std::ranges::any_of(
+        localeSuffixes, [&](const std::u16string& suffix) { return stem.ends_with(suffix); });
+    if (!isTranslated)
+        return ProductLocale::English;
+    return stem.ends_with(currentLocaleSuffix) ? ProductLocale::Current : ProductLocale::Other;
+}
+
+ProductLists findProducts(const std::u16string& root,
+                          const std::vector<std::u16string>& localeSuffixes,
+                          const std::u16string& currentLocaleSuffix) {
+    ProductLists products;
+    // A folder that vanishes or can't be read ends the walk; what was found before is of use.
+    foundation::core::except::completes([&] {
+        if (root.empty())
+            return;
+        fl::filesystem::directory_iterator file(fl::filesystem::make_native_form(root), u"*");
+        for (; file.is_open(); file.increment()) {
+            const fl::filesystem::path name = fl::filesystem::make_native_form(file.filename());
+            if (!isValidFilename(name))
+                continue;
+            std::u16string stem = fl::filesystem::extract_stem(name);
+            const ProductLocale locale = classifyStem(stem, localeSuffixes, currentLocaleSuffix);
+            if (locale == ProductLocale::Other)
+                continue;
+            const bool isZip = fl::filesystem::extract_extension(name) == kZipExtension;
+            auto& target = isZip ? products.zipProducts : products.jsonProducts;
+            target.emplace_back(std::move(stem), locale == ProductLocale::Current,
+                                file.full_pathname().string());
+        }
+    });
+    return products;
+}
+
+} // namespace reference::docparser

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "docparser/discovery/ProductData.hpp"
+
+#include <vector>
+
+namespace reference::docparser {
+
+/// The product files of one folder, each kind in the order of the folder.
+struct ProductLists {
+    std::vector<ProductPathData> jsonProducts;
+    std::vector<ProductPathData> zipProducts; ///< packages, not yet opened
+};
+
+} // namespace reference::docparser

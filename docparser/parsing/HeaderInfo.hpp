@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace reference::property {
+
+/// The header of a resource file, or of one section of its "supportPackages".
+class HeaderInfo {
+public:
+    HeaderInfo(std::u16string schema, std::u16string schemaVersion, std::u16string productName,
+               std::u16string baseCode, std::u16string helpFolder, std::u16string helpLocation,
+               std::u16string product)
+        : schema_(std::move(schema)),
+          schemaVersion_(std::move(schemaVersion)),
+          productName_(std::move(productName)),
+          baseCode_(std::move(baseCode)),
+          helpFolder_(std::move(helpFolder)),
+          helpLocation_(std::move(helpLocation)),
+          product_(std::move(product)) {}
+
+    /// Name of the format; empty when the file does not tell.
+    const std::u16string& getSchema() const noexcept { return schema_; }
+    /// Version of the format; empty when the file does not tell.
+    const std::u16string& getSchemaVersion() const noexcept { return schemaVersion_; }
+    /// The product's name for people.
+    const std::u16string& getProductName() const noexcept { return productName_; }
+    /// The product's code; the key of a support-package section in a resource map.
+    const std::u16string& getBaseCode() const noexcept { return baseCode_; }
+    /// The product's help folder; the key of a file's main section in a resource map.
+    const std::u16string& getHelpFolder() const noexcept { return helpFolder_; }
+    /// Where the product's pages lie.
+    const std::u16string& getHelpLocation() const noexcept { return helpLocation_; }
+    /// The product name that the file was asked for by; it does not come from the file.
+    const std::u16string& getProduct() const noexcept { return product_; }
+
+    bool operator==(const HeaderInfo&) const = default;
+
+private:
+    std::u16string schema_;
+    std::u16string schemaVersion_;
+    std::u16string productName_;
+    std::u16string baseCode_;
+    std::u16string helpFolder_;
+    std::u16string helpLocation_;
+    std::u16string product_;
+};
+
+} // namespace reference::property

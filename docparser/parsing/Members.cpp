@@ -1,0 +1,45 @@
+#include "docparser/parsing/Members.hpp"
+
+#include "docparser/parsing/FormatError.hpp"
+
+namespace reference::docparser {
+
+namespace json = boost::json;
+
+const json::value& getRequired(const json::object& object, std::string_view key) {
+    const auto found = object.find(key);
+    if (found == object.end())
+        throwMissingKey(object, key);
+    return found->value();
+}
+
+void findMembers(const json::object& object, std::span<const std::string_view> keys,
+                 const json::value** slots) noexcept {
+    // Files mostly write the keys in the format's order, so the search goes on behind the last hit.
+    std::size_t next = 0;
+    for (const json::key_value_pair& member : object) {
+        const std::string_view key = member.key();
+        for (std::size_t tried = 0; tried < keys.size(); ++tried) {
+            if (next == keys.size())
+                next = 0;
+            const std::size_t slot = next++;
+            if (keys[slot] == key) {
+                slots[slot] = &member.value();
+                break;
+            }
+        }
+    }
+}
+
+void throwMissingKey(const json::object& object, std::string_view key) {
+    throw FormatError(&object, "the key \"" + std::string(key) + "\" is missing");
+}
+
+std::vector<std::u16string> readTexts(const json::value* list, StringParsingType type) {
+    return readEach<std::u16string>(
+        list, [&](const json::value& element, std::vector<std::u16string>& texts) {
+            texts.push_back(getFluString(element, type));
+        });
+}
+
+} // namespace reference::docparser

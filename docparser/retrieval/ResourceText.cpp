@@ -1,0 +1,63 @@
+#include "docparser/retrieval/ResourceText.hpp"
+
+#include "docparser/parsing/FormatError.hpp"
+#include "docparser/parsing/JsonAccess.hpp"
+#include "docparser/parsing/RefItem.hpp"
+#include "docparser/parsing/RefItemLookup.hpp"
+
+#include <boost/json/monotonic_resource.hpp>
+#include <boost/json/parse.hpp>
+
+#include <cstddef>
+#include <utility>
+
+namespace reference::docparser {
+
+namespace json = boost::json;
+
+namespace {
+
+constexpr std::size_t kFirstBlockBytes = 1024;
+
+template <class T>
+ResourceMap<T> readSections(const json::value& root, const std::u16string& product,
+                            SectionParser<T> parseSection) {
+    ResourceMap<T> sections;
+    DocResource<T> mainSection = parseSection(root, product);
+    std::u16string helpFolder = mainSection.header.getHelpFolder();
+    sections.try_emplace(std::move(helpFolder), std::move(mainSection));
+
+    const json::value* supportPackages = getJsonObject(root).if_contains("supportPackages");
+    if (!supportPackages)
+        return sections;
+    for (const json::value& element : getJsonArray(*supportPackages)) {
+        DocResource<T> section = parseSection(element, product);
+        std::u16string baseCode = section.header.getBaseCode();
+        sections.try_emplace(std::move(baseCode), std::move(section));
+    }
+    return sections;
+}
+
+} // namespace
+
+template <class T>
+ResourceMap<T> parseResourceText(std::string text, const std::u16string& product,
+                                 SectionParser<T> parseSection) {
+    json::monotonic_resource arena(kFirstBlockBytes);
+    const json::value root = json::parse(text, &arena);
+    // The document has copies of its strings. Assigning an empty text would keep the buffer.
+    std::string().swap(text);
+    try {
+        return readSections(root, product, parseSection);
+    } catch (FormatError& error) {
+        error.locate(root);
+        throw;
+    }
+}
+
+template ResourceMap<property::RefItem> parseResourceText(std::string, const std::u16string&,
+                                                          SectionParser<property::RefItem>);
+template ResourceMap<property::RefItemLookup>
+parseResourceText(std::string, const std::u16string&, SectionParser<property::RefItemLookup>);
+
+} // namespace reference::docparser

@@ -1,0 +1,16 @@
+#include "docparser/shared/DiagnosticChannel.hpp"
+
+namespace reference::docparser {
+
+foundation::log::diagnostic_logger& docParserLog() {
+    static foundation::log::diagnostic_logger log("referenceApi::docparser");
+    return log;
+}
+
+namespace {
+
+[[maybe_unused]] const foundation::log::diagnostic_logger& builtAtLoad = docParserLog();
+
+} // namespace
+
+} // namespace reference::docparser

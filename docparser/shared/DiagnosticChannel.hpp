@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/log/DiagnosticLogger.hpp"
+
+namespace reference::docparser {
+
+/// The library's one diagnostic channel, "referenceApi::docparser".
+///
+/// It is built when the library is loaded, or by the first operation should that come earlier, and
+/// lives until unload. Every message of the library goes through it; see docs for the texts.
+foundation::log::diagnostic_logger& docParserLog();
+
+} // namespace reference::docparser

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/Export.hpp"
+#include "platform/path/Path.hpp"
+
+#include <filesystem>
+#include <string_view>
+
+namespace fl::filesystem {
+
+/// Walks the entries that lie directly in a folder, in the system's own order, which is not
+/// sorted; "." and ".." are left out and hidden files are not.
+///
+/// The walk is over when is_open() is false. Names that are no valid text have U+FFFD in place of
+/// the ill-formed bytes.
+class DOCPARSER_PLATFORM_EXPORT directory_iterator {
+public:
+    /// Starts at the folder's first entry; not open when the folder is empty or can't be read.
+    /// \param pattern  which names to list; "*", all of them, is the one pattern there is
+    /// \throws std::system_error      the folder's path can name no file
+    /// \throws std::invalid_argument  another pattern
+    directory_iterator(const path& folder, std::u16string_view pattern);
+
+    bool is_open() const noexcept { return entry_ != std::filesystem::directory_iterator(); }
+
+    /// Goes to the next entry.
+    /// \throws std::system_error  the folder can no longer be read
+    void increment();
+
+    /// The entry's name. The iterator is open.
+    path filename() const;
+
+    /// The folder joined with the entry's name. The iterator is open.
+    path full_pathname() const;
+
+private:
+    path folder_;
+    std::filesystem::directory_iterator entry_;
+};
+
+} // namespace fl::filesystem
