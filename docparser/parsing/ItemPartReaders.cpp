@@ -23,9 +23,17 @@ std::u16string makeAnchor(const std::u16string& href, std::u16string_view separa
 }
 
 // The keys of an argument: of an input, an output or a parameter, which each use some of them.
-enum ArgumentSlot { ArgName, ArgPurpose, ArgValue, ArgHtmlId, ArgDefaultValue, ArgSyntaxType };
+enum ArgumentSlot {
+    ArgName,
+    ArgPurpose,
+    ArgValue,
+    ArgHtmlId,
+    ArgDefaultValue,
+    ArgSyntaxType,
+    ArgNameValuePairs
+};
 constexpr auto kArgumentKeys =
-    keys("name", "purpose", "value", "htmlid", "defaultvalue", "syntaxtype");
+    keys("name", "purpose", "value", "htmlid", "defaultvalue", "syntaxtype", "namevaluepairs");
 using Argument = Members<kArgumentKeys.size()>;
 
 ObjectInfo makeObjectInfo(std::u16string name, const json::value& purpose,
@@ -42,34 +50,29 @@ ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,
                           std::move(anchor));
 }
 
-// Reads elements that are inputs each into the item's or a group's inputs.
-class InputReader {
-public:
-    InputReader(const std::u16string& href, StringParsingType nameType, bool isNameValuePair)
-        : href_(href), nameType_(nameType), isNameValuePair_(isNameValuePair) {}
-
-    void operator()(const json::value& element, std::vector<Input>& inputs) const {
-        const Argument input(element, kArgumentKeys);
-        std::u16string defaultValue = input.optionalText(ArgDefaultValue, Utf8);
-        const SyntaxType::Value syntaxType = input.word<SyntaxType>(ArgSyntaxType);
-        inputs.emplace_back(readObjectInfo(input, href_, nameType_), syntaxType,
-                            std::move(defaultValue), isNameValuePair_);
-    }
-
-private:
-    const std::u16string& href_;
-    StringParsingType nameType_;
-    bool isNameValuePair_;
+// How the inputs of one item are read.
+struct InputStyle {
+    const std::u16string& href;
+    StringParsingType nameType;
+    bool isNameValuePair;
 };
 
-InputGroup readInputGroup(const json::value& element, const std::u16string& href,
-                          StringParsingType nameType, bool isNameValuePair) {
+void appendInput(const Argument& input, const InputStyle& style, std::vector<Input>& inputs) {
+    std::u16string defaultValue = input.optionalText(ArgDefaultValue, Utf8);
+    const SyntaxType::Value syntaxType = input.word<SyntaxType>(ArgSyntaxType);
+    inputs.emplace_back(readObjectInfo(input, style.href, style.nameType), syntaxType,
+                        std::move(defaultValue), style.isNameValuePair);
+}
+
+InputGroup readInputGroup(const json::value& element, const InputStyle& style) {
     enum { Title, Inputs };
     static constexpr auto kKeys = keys("title", "inputs");
 
     const Members group(element, kKeys);
     std::vector<Input> inputs =
-        readEach<Input>(group[Inputs], InputReader(href, nameType, isNameValuePair));
+        readEach<Input>(group[Inputs], [&](const json::value& input, std::vector<Input>& result) {
+            appendInput(Argument(input, kArgumentKeys), style, result);
+        });
     return {group.text(Title, Utf8), std::move(inputs)};
 }
 
@@ -143,32 +146,35 @@ std::vector<SyntaxGroup> readSyntaxGroups(const json::value* syntaxgroup) {
 
 std::vector<Input> readInputs(const json::value* inputs, const std::u16string& href,
                               StringParsingType nameType) {
-    const InputReader readInput(href, nameType, /*isNameValuePair=*/false);
-    const InputReader readPair(href, nameType, /*isNameValuePair=*/true);
+    const InputStyle plain{href, nameType, /*isNameValuePair=*/false};
+    const InputStyle pair{href, nameType, /*isNameValuePair=*/true};
 
     return readEach<Input>(inputs, [&](const json::value& element, std::vector<Input>& result) {
-        const json::value* pairs = getJsonObject(element).if_contains("namevaluepairs");
-        if (!pairs)
-            return readInput(element, result);
-        const json::array& elements = getJsonArray(*pairs);
-        reserveMore(result, elements.size());
-        for (const json::value& pair : elements)
-            readPair(pair, result);
+        const Argument input(element, kArgumentKeys);
+        if (!input[ArgNameValuePairs])
+            return appendInput(input, plain, result);
+        const json::array& pairs = getJsonArray(*input[ArgNameValuePairs]);
+        reserveMore(result, pairs.size());
+        for (const json::value& nameAndValue : pairs)
+            appendInput(Argument(nameAndValue, kArgumentKeys), pair, result);
     });
 }
 
 std::vector<InputGroup> readInputGroups(const json::value* inputgroup, const std::u16string& href,
                                         StringParsingType nameType) {
-    return readEach<InputGroup>(inputgroup, [&](const json::value& element,
-                                                std::vector<InputGroup>& groups) {
-        const json::value* pairs = getJsonObject(element).if_contains("namevaluepairs");
-        if (!pairs) {
-            groups.push_back(readInputGroup(element, href, nameType, /*isNameValuePair=*/false));
-            return;
-        }
-        for (const json::value& group : getJsonArray(*pairs))
-            groups.push_back(readInputGroup(group, href, nameType, /*isNameValuePair=*/true));
-    });
+    const InputStyle plain{href, nameType, /*isNameValuePair=*/false};
+    const InputStyle pair{href, nameType, /*isNameValuePair=*/true};
+
+    return readEach<InputGroup>(
+        inputgroup, [&](const json::value& element, std::vector<InputGroup>& groups) {
+            const json::value* pairs = getJsonObject(element).if_contains("namevaluepairs");
+            if (!pairs) {
+                groups.push_back(readInputGroup(element, plain));
+                return;
+            }
+            for (const json::value& group : getJsonArray(*pairs))
+                groups.push_back(readInputGroup(group, pair));
+        });
 }
 
 std::vector<Output> readOutputs(const json::value* outputs, const std::u16string& href) {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <stdexcept>
@@ -56,10 +58,34 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
+// Widens the ASCII bytes that the text starts with and returns how many there are. Most text is
+// ASCII or has runs of it, so eight bytes at a time.
+std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::size_t done = 0;
+    for (; text.size() - done >= sizeof(std::uint64_t); done += sizeof(std::uint64_t)) {
+        const char* const bytes = text.data() + done;
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes, sizeof word);
+        if ((word & kHighBits) != 0)
+            break;
+        std::transform(bytes, bytes + sizeof word, out + done, widen);
+    }
+    for (; done < text.size() && isAscii(text[done]); ++done)
+        out[done] = widen(text[done]);
+    return done;
+}
+
 // UTF-16 never needs more units than UTF-8 has bytes, replacements included.
 std::size_t decode(std::string_view text, char16_t* const begin, bool replaceIllFormed) {
     char16_t* out = begin;
     while (!text.empty()) {
+        if (isAscii(text.front())) {
+            const std::size_t length = widenAsciiStart(text, out);
+            out += length;
+            text.remove_prefix(length);
+            continue;
+        }
         const DecodedSequence sequence = decodeUtf8(text);
         if (!sequence.isWellFormed && !replaceIllFormed)
             throw std::range_error("ill-formed UTF-8");
