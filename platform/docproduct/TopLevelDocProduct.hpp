@@ -24,9 +24,12 @@ class DocProduct {
 public:
     DocProduct(std::string displayName, std::string helpLocation, std::string shortName,
                std::string baseCode, std::string altShortName, std::string availability)
-        : displayName_(std::move(displayName)), helpLocation_(std::move(helpLocation)),
-          shortName_(std::move(shortName)), baseCode_(std::move(baseCode)),
-          altShortName_(std::move(altShortName)), availability_(std::move(availability)) {}
+        : displayName_(std::move(displayName)),
+          helpLocation_(std::move(helpLocation)),
+          shortName_(std::move(shortName)),
+          baseCode_(std::move(baseCode)),
+          altShortName_(std::move(altShortName)),
+          availability_(std::move(availability)) {}
 
     /// The name that people read.
     const std::string& getDisplayName() const noexcept { return displayName_; }

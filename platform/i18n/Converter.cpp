@@ -139,9 +139,8 @@ std::string to_string(std::u16string_view text) {
 }
 
 std::u16string to_ustring(std::string_view text) {
-    return makeText(text.size(), [&](char16_t* room) {
-        return decode(text, room, /*replaceIllFormed=*/true);
-    });
+    return makeText(text.size(),
+                    [&](char16_t* room) { return decode(text, room, /*replaceIllFormed=*/true); });
 }
 
 bool is_well_formed(std::u16string_view text) noexcept {

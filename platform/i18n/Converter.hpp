@@ -26,8 +26,7 @@ protected:
 };
 
 /// Decodes bytes of a named encoding to UTF-16.
-class DOCPARSER_PLATFORM_EXPORT codecvt_string_to_ustring final
-    : public converter<char16_t, char> {
+class DOCPARSER_PLATFORM_EXPORT codecvt_string_to_ustring final : public converter<char16_t, char> {
 public:
     /// \param encoding          "utf8" or "utf-8", the one encoding there is
     /// \param replaceIllFormed  true: each maximal ill-formed sequence becomes one U+FFFD;

@@ -7,8 +7,8 @@ namespace fl::i18n {
 
 /// What one step of decoding UTF-8 took from the text.
 struct DecodedSequence {
-    char32_t codePoint;  ///< U+FFFD for an ill-formed sequence
-    std::size_t length;  ///< bytes that belong to it, 1 to 4
+    char32_t codePoint; ///< U+FFFD for an ill-formed sequence
+    std::size_t length; ///< bytes that belong to it, 1 to 4
     bool isWellFormed;
 };
 

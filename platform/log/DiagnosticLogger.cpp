@@ -51,8 +51,7 @@ void basic_diagnostic_logger<char>::write(int severity, std::string_view prefix,
                                           std::u16string_view subject) {
     if (!isEnabled(severity))
         return;
-    boost::log::record record =
-        source_->open_record(boost::log::keywords::severity = severity);
+    boost::log::record record = source_->open_record(boost::log::keywords::severity = severity);
     if (!record)
         return;
     boost::log::record_ostream line(record);
