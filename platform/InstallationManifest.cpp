@@ -1,17 +1,18 @@
 #include "platform/InstallationManifest.hpp"
 
+#include "platform/ReadLimits.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "platform/path/FileStream.hpp"
 #include "platform/path/Path.hpp"
+#include "platform/path/RegularFile.hpp"
 
 #include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <stdexcept>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace platform {
@@ -19,14 +20,6 @@ namespace platform {
 namespace json = boost::json;
 using docproduct::ProductFamily;
 using docproduct::TopLevelDocProduct;
-
-struct InstallationManifest::Content {
-    std::u16string docLanguage = u"en";
-    std::vector<std::u16string> supportedDocLanguages{u"en"};
-    std::vector<std::shared_ptr<const TopLevelDocProduct>> topLevelProducts;
-    std::u16string supportPackageRoot;
-    std::unordered_set<std::u16string> hardwareSupportPackages;
-};
 
 namespace {
 
@@ -36,7 +29,8 @@ struct Place {
     std::string pointer;
 
     [[noreturn]] void fail(std::string_view reason) const {
-        throw std::runtime_error((pointer.empty() ? "/" : pointer) + ": " + std::string(reason));
+        const std::string where = pointer.empty() ? "the top level" : pointer;
+        throw std::runtime_error(where + ": " + std::string(reason));
     }
 
     const json::object& asObject() const {
@@ -75,14 +69,18 @@ struct Place {
         ifPresent(key, [&](const Place& place) { text = place.asString(); });
         return text;
     }
+
+    std::string requiredString(std::string_view key) const {
+        if (!asObject().contains(key))
+            fail("the key \"" + std::string(key) + "\" is missing");
+        return optionalString(key);
+    }
 };
 
 std::shared_ptr<const TopLevelDocProduct> readProduct(const Place& product) {
     std::string displayName = product.optionalString("displayName");
     std::string helpLocation = product.optionalString("helpLocation");
-    std::string shortName = product.optionalString("shortName");
-    if (!product.asObject().contains("shortName"))
-        product.fail("the key \"shortName\" is missing");
+    std::string shortName = product.requiredString("shortName");
     std::string baseCode = product.optionalString("baseCode");
     std::string altShortName = product.optionalString("altShortName");
     std::string availability = product.optionalString("availability");
@@ -95,12 +93,39 @@ std::shared_ptr<const TopLevelDocProduct> readProduct(const Place& product) {
         std::move(altShortName), std::move(availability), std::move(families));
 }
 
-// "line 3, column 7" of a byte of the text.
+std::vector<std::shared_ptr<const TopLevelDocProduct>> readProducts(const Place& list) {
+    std::vector<std::shared_ptr<const TopLevelDocProduct>> products;
+    list.forEach([&](const Place& product) { products.push_back(readProduct(product)); });
+    return products;
+}
+
+std::vector<std::u16string> readTexts(const Place& list) {
+    std::vector<std::u16string> texts;
+    list.forEach([&](const Place& text) { texts.push_back(text.asText()); });
+    return texts;
+}
+
+// A folder of the manifest may be relative to the install folder; the empty text names none.
+std::u16string readFolder(const Place& place, const std::u16string& installFolder) {
+    const fl::filesystem::path folder(place.asText());
+    if (folder.empty())
+        return {};
+    try {
+        if (fl::filesystem::make_native_access_form_with_cleanup_i18n(folder).is_absolute())
+            return folder.string();
+    } catch (const std::system_error& noPath) {
+        place.fail(noPath.what());
+    }
+    return (fl::filesystem::path(installFolder) / folder.string()).string();
+}
+
+// "line 3, column 7" of a byte of the text; a column is a character.
 std::string describePosition(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, offset);
-    const auto line = std::ranges::count(before, '\n') + 1;
-    const std::size_t column = offset - (before.rfind('\n') + 1) + 1;
-    return "line " + std::to_string(line) + ", column " + std::to_string(column);
+    const std::string_view line = before.substr(before.rfind('\n') + 1);
+    const auto startsCharacter = [](char byte) { return (byte & 0xC0) != 0x80; };
+    return "line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", column " +
+           std::to_string(std::ranges::count_if(line, startsCharacter) + 1);
 }
 
 json::value parseText(std::string_view text) {
@@ -112,24 +137,73 @@ json::value parseText(std::string_view text) {
     return parser.release();
 }
 
-std::string readText(const std::filesystem::path& file) {
-    fl::filesystem::ifstream stream(file, std::ios::in | std::ios::binary,
-                                    fl::filesystem::share_mode::deny_none);
-    if (!stream.is_open())
-        throw std::runtime_error("the file can't be opened for reading");
-    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+std::string readText(const std::filesystem::path& name) {
+    const auto file = fl::filesystem::RegularFile::open(name);
+    if (!file)
+        throw std::runtime_error("it is not a file that can be read");
+    const std::uint64_t size = file->size();
+    if (size > readLimits().fileBytes)
+        throw std::runtime_error("the file is larger than the limit of " +
+                                 std::to_string(readLimits().fileBytes) + " bytes");
+    std::string text(static_cast<std::size_t>(size), '\0');
+    text.resize(file->readAt(0, text.data(), text.size()));
     return text;
 }
 
-// A support-package root in the manifest may be relative to the install folder.
-std::u16string resolveFolder(const std::u16string& installFolder, const std::u16string& folder) {
-    const fl::filesystem::path path(folder);
-    if (fl::filesystem::make_native_access_form_with_cleanup_i18n(path).is_absolute())
-        return folder;
-    return (fl::filesystem::path(installFolder) / folder).string();
+bool isMissing(const std::filesystem::path& name) {
+    std::error_code unknown;
+    return std::filesystem::status(name, unknown).type() == std::filesystem::file_type::not_found;
 }
 
 } // namespace
+
+struct InstallationManifest::Content {
+    std::u16string docLanguage = u"en";
+    std::vector<std::u16string> supportedDocLanguages{u"en"};
+    std::vector<std::shared_ptr<const TopLevelDocProduct>> topLevelProducts;
+    std::u16string supportPackageRoot;
+    std::unordered_set<std::u16string> hardwareSupportPackages;
+
+    // What the manifest of an install folder says, or what holds without one.
+    static std::shared_ptr<const Content> read(const std::u16string& installFolder);
+
+private:
+    void take(const Place& manifest, const std::u16string& installFolder);
+};
+
+void InstallationManifest::Content::take(const Place& manifest,
+                                         const std::u16string& installFolder) {
+    manifest.ifPresent("docLanguage",
+                       [&](const Place& language) { docLanguage = language.asText(); });
+    manifest.ifPresent("supportedDocLanguages",
+                       [&](const Place& list) { supportedDocLanguages = readTexts(list); });
+    manifest.ifPresent("topLevelProducts",
+                       [&](const Place& list) { topLevelProducts = readProducts(list); });
+    manifest.ifPresent("supportPackageRoot", [&](const Place& folder) {
+        supportPackageRoot = readFolder(folder, installFolder);
+    });
+    manifest.ifPresent("hardwareSupportPackages", [&](const Place& list) {
+        for (std::u16string& name : readTexts(list))
+            hardwareSupportPackages.insert(std::move(name));
+    });
+}
+
+std::shared_ptr<const InstallationManifest::Content>
+InstallationManifest::Content::read(const std::u16string& installFolder) {
+    auto content = std::make_shared<Content>();
+    const fl::filesystem::path name = fl::filesystem::path(installFolder) / u"installation.json";
+    try {
+        const std::filesystem::path file =
+            fl::filesystem::make_native_access_form_with_cleanup_i18n(name);
+        if (isMissing(file))
+            return content;
+        const json::value root = parseText(readText(file));
+        content->take(Place{root, ""}, installFolder);
+    } catch (const std::exception& failure) {
+        throw std::runtime_error(fl::i18n::to_string(name.string()) + ": " + failure.what());
+    }
+    return content;
+}
 
 InstallationManifest::InstallationManifest(std::u16string installFolder)
     : installFolder_(std::move(installFolder)) {}
@@ -138,44 +212,8 @@ InstallationManifest::~InstallationManifest() = default;
 
 std::shared_ptr<const InstallationManifest::Content> InstallationManifest::content() const {
     const std::lock_guard lock(mutex_);
-    if (content_)
-        return content_;
-
-    auto content = std::make_shared<Content>();
-    const fl::filesystem::path path = fl::filesystem::path(installFolder_) / u"installation.json";
-    const std::filesystem::path file =
-        fl::filesystem::make_native_access_form_with_cleanup_i18n(path);
-    std::error_code unknown;
-    if (std::filesystem::status(file, unknown).type() != std::filesystem::file_type::not_found) {
-        try {
-            const json::value root = parseText(readText(file));
-            const Place manifest{root, ""};
-            manifest.ifPresent("docLanguage",
-                               [&](const Place& place) { content->docLanguage = place.asText(); });
-            manifest.ifPresent("supportedDocLanguages", [&](const Place& list) {
-                content->supportedDocLanguages.clear();
-                list.forEach([&](const Place& language) {
-                    content->supportedDocLanguages.push_back(language.asText());
-                });
-            });
-            manifest.ifPresent("topLevelProducts", [&](const Place& list) {
-                list.forEach([&](const Place& product) {
-                    content->topLevelProducts.push_back(readProduct(product));
-                });
-            });
-            manifest.ifPresent("supportPackageRoot", [&](const Place& place) {
-                content->supportPackageRoot = resolveFolder(installFolder_, place.asText());
-            });
-            manifest.ifPresent("hardwareSupportPackages", [&](const Place& list) {
-                list.forEach([&](const Place& name) {
-                    content->hardwareSupportPackages.insert(name.asText());
-                });
-            });
-        } catch (const std::exception& failure) {
-            throw std::runtime_error(fl::i18n::to_string(path.string()) + ": " + failure.what());
-        }
-    }
-    content_ = std::move(content);
+    if (!content_)
+        content_ = Content::read(installFolder_);
     return content_;
 }
 

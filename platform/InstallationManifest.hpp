@@ -25,12 +25,13 @@ namespace platform {
 ///
 /// A product has a "shortName" and may have "displayName", "helpLocation", "baseCode",
 /// "altShortName", "availability" (strings) and "families" (array of strings). A relative
-/// "supportPackageRoot" starts at the install folder.
+/// "supportPackageRoot" starts at the install folder; an empty one is as good as none. Of a key
+/// that stands twice in an object the last counts.
 ///
 /// Without the file there is English alone and nothing is installed. The file is read at the first
-/// question, once; the product objects are the same at each call. While it is malformed or can't
-/// be read, each question but installPath() throws std::runtime_error, whose text names the file
-/// and the line and column, or the key.
+/// question, once; the product objects are the same at each call. While it is malformed, can't be
+/// read or is larger than ReadLimits::fileBytes, each question but installPath() reads it anew and
+/// throws std::runtime_error, whose text names the file and the line and column, or the key.
 class DOCPARSER_PLATFORM_EXPORT InstallationManifest final : public HostServices {
 public:
     /// \param installFolder  the folder that holds the manifest; not touched before the first

@@ -1,9 +1,7 @@
 #pragma once
 
+#include <exception>
 #include <utility>
-#if __has_include(<cxxabi.h>)
-#include <cxxabi.h>
-#endif
 
 namespace foundation::core::except {
 
@@ -19,13 +17,10 @@ bool completes(Step&& step) {
     try {
         std::forward<Step>(step)();
         return true;
-    }
-#ifdef __GLIBCXX__
-    catch (const abi::__forced_unwind&) {
-        throw;
-    }
-#endif
-    catch (...) {
+    } catch (...) {
+        // What unwinds a thread that is cancelled is no exception of C++: there is no current one.
+        if (!std::current_exception())
+            throw;
         return false;
     }
 }

@@ -1,5 +1,7 @@
 #include "platform/path/FileStream.hpp"
 
+#include <limits>
+
 namespace fl::filesystem {
 
 file_buffer::file_buffer(const std::filesystem::path& file) : file_(RegularFile::open(file)) {}
@@ -35,7 +37,7 @@ file_buffer::pos_type file_buffer::seekoff(off_type offset, std::ios_base::seekd
         origin = static_cast<off_type>(position_);
     else if (from == std::ios_base::end)
         origin = static_cast<off_type>(file_->size());
-    if (origin + offset < 0)
+    if (offset < -origin || offset > std::numeric_limits<off_type>::max() - origin)
         return off_type(-1);
     position_ = static_cast<std::uint64_t>(origin + offset);
     return origin + offset;

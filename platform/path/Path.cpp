@@ -32,9 +32,15 @@ path path::filename() const {
 }
 
 path& path::operator/=(std::u16string_view component) {
-    if (text_.empty() || !is_separator(text_.back()))
-        text_ += PATHNAME_SEPARATOR;
-    text_ += component;
+    const bool endsWithSeparator = !text_.empty() && is_separator(text_.back());
+    // Joined apart from the path, of which the component may be a part.
+    std::u16string joined;
+    joined.reserve(text_.size() + 1 + component.size());
+    joined += text_;
+    if (!endsWithSeparator)
+        joined += PATHNAME_SEPARATOR;
+    joined += component;
+    text_ = std::move(joined);
     return *this;
 }
 

@@ -16,7 +16,8 @@ namespace fl::filesystem {
 /// nothing, and programs that the process starts do not inherit the file.
 class DOCPARSER_PLATFORM_EXPORT RegularFile {
 public:
-    /// Opens the file; empty when there is no such regular file or it may not be read.
+    /// Opens the file; empty when there is no such regular file, it may not be read, or the path
+    /// holds NUL.
     static std::optional<RegularFile> open(const std::filesystem::path& file) noexcept;
 
     RegularFile(RegularFile&& other) noexcept;

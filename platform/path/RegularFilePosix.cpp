@@ -31,6 +31,11 @@ int openDescriptor(const char* file) noexcept {
     return result;
 }
 
+bool isRegular(const char* file) noexcept {
+    struct stat status = {};
+    return ::stat(file, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 bool isRegular(int file) noexcept {
     struct stat status = {};
     return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
@@ -39,10 +44,12 @@ bool isRegular(int file) noexcept {
 } // namespace
 
 std::optional<RegularFile> RegularFile::open(const std::filesystem::path& file) noexcept {
+    // The system would stop at NUL and take the name for that of another file.
+    if (file.native().find('\0') != std::string::npos)
+        return std::nullopt;
     // A device may act on being opened, so its kind is asked before and, should the name have
     // come to mean another file in between, after.
-    struct stat status = {};
-    if (::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (!isRegular(file.c_str()))
         return std::nullopt;
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)

@@ -1,0 +1,175 @@
+#include "platform/except/Completes.hpp"
+#include "platform/except/IException.hpp"
+
+#include <boost/exception/diagnostic_information.hpp>
+#include <boost/exception/errinfo_file_name.hpp>
+#include <boost/exception/get_error_info.hpp>
+#include <boost/exception/info.hpp>
+#include <boost/exception_ptr.hpp>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#ifdef __linux__
+#include <pthread.h>
+#include <unistd.h>
+#endif
+
+namespace foundation::core::except {
+
+namespace {
+
+class PruningFailure final : public IInternalException {
+public:
+    explicit PruningFailure(int branch) : branch_(branch) {}
+
+    int branch() const noexcept { return branch_; }
+    const char* what() const noexcept override { return "PruningFailure"; }
+
+private:
+    const boost::exception_detail::clone_base* clone() const override {
+        return new PruningFailure(*this);
+    }
+    void rethrow() const override { throw PruningFailure(*this); }
+
+    int branch_;
+};
+
+template <class Base>
+bool isCaughtAs() {
+    try {
+        throw PruningFailure(3);
+    } catch (const Base& caught) {
+        const auto* const failure = dynamic_cast<const PruningFailure*>(&caught);
+        return failure != nullptr && failure->branch() == 3;
+    }
+}
+
+TEST(ExceptionTest, IsCaughtAsItselfAndAsEachOfItsBases) {
+    EXPECT_TRUE(isCaughtAs<PruningFailure>());
+    EXPECT_TRUE(isCaughtAs<IInternalException>());
+    EXPECT_TRUE(isCaughtAs<IException>());
+    EXPECT_TRUE(isCaughtAs<boost::exception>());
+    EXPECT_TRUE(isCaughtAs<boost::exception_detail::clone_base>());
+}
+
+static_assert(!std::is_base_of_v<std::exception, IException>);
+static_assert(std::has_virtual_destructor_v<IException>);
+static_assert(std::is_abstract_v<IInternalException>);
+
+TEST(ExceptionTest, SaysWhatItIsThroughItsBase) {
+    const PruningFailure failure(1);
+    EXPECT_STREQ(static_cast<const IException&>(failure).what(), "PruningFailure");
+}
+
+const std::string* fileNameOf(const boost::exception& failure) {
+    return boost::get_error_info<boost::errinfo_file_name>(failure);
+}
+
+TEST(ExceptionTest, CopiesAndMovesShareTheErrorInformation) {
+    PruningFailure failure(2);
+    failure << boost::errinfo_file_name("orchard.json");
+
+    const PruningFailure copied(failure);
+    ASSERT_NE(fileNameOf(copied), nullptr);
+    EXPECT_EQ(fileNameOf(copied), fileNameOf(failure));
+    EXPECT_EQ(*fileNameOf(copied), "orchard.json");
+
+    PruningFailure assigned(4);
+    assigned = copied;
+    EXPECT_EQ(fileNameOf(assigned), fileNameOf(copied));
+    EXPECT_EQ(assigned.branch(), 2);
+
+    const std::string* const information = fileNameOf(failure);
+    const PruningFailure moved(std::move(failure));
+    EXPECT_EQ(fileNameOf(moved), information);
+    PruningFailure moveAssigned(5);
+    moveAssigned = std::move(assigned);
+    EXPECT_EQ(fileNameOf(moveAssigned), information);
+}
+
+TEST(ExceptionTest, ErrorInformationOutlivesTheExceptionThatItWasAddedTo) {
+    auto failure = std::make_unique<PruningFailure>(2);
+    *failure << boost::errinfo_file_name("orchard.json");
+    const PruningFailure copied(*failure);
+    failure.reset();
+    ASSERT_NE(fileNameOf(copied), nullptr);
+    EXPECT_EQ(*fileNameOf(copied), "orchard.json");
+}
+
+TEST(ExceptionTest, ComesBackWholeFromBoostsExceptionPointer) {
+    boost::exception_ptr kept;
+    try {
+        PruningFailure failure(7);
+        failure << boost::errinfo_file_name("orchard.json");
+        throw failure;
+    } catch (const boost::exception&) {
+        kept = boost::current_exception();
+    }
+    try {
+        boost::rethrow_exception(kept);
+    } catch (const PruningFailure& failure) {
+        EXPECT_EQ(failure.branch(), 7);
+        ASSERT_NE(fileNameOf(failure), nullptr);
+        EXPECT_EQ(*fileNameOf(failure), "orchard.json");
+    }
+}
+
+TEST(CompletesTest, IsTrueForAStepThatRunsToItsEnd) {
+    int runs = 0;
+    EXPECT_TRUE(completes([&] { ++runs; }));
+    EXPECT_TRUE(completes([&] { return ++runs < 0; })) << "what the step returns is not looked at";
+    EXPECT_EQ(runs, 2);
+}
+
+TEST(CompletesTest, IsFalseForAStepThatThrowsAnything) {
+    EXPECT_FALSE(completes([] { throw std::runtime_error("a branch broke"); }));
+    EXPECT_FALSE(completes([] { throw PruningFailure(1); }));
+    EXPECT_FALSE(completes([] { throw 1; }));
+}
+
+TEST(CompletesTest, UnwindsTheStepThatThrows) {
+    const auto kept = std::make_shared<int>(1);
+    EXPECT_FALSE(completes([&] {
+        const std::shared_ptr<int> shared = kept;
+        throw shared.use_count();
+    }));
+    EXPECT_EQ(kept.use_count(), 1);
+}
+
+TEST(CompletesTest, CallsAStepThatCanBeMovedOnly) {
+    EXPECT_TRUE(completes([owned = std::make_unique<int>(1)]() mutable { owned.reset(); }));
+}
+
+#ifdef __linux__
+// Waits inside a step for what never comes; only a cancellation ends it.
+void* waitInAStep(void* pipeEnd) {
+    completes([&] {
+        char byte = 0;
+        while (::read(*static_cast<int*>(pipeEnd), &byte, 1) != 0) {
+        }
+    });
+    return nullptr;
+}
+
+TEST(CompletesTest, LetsTheCancellationOfItsThreadPass) {
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::pipe(ends), 0);
+    pthread_t thread = {};
+    ASSERT_EQ(::pthread_create(&thread, nullptr, &waitInAStep, &ends[0]), 0);
+    ASSERT_EQ(::pthread_cancel(thread), 0);
+    void* result = nullptr;
+    ASSERT_EQ(::pthread_join(thread, &result), 0);
+    EXPECT_EQ(result, PTHREAD_CANCELED);
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+#endif
+
+} // namespace
+
+} // namespace foundation::core::except
