@@ -1,0 +1,7 @@
+#include "platform/package/ContentSource.hpp"
+
+namespace opc {
+
+ContentSource::~ContentSource() = default;
+
+} // namespace opc

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Export.hpp"
+#include "platform/package/StorageSystem.hpp"
+
+#include <string>
+
+namespace opc {
+
+/// The file operations that packages are opened with; one may serve any number of packages.
+class DOCPARSER_PLATFORM_EXPORT FileSystemOpsSelector {
+public:
+    /// \param storage  where the files are; the selector keeps a share, the argument may go
+    /// \throws std::invalid_argument  the reference is null
+    explicit FileSystemOpsSelector(
+        storage::microservicestoragesystem::StorageSystemReference storage);
+
+    /// Opens a regular file for reading; throws as StorageSystem::openForReading does.
+    fl::filesystem::RegularFile openForReading(const std::u16string& path) const;
+
+private:
+    storage::microservicestoragesystem::StorageSystemReference storage_;
+};
+
+} // namespace opc

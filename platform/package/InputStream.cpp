@@ -1,0 +1,7 @@
+#include "platform/package/InputStream.hpp"
+
+namespace opc {
+
+InputStream::~InputStream() = default;
+
+} // namespace opc

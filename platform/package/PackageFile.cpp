@@ -1,0 +1,55 @@
+#include "platform/package/PackageFile.hpp"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace opc::detail {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 32 * 1024;
+
+} // namespace
+
+PackageFile::PackageFile(fl::filesystem::RegularFile file)
+    : file_(std::move(file)),
+      size_(file_.size()),
+      block_(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
+
+std::size_t PackageFile::read(std::uint64_t offset, char* room, std::size_t length) {
+    takeFromAllowance(length);
+    std::size_t done = 0;
+    while (done < length) {
+        const std::size_t count = readOnce(offset + done, room + done, length - done);
+        if (count == 0)
+            break;
+        done += count;
+    }
+    return done;
+}
+
+void PackageFile::takeFromAllowance(std::size_t length) {
+    if (allowed_ == kUnlimited)
+        return;
+    if (length > allowed_)
+        throw std::length_error("its directory is too long");
+    allowed_ -= length;
+}
+
+std::size_t PackageFile::readOnce(std::uint64_t offset, char* room, std::size_t length) {
+    const bool isInBlock = offset >= blockOffset_ && offset - blockOffset_ < blockLength_;
+    if (!isInBlock && length >= kBlockSize)
+        return file_.readAt(offset, room, length);
+    if (!isInBlock) {
+        blockLength_ = 0; // should the read throw
+        blockLength_ = file_.readAt(offset, block_.get(), kBlockSize);
+        blockOffset_ = offset;
+    }
+    const auto begin = static_cast<std::size_t>(offset - blockOffset_);
+    const std::size_t count = std::min(length, blockLength_ - begin);
+    std::copy_n(block_.get() + begin, count, room);
+    return count;
+}
+
+} // namespace opc::detail

@@ -1,0 +1,67 @@
+#include "platform/package/ZipEntryStream.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace opc::detail {
+
+ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
+    : archive_(std::move(archive)),
+      index_(index),
+      limits_(platform::readLimits()),
+      description_(archive_->entryDescription(index)),
+      entry_(archive_->openEntry(index)) {}
+
+std::size_t ZipEntryStream::read(char* room, std::size_t length) {
+    if (isComplete_ || length == 0)
+        return 0;
+    if (!entry_)
+        fail("it has failed before");
+
+    const std::uint64_t affordable = affordableBytes();
+    // One byte more than can be afforded tells an entry that ends at the limit from one that does
+    // not, and no more than that byte is read in vain.
+    const std::uint64_t asked = affordable < length ? affordable + 1 : length;
+    const zip_int64_t answer = zip_fread(entry_.get(), room, asked);
+    if (answer < 0)
+        fail(zip_file_strerror(entry_.get()));
+    if (answer == 0) {
+        finish();
+        return 0;
+    }
+    const auto count = static_cast<std::uint64_t>(answer);
+    if (count > affordable)
+        fail("it is larger than the limit");
+    deliveredBytes_ += count;
+    archive_->countDelivered(count);
+    if (deliveredBytes_ > description_.size)
+        fail("it is larger than the package says");
+    return static_cast<std::size_t>(count);
+}
+
+std::uint64_t ZipEntryStream::affordableBytes() const noexcept {
+    const auto left = [](std::uint64_t limit, std::uint64_t used) {
+        return limit > used ? limit - used : 0;
+    };
+    return std::min(left(limits_.entryBytes, deliveredBytes_),
+                    left(limits_.packageBytes, archive_->deliveredBytes()));
+}
+
+void ZipEntryStream::finish() {
+    if (deliveredBytes_ != description_.size)
+        fail("it is smaller than the package says");
+    // libzip checks no checksum where the package says that nothing is stored.
+    if (deliveredBytes_ == 0 && (description_.valid & ZIP_STAT_CRC) != 0 && description_.crc != 0)
+        fail("its checksum is wrong");
+    isComplete_ = true;
+    entry_.reset();
+}
+
+void ZipEntryStream::fail(std::string_view reason) {
+    const PackageError failure = archive_->entryFailure(index_, reason);
+    entry_.reset();
+    throw failure;
+}
+
+} // namespace opc::detail

@@ -1,0 +1,131 @@
+#include "tests/unit/platform/package/PackageTest.hpp"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <system_error>
+
+namespace docparser_tests {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Pair;
+
+class PackageFileTest : public PackageTest {
+protected:
+    /// What the constructor of the physical package says about a path.
+    static std::string refusalOf(const std::u16string& path) {
+        const opc::FileSystemOpsSelector selector(
+            storage::microservicestoragesystem::GetStorageSystemReference());
+        return messageOf([&] { opc::zippackage::ZipPhysicalPackage(path, selector, true); });
+    }
+};
+
+std::string smallPackage() {
+    return ZipBytes{.entries = {{.name = "a.json", .content = "text"}}}.build();
+}
+
+TEST_F(PackageFileTest, AMissingFileIsRefusedByThePhysicalPackage) {
+    EXPECT_EQ(refusalOf(path("missing.zip")), "the package \"" + (folder / "missing.zip").string() +
+                                                  "\" is no regular file that can be read");
+    EXPECT_THAT(refusalOf(u""), HasSubstr("is no regular file"));
+}
+
+TEST_F(PackageFileTest, AFolderIsRefused) {
+    std::filesystem::create_directory(folder / "folder.zip");
+    EXPECT_THAT(refusalOf(path("folder.zip")), HasSubstr("is no regular file"));
+}
+
+TEST_F(PackageFileTest, APipeIsRefusedWithoutWaitingForItsWriter) {
+    ASSERT_EQ(::mkfifo((folder / "pipe.zip").c_str(), 0600), 0);
+    EXPECT_THAT(refusalOf(path("pipe.zip")), HasSubstr("is no regular file"));
+}
+
+TEST_F(PackageFileTest, ADeviceIsRefused) {
+    EXPECT_THAT(refusalOf(u"/dev/zero"), HasSubstr("is no regular file"));
+    EXPECT_THAT(refusalOf(u"/dev/null"), HasSubstr("is no regular file"));
+}
+
+TEST_F(PackageFileTest, ASymbolicLinkToAPackageIsFollowed) {
+    write("package.zip", smallPackage());
+    std::filesystem::create_symlink("package.zip", folder / "link.zip");
+    EXPECT_THAT(OpenPackage(path("link.zip")).contents(), ElementsAre(Pair(u"a.json", "text")));
+}
+
+TEST_F(PackageFileTest, PathsBeyondAsciiAreOpened) {
+    const std::string name = "\xE6\xA3\x9A \xC3\xA9 \xF0\x9F\x8D\x8F.zip";
+    write(name, smallPackage());
+    const std::u16string file = folder.u16string() + u"/\u68DA \u00E9 \U0001F34F.zip";
+    EXPECT_THAT(OpenPackage(file).contents(), ElementsAre(Pair(u"a.json", "text")));
+}
+
+TEST_F(PackageFileTest, PathsThatTheSystemDoesNotTakeAreRefused) {
+    const opc::FileSystemOpsSelector selector(
+        storage::microservicestoragesystem::GetStorageSystemReference());
+    write("package.zip", smallPackage());
+    const std::u16string withNul = path("package.zip") + u'\0' + u".zip";
+    EXPECT_THROW(opc::zippackage::ZipPhysicalPackage(withNul, selector, true), std::system_error);
+    EXPECT_THROW(opc::zippackage::ZipPhysicalPackage(u"\xD800.zip", selector, true),
+                 std::system_error);
+}
+
+TEST_F(PackageFileTest, AMessageShowsAPathBeyondAsciiInUtf8) {
+    EXPECT_THAT(refusalOf(path("\xC3\xA9.zip")), HasSubstr("/\xC3\xA9.zip\""));
+}
+
+TEST_F(PackageFileTest, AFileCutAfterItWasOpenedThrows) {
+    const std::string text = sampleText(200'000);
+    OpenPackage package = open({.entries = {{.name = "a", .content = text}}});
+    std::filesystem::resize_file(folder / "package.zip", 70'000);
+    EXPECT_THROW(package.read(0), opc::PackageError);
+    std::filesystem::resize_file(folder / "package.zip", 0);
+    EXPECT_THROW(package.read(0), opc::PackageError);
+}
+
+TEST_F(PackageFileTest, AFileRemovedAfterItWasOpenedIsStillRead) {
+    OpenPackage package = open(smallPackage());
+    std::filesystem::remove(folder / "package.zip");
+    EXPECT_EQ(package.read(0), "text");
+}
+
+TEST_F(PackageFileTest, ThePackageIsNeverWritten) {
+    const std::string bytes = smallPackage();
+    const std::u16string file = write(bytes);
+    std::filesystem::permissions(folder / "package.zip", std::filesystem::perms::owner_read);
+    { EXPECT_EQ(OpenPackage(file).read(0), "text"); }
+    std::ifstream stream(folder / "package.zip", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), bytes);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
+
+TEST_F(PackageFileTest, NamesThatPointOutOfThePackageTouchNoFile) {
+    const std::string outside = (folder / "outside.json").string();
+    OpenPackage package = open({.entries = {{.name = outside, .content = "inside"},
+                                            {.name = "../outside.json", .content = "inside"}}});
+    EXPECT_EQ(package.read(0), "inside");
+    EXPECT_EQ(package.read(1), "inside");
+    EXPECT_FALSE(std::filesystem::exists(outside));
+}
+
+TEST_F(PackageFileTest, ProgramsThatTheProcessStartsDoNotInheritThePackage) {
+    const OpenPackage package = open(smallPackage());
+    int descriptors = 0;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code error;
+        if (std::filesystem::read_symlink(entry.path(), error) != folder / "package.zip")
+            continue;
+        ++descriptors;
+        const int flags = ::fcntl(std::stoi(entry.path().filename()), F_GETFD);
+        EXPECT_NE(flags & FD_CLOEXEC, 0);
+    }
+    EXPECT_EQ(descriptors, 1);
+}
+
+} // namespace
+
+} // namespace docparser_tests

@@ -1,0 +1,74 @@
+#include "tests/unit/platform/package/PackageTest.hpp"
+
+#include <cstdlib>
+#include <fstream>
+#include <system_error>
+
+namespace docparser_tests {
+
+OpenPackage::OpenPackage(const std::u16string& path)
+    : selector(storage::microservicestoragesystem::GetStorageSystemReference()),
+      physical(path, selector, true),
+      package(physical),
+      manager(package, selector) {
+    package.open(opc::OpenMode::ReadOnly);
+}
+
+std::vector<opc::qorservices::FileSystemEntry> OpenPackage::leaves() const {
+    return manager.getAllLeafs().elements();
+}
+
+std::vector<std::u16string> OpenPackage::leafNames() const {
+    std::vector<std::u16string> names;
+    for (const opc::qorservices::FileSystemEntry& entry : manager.getAllLeafs())
+        names.push_back(entry.getName());
+    return names;
+}
+
+std::string OpenPackage::read(const opc::qorservices::FileSystemEntry& entry) {
+    const auto source = manager.getFileContentSource(entry, opc::TransformMode::Decoded);
+    return opc::StreamHelper::readAll(*source->openInputStream());
+}
+
+std::vector<NamedText> OpenPackage::contents() {
+    std::vector<NamedText> result;
+    for (const opc::qorservices::FileSystemEntry& entry : manager.getAllLeafs())
+        result.emplace_back(entry.getName(), read(entry));
+    return result;
+}
+
+PackageTest::PackageTest() {
+    std::string name = (std::filesystem::temp_directory_path() / "package-XXXXXX").string();
+    if (!::mkdtemp(name.data()))
+        throw std::system_error(errno, std::generic_category(), name);
+    folder = name;
+}
+
+PackageTest::~PackageTest() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
+
+std::u16string PackageTest::write(std::string_view name, std::string_view bytes) const {
+    // Some file systems write a file out at once when it replaces what it held before.
+    std::filesystem::remove(folder / name);
+    std::ofstream file(folder / name, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    EXPECT_TRUE(file) << name;
+    return path(name);
+}
+
+std::u16string PackageTest::path(std::string_view name) const {
+    return (folder / name).u16string();
+}
+
+std::string sampleText(std::size_t length) {
+    std::string text;
+    for (std::size_t i = 0; text.size() < length; ++i)
+        text += "{\"item\": " + std::to_string(i * 7919 % 10007) + "}\n";
+    text.resize(length);
+    return text;
+}
+
+} // namespace docparser_tests
