@@ -1,6 +1,7 @@
 #include "docparser/retrieval/LookupProducts.hpp"
 
 #include "docparser/io/ResourceFileReader.hpp"
+#include "docparser/io/ZipEntryReader.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 #include "platform/except/Completes.hpp"
 
@@ -51,6 +52,11 @@ void readLookups(const std::vector<Product>& products, const LookupReadContext& 
 
 void readFolderLookups(const std::vector<ProductPathData>& products,
                        const LookupReadContext& context, LookupResults& result) {
+    readLookups(products, context, result);
+}
+
+void readZipPackageLookups(const std::vector<ProductZipData>& products,
+                           const LookupReadContext& context, LookupResults& result) {
     readLookups(products, context, result);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductData.hpp"
+#include "docparser/discovery/ProductZipData.hpp"
 #include "docparser/retrieval/LookupReadContext.hpp"
 
 #include <vector>
@@ -16,5 +17,9 @@ namespace reference::docparser {
 /// Reads products that lie in a folder.
 void readFolderLookups(const std::vector<ProductPathData>& products,
                        const LookupReadContext& context, LookupResults& result);
+
+/// Reads products that are entries of one package, which stays open meanwhile.
+void readZipPackageLookups(const std::vector<ProductZipData>& products,
+                           const LookupReadContext& context, LookupResults& result);
 
 } // namespace reference::docparser

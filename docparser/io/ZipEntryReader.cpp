@@ -1,0 +1,27 @@
+#include "docparser/io/ZipEntryReader.hpp"
+
+#include "docparser/shared/DiagnosticChannel.hpp"
+#include "platform/except/Completes.hpp"
+#include "platform/package/ContentSource.hpp"
+#include "platform/package/StreamHelper.hpp"
+
+namespace reference::docparser {
+
+using foundation::log::kSeverityTrace;
+
+std::string openAndReadFile(const ProductZipData& product) {
+    docParserLog().write(kSeverityTrace, "Reading file: ", product.getName());
+    std::string text;
+    // An empty text fails in the parser, so that this product alone is left out.
+    const bool isRead = foundation::core::except::completes([&] {
+        const auto source = product.getFileSystemManager().getFileContentSource(
+            product.getEntry(), opc::TransformMode::Decoded);
+        const auto stream = source->openInputStream();
+        text = opc::StreamHelper::readAll(*stream);
+    });
+    if (!isRead)
+        docParserLog().write(kSeverityTrace, "Error reading file: ", product.getName());
+    return text;
+}
+
+} // namespace reference::docparser
