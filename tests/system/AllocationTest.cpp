@@ -1,0 +1,205 @@
+#include "tests/system/AllocationCounter.hpp"
+#include "tests/system/SystemTest.hpp"
+
+#include <boost/json/monotonic_resource.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/log/core/core.hpp>
+
+#include <string>
+
+namespace docparser_tests {
+namespace {
+
+using testing::AllOf;
+using testing::Ge;
+using testing::Le;
+
+// Texts of this length are large allocations wherever they go, in bytes and in UTF-16.
+constexpr std::size_t kTextLength = 2 * kLargeBytes;
+
+std::string longText(char filling) {
+    return std::string(kTextLength, filling);
+}
+
+// How many large allocations a step makes.
+template <class Step>
+std::size_t largeAllocations(Step step) {
+    const AllocationObserver observer;
+    step();
+    return observer.largeCount();
+}
+
+void readOrchard() {
+    DocResourceParser::getResourceFile(u"Orchard");
+}
+
+void readLookups() {
+    DocResourceParser::getResourceLookupFiles();
+}
+
+// The large allocations without which the text of a file with one long purpose can't become a
+// record: the file's text, the parser's own, and the decoding of the purpose.
+std::size_t leastLargeAllocations(const std::string& text, const std::string& purpose) {
+    const std::size_t parsing = largeAllocations([&] {
+        boost::json::monotonic_resource arena(1024);
+        boost::json::parse(text, &arena);
+    });
+    const boost::json::value value(purpose);
+    const std::size_t decoding = largeAllocations([&] {
+        DocResourceParser::ParsingTools::getFluString(
+            value, DocResourceParser::ParsingTools::StringParsingType::Utf8);
+    });
+    return 1 + parsing + decoding;
+}
+
+class AllocationTest : public SystemTest {
+protected:
+    // How many large allocations reading costs with the language "de".
+    std::size_t costOfOverlay() const {
+        host->language = u"de";
+        return largeAllocations(readOrchard);
+    }
+    // The same with one file alone, under the English name.
+    std::size_t costAlone(const std::string& text) const {
+        addApi("Alone.json", text);
+        host->language = u"en";
+        return largeAllocations([] { DocResourceParser::getResourceFile(u"Alone"); });
+    }
+};
+
+TEST_F(AllocationTest, AFileIsReadIntoOneAllocationOfItsSize) {
+    const std::string text = resourceText("orchard", {{"graft.html", longText('x')}});
+    addApi("Orchard.json", text);
+    const AllocationObserver observer;
+    readOrchard();
+    // A string keeps a byte more for its end.
+    EXPECT_THAT(observer.firstLargeSize(), AllOf(Ge(text.size()), Le(text.size() + 1)));
+}
+
+TEST_F(AllocationTest, ARecordIsMadeOnceAndMovedFromThenOn) {
+    const std::string purpose = longText('x');
+    const std::string text = resourceText("orchard", {{"graft.html", purpose}});
+    addApi("Orchard.json", text);
+    EXPECT_EQ(largeAllocations(readOrchard), leastLargeAllocations(text, purpose));
+}
+
+TEST_F(AllocationTest, ARecordOfASupportPackageIsMadeOnceAndMovedFromThenOn) {
+    const std::string purpose = longText('x');
+    ResourceText text("orchard");
+    text.addSupportPackage(ResourceText("kit").add(item("use.html", purpose)));
+    addSupport("Orchard.json", text.str());
+    EXPECT_EQ(largeAllocations(readOrchard), leastLargeAllocations(text.str(), purpose));
+}
+
+TEST_F(AllocationTest, TheOverlayMovesTheRecordsOfBothFiles) {
+    const std::string english =
+        resourceText("orchard", {{"graft.html", longText('e')}, {"prune.html", longText('e')}});
+    const std::string german =
+        resourceText("orchard", {{"prune.html", longText('d')}, {"water.html", longText('d')}});
+    const std::size_t apart = costAlone(english) + costAlone(german);
+    addApi("Orchard.json", english);
+    addApi("Orchard_de.json", german);
+    EXPECT_EQ(costOfOverlay(), apart);
+}
+
+TEST_F(AllocationTest, TheOverlayCopiesAtMostWhatTheTranslationAloneHas) {
+    const std::string english = resourceText("orchard", {{"graft.html", longText('e')}});
+    const std::string german = resourceText("german", {{"prune.html", longText('d')}});
+    const std::size_t apart = costAlone(english) + costAlone(german);
+    addApi("Orchard.json", english);
+    addApi("Orchard_de.json", german);
+    EXPECT_THAT(costOfOverlay(), AllOf(Ge(apart), Le(apart + 1)));
+}
+
+TEST_F(AllocationTest, ALookupRecordIsMadeOnceAndCopiedAtMostOnce) {
+    const std::string purpose = longText('x');
+    const std::string text =
+        ResourceText("orchard").add(lookupItem("graft", "g.html", purpose)).str();
+    addLookup("Orchard.json", text);
+    const std::size_t least = leastLargeAllocations(text, purpose);
+    EXPECT_THAT(largeAllocations(readLookups), AllOf(Ge(least), Le(least + 1)));
+}
+
+TEST_F(AllocationTest, AMergeOfLookupsMovesTheNamesThatItAdds) {
+    const std::string purpose = longText('x');
+    const std::string first =
+        ResourceText("orchard").add(lookupItem("graft", "g.html", purpose)).str();
+    const std::string second =
+        ResourceText("orchard").add(lookupItem("prune", "p.html", purpose)).str();
+    setLanguage(u"de");
+    addLookup("Orchard.json", first);
+    const std::size_t firstAlone = largeAllocations(readLookups);
+    addLookup("Orchard_de.json", second);
+    EXPECT_EQ(largeAllocations(readLookups), firstAlone + leastLargeAllocations(second, purpose));
+}
+
+TEST_F(AllocationTest, NothingIsKeptOnceTheResultIsGone) {
+    host->languages.push_back(u"de");
+    addApi("Orchard.json", resourceText("orchard", {{"graft.html", longText('e')}}));
+    addApi("Orchard_de.json", resourceText("orchard", {{"prune.html", longText('d')}}));
+    addApi("Damaged.json", resourceText("orchard", {{"graft.html", longText('x')}}) + "x");
+    addLookup("Orchard.json", ResourceText("orchard").add(lookupItem("n", "h", "p")).str());
+    host->language = u"de";
+    const auto useAll = [] {
+        readOrchard();
+        readLookups();
+        findResources(u"Damaged");
+        findResources(u"Absent");
+    };
+    useAll(); // what is kept for good, such as the caches of the settings, is there afterwards
+    host->forgetQuestions();
+    const std::size_t before = liveBytes();
+    useAll();
+    host->forgetQuestions();
+    EXPECT_EQ(liveBytes(), before);
+}
+
+TEST_F(AllocationTest, TheTextIsGoneBeforeTheRecordsAreBuilt) {
+    ResourceText many("orchard");
+    for (int number = 0; number < 5000; ++number)
+        many.add(item("page" + std::to_string(number) + ".html", std::string(400, 'x')));
+    const std::string text = many.str();
+    addApi("Orchard.json", text);
+    readOrchard();
+
+    boost::json::monotonic_resource arena(1024);
+    const std::size_t beforeParsing = liveBytes();
+    const boost::json::value document = boost::json::parse(text, &arena);
+    const std::size_t documentBytes = liveBytes() - beforeParsing;
+
+    const AllocationObserver observer;
+    const std::size_t beforeReading = liveBytes();
+    const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
+    const std::size_t recordBytes = liveBytes() - beforeReading;
+
+    ASSERT_GT(recordBytes, 2 * text.size()) << "building is not the peak of this file";
+    EXPECT_LT(observer.peakBytes(), documentBytes + recordBytes + text.size() / 2);
+}
+
+TEST_F(AllocationTest, AFileOverTheLimitTakesNoMemory) {
+    addApi("Orchard.json", resourceText("orchard", {{"graft.html", longText('x')}}));
+    platform::setReadLimits({.fileBytes = kLargeBytes});
+    EXPECT_EQ(largeAllocations([] { findResources(u"Orchard"); }), 0U);
+}
+
+TEST_F(AllocationTest, ALineThatIsTurnedDownIsNeverFormed) {
+    // Too long for any file, so that each line that is formed is a large allocation.
+    const std::u16string product(kTextLength, u'x');
+    const auto ask = [&] { findResources(product); };
+    const std::size_t masked = largeAllocations(ask);
+
+    std::size_t withoutCore = 0;
+    std::size_t logged = 0;
+    {
+        const LogCapture log(528);
+        boost::log::core::get()->set_logging_enabled(false);
+        withoutCore = largeAllocations(ask);
+        boost::log::core::get()->set_logging_enabled(true);
+        logged = largeAllocations(ask);
+    }
+    EXPECT_EQ(withoutCore, masked);
+    EXPECT_GE(logged, masked + 3); // two files and the exception
+}
+
+} // namespace
+} // namespace docparser_tests

@@ -1,0 +1,276 @@
+#include "docparser/DocParserException.hpp"
+#include "tests/system/SystemTest.hpp"
+#include "tests/system/Watchdog.hpp"
+
+#include <boost/log/attributes/value_extraction.hpp>
+#include <boost/log/core/core.hpp>
+#include <boost/log/core/record_view.hpp>
+#include <boost/log/sinks/basic_sink_backend.hpp>
+#include <boost/log/sinks/unlocked_frontend.hpp>
+#include <boost/smart_ptr/make_shared_object.hpp>
+
+#include <atomic>
+#include <functional>
+#include <future>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+using reference::docparser::DocParserException;
+
+// Calls a function for each line of the log, on the logging thread and without a lock.
+class LogCallback {
+public:
+    using Function = std::function<void(const std::string& message)>;
+
+    explicit LogCallback(Function function)
+        : sink_(boost::make_shared<Sink>(boost::make_shared<Backend>())) {
+        sink_->locked_backend()->function = std::move(function);
+        boost::log::core::get()->add_sink(sink_);
+        foundation::log::setSeverityMask(528);
+    }
+    ~LogCallback() {
+        foundation::log::setSeverityMask(0);
+        boost::log::core::get()->remove_sink(sink_);
+    }
+    LogCallback(const LogCallback&) = delete;
+    LogCallback& operator=(const LogCallback&) = delete;
+
+private:
+    struct Backend : boost::log::sinks::basic_sink_backend<boost::log::sinks::concurrent_feeding> {
+        void consume(const boost::log::record_view& record) {
+            function(boost::log::extract_or_default<std::string>("Message", record, std::string()));
+        }
+        Function function;
+    };
+    using Sink = boost::log::sinks::unlocked_sink<Backend>;
+
+    boost::shared_ptr<Sink> sink_;
+};
+
+// The host's code in the middle of an operation: log sinks and the host services.
+class CallbackTest : public SystemTest {
+protected:
+    // Every operation that takes a lock of the settings.
+    static void useEverySetting() {
+        const auto roots = DocResourceParser::getReferenceRoots();
+        DocResourceParser::setReferenceRoot(roots->root);
+        DocResourceParser::isProductInstalled(u"orchard");
+        DocResourceParser::setTestProducts({u"orchard"}, {u"sensorkit"});
+        DocResourceParser::setSupportPackageRoot(u"F");
+        DocResourceParser::clearSupportPackageCaches();
+        DocResourceParser::restoreDefaultSettings();
+        DocResourceParser::setReferenceRoot(roots->root);
+    }
+
+    const std::string text = resourceText("orchard", {});
+    const Resources found = {{u"orchard", section(u"orchard", u"Orchard", {})}};
+};
+
+bool isReading(const std::string& message) {
+    return message.starts_with("Reading file: ");
+}
+
+TEST_F(CallbackTest, NoLockIsHeldWhileAResourceFileIsRead) {
+    addSupport("Orchard.json", text);
+    runWatched([this] {
+        int lines = 0;
+        const LogCallback callback([&lines](const std::string&) {
+            ++lines;
+            useEverySetting();
+        });
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+        EXPECT_EQ(lines, 2);
+        EXPECT_THROW(DocResourceParser::getResourceFile(u"Absent"), DocParserException);
+        EXPECT_EQ(lines, 5);
+    });
+}
+
+TEST_F(CallbackTest, NoLockIsHeldWhileALookupFileIsRead) {
+    addLookup("Orchard.json", ResourceText("orchard").str());
+    runWatched([] {
+        int lines = 0;
+        const LogCallback callback([&lines](const std::string&) {
+            ++lines;
+            useEverySetting();
+        });
+        EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), 1U);
+        EXPECT_EQ(lines, 1);
+    });
+}
+
+TEST_F(CallbackTest, ASinkMayReadResourcesItself) {
+    addApi("Orchard.json", text);
+    addApi("Inner.json", resourceText("inner", {}));
+    runWatched([this] {
+        std::size_t innerSections = 0;
+        const LogCallback callback([&innerSections](const std::string& message) {
+            if (message.ends_with("Orchard.json"))
+                innerSections += DocResourceParser::getResourceFile(u"Inner").count(u"inner");
+        });
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+        EXPECT_EQ(innerSections, 1U);
+    });
+}
+
+TEST_F(CallbackTest, ACallKeepsTheRootsThatItBeganWith) {
+    setLanguage(u"de");
+    addApi("Orchard.json", text);
+    addApi("Orchard_de.json", resourceText("german", {}));
+    host->onLanguage = [] { DocResourceParser::setReferenceRoot(u"/no/such/root"); };
+    const Resources expected = {{u"orchard", section(u"orchard", u"Orchard", {})},
+                                {u"german", section(u"german", u"Orchard", {})}};
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
+    EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
+}
+
+TEST_F(CallbackTest, TheSupportFolderIsAskedForOnlyWhenTheRootHasFailed) {
+    folder.write("late/Orchard.json", text);
+    host->onLanguage = [this] {
+        DocResourceParser::setSupportPackageRoot(folder.u16() + u"/late");
+    };
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+}
+
+TEST_F(CallbackTest, ASinkThatThrowsAtAReadingCostsOnlyThatFile) {
+    setLanguage(u"de");
+    addApi("Orchard.json", resourceText("lost", {}));
+    addApi("Orchard_de.json", text);
+    const LogCallback callback([](const std::string& message) {
+        if (message.ends_with("Orchard.json"))
+            throw std::runtime_error("the disk of the log is full");
+    });
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+}
+
+TEST_F(CallbackTest, ASinkThatThrowsAtALookupFileCostsOnlyThatFile) {
+    addLookup("Lost.json", ResourceText("lost").str());
+    addLookup("Orchard.json", ResourceText("orchard").str());
+    const LogCallback callback([](const std::string& message) {
+        if (message.ends_with("Lost.json"))
+            throw 7;
+    });
+    const Lookups expected = {{}, {{u"orchard", lookupSection(u"orchard", u"Orchard", {})}}};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(CallbackTest, ASinkThatThrowsAtTheExceptionsLinePassesOut) {
+    addApi("Orchard.json", text);
+    const LogCallback callback([](const std::string& message) {
+        if (!isReading(message))
+            throw std::runtime_error("the disk of the log is full");
+    });
+    EXPECT_THROW(DocResourceParser::getResourceFile(u"Absent"), std::runtime_error);
+    EXPECT_THROW(DocResourceParser::getResourceFile(u"Absent"), std::runtime_error);
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+}
+
+TEST_F(CallbackTest, ASinkThatThrowsAtAProblemCostsOnlyThatFile) {
+    addApi("Orchard.json", resourceText("too long for the limit", {}));
+    addSupport("Orchard.json", text);
+    platform::setReadLimits({.fileBytes = text.size()});
+    const LogCallback callback([](const std::string& message) {
+        if (!isReading(message))
+            throw std::runtime_error("the disk of the log is full");
+    });
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+}
+
+// Holds a question to the host up until it is released.
+class Gate {
+public:
+    // What the host runs.
+    void pass() {
+        arrived_.set_value();
+        released_.get_future().wait();
+    }
+    void waitForArrival() { arrived_.get_future().wait(); }
+    void release() { released_.set_value(); }
+
+private:
+    std::promise<void> arrived_;
+    std::promise<void> released_;
+};
+
+TEST_F(CallbackTest, ACatalogueThatTakesItsTimeHoldsUpNoReader) {
+    addApi("Orchard.json", text);
+    host->install({"orchard"});
+    Gate gate;
+    host->onProducts = [&gate] { gate.pass(); };
+    runWatched([&] {
+        auto products = std::async(std::launch::async, DocResourceParser::getTopLevelProducts);
+        gate.waitForArrival();
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+        DocResourceParser::setReferenceRoot(DocResourceParser::getReferenceRoots()->root);
+        DocResourceParser::getHardwareSupportPackages();
+        DocResourceParser::setSupportPackageRoot(u"F");
+        gate.release();
+        EXPECT_EQ(products.get()->size(), 1U);
+    });
+}
+
+TEST_F(CallbackTest, APackageQueryThatTakesItsTimeHoldsUpNoReader) {
+    addApi("Orchard.json", text);
+    Gate gate;
+    host->packages = {u"sensorkit"};
+    host->onPackages = [&gate] { gate.pass(); };
+    runWatched([&] {
+        auto packages =
+            std::async(std::launch::async, DocResourceParser::getHardwareSupportPackages);
+        gate.waitForArrival();
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
+        DocResourceParser::setReferenceRoot(DocResourceParser::getReferenceRoots()->root);
+        DocResourceParser::getTopLevelProducts();
+        DocResourceParser::getSupportPackageRoot();
+        gate.release();
+        EXPECT_EQ(packages.get()->size(), 1U);
+    });
+}
+
+TEST_F(CallbackTest, TestProductsTakeEffectAfterAnAnswerUnderWay) {
+    host->install({"orchard"});
+    Gate gate;
+    host->onProducts = [&gate] { gate.pass(); };
+    runWatched([&] {
+        auto products = std::async(std::launch::async, DocResourceParser::getTopLevelProducts);
+        gate.waitForArrival();
+        auto change = std::async(std::launch::async,
+                                 [] { DocResourceParser::setTestProducts({}, {u"testkit"}); });
+        gate.release();
+        EXPECT_EQ(products.get()->size(), 1U);
+        change.get();
+        EXPECT_TRUE(DocResourceParser::getTopLevelProducts()->empty());
+        EXPECT_TRUE(DocResourceParser::isProductInstalled(u"testkit"));
+    });
+}
+
+TEST_F(CallbackTest, TheCatalogueIsNeverAskedByTwoThreadsAtOnce) {
+    std::atomic<int> inside = 0;
+    std::atomic<int> most = 0;
+    host->onProducts = [&] {
+        const int now = ++inside;
+        if (now > most)
+            most = now;
+        std::this_thread::yield();
+        --inside;
+    };
+    runWatched([] {
+        std::vector<std::future<void>> threads;
+        for (int thread = 0; thread < 4; ++thread)
+            threads.push_back(std::async(std::launch::async, [] {
+                for (int call = 0; call < 200; ++call)
+                    DocResourceParser::isProductInstalled(u"orchard");
+            }));
+        for (std::future<void>& thread : threads)
+            thread.get();
+    });
+    EXPECT_EQ(host->count("products"), 800);
+    EXPECT_EQ(most, 1);
+}
+
+} // namespace
+} // namespace docparser_tests

@@ -1,0 +1,129 @@
+#include "tests/system/SystemTest.hpp"
+
+#include <string>
+
+namespace docparser_tests {
+namespace {
+
+// Damaged and hostile files beside a good one of the same product.
+class HostileFileTest : public SystemTest {
+protected:
+    HostileFileTest() { setLanguage(u"de"); }
+
+    bool isServed(const std::string& text) const {
+        addApi("Hostile.json", text);
+        return findResources(u"Hostile").has_value();
+    }
+
+    const std::string english = resourceText("orchard", {{"graft.html", "Join"}});
+    const std::string german = resourceText("orchard", {{"prune.html", "Schneiden"}});
+};
+
+// A file that uses most of the format, short enough to be damaged at every byte.
+std::string richText() {
+    boost::json::object full = item("graft.html", "Join");
+    full["inputs"] = boost::json::array{{{"name", "x"}, {"purpose", "y"}}};
+    full["seealso"] = boost::json::array{{{"url", "u"}, {"name", "n"}}};
+    full["deprecationstatus"] = "removed";
+    ResourceText text("orchard");
+    text.add(full).addSupportPackage(ResourceText("kit").add(item("use.html", "\xC3\xA4")));
+    return text.str();
+}
+
+std::string nested(std::size_t depth) {
+    return std::string(depth, '[') + std::string(depth, ']');
+}
+
+// A resource file with a key that no reader knows.
+std::string withUnknownKey(const std::string& value) {
+    std::string text = resourceText("orchard", {});
+    return text.insert(1, "\"unknown\":" + value + ",");
+}
+
+TEST_F(HostileFileTest, EveryCutEnglishFileLeavesTheTranslationAlone) {
+    addApi("Orchard_de.json", german);
+    const Resources germanAlone = {
+        {u"orchard", section(u"orchard", u"Orchard", {{u"prune.html", u"Schneiden"}})}};
+    const std::string text = richText();
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        addApi("Orchard.json", text.substr(0, length));
+        ASSERT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanAlone) << length;
+    }
+    addApi("Orchard.json", text);
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").size(), 2U);
+}
+
+TEST_F(HostileFileTest, EveryCutTranslationLeavesTheEnglishFileAlone) {
+    addApi("Orchard.json", english);
+    const Resources englishAlone = {
+        {u"orchard", section(u"orchard", u"Orchard", {{u"graft.html", u"Join"}})}};
+    const std::string text = richText();
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        addApi("Orchard_de.json", text.substr(0, length));
+        ASSERT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishAlone) << length;
+    }
+}
+
+TEST_F(HostileFileTest, NoFlippedByteOfOneFileCostsARecordOfTheOther) {
+    addApi("Orchard_de.json", german);
+    const RefItem translated = record(u"prune.html", u"Schneiden");
+    const std::string text = richText();
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        for (const int bits : {0x01, 0x20, 0x80}) {
+            std::string flipped = text;
+            flipped[place] = static_cast<char>(flipped[place] ^ bits);
+            addApi("Orchard.json", flipped);
+            const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
+            ASSERT_THAT(resources.at(u"orchard").items.at(u"prune.html"),
+                        testing::ElementsAre(translated))
+                << place << ' ' << bits;
+        }
+    }
+}
+
+TEST_F(HostileFileTest, ARootThatIsNoObjectIsNoResource) {
+    for (const std::string root :
+         {"null", "true", "0", "-1e308", "\"x\"", "[]", "[{}]", "{}", "[[]]", "\"\"", "  ", "\n"})
+        EXPECT_FALSE(isServed(root)) << root;
+}
+
+TEST_F(HostileFileTest, TextThatIsNoStrictJsonIsNoResource) {
+    EXPECT_TRUE(isServed(english));
+    for (const std::string& text :
+         {english + "x", english + english, "/**/" + english, english + "//", "[" + english + "]",
+          withUnknownKey("[1,]"), withUnknownKey("{\"a\":1,}"), withUnknownKey("'x'"),
+          withUnknownKey("NaN"), withUnknownKey("01"), withUnknownKey("\"\xFF\""),
+          withUnknownKey("\"\xC0\x80\""), withUnknownKey("\"\xED\xA0\x80\""),
+          withUnknownKey("\"\\ud800\""), withUnknownKey("\"\t\""), withUnknownKey("\"\\x\""),
+          english + std::string(1, '\0')})
+        EXPECT_FALSE(isServed(text)) << text;
+}
+
+TEST_F(HostileFileTest, WhatNoReaderKnowsIsPassedOver) {
+    for (const std::string value :
+         {"null", "1e308", "{\"a\":[{}]}", "\"\\u0000\"", "\"\\ud83c\\udf4e\""})
+        EXPECT_TRUE(isServed(withUnknownKey(value))) << value;
+}
+
+TEST_F(HostileFileTest, NestingIsReadToADepthOf32) {
+    // The root object is the first level.
+    EXPECT_TRUE(isServed(withUnknownKey(nested(31))));
+    EXPECT_FALSE(isServed(withUnknownKey(nested(32))));
+    EXPECT_FALSE(isServed(withUnknownKey(nested(1'000'000))));
+    EXPECT_FALSE(isServed(std::string(1'000'000, '[')));
+}
+
+TEST_F(HostileFileTest, ManyPackagesOfOneBaseCodeAreOneSection) {
+    ResourceText text("orchard");
+    for (int count = 0; count < 5000; ++count)
+        text.addSupportPackage(ResourceText("kit"));
+    addApi("Orchard.json", text.str());
+    EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").size(), 2U);
+}
+
+TEST_F(HostileFileTest, ZeroBytesAreNoResource) {
+    EXPECT_FALSE(isServed(std::string(1 << 20, '\0')));
+}
+
+} // namespace
+} // namespace docparser_tests

@@ -1,0 +1,216 @@
+#include "tests/system/SystemTest.hpp"
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+// The lookup files of a folder: which are read, and where their sections go.
+class LookupFilesTest : public SystemTest {
+protected:
+    // A product whose lookup file has one section of one record; both go by its name.
+    void addProduct(const std::string& name) const {
+        addLookup(name + ".json", ResourceText(name).add(lookupItem(name, "x.html", "X")).str());
+    }
+    static ResourceMap<RefItemLookup> sectionsOf(const std::vector<std::u16string>& names) {
+        ResourceMap<RefItemLookup> sections;
+        for (const std::u16string& name : names)
+            sections.emplace(name,
+                             lookupSection(name, name, {lookupRecord(name, u"x.html", u"X")}));
+        return sections;
+    }
+    // The names of the plain lookup files in the order in which they are read.
+    std::vector<std::u16string> order() const {
+        std::vector<std::u16string> names;
+        const auto products = DocResourceParser::getAllProducts(
+            DocResourceParser::getReferenceRoots()->lookupFolder, {}, u"_en");
+        for (const auto& product : products.jsonProducts)
+            names.push_back(product.getName());
+        return names;
+    }
+};
+
+TEST_F(LookupFilesTest, AnEmptyOrMissingFolderHasNoLookups) {
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+    std::filesystem::remove_all(folder.path() / "root");
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+    for (const std::u16string& none : {std::u16string(folder.u16() + u"/none"),
+                                       std::u16string(1, u'\0'), std::u16string(u"\xD800")}) {
+        DocResourceParser::setReferenceRoot(none);
+        EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+    }
+}
+
+TEST_F(LookupFilesTest, SectionsAreSplitByWhatIsInstalled) {
+    for (const std::string name : {"orchard", "vineyard", "meadow", "sensorkit"})
+        addProduct(name);
+    host->install({"vineyard"});
+    host->packages = {u"sensorkit"};
+    const Lookups expected = {sectionsOf({u"sensorkit", u"vineyard"}),
+                              sectionsOf({u"meadow", u"orchard"})};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(LookupFilesTest, TestProductsSplitAsInstalledOnesDo) {
+    for (const std::string name : {"orchard", "vineyard", "sensorkit"})
+        addProduct(name);
+    host->install({"orchard"});
+    DocResourceParser::setTestProducts({u"vineyard"}, {u"sensorkit"});
+    const Lookups expected = {sectionsOf({u"sensorkit", u"vineyard"}), sectionsOf({u"orchard"})};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(LookupFilesTest, ASectionIsInstalledByItsKeyNotByTheProductsName) {
+    ResourceText text("orchard");
+    text.addSupportPackage(ResourceText("ladder"));
+    addLookup("Vineyard.json", text.str());
+    host->install({"ladder code", "Vineyard"});
+    const Lookups expected = {{{u"ladder code", lookupSection(u"ladder", u"Vineyard", {})}},
+                              {{u"orchard", lookupSection(u"orchard", u"Vineyard", {})}}};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(LookupFilesTest, EverythingIsReadAnewAtEachCall) {
+    addProduct("orchard");
+    DocResourceParser::getResourceLookupFiles();
+    std::filesystem::remove(lookupPath("orchard.json"));
+    addProduct("vineyard");
+    host->install({"vineyard"});
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(),
+              (Lookups{sectionsOf({u"vineyard"}), {}}));
+}
+
+TEST_F(LookupFilesTest, OnlyJsonFilesDirectlyInTheFolderAreRead) {
+    addProduct("orchard");
+    const std::string text = ResourceText("other").str();
+    for (const std::string name : {"a.JSON", "b.txt", "c", "d.json.bak", "sub/e.json"})
+        addLookup(name, text);
+    addApi("f.json", text);
+    const LogCapture log(16);
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), (Lookups{{}, sectionsOf({u"orchard"})}));
+    EXPECT_THAT(log.messages(),
+                testing::ElementsAre("Reading file: " + lookupPath("orchard.json")));
+}
+
+TEST_F(LookupFilesTest, TranslationsIntoOtherLanguagesAreNotOpened) {
+    host->languages = {u"en", u"de", u"ja"};
+    addProduct("orchard");
+    addProduct("orchard_de");
+    addProduct("orchard_ja");
+    const LogCapture log(16);
+    DocResourceParser::getResourceLookupFiles();
+    EXPECT_THAT(log.messages(),
+                testing::ElementsAre("Reading file: " + lookupPath("orchard.json")));
+    host->language = u"ja";
+    DocResourceParser::getResourceLookupFiles();
+    EXPECT_THAT(log.messages(),
+                testing::UnorderedElementsAre("Reading file: " + lookupPath("orchard.json"),
+                                              "Reading file: " + lookupPath("orchard.json"),
+                                              "Reading file: " + lookupPath("orchard_ja.json")));
+}
+
+TEST_F(LookupFilesTest, ATranslationGoesByTheNameBeforeItsFirstSuffix) {
+    setLanguage(u"de");
+    addLookup("Orchard_de.json", ResourceText("orchard").str());
+    addLookup("Vine_de_yard_de.json", ResourceText("vineyard").str());
+    addLookup("Meadow.json", ResourceText("meadow").str());
+    const Lookups expected = {{},
+                              {{u"orchard", lookupSection(u"orchard", u"Orchard", {})},
+                               {u"vineyard", lookupSection(u"vineyard", u"Vine", {})},
+                               {u"meadow", lookupSection(u"meadow", u"Meadow", {})}}};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(LookupFilesTest, ASuffixOfALanguageThatIsNotSupportedIsPartOfTheName) {
+    host->language = u"de";
+    addLookup("Orchard_de.json", ResourceText("orchard").str());
+    const Lookups expected = {{}, {{u"orchard", lookupSection(u"orchard", u"Orchard_de", {})}}};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
+}
+
+TEST_F(LookupFilesTest, AMissingFileStopsNoOther) {
+    addProduct("orchard");
+    std::filesystem::create_symlink("absent", lookupPath("Gone.json"));
+    addProduct("vineyard");
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(),
+              (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
+}
+
+TEST_F(LookupFilesTest, DamagedFilesAreLeftOutAndTheOthersServed) {
+    const std::string good = ResourceText("bad").add(lookupItem("n", "h", "p")).str();
+    const std::string damaged[] = {
+        "",
+        " ",
+        "null",
+        "1",
+        "\"x\"",
+        "[]",
+        "{}",
+        "[" + good + "]",
+        good + good,
+        good.substr(0, good.size() - 1),
+        good + ",",
+        "\xEF\xBB\xBF" + good,
+        std::string(5000, '['),
+        std::string("\0\0\0\0", 4),
+        "\xFF\xFE",
+        ResourceText("bad").set("refItems", nullptr).str(),
+        ResourceText("bad").set("helpFolder", 1).str(),
+        ResourceText("bad").add({{"name", "n"}, {"href", "h"}}).str(),
+        ResourceText("bad").add({{"name", 1}, {"href", "h"}, {"refpurpose", "p"}}).str(),
+        ResourceText("bad").set("supportPackages", 1).str(),
+        ResourceText("bad").addSupportPackage(ResourceText("x").set("refItems", 1)).str()};
+    ResourceMap<RefItemLookup> expected;
+    std::string name = "good";
+    for (const std::string& text : damaged) {
+        name += '+';
+        addLookup("bad" + name + ".json", text);
+        addProduct(name);
+        expected.merge(sectionsOf({std::u16string(name.begin(), name.end())}));
+    }
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), (Lookups{{}, expected}));
+}
+
+TEST_F(LookupFilesTest, AnInstalledTestThatThrowsCostsTheProductsRemainingSections) {
+    ResourceText text("a");
+    text.addSupportPackage(ResourceText("b").set("baseCode", "b"));
+    text.addSupportPackage(ResourceText("c").set("baseCode", "c"));
+    addLookup("Many.json", text.str());
+    addProduct("other");
+    int calls = 0;
+    host->onProducts = [&calls] {
+        if (++calls == 2)
+            throw std::runtime_error("the catalogue fails once");
+    };
+    const bool manyFirst = order().front() == u"Many";
+    const Lookups lookups = DocResourceParser::getResourceLookupFiles();
+
+    ResourceMap<RefItemLookup> expected = sectionsOf({u"other"});
+    if (manyFirst)
+        expected.emplace(u"a", lookupSection(u"a", u"Many", {}));
+    EXPECT_EQ(lookups, (Lookups{{}, expected}));
+}
+
+TEST_F(LookupFilesTest, AnInstalledTestThatAlwaysThrowsLeavesNothing) {
+    addProduct("orchard");
+    addProduct("vineyard");
+    host->onPackageRoot = [] { throw std::runtime_error("the root reader fails"); };
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+    host->onPackageRoot = nullptr;
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(),
+              (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
+}
+
+TEST_F(LookupFilesTest, FileNamesThatAreNoTextEndNothing) {
+    addProduct("orchard");
+    addLookup("broken\xFF.json", ResourceText("unreachable").str());
+    addProduct("vineyard");
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(),
+              (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
+}
+
+} // namespace
+} // namespace docparser_tests

@@ -1,0 +1,114 @@
+#include "tests/system/SystemTest.hpp"
+
+#include "docparser/DocParserException.hpp"
+
+#include <filesystem>
+
+namespace docparser_tests {
+
+using namespace reference::property;
+
+namespace {
+
+const std::filesystem::path kApiFolder = "root/docCatalog/referenceapi";
+const std::filesystem::path kLookupFolder = "root/docCatalog/referenceapi_lookup";
+const std::filesystem::path kSupportFolder = "support/help/docCatalog/referenceapi";
+
+} // namespace
+
+SystemTest::SystemTest() : maskBefore_(foundation::log::severityMask()) {
+    for (const auto& below : {kApiFolder, kLookupFolder, kSupportFolder})
+        std::filesystem::create_directories(folder.path() / below);
+    host->packageRoot = folder.u16() + u"/support";
+    platform::setHostServices(host);
+    DocResourceParser::restoreDefaultSettings();
+    DocResourceParser::setReferenceRoot(root());
+}
+
+SystemTest::~SystemTest() {
+    platform::setHostServices(nullptr);
+    DocResourceParser::restoreDefaultSettings();
+    platform::setReadLimits(limitsBefore_);
+    foundation::log::setSeverityMask(maskBefore_);
+}
+
+std::u16string SystemTest::root() const {
+    return folder.u16() + u"/root";
+}
+
+std::string SystemTest::apiPath(std::string_view file) const {
+    return (folder.path() / kApiFolder / file).string();
+}
+
+std::string SystemTest::supportPath(std::string_view file) const {
+    return (folder.path() / kSupportFolder / file).string();
+}
+
+std::string SystemTest::lookupPath(std::string_view file) const {
+    return (folder.path() / kLookupFolder / file).string();
+}
+
+void SystemTest::addApi(const std::string& file, std::string_view text) const {
+    folder.write(kApiFolder / file, text);
+}
+
+void SystemTest::addSupport(const std::string& file, std::string_view text) const {
+    folder.write(kSupportFolder / file, text);
+}
+
+void SystemTest::addLookup(const std::string& file, std::string_view text) const {
+    folder.write(kLookupFolder / file, text);
+}
+
+void SystemTest::setLanguage(const std::u16string& language) const {
+    host->language = language;
+    host->languages.push_back(language);
+}
+
+HeaderInfo header(const std::u16string& helpFolder, const std::u16string& product) {
+    return {u"",
+            u"",
+            helpFolder + u" name",
+            helpFolder + u" code",
+            helpFolder,
+            helpFolder + u"/help",
+            product};
+}
+
+RefItem record(const std::u16string& href, const std::u16string& refPurpose) {
+    return {href, {}, u"", refPurpose, u"", u"", {u"", u""}, DeprecationStatus::None,
+            {},   {}, {},  {},         {},  {},  {},         {}};
+}
+
+RefItemLookup lookupRecord(const std::u16string& name, const std::u16string& href,
+                           const std::u16string& refPurpose) {
+    return {name, RefEntityType::Function, refPurpose, false, href, FunctionType::Function};
+}
+
+DocResource<RefItem> section(const std::u16string& helpFolder, const std::u16string& product,
+                             const std::map<std::u16string, std::u16string>& purposes) {
+    DocResource<RefItem> result{header(helpFolder, product), {}};
+    for (const auto& [href, purpose] : purposes)
+        result.items[href].push_back(record(href, purpose));
+    return result;
+}
+
+DocResource<RefItemLookup> lookupSection(const std::u16string& helpFolder,
+                                         const std::u16string& product,
+                                         const std::vector<RefItemLookup>& records) {
+    DocResource<RefItemLookup> result{header(helpFolder, product), {}};
+    for (const RefItemLookup& entry : records)
+        result.items[entry.getName()].push_back(entry);
+    return result;
+}
+
+std::optional<Resources> findResources(const std::u16string& product) {
+    try {
+        return DocResourceParser::getResourceFile(product);
+    } catch (const reference::docparser::DocParserException& exception) {
+        EXPECT_EQ(exception.getProductName(), product);
+        return std::nullopt;
+    }
+}
+
+} // namespace docparser_tests

@@ -1,0 +1,163 @@
+#include "tests/system/SystemTest.hpp"
+#include "tests/system/Watchdog.hpp"
+
+#include <algorithm>
+#include <future>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+constexpr int kThreads = 8;
+constexpr int kRounds = 40;
+
+using Names = std::set<std::string>;
+
+// Two reference roots and a support folder whose data differ, and a host with products of its own:
+// whatever the settings are while a call runs, it sees the data of one place only.
+class ThreadsTest : public SystemTest {
+protected:
+    ThreadsTest() {
+        setLanguage(u"de");
+        host->install({"orchard"});
+        host->packages = {u"hostkit"};
+        for (const std::string place : {"first", "second", "third"}) {
+            const std::string english = resourceText(place, {{"a.html", place}});
+            const std::string german = resourceText(place, {{"b.html", place}});
+            const std::string below = place == "third" ? "" : "docCatalog/referenceapi/";
+            folder.write(place + "/" + below + "P.json", english);
+            folder.write(place + "/" + below + "P_de.json", german);
+            folder.write(place + "/docCatalog/referenceapi_lookup/P.json",
+                         ResourceText(place).add(lookupItem("n", "a.html", place)).str());
+        }
+    }
+
+    std::u16string place(const std::u16string& name) const { return folder.u16() + u"/" + name; }
+
+    static Resources resourcesOf(const std::u16string& place) {
+        return {{place, section(place, u"P", {{u"a.html", place}, {u"b.html", place}})}};
+    }
+    static ResourceMap<RefItemLookup> lookupsOf(const std::u16string& place) {
+        return {{place, lookupSection(place, u"P", {lookupRecord(u"n", u"a.html", place)})}};
+    }
+
+    void readRecords() {
+        const std::optional<Resources> found = findResources(u"P");
+        expect(!found || std::ranges::count(possibleResources, *found) == 1, "mixed records");
+    }
+    void readLookups() {
+        const Lookups found = DocResourceParser::getResourceLookupFiles();
+        expect(found.installed.empty(), "an installed section");
+        expect(std::ranges::count(possibleLookups, found.notInstalled) == 1, "mixed lookups");
+    }
+    void readInstalled() {
+        const auto productList = DocResourceParser::getTopLevelProducts();
+        Names products;
+        for (const auto& product : *productList)
+            products.insert(product->getShortName());
+        expect(possibleProducts.contains(products), "torn products");
+
+        const auto packages = DocResourceParser::getHardwareSupportPackages();
+        expect(possiblePackages.contains(std::set(packages->begin(), packages->end())),
+               "torn packages");
+        expect(!DocResourceParser::isProductInstalled(u"never"), "a product of nobody");
+    }
+    void readSettings() {
+        const auto roots = DocResourceParser::getReferenceRoots();
+        expect(roots->referenceApiFolder == roots->root + u"/docCatalog/referenceapi",
+               "torn roots");
+        const std::u16string support = *DocResourceParser::getSupportPackageRoot();
+        expect(support == place(u"third") ||
+                   support == host->packageRoot + u"/help/docCatalog/referenceapi",
+               "torn support-package folder");
+        expect(DocResourceParser::ParsingTools::getCurrentLocale() == u"de", "language");
+    }
+    void changeSettings(int round) {
+        DocResourceParser::setReferenceRoot(place(round % 2 ? u"first" : u"second"));
+        DocResourceParser::setTestProducts({u"a", u"b"}, {u"akit", u"bkit"});
+        DocResourceParser::setSupportPackageRoot(place(u"third"));
+        if (round % 3 == 0)
+            DocResourceParser::clearSupportPackageCaches();
+        DocResourceParser::setTestProducts({u"c"}, {});
+        if (round % 4 == 0)
+            DocResourceParser::restoreDefaultSettings();
+        foundation::log::setSeverityMask(round % 2 ? 528 : 0);
+    }
+
+    // One thread's share; threads begin at different operations so that all of them meet.
+    void work(int thread) {
+        for (int round = 0; round < kRounds; ++round) {
+            switch ((thread + round) % 5) {
+            case 0: readRecords(); break;
+            case 1: changeSettings(round); break;
+            case 2: readLookups(); break;
+            case 3: readInstalled(); break;
+            default: readSettings(); break;
+            }
+        }
+    }
+
+    void expect(bool holds, const char* what) {
+        if (!holds)
+            ADD_FAILURE() << what;
+    }
+
+    const std::vector<Resources> possibleResources = {resourcesOf(u"first"), resourcesOf(u"second"),
+                                                      resourcesOf(u"third")};
+    const std::vector<ResourceMap<RefItemLookup>> possibleLookups = {
+        {}, lookupsOf(u"first"), lookupsOf(u"second")};
+    const std::set<Names> possibleProducts = {{"orchard"}, {"a", "b"}, {"c"}};
+    const std::set<std::set<std::u16string>> possiblePackages = {
+        {u"hostkit"}, {u"akit", u"bkit"}, {}};
+};
+
+TEST_F(ThreadsTest, AllOperationsRunBesideEachOtherAndSeeOneStateEach) {
+    const LogCapture log(528);
+    runWatched([this] {
+        std::vector<std::future<void>> threads;
+        for (int thread = 0; thread < kThreads; ++thread)
+            threads.push_back(std::async(std::launch::async, [this, thread] { work(thread); }));
+        for (std::future<void>& thread : threads)
+            thread.get();
+    });
+    for (const LogLine& line : log.lines()) {
+        EXPECT_EQ(line.channel, "referenceApi::docparser");
+        EXPECT_TRUE(line.severity == (line.message.starts_with("Reading file: ") ? 16 : 512));
+    }
+}
+
+TEST_F(ThreadsTest, ChangingSettingsNeverWaitForEachOther) {
+    runWatched([this] {
+        std::vector<std::future<void>> threads;
+        for (int thread = 0; thread < kThreads; ++thread)
+            threads.push_back(std::async(std::launch::async, [this, thread] {
+                for (int round = 0; round < 20 * kRounds; ++round) {
+                    if (thread % 2)
+                        changeSettings(thread + round);
+                    else
+                        readInstalled();
+                }
+            }));
+        for (std::future<void>& thread : threads)
+            thread.get();
+    });
+}
+
+TEST_F(ThreadsTest, ThreadsThatFindOutTheSupportFolderAtOnceGetOneObject) {
+    for (int round = 0; round < kRounds; ++round) {
+        DocResourceParser::clearSupportPackageCaches();
+        std::vector<std::future<std::shared_ptr<const std::u16string>>> threads;
+        for (int thread = 0; thread < 4; ++thread)
+            threads.push_back(
+                std::async(std::launch::async, DocResourceParser::getSupportPackageRoot));
+        std::set<std::shared_ptr<const std::u16string>> answers;
+        for (auto& thread : threads)
+            answers.insert(thread.get());
+        EXPECT_EQ(answers.size(), 1U);
+    }
+}
+
+} // namespace
+} // namespace docparser_tests
