@@ -1,15 +1,13 @@
-# Compiles each installed header by itself: it brings what it needs, and all of that is installed.
+# Compiles all installed headers: whatever one of them includes is installed too.
 file(GLOB_RECURSE headers RELATIVE ${INCLUDE_FOLDER} ${INCLUDE_FOLDER}/*.hpp)
 if(NOT headers)
     message(FATAL_ERROR "no headers below ${INCLUDE_FOLDER}")
 endif()
 
-file(REMOVE_RECURSE ${WORK_FOLDER})
-foreach(header IN LISTS headers)
-    string(MAKE_C_IDENTIFIER ${header} name)
-    file(WRITE ${WORK_FOLDER}/${name}.cpp "#include <${header}>\n")
-endforeach()
-file(GLOB sources ${WORK_FOLDER}/*.cpp)
+list(TRANSFORM headers PREPEND "#include <")
+list(TRANSFORM headers APPEND ">\n")
+string(CONCAT includes ${headers})
+file(WRITE ${SOURCE} "${includes}")
 execute_process(
-    COMMAND ${COMPILER} -std=c++20 -fsyntax-only -I${INCLUDE_FOLDER} ${sources}
+    COMMAND ${COMPILER} -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I${INCLUDE_FOLDER} ${SOURCE}
     COMMAND_ERROR_IS_FATAL ANY)
