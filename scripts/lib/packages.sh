@@ -1,7 +1,6 @@
 # The Debian 12 packages that the project is built from; sourced by setup.sh.
 
 # For the libraries and refdoc.
-# shellcheck disable=SC2034
 build_packages=(
     g++
     cmake
@@ -15,7 +14,6 @@ build_packages=(
 )
 
 # For the tests and benchmarks, besides.
-# shellcheck disable=SC2034
 test_packages=(
     libgtest-dev
     libgmock-dev
