@@ -1,0 +1,57 @@
+# What `cmake --install` lays down: libraries, public headers under their repository paths, the tool,
+# the JSON Schemas, a CMake package and pkg-config files. The installed tree can be moved as a whole.
+
+include(CMakePackageConfigHelpers)
+
+option(DOCPARSER_INSTALL "Install the project" ${PROJECT_IS_TOP_LEVEL})
+if(NOT DOCPARSER_INSTALL)
+    return()
+endif()
+if(NOT DOCPARSER_PLATFORM STREQUAL "docparser::platform")
+    message(STATUS "Nothing is installed: the application packages its own platform libraries")
+    return()
+endif()
+
+file(RELATIVE_PATH libraries_from_tool
+    ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+file(RELATIVE_PATH prefix_from_pkg_config
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" prefix_from_pkg_config ${prefix_from_pkg_config})
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/docparser)
+
+set_target_properties(docparser docparser_platform PROPERTIES
+    INSTALL_RPATH "$ORIGIN"
+    INSTALL_RPATH_USE_LINK_PATH ON)
+install(TARGETS docparser docparser_platform EXPORT docparserTargets
+    FILE_SET HEADERS
+    FILE_SET generated
+    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(TARGET refdoc)
+    set_target_properties(refdoc PROPERTIES
+        INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
+        INSTALL_RPATH_USE_LINK_PATH ON)
+    install(TARGETS refdoc)
+endif()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/docparser
+    FILES_MATCHING PATTERN "*.schema.json")
+
+install(EXPORT docparserTargets NAMESPACE docparser:: DESTINATION ${package_folder})
+configure_package_config_file(
+    ${PROJECT_SOURCE_DIR}/cmake/docparserConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/docparserConfig.cmake
+    INSTALL_DESTINATION ${package_folder}
+    NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(
+    ${PROJECT_BINARY_DIR}/docparserConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(
+    FILES
+        ${PROJECT_BINARY_DIR}/docparserConfig.cmake
+        ${PROJECT_BINARY_DIR}/docparserConfigVersion.cmake
+    DESTINATION ${package_folder})
+
+foreach(name docparser docparser-platform)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

@@ -1,0 +1,76 @@
+# What the scripts share: the project's folder, packages, configuring and building. Sourced by them.
+
+set -euo pipefail
+project_folder=$(CDPATH='' cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
+cd "$project_folder"
+source scripts/lib/packages.sh
+
+say() {
+    printf '== %s\n' "$*"
+}
+
+is_installed() {
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+apt_install() {
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install --yes --quiet=2 \
+        --no-install-recommends "$@"
+}
+
+# Installs those of the packages that are missing; touches nothing when there are none.
+install_packages() {
+    if ! command -v apt-get >/dev/null; then
+        say "No apt-get here: the equivalents of these Debian packages are needed: $*"
+        return
+    fi
+    local package missing=()
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    if [ ${#missing[@]} -eq 0 ]; then
+        say "All Debian packages are there"
+        return
+    fi
+    if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
+        echo "there is no sudo; run as root: apt-get install ${missing[*]}" >&2
+        exit 1
+    fi
+    say "Installing Debian packages: ${missing[*]}"
+    local log
+    log=$(mktemp)
+    # The package lists of a new machine are missing or old; then the first attempt fails.
+    if ! apt_install "${missing[@]}" >"$log" 2>&1; then
+        say "Updating the package lists first"
+        if ! { as_root apt-get update --quiet=2 && apt_install "${missing[@]}"; } >"$log" 2>&1; then
+            cat "$log" >&2
+            rm -f "$log"
+            exit 1
+        fi
+    fi
+    rm -f "$log"
+}
+
+# Configures and builds a preset in build/<preset>; further arguments go to the build.
+build_preset() {
+    local preset=$1
+    shift
+    if command -v ccache >/dev/null; then
+        export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    fi
+    say "Configuring build/$preset"
+    cmake --preset "$preset" --log-level=WARNING
+    say "Building build/$preset; the first time takes a few minutes"
+    # A terminal shows one line of progress; elsewhere it would be a line a file.
+    local quiet=()
+    [ -t 1 ] || quiet=(-- --quiet)
+    cmake --build --preset "$preset" "$@" "${quiet[@]}"
+}

@@ -1,0 +1,20 @@
+# Builds SOURCE, the quick start, and runs it on REFERENCE_ROOT with nothing but a compiler and what pkg-config says.
+set(ENV{PKG_CONFIG_PATH} ${PKG_CONFIG_FOLDER})
+execute_process(
+    COMMAND ${PKG_CONFIG} --cflags --libs docparser
+    OUTPUT_VARIABLE options
+    COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(options UNIX_COMMAND "${options}")
+
+execute_process(
+    COMMAND ${COMPILER} -std=c++20 ${FLAGS} ${SOURCE} -o ${PROGRAM} ${options}
+    COMMAND_ERROR_IS_FATAL ANY)
+
+set(ENV{LD_LIBRARY_PATH} ${LIBRARY_FOLDER})
+execute_process(
+    COMMAND ${PROGRAM} ${REFERENCE_ROOT} Orchard
+    OUTPUT_VARIABLE output
+    COMMAND_ERROR_IS_FATAL ANY)
+if(NOT output MATCHES "^graft.html: Join two trees\n")
+    message(FATAL_ERROR "the program printed: ${output}")
+endif()

@@ -1,0 +1,13 @@
+# Compiles all installed headers: whatever one of them includes is installed too.
+file(GLOB_RECURSE headers RELATIVE ${INCLUDE_FOLDER} ${INCLUDE_FOLDER}/*.hpp)
+if(NOT headers)
+    message(FATAL_ERROR "no headers below ${INCLUDE_FOLDER}")
+endif()
+
+list(TRANSFORM headers PREPEND "#include <")
+list(TRANSFORM headers APPEND ">\n")
+string(CONCAT includes ${headers})
+file(WRITE ${SOURCE} "${includes}")
+execute_process(
+    COMMAND ${COMPILER} -std=c++20 -Wall -Wextra -Werror -fsyntax-only -I${INCLUDE_FOLDER} ${SOURCE}
+    COMMAND_ERROR_IS_FATAL ANY)
