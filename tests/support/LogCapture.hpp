@@ -2,17 +2,10 @@
 
 #include "platform/log/DiagnosticLogger.hpp"
 
-#include <boost/log/attributes/value_extraction.hpp>
-#include <boost/log/core/core.hpp>
-#include <boost/log/core/record_view.hpp>
-#include <boost/log/sinks/basic_sink_backend.hpp>
-#include <boost/log/sinks/sync_frontend.hpp>
-#include <boost/smart_ptr/make_shared_object.hpp>
-
 #include <cstdint>
+#include <memory>
 #include <ostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace docparser_tests {
@@ -38,46 +31,22 @@ struct LogLine {
 class LogCapture {
 public:
     /// \param mask  the severities that loggers let through, all of them unless told otherwise
-    explicit LogCapture(std::uint32_t mask = 0x7fff)
-        : maskBefore_(foundation::log::severityMask()), sink_(boost::make_shared<Sink>()) {
-        boost::log::core::get()->add_sink(sink_);
-        foundation::log::setSeverityMask(mask);
-    }
-    ~LogCapture() {
-        foundation::log::setSeverityMask(maskBefore_);
-        boost::log::core::get()->remove_sink(sink_);
-    }
+    explicit LogCapture(std::uint32_t mask = 0x7fff);
+    ~LogCapture();
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
     /// The records so far, in the order in which they came.
-    std::vector<LogLine> lines() const { return sink_->locked_backend()->lines; }
+    std::vector<LogLine> lines() const;
 
     /// The texts of the records so far.
-    std::vector<std::string> messages() const {
-        std::vector<std::string> texts;
-        for (LogLine& line : lines())
-            texts.push_back(std::move(line.message));
-        return texts;
-    }
+    std::vector<std::string> messages() const;
 
 private:
-    struct Backend
-        : boost::log::sinks::basic_sink_backend<boost::log::sinks::synchronized_feeding> {
-        // Called by the frontend, under its lock.
-        void consume(const boost::log::record_view& record) {
-            lines.push_back(
-                {boost::log::extract_or_default<std::string>("Channel", record, std::string()),
-                 boost::log::extract_or_default<int>("Severity", record, 0),
-                 boost::log::extract_or_default<std::string>("Message", record, std::string())});
-        }
-
-        std::vector<LogLine> lines;
-    };
-    using Sink = boost::log::sinks::synchronous_sink<Backend>;
+    struct Sink; // keeps the many headers of Boost.Log out of the tests
 
     std::uint32_t maskBefore_;
-    boost::shared_ptr<Sink> sink_;
+    std::unique_ptr<Sink> sink_;
 };
 
 } // namespace docparser_tests
