@@ -26,7 +26,10 @@ public:
     /// The name without its folders: what follows the last '/' or '\'. It can be empty.
     const std::u16string& getBaseName() const noexcept { return baseName_; }
 
-    /// The name as the package has it, folders included.
+    /// The name as the package has it, folders included; a NUL in it has become a space.
+    ///
+    /// Bytes that are well-formed UTF-8 are taken as that, flagged or not. Others are CP437, unless
+    /// the package flags them as UTF-8: then U+FFFD stands for each sequence that is ill-formed.
     const std::u16string& getName() const noexcept { return name_; }
 
 private:
