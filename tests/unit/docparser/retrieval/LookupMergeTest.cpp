@@ -6,8 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace docparser_tests {
