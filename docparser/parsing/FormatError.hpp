@@ -27,7 +27,7 @@ public:
     const std::string& getPointer() const noexcept { return pointer_; }
     const std::string& getReason() const noexcept { return reason_; }
 
-    /// The pointer, ": " and the reason.
+    /// The pointer, ": " and the reason; the reason alone before locate().
     const char* what() const noexcept override { return message_.c_str(); }
 
 private:

@@ -19,8 +19,8 @@ namespace reference::docparser {
 const boost::json::value& getRequired(const boost::json::object& object, std::string_view key);
 
 /// Looks the keys of a reader up in one pass over the object.
-/// \param slots  as many as there are keys; each that the object has is set, others stay as they
-/// are
+/// \param slots  as many as there are keys; those of the keys that the object has are set, the
+///               others left alone
 void findMembers(const boost::json::object& object, std::span<const std::string_view> keys,
                  const boost::json::value** slots) noexcept;
 

@@ -1,0 +1,139 @@
+#pragma once
+
+#include "docparser/parsing/DocResource.hpp"
+
+#include <cstddef>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace docparser_tests {
+
+/// What JSON the format puts under a key.
+enum class Kind {
+    Text,
+    Word, ///< of an enumeration; anything else means its default
+    Array,
+    Object,
+    Anything ///< only the key counts
+};
+
+/// Whether a place of the format may be left out.
+enum class Presence {
+    Required,
+    Optional,
+    Element ///< one of an array, which may well be shorter
+};
+
+/// How a text is read.
+enum class Reading {
+    Ascii,
+    Utf8,
+    Name ///< decoded where the item documents a component, else widened
+};
+
+/// What the format says of one place of its sample document.
+template <class Record>
+struct FormatRule {
+    /// What the parsed sample has of the place: a text, a word's number, how many records.
+    using Field =
+        std::function<std::u16string(const reference::docparser::ResourceMap<Record>& sections)>;
+
+    std::string parent; ///< JSON pointer of the object or array
+    std::string key;    ///< or the number of the element
+    Kind kind;
+    Presence presence;
+    Reading reading; ///< of a text
+    Field field;
+
+    std::string pointer() const { return parent + '/' + key; }
+
+    /// What the field is when the file does not say.
+    std::u16string fallback() const {
+        return kind == Kind::Text || kind == Kind::Object ? u"" : u"0";
+    }
+};
+
+/// The rules of a format, gathered place by place.
+template <class Record>
+class FormatRules {
+public:
+    using Field = typename FormatRule<Record>::Field;
+
+    void text(std::string parent, std::string key, Presence presence, Reading reading,
+              Field field) {
+        rules_.push_back(
+            {std::move(parent), std::move(key), Kind::Text, presence, reading, std::move(field)});
+    }
+    void word(std::string parent, std::string key, Field field) {
+        other(std::move(parent), std::move(key), Kind::Word, Presence::Optional, std::move(field));
+    }
+    void other(std::string parent, std::string key, Kind kind, Presence presence, Field field) {
+        rules_.push_back(
+            {std::move(parent), std::move(key), kind, presence, Reading::Utf8, std::move(field)});
+    }
+    /// A place that holds an element of an array.
+    void element(std::string array, std::string number) {
+        other(std::move(array), std::move(number), Kind::Object, Presence::Element, nullptr);
+    }
+
+    const std::vector<FormatRule<Record>>& all() const { return rules_; }
+
+private:
+    std::vector<FormatRule<Record>> rules_;
+};
+
+/// A number of things as the text that a rule's field has for it.
+inline std::u16string numberText(std::size_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+/// The one section whose key is not `otherKey`.
+template <class Record>
+const reference::docparser::DocResource<Record>&
+sectionBut(const reference::docparser::ResourceMap<Record>& sections, const char16_t* otherKey) {
+    for (const auto& [key, section] : sections) {
+        if (key != otherKey)
+            return section;
+    }
+    throw std::out_of_range("no such section");
+}
+
+/// The rules of a section: its header, its list of items and its first item's place.
+/// \param parent    the section's JSON pointer
+/// \param otherKey  the key of the sample's other section
+template <class Record>
+void addSectionRules(FormatRules<Record>& rules, const std::string& parent,
+                     const char16_t* otherKey) {
+    using Header = reference::property::HeaderInfo;
+    const auto header = [&](const char* key, Presence presence, Reading reading,
+                            const std::u16string& (Header::*get)() const noexcept) {
+        rules.text(parent, key, presence, reading, [=](const auto& sections) {
+            return (sectionBut(sections, otherKey).header.*get)();
+        });
+    };
+    header("schema", Presence::Optional, Reading::Ascii, &Header::getSchema);
+    header("schemaVersion", Presence::Optional, Reading::Ascii, &Header::getSchemaVersion);
+    header("productName", Presence::Required, Reading::Utf8, &Header::getProductName);
+    header("baseCode", Presence::Required, Reading::Ascii, &Header::getBaseCode);
+    header("helpFolder", Presence::Required, Reading::Ascii, &Header::getHelpFolder);
+    header("helpLocation", Presence::Required, Reading::Ascii, &Header::getHelpLocation);
+    rules.other(parent, "refItems", Kind::Array, Presence::Required, [=](const auto& sections) {
+        return numberText(sectionBut(sections, otherKey).items.size());
+    });
+    rules.element(parent + "/refItems", "0");
+}
+
+/// The rules of "supportPackages" and of its one section.
+template <class Record>
+void addSupportPackageRules(FormatRules<Record>& rules) {
+    rules.other("", "supportPackages", Kind::Array, Presence::Optional,
+                [](const auto& sections) { return numberText(sections.size() - 1); });
+    rules.element("/supportPackages", "0");
+    addSectionRules(rules, "/supportPackages/0", u"folder");
+}
+
+} // namespace docparser_tests

@@ -1,0 +1,261 @@
+// The rules of both formats, place by place: what is required, what kind, how texts are read.
+
+#include "docparser/parsing/FormatError.hpp"
+#include "docparser/retrieval/ResourceText.hpp"
+#include "tests/unit/docparser/retrieval/FullFormat.hpp"
+#include "tests/unit/docparser/retrieval/LookupFormat.hpp"
+
+#include <boost/json/serialize.hpp>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+namespace json = boost::json;
+using namespace reference::docparser;
+
+// A value of every JSON kind and the name that messages have for it.
+const std::vector<std::pair<json::value, std::string>>& everyKind() {
+    static const std::vector<std::pair<json::value, std::string>> kinds = {
+        {nullptr, "null"},
+        {true, "bool"},
+        {-1, "int64"},
+        {18446744073709551615U, "uint64"},
+        {1.5, "double"},
+        {"grafting", "string"},
+        {json::array{}, "array"},
+        {json::object{}, "object"}};
+    return kinds;
+}
+
+std::string expectedName(Kind kind) {
+    return kind == Kind::Array ? "array" : kind == Kind::Object ? "object" : "string";
+}
+
+template <class Record>
+json::value& placeOf(json::value& document, const FormatRule<Record>& rule) {
+    return document.at_pointer(rule.pointer());
+}
+
+// Gives an object of the document the member that the pointer ends in, or another value for it.
+void putIn(json::value& document, const std::string& pointer, const json::value& value) {
+    const std::size_t end = pointer.rfind('/');
+    document.at_pointer(pointer.substr(0, end)).as_object()[pointer.substr(end + 1)] = value;
+}
+
+template <class Format>
+class ResourceTextFormat : public testing::Test {
+protected:
+    using Record = typename Format::Record;
+    using Sections = ResourceMap<Record>;
+
+    static Sections parse(const json::value& document) {
+        return parseResourceText<Record>(json::serialize(document), u"p", Format::kParseSection);
+    }
+
+    static void expectFailure(const json::value& document, const std::string& pointer,
+                              const std::string& reason) {
+        try {
+            parse(document);
+            ADD_FAILURE() << "parsed: " << json::serialize(document);
+        } catch (const FormatError& error) {
+            EXPECT_EQ(error.getPointer(), pointer);
+            EXPECT_EQ(error.getReason(), reason);
+            EXPECT_EQ(error.what(), pointer + ": " + reason);
+        }
+    }
+
+    static void expectField(const json::value& document, const FormatRule<Record>& rule,
+                            const std::u16string& expected) {
+        try {
+            EXPECT_EQ(rule.field(parse(document)), expected);
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
+    }
+
+    static json::value without(const FormatRule<Record>& rule) {
+        json::value document = Format::sample();
+        document.at_pointer(rule.parent).as_object().erase(rule.key);
+        return document;
+    }
+
+    const FormatRules<Record> rules_ = Format::rules();
+};
+
+using Formats = testing::Types<FullFormat, LookupFormat>;
+TYPED_TEST_SUITE(ResourceTextFormat, Formats);
+
+// Collects the pointers of all values below a value; the formats' keys need no escapes.
+void addPointers(const json::value& value, const std::string& pointer,
+                 std::set<std::string>& pointers) {
+    if (const json::object* object = value.if_object()) {
+        for (const json::key_value_pair& member : *object) {
+            const std::string child = pointer + '/' + std::string(member.key());
+            pointers.insert(child);
+            addPointers(member.value(), child, pointers);
+        }
+    }
+    if (const json::array* array = value.if_array()) {
+        for (std::size_t i = 0; i < array->size(); ++i) {
+            const std::string child = pointer + '/' + std::to_string(i);
+            pointers.insert(child);
+            addPointers(array->at(i), child, pointers);
+        }
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleHasARule) {
+    std::set<std::string> places;
+    addPointers(TypeParam::sample(), "", places);
+    for (const auto& rule : this->rules_.all())
+        EXPECT_EQ(places.erase(rule.pointer()), 1U) << rule.pointer();
+    for (const std::string& pointer : TypeParam::unread())
+        places.erase(pointer);
+    // The support package's item is there to tell the sections apart; its keys are the main one's.
+    std::erase_if(places, [](const std::string& pointer) {
+        return pointer.starts_with("/supportPackages/0/refItems/0/");
+    });
+    EXPECT_THAT(places, testing::IsEmpty());
+}
+
+TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleReachesItsField) {
+    const auto sections = TestFixture::parse(TypeParam::sample());
+    for (const auto& rule : this->rules_.all()) {
+        if (!rule.field)
+            continue;
+        EXPECT_NE(rule.field(sections), rule.fallback()) << rule.pointer();
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, AMissingRequiredKeyIsNamedWithItsObject) {
+    for (const auto& rule : this->rules_.all()) {
+        if (rule.presence != Presence::Required)
+            continue;
+        SCOPED_TRACE(rule.pointer());
+        TestFixture::expectFailure(TestFixture::without(rule), rule.parent,
+                                   "the key \"" + rule.key + "\" is missing");
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, AMissingOptionalKeyLeavesItsFieldAtTheDefault) {
+    for (const auto& rule : this->rules_.all()) {
+        if (rule.presence != Presence::Optional)
+            continue;
+        SCOPED_TRACE(rule.pointer());
+        TestFixture::expectField(TestFixture::without(rule), rule, rule.fallback());
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, AValueOfAnotherKindIsNamedWithItsPlaceAndItsKind) {
+    for (const auto& rule : this->rules_.all()) {
+        const bool isChecked = rule.kind != Kind::Word && rule.kind != Kind::Anything;
+        for (const auto& [value, kind] : everyKind()) {
+            if (!isChecked || kind == expectedName(rule.kind))
+                continue;
+            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            json::value document = TypeParam::sample();
+            placeOf(document, rule) = value;
+            TestFixture::expectFailure(document, rule.pointer(),
+                                       expectedName(rule.kind) + " expected, " + kind + " found");
+        }
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, AnUnknownWordAndAWordOfAnotherKindIsTheDefault) {
+    for (const auto& rule : this->rules_.all()) {
+        for (const auto& [value, kind] : everyKind()) {
+            if (rule.kind != Kind::Word)
+                continue;
+            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            json::value document = TypeParam::sample();
+            placeOf(document, rule) = value;
+            TestFixture::expectField(document, rule, rule.fallback());
+        }
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, AKeyThatCountsByItselfMayHaveAnyValue) {
+    for (const auto& rule : this->rules_.all()) {
+        for (const auto& [value, kind] : everyKind()) {
+            if (rule.kind != Kind::Anything)
+                continue;
+            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            json::value document = TypeParam::sample();
+            placeOf(document, rule) = value;
+            TestFixture::expectField(document, rule, u"1");
+        }
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, ADocumentThatIsNoObjectIsRefused) {
+    for (const auto& [value, kind] : everyKind()) {
+        SCOPED_TRACE(kind);
+        const std::string reason = kind == "object" ? "the key \"productName\" is missing"
+                                                    : "object expected, " + kind + " found";
+        TestFixture::expectFailure(value, "", reason);
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, EachTextIsReadInItsOwnWay) {
+    for (const auto& rule : this->rules_.all()) {
+        for (const bool hasComponent : {false, true}) {
+            if (rule.kind != Kind::Text)
+                continue;
+            SCOPED_TRACE(rule.pointer() + (hasComponent ? " of a component" : ""));
+            json::value document = TypeParam::sample();
+            placeOf(document, rule) = "\xC3\xA9";
+            if (hasComponent)
+                TypeParam::addComponent(document);
+            const bool isDecoded =
+                rule.reading == Reading::Utf8 || (rule.reading == Reading::Name && hasComponent);
+            TestFixture::expectField(document, rule, isDecoded ? u"\u00E9" : u"\u00C3\u00A9");
+        }
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, TextsMayBeEmptyAndHoldNul) {
+    const std::u16string nul(1, u'\0');
+    for (const auto& rule : this->rules_.all()) {
+        if (rule.kind != Kind::Text)
+            continue;
+        SCOPED_TRACE(rule.pointer());
+        json::value document = TypeParam::sample();
+        placeOf(document, rule) = "";
+        TestFixture::expectField(document, rule, u"");
+        placeOf(document, rule) = std::string(1, '\0');
+        TestFixture::expectField(document, rule, nul);
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, ListsMayBeEmpty) {
+    for (const auto& rule : this->rules_.all()) {
+        if (rule.kind != Kind::Array)
+            continue;
+        SCOPED_TRACE(rule.pointer());
+        json::value document = TypeParam::sample();
+        placeOf(document, rule) = json::array{};
+        TestFixture::expectField(document, rule, u"0");
+    }
+}
+
+TYPED_TEST(ResourceTextFormat, KeysThatAReaderDoesNotKnowAreNeverLookedAt) {
+    const auto expected = TestFixture::parse(TypeParam::sample());
+    for (const std::string& pointer : TypeParam::unread()) {
+        for (const auto& [value, kind] : everyKind()) {
+            SCOPED_TRACE(pointer + " is " + kind);
+            json::value document = TypeParam::sample();
+            putIn(document, pointer, value);
+            EXPECT_EQ(TestFixture::parse(document), expected);
+        }
+    }
+}
+
+} // namespace
+} // namespace docparser_tests
