@@ -1,6 +1,7 @@
 #include "docparser/DocParserException.hpp"
 #include "tests/system/SystemTest.hpp"
 
+#include <boost/log/core/core.hpp>
 #include <boost/log/expressions.hpp>
 
 namespace docparser_tests {

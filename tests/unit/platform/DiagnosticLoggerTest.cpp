@@ -3,7 +3,11 @@
 #include "tests/support/LogCapture.hpp"
 
 #include <boost/log/attributes/attribute_value_set.hpp>
+#include <boost/log/core/core.hpp>
+#include <boost/log/core/record_view.hpp>
+#include <boost/log/sinks/basic_sink_backend.hpp>
 #include <boost/log/sinks/unlocked_frontend.hpp>
+#include <boost/smart_ptr/make_shared_object.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/mman.h>
