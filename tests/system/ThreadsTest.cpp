@@ -11,7 +11,7 @@ namespace docparser_tests {
 namespace {
 
 constexpr int kThreads = 8;
-constexpr int kRounds = 40;
+constexpr int kRounds = 300;
 
 using Names = std::set<std::string>;
 
@@ -133,7 +133,7 @@ TEST_F(ThreadsTest, ChangingSettingsNeverWaitForEachOther) {
         std::vector<std::future<void>> threads;
         for (int thread = 0; thread < kThreads; ++thread)
             threads.push_back(std::async(std::launch::async, [this, thread] {
-                for (int round = 0; round < 20 * kRounds; ++round) {
+                for (int round = 0; round < 3 * kRounds; ++round) {
                     if (thread % 2)
                         changeSettings(thread + round);
                     else
