@@ -104,8 +104,7 @@ public:
             app_.exit(request, text, text);
             return Answer{.output = text.str()};
         } catch (const CLI::RequiredError&) {
-            return wrongUsage(show_->parsed() ? "show needs a PRODUCT"
-                                              : "a command is needed: show, lookup or products");
+            return wrongUsage(whatIsNeeded());
         } catch (const CLI::ParseError& error) {
             return wrongUsage(error.what());
         }
@@ -149,6 +148,15 @@ private:
         lookup_->add_option("NAME", names_, "Only the entries with these names")->type_name("");
         app_.add_subcommand("products", "Print what was found: product files, installed products,\n"
                                         "support packages, languages and folders");
+    }
+
+    std::string whatIsNeeded() const {
+        if (show_->parsed())
+            return "show needs a PRODUCT";
+        const std::vector<std::string> rest = app_.remaining();
+        if (!rest.empty())
+            return "there is no command or option " + rest.front();
+        return "a command is needed: show, lookup or products";
     }
 
     static Answer wrongUsage(std::string message) {

@@ -144,7 +144,7 @@ void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
     page.emptyLine();
     page.title(title, '-');
     Table table({u"Name", u"Language", u"Kind", u"File"});
-    addFileRows(table, pointers(files.jsonProducts), language, u"plain file");
+    addFileRows(table, pointers(files.jsonProducts), language, withPackages ? u"plain file" : u"");
     if (withPackages)
         addFileRows(table, pointers(files.zipProducts), language, u"zip package");
     if (table.isEmpty())

@@ -73,8 +73,7 @@ public:
     void measure(const std::vector<Cell>& cells) {
         natural_.resize(std::max(natural_.size(), cells.size()));
         for (std::size_t column = 0; column < cells.size(); ++column)
-            natural_[column] =
-                std::max(natural_[column], widestLine(visibleText(cells[column].text)));
+            natural_[column] = std::max(natural_[column], widestLine(shown(cells[column].text)));
     }
 
     void measureTitles(const std::vector<std::u16string>& titles) {
@@ -105,9 +104,8 @@ public:
         std::size_t height = 0;
         for (std::size_t column = 0; column < cells.size(); ++column) {
             const bool isShown = widths_[column] > 0;
-            texts.push_back(isShown
-                                ? fit(visibleText(cells[column].text), widths_[column], overflow_)
-                                : Lines());
+            texts.push_back(isShown ? fit(shown(cells[column].text), widths_[column], overflow_)
+                                    : Lines());
             height = std::max(height, texts.back().size());
         }
         for (std::size_t index = 0; index < height; ++index)
@@ -115,6 +113,14 @@ public:
     }
 
 private:
+    // A row that is cut is one line, whatever stands in it.
+    std::u16string shown(const std::u16string& text) const {
+        std::u16string visible = visibleText(text);
+        if (overflow_ == Table::Overflow::Cut)
+            std::ranges::replace(visible, u'\n', u' ');
+        return visible;
+    }
+
     std::string lineAt(std::size_t index, const std::vector<Cell>& cells,
                        const std::vector<Lines>& texts) const {
         LineBuilder line(color_);

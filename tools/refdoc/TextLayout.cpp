@@ -122,19 +122,18 @@ std::vector<std::u16string> wrapText(std::u16string_view text, std::size_t width
 }
 
 std::u16string cutText(std::u16string_view text, std::size_t width) {
-    std::u16string line(text);
-    std::ranges::replace(line, u'\n', u' ');
-    if (displayWidth(line) <= width)
-        return line;
+    if (displayWidth(text) <= width)
+        return std::u16string(text);
     std::u16string shortened;
     std::size_t used = 0;
-    for (std::size_t position = 0; position < line.size();) {
-        const Cluster cluster = nextCluster(line, position);
+    for (std::size_t position = 0; position < text.size();) {
+        const Cluster cluster = nextCluster(text, position);
         if (used + cluster.width + 1 > width)
             break;
         shortened += cluster.text;
         used += cluster.width;
     }
+    shortened.erase(shortened.find_last_not_of(u' ') + 1);
     return shortened + u'…';
 }
 

@@ -19,8 +19,8 @@ namespace refdoc {
 /// \returns      one line at the least, which may be empty
 std::vector<std::u16string> wrapText(std::u16string_view text, std::size_t width);
 
-/// The text as one line of at most `width` columns, line feeds as spaces; what was cut off is
-/// replaced by an ellipsis.
+/// A text without line feeds, or its start and an ellipsis where it fills more than `width`
+/// columns.
 std::u16string cutText(std::u16string_view text, std::size_t width);
 
 /// How wide the columns of a table become so that together they fill at most `available`.
