@@ -82,36 +82,39 @@ void addHeading(Page& page, std::u16string_view what, const std::u16string& titl
     page.heading(kBody, heading);
 }
 
+std::u16string syntaxWord(SyntaxType::Value syntaxType) {
+    return to_ustring(SyntaxType::enumToString(syntaxType));
+}
+
 void addSyntaxes(Page& page, const std::vector<SyntaxGroup>& groups) {
     for (const SyntaxGroup& group : groups) {
         std::u16string what = u"Syntax";
         if (group.getSyntaxType() != SyntaxType::getDefaultValue())
-            what += u" (" + to_ustring(SyntaxType::enumToString(group.getSyntaxType())) + u")";
+            what += u" (" + syntaxWord(group.getSyntaxType()) + u")";
         addHeading(page, what, group.getTitle());
         for (const std::u16string& syntax : group.getSyntaxes())
             page.text(kSection, syntax);
     }
 }
 
-// The form of syntax that an argument belongs to; told only where the arguments of a table differ.
+// Whether the arguments belong to different forms of syntax, which is worth a column then.
 template <class Argument>
-std::u16string formOf(const Argument& argument, const std::vector<Argument>& arguments) {
-    const bool allAlike = std::ranges::all_of(arguments, [&](const Argument& other) {
-        return other.getSyntaxType() == arguments.front().getSyntaxType();
+bool differInSyntax(const std::vector<Argument>& arguments) {
+    return std::ranges::any_of(arguments, [&](const Argument& other) {
+        return other.getSyntaxType() != arguments.front().getSyntaxType();
     });
-    return allAlike ? std::u16string()
-                    : to_ustring(SyntaxType::enumToString(argument.getSyntaxType()));
 }
 
 void addInputs(Page& page, std::u16string_view what, const std::u16string& title,
                const std::vector<Input>& inputs) {
     addHeading(page, what, title);
     Table table({u"Name", u"Purpose", u"Syntax", u"Default", u"Values"});
+    const bool withSyntax = differInSyntax(inputs);
     for (const Input& input : inputs) {
         const ObjectInfo& info = input.getObjectInfo();
         table.addRow({{info.getName() + (input.getIsNameValuePair() ? u"*" : u"")},
                       {info.getPurpose()},
-                      {formOf(input, inputs)},
+                      {withSyntax ? syntaxWord(input.getSyntaxType()) : u""},
                       {input.getDefaultValue()},
                       {join(info.getValues(), u", ")}});
     }
@@ -123,11 +126,12 @@ void addInputs(Page& page, std::u16string_view what, const std::u16string& title
 void addOutputs(Page& page, const std::vector<Output>& outputs) {
     addHeading(page, u"Outputs");
     Table table({u"Name", u"Purpose", u"Syntax", u"Values"});
+    const bool withSyntax = differInSyntax(outputs);
     for (const Output& output : outputs) {
         const ObjectInfo& info = output.getObjectInfo();
         table.addRow({{info.getName()},
                       {info.getPurpose()},
-                      {formOf(output, outputs)},
+                      {withSyntax ? syntaxWord(output.getSyntaxType()) : u""},
                       {join(info.getValues(), u", ")}});
     }
     page.table(kSection, table);
@@ -151,7 +155,8 @@ void addDescribed(Page& page, std::u16string_view what, const std::u16string& ti
 void addExamples(Page& page, const std::vector<Example>& examples) {
     addHeading(page, u"Examples");
     for (const Example& example : examples) {
-        page.text(kSection, example.getTitle());
+        if (!example.getTitle().empty())
+            page.text(kSection, example.getTitle());
         Facts facts;
         facts.add(u"open with", example.getOpenCommand());
         facts.add(u"link", example.getUrl(), Paint::Dim);

@@ -77,7 +77,8 @@ public:
     }
 
     void measureTitles(const std::vector<std::u16string>& titles) {
-        for (std::size_t column = 0; column < std::min(titles.size(), natural_.size()); ++column) {
+        natural_.resize(std::max(natural_.size(), titles.size()));
+        for (std::size_t column = 0; column < titles.size(); ++column) {
             if (natural_[column] > 0)
                 natural_[column] = std::max(natural_[column], displayWidth(titles[column]));
         }
@@ -153,7 +154,7 @@ std::vector<std::string> Table::layOut(std::size_t width, Overflow overflow, boo
     grid.chooseWidths();
 
     std::vector<std::string> lines;
-    if (!titles_.empty()) {
+    if (!titles_.empty() && !rows_.empty()) {
         std::vector<Cell> titles;
         for (const std::u16string& title : titles_)
             titles.push_back({title, Paint::Dim});

@@ -17,8 +17,8 @@ struct Cell {
 /// Rows in aligned columns. Columns in which nothing stands are left out.
 class Table {
 public:
-    /// A table with a line of titles over its columns, one that is only as long as the longest row
-    /// without any.
+    /// \param titles  what stands over the columns; none for a table without a line of titles. A
+    ///                table without rows shows no titles either
     explicit Table(std::vector<std::u16string> titles = {}) : titles_(std::move(titles)) {}
 
     void addRow(std::vector<Cell> cells) { rows_.push_back({std::move(cells), false}); }

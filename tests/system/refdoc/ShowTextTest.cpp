@@ -115,6 +115,23 @@ help location  q/help
 )");
 }
 
+TEST_F(ShowTextTest, GroupsWithNothingInThemAreHeadingsAlone) {
+    EXPECT_THAT(show(R"({"href": "a", "refpurpose": "b",
+                         "syntaxgroup": [{"title": "How", "syntax": []}],
+                         "inputgroup": [{"title": "Rest", "inputs": []}],
+                         "classpropertygroup": [{"title": "Look", "classproperty": []}]})"),
+                HasSubstr("  link  a\n\n  Syntax: How\n\n  Inputs: Rest\n\n  Properties: Look\n"));
+}
+
+TEST_F(ShowTextTest, EmptyTextsLeaveNothingButTheHeadings) {
+    EXPECT_THAT(show(R"({"href": "", "refpurpose": "", "packagename": "", "description": "",
+                         "refentity": [{"type": "class", "name": ""}],
+                         "outputs": [{"name": "", "purpose": "", "htmlid": ""}],
+                         "seealso": [{"url": "", "name": ""}],
+                         "examples": [{"url": "", "open_command": "", "title": ""}]})"),
+                HasSubstr("\n\n(class)\n-------\n\n  Outputs\n\n  Examples\n\n  See also\n"));
+}
+
 TEST_F(ShowTextTest, MarksDeprecation) {
     const auto shown = [&](const std::string& status) {
         return show(R"({"href": "a", "refpurpose": "b", "deprecationstatus": ")" + status + "\"}");

@@ -53,8 +53,16 @@ TEST(TableTest, PaintTakesNoRoom) {
               (Lines{"\x1b[31ma\x1b[0m   b", "\x1b[33m木\x1b[0m  \x1b[2mc\x1b[0m"}));
 }
 
-TEST(TableTest, WithoutRowsThereIsNothingButTheTitles) {
+TEST(TableTest, WithoutRowsThereIsNothing) {
     EXPECT_EQ(Table().layOut(80, Table::Overflow::Wrap, false), Lines());
+    EXPECT_EQ(Table({u"Name", u"Purpose"}).layOut(80, Table::Overflow::Wrap, false), Lines());
+}
+
+TEST(TableTest, RowsMayBeShorterThanTheTitlesOrEmpty) {
+    Table table({u"Name", u"Purpose"});
+    table.addRow({});
+    table.addRow({{u"a"}});
+    EXPECT_EQ(table.layOut(80, Table::Overflow::Wrap, false), (Lines{"Name", "a"}));
 }
 
 } // namespace
