@@ -80,8 +80,8 @@ private:
 
 std::size_t editDistance(std::u16string_view left, std::u16string_view right, std::size_t limit) {
     const std::size_t tooFar = limit + 1;
-    const auto [shorter, longer] = std::minmax(left.size(), right.size());
-    if (longer - shorter > limit)
+    const std::size_t longer = std::max(left.size(), right.size());
+    if (longer - std::min(left.size(), right.size()) > limit)
         return tooFar;
 
     DistanceTable table(left, right, limit);
