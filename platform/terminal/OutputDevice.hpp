@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Export.hpp"
+
+#include <cstddef>
+
+namespace platform {
+
+/// What a stream of the process is connected to.
+struct OutputDevice {
+    bool isTerminal = false;
+    std::size_t columns = 0; ///< width of the terminal; 0 when there is none or it does not tell
+};
+
+/// Asks the system what standard output is connected to.
+DOCPARSER_PLATFORM_EXPORT OutputDevice askStandardOutput() noexcept;
+
+} // namespace platform

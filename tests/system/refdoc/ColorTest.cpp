@@ -1,0 +1,62 @@
+#include "tests/system/refdoc/RefdocTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class ColorTest : public RefdocTest {
+protected:
+    ColorTest() {
+        addResource("P", section("p", R"({"href": "a.html", "refpurpose": "b",
+                                          "deprecationstatus": "deprecated"},
+                                         {"href": "b.html", "refpurpose": "c",
+                                          "deprecationstatus": "removed"})"));
+        addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b",
+                                        "deprecated": true})"));
+    }
+};
+
+TEST_F(ColorTest, AFileOrAPipeGetsNone) {
+    EXPECT_THAT(run({"show", "P"}).out, Not(HasSubstr("\x1b")));
+    EXPECT_THAT(run({"show", "P", "--color", "auto"}).out, Not(HasSubstr("\x1b")));
+    EXPECT_THAT(run({"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(ColorTest, AlwaysPaintsHeadingsLinksAndDeprecation) {
+    const std::string out = run({"show", "P", "--color", "always"}).out;
+    EXPECT_THAT(out, HasSubstr("\x1b[1mp name\x1b[0m\n"));
+    EXPECT_THAT(out, HasSubstr("\x1b[2ma.html\x1b[0m\n"));
+    EXPECT_THAT(out, HasSubstr("\x1b[33mDEPRECATED: "));
+    EXPECT_THAT(out, HasSubstr("\x1b[31mREMOVED: "));
+}
+
+TEST_F(ColorTest, AlwaysPaintsTheIndexAndKeepsItAligned) {
+    EXPECT_EQ(run({"lookup", "--color=always"}).out,
+              "\x1b[1mp name\x1b[0m  \x1b[2mp\x1b[0m  \x1b[2mnot installed\x1b[0m\n"
+              "  \x1b[33ma\x1b[0m  function  b  P  \x1b[33mdeprecated, not installed\x1b[0m\n");
+}
+
+TEST_F(ColorTest, AlwaysStandsAgainstNoColor) {
+    EXPECT_THAT(run({"show", "P", "--color", "always"}, {.variables = {{"NO_COLOR", "1"}}}).out,
+                HasSubstr("\x1b[1m"));
+}
+
+TEST_F(ColorTest, ATerminalGetsColorUnlessTheEnvironmentSaysNo) {
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}).out, HasSubstr("\x1b[1m"));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", ""}}}).out,
+                HasSubstr("\x1b[1m"));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", "1"}}}).out,
+                Not(HasSubstr("\x1b")));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"TERM", "dumb"}}}).out,
+                Not(HasSubstr("\x1b")));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(ColorTest, JsonGetsNoneOnATerminal) {
+    EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
+}
+
+} // namespace
+} // namespace refdoc_tests

@@ -1,0 +1,65 @@
+#include "tests/system/refdoc/RefdocTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+class FailureTest : public RefdocTest {};
+
+TEST_F(FailureTest, AMalformedManifestIsOneLineThatNamesFileAndPlace) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"{\n  \"docLanguage\": }", "line 2, column 18: syntax error"},
+        {R"({"docLanguage": 1})", "/docLanguage: a string was expected"},
+        {R"([])", "/: an object was expected"},
+        {R"({"topLevelProducts": [{}]})", "/topLevelProducts/0: the key \"shortName\" is missing"},
+        {R"({"hardwareSupportPackages": ["a", null]})",
+         "/hardwareSupportPackages/1: a string was expected"},
+    };
+    for (const auto& [manifest, place] : cases) {
+        addManifest(manifest);
+        EXPECT_EQ(run({"products"}),
+                  (Outcome{3, "", "refdoc: " + path("installation.json") + ": " + place + "\n"}));
+    }
+}
+
+TEST_F(FailureTest, AMalformedManifestFailsEveryCommandEvenWhereOptionsOverruleIt) {
+    addManifest("{");
+    for (const Arguments& arguments :
+         {Arguments{"show", "P"}, Arguments{"lookup"}, Arguments{"products"},
+          Arguments{"--lang", "de", "--langs", "de", "--installed", "a", "lookup", "--json"}}) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, 3);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_THAT(outcome.err, testing::StartsWith("refdoc: " + path("installation.json")));
+    }
+}
+
+TEST_F(FailureTest, OutputThatCannotBeWrittenIsAFailure) {
+    addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
+    Surroundings fullDisk;
+    fullDisk.output = "/dev/full";
+    const Outcome expected{3, "",
+                           "refdoc: can't write to standard output: No space left on device\n"};
+    EXPECT_EQ(run({"lookup"}, fullDisk), expected);
+    EXPECT_EQ(run({"lookup", "--json"}, fullDisk), expected);
+    EXPECT_EQ(run({"products"}, fullDisk), expected);
+    EXPECT_EQ(runProgram({"--help"}, fullDisk), expected);
+}
+
+TEST_F(FailureTest, AFolderWithTheNameOfTheManifestIsAFailure) {
+    add("installation.json/file", "");
+    const Outcome outcome = run({"products"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.err, testing::StartsWith("refdoc: " + path("installation.json") + ": "));
+}
+
+TEST_F(FailureTest, AnInstallFolderThatIsNotThereIsAnEmptyInstallation) {
+    EXPECT_EQ(runProgram({"--install", path("nowhere"), "lookup"}),
+              (Outcome{0, "",
+                       "refdoc: no lookup entries in " +
+                           path("nowhere/help/docCatalog/referenceapi_lookup") + "\n"}));
+}
+
+} // namespace
+} // namespace refdoc_tests

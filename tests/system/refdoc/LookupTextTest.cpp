@@ -1,0 +1,103 @@
+#include "tests/system/refdoc/RefdocTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+class LookupTextTest : public RefdocTest {
+protected:
+    LookupTextTest() {
+        addManifest(R"({"topLevelProducts": [{"shortName": "orchard"}],
+                        "hardwareSupportPackages": ["kit"]})");
+        addLookup("Orchard",
+                  section("orchard",
+                          R"({"name": "prune", "href": "prune.html", "refpurpose": "Cut back"},
+                             {"name": "graft", "href": "graft.html", "refpurpose": "Join trees",
+                              "type": "method", "fcntype": "static"},
+                             {"name": "graft", "href": "grafting.html", "refpurpose": "All of it",
+                              "type": "class", "deprecated": false})",
+                          R"(, "supportPackages": [{"productName": "The kit", "baseCode": "kit",
+                               "helpFolder": "x", "helpLocation": "y", "refItems": [
+                               {"name": "接続", "href": "k.html", "refpurpose": "Connect"}]}])"));
+        addLookup("Cellar", section("cellar", R"({"name": "press", "href": "press.html",
+                                                  "refpurpose": "Make juice", "type": "command",
+                                                  "deprecated": true})"));
+    }
+};
+
+TEST_F(LookupTextTest, PrintsOneAlignedLineARecordInstalledSectionsFirst) {
+    EXPECT_EQ(run({"lookup"}), (Outcome{0, R"(The kit  kit
+  接続   function       Connect     Orchard
+
+orchard name  orchard
+  graft  static method  Join trees  Orchard
+  graft  class          All of it   Orchard  deprecated
+  prune  function       Cut back    Orchard
+
+cellar name  cellar  not installed
+  press  command        Make juice  Cellar   deprecated, not installed
+)",
+                                        ""}));
+}
+
+TEST_F(LookupTextTest, WithNamesKeepsOnlyThemAndShowsTheirLinks) {
+    EXPECT_EQ(run({"lookup", "press", "graft"}), (Outcome{0, R"(orchard name  orchard
+  graft  static method  Join trees  Orchard  graft.html
+  graft  class          All of it   Orchard  grafting.html  deprecated
+
+cellar name  cellar  not installed
+  press  command        Make juice  Cellar   press.html     deprecated, not installed
+)",
+                                                          ""}));
+}
+
+TEST_F(LookupTextTest, EachUnknownNameIsALineWithNearNames) {
+    const Outcome outcome = run({"lookup", "prun", "press", "Graft", "zzz", "prun"});
+    EXPECT_EQ(outcome, (Outcome{1,
+                                "cellar name  cellar  not installed\n"
+                                "  press  command  Make juice  Cellar  press.html  "
+                                "deprecated, not installed\n",
+                                "refdoc: no entry \"prun\" in the lookup index; near names: "
+                                "\"prune\"\n"
+                                "refdoc: no entry \"Graft\" in the lookup index; near names: "
+                                "\"graft\"\n"
+                                "refdoc: no entry \"zzz\" in the lookup index\n"}));
+}
+
+TEST_F(LookupTextTest, AtMostThreeNearNamesAreGivenTheNearestFirst) {
+    addLookup("More", section("more", R"({"name": "prunes", "href": "a", "refpurpose": "b"},
+                                         {"name": "pruner", "href": "a", "refpurpose": "b"},
+                                         {"name": "prunet", "href": "a", "refpurpose": "b"},
+                                         {"name": "brune", "href": "a", "refpurpose": "b"})"));
+    EXPECT_EQ(run({"lookup", "prunex"}).err,
+              "refdoc: no entry \"prunex\" in the lookup index; near names: \"prune\", \"pruner\", "
+              "\"prunes\"\n");
+}
+
+TEST_F(LookupTextTest, ARecordStaysOnItsLineWhateverItsTextsHold) {
+    addLookup("Odd", section("odd", R"({"name": "odd\u001b", "href": "a",
+                                        "refpurpose": "one\ntwo\u0007"})"));
+    EXPECT_EQ(run({"lookup", "odd\x1b"}).out,
+              "odd name  odd  not installed\n"
+              "  odd␛  function  one two␇  Odd  a  not installed\n");
+}
+
+class EmptyIndexTest : public RefdocTest {};
+
+TEST_F(EmptyIndexTest, IsStatus0WithANote) {
+    EXPECT_EQ(run({"lookup"}), (Outcome{0, "",
+                                        "refdoc: no lookup entries in " +
+                                            path("help/docCatalog/referenceapi_lookup") + "\n"}));
+}
+
+TEST_F(EmptyIndexTest, IsStatus0InJsonToo) {
+    EXPECT_EQ(run({"lookup", "--json"}),
+              (Outcome{0, "{\n  \"installed\": {},\n  \"notInstalled\": {}\n}\n", ""}));
+}
+
+TEST_F(EmptyIndexTest, HasNoName) {
+    EXPECT_EQ(run({"lookup", "graft"}),
+              (Outcome{1, "", "refdoc: no entry \"graft\" in the lookup index\n"}));
+}
+
+} // namespace
+} // namespace refdoc_tests

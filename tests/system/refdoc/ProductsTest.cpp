@@ -1,0 +1,184 @@
+#include "tests/system/refdoc/RefdocTest.hpp"
+
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
+#include <boost/json/serialize.hpp>
+
+#include <algorithm>
+
+namespace refdoc_tests {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class ProductsTest : public RefdocTest {
+protected:
+    ProductsTest() {
+        addManifest(R"({"docLanguage": "de", "supportedDocLanguages": ["en", "de", "ja"],
+            "topLevelProducts": [{"shortName": "orchard", "displayName": "Obstgarten",
+                                  "helpLocation": "help/or"},
+                                 {"shortName": "cellar"}],
+            "supportPackageRoot": "packages", "hardwareSupportPackages": ["kit", "gauge"]})");
+        for (const char* file : {"Orchard.json", "Orchard_de.json", "Orchard_ja.json", "Cellar.zip",
+                                 "Cellar_de.zip", "Cellar_ja.zip", "notes.txt"})
+            add(std::string("help/docCatalog/referenceapi_lookup/") + file, "");
+        addResource("Orchard", "");
+        add("packages/help/docCatalog/referenceapi/Kit_de.json", "");
+    }
+
+    // The members of a list of files in the order of their names; the folder has an order of its
+    // own.
+    static std::string sorted(const boost::json::value& files) {
+        std::vector<std::string> texts;
+        for (const boost::json::value& file : files.as_array())
+            texts.push_back(boost::json::serialize(file));
+        std::ranges::sort(texts);
+        std::string joined;
+        for (const std::string& text : texts)
+            joined += text + "\n";
+        return joined;
+    }
+
+    std::string file(const std::string& name, bool isTranslation,
+                     const std::string& fileName) const {
+        return boost::json::serialize(boost::json::object{
+                   {"name", name},
+                   {"nonEnglishLocale", isTranslation},
+                   {"fullPath", path("help/docCatalog/referenceapi_lookup/" + fileName)}}) +
+               "\n";
+    }
+};
+
+TEST_F(ProductsTest, JsonTellsRootsLanguagesFilesAndInstalledProducts) {
+    const Outcome outcome = run({"products", "--json"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    boost::json::value products = document(outcome.out);
+    EXPECT_EQ(sorted(products.at("jsonProducts")),
+              file("Orchard", false, "Orchard.json") + file("Orchard_de", true, "Orchard_de.json"));
+    EXPECT_EQ(sorted(products.at("zipProducts")),
+              file("Cellar", false, "Cellar.zip") + file("Cellar_de", true, "Cellar_de.zip"));
+    products.as_object()["jsonProducts"] = "compared above";
+    products.as_object()["zipProducts"] = "compared above";
+    const boost::json::value expected{
+        {"roots",
+         {{"root", path("help")},
+          {"lookupFolder", path("help/docCatalog/referenceapi_lookup")},
+          {"referenceApiFolder", path("help/docCatalog/referenceapi")},
+          {"supportPackageFolder", path("packages/help/docCatalog/referenceapi")}}},
+        {"language", "de"},
+        {"localeSuffixes", {"_de", "_ja"}},
+        {"jsonProducts", "compared above"},
+        {"zipProducts", "compared above"},
+        {"topLevelProducts", {"orchard", "cellar"}},
+        {"supportPackages", {"gauge", "kit"}}};
+    EXPECT_EQ(boost::json::serialize(products), boost::json::serialize(expected));
+}
+
+TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
+    EXPECT_EQ(runProgram({"--root", "r", "--support-folder", "s", "--installed", "", "--langs",
+                          "en", "--lang", "en", "products", "--json"})
+                  .out,
+              R"({
+  "roots": {
+    "root": "r",
+    "lookupFolder": "r/docCatalog/referenceapi_lookup",
+    "referenceApiFolder": "r/docCatalog/referenceapi",
+    "supportPackageFolder": "s"
+  },
+  "language": "en",
+  "localeSuffixes": [],
+  "jsonProducts": [],
+  "zipProducts": [],
+  "topLevelProducts": [],
+  "supportPackages": []
+}
+)");
+}
+
+TEST_F(ProductsTest, TextTellsTheSameInTables) {
+    const std::string help = path("help");
+    const std::string lookup = help + "/docCatalog/referenceapi_lookup";
+    const std::string packages = path("packages/help/docCatalog/referenceapi");
+    EXPECT_EQ(run({"products"}).out, "Folders\n"
+                                     "-------\n"
+                                     "reference root       " +
+                                         help +
+                                         "\n"
+                                         "full resource files  " +
+                                         help +
+                                         "/docCatalog/referenceapi\n"
+                                         "support packages     " +
+                                         packages +
+                                         "\n"
+                                         "lookup files         " +
+                                         lookup +
+                                         "\n"
+                                         "\n"
+                                         "Languages\n"
+                                         "---------\n"
+                                         "current          de\n"
+                                         "besides English  de, ja\n"
+                                         "\n"
+                                         "Full resource files\n"
+                                         "-------------------\n"
+                                         "Name     Language  File\n"
+                                         "Orchard  en        " +
+                                         help +
+                                         "/docCatalog/referenceapi/Orchard.json\n"
+                                         "\n"
+                                         "Full resource files of support packages\n"
+                                         "---------------------------------------\n"
+                                         "Name    Language  File\n"
+                                         "Kit_de  de        " +
+                                         packages +
+                                         "/Kit_de.json\n"
+                                         "\n"
+                                         "Lookup files\n"
+                                         "------------\n"
+                                         "Name        Language  Kind         File\n"
+                                         "Orchard     en        plain file   " +
+                                         lookup +
+                                         "/Orchard.json\n"
+                                         "Orchard_de  de        plain file   " +
+                                         lookup +
+                                         "/Orchard_de.json\n"
+                                         "Cellar      en        zip package  " +
+                                         lookup +
+                                         "/Cellar.zip\n"
+                                         "Cellar_de   de        zip package  " +
+                                         lookup +
+                                         "/Cellar_de.zip\n"
+                                         "\n"
+                                         "Installed products\n"
+                                         "------------------\n"
+                                         "Name     Display name  Help location\n"
+                                         "orchard  Obstgarten    help/or\n"
+                                         "cellar\n"
+                                         "\n"
+                                         "Installed support packages\n"
+                                         "--------------------------\n"
+                                         "gauge\n"
+                                         "kit\n");
+}
+
+TEST_F(ProductsTest, TextSaysWhatIsNotThere) {
+    const std::string out =
+        runProgram({"--root", "r", "--support-folder", "s", "--installed", "", "products"}).out;
+    EXPECT_THAT(out, HasSubstr("Lookup files\n------------\nnone found\n"));
+    EXPECT_THAT(out, HasSubstr("Full resource files\n-------------------\nnone found\n"));
+    EXPECT_THAT(out, HasSubstr("Installed products\n------------------\nnone\n"));
+    EXPECT_THAT(out, HasSubstr("Installed support packages\n--------------------------\nnone\n"));
+}
+
+TEST_F(ProductsTest, AFileNameThatIsNoTextIsPrintedAsText) {
+    add("help/docCatalog/referenceapi_lookup/a\xff\x1b.json", "");
+    EXPECT_THAT(run({"products"}).out, HasSubstr("a\xef\xbf\xbd␛  "));
+    const Outcome json = run({"products", "--json"});
+    EXPECT_THAT(json.out, HasSubstr("\"name\": \"a\xef\xbf\xbd\\u001b\""));
+    EXPECT_THAT(json.out, Not(HasSubstr("\xff")));
+}
+
+} // namespace
+} // namespace refdoc_tests

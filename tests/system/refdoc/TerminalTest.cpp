@@ -1,0 +1,49 @@
+#include "tests/system/refdoc/RefdocTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+using testing::HasSubstr;
+
+class TerminalTest : public RefdocTest {
+protected:
+    TerminalTest() {
+        const std::string purpose = "Join the scion to the rootstock and wait until it grows";
+        addResource("P", section("p", R"({"href": "a.html", "refpurpose": ")" + purpose + "\"}"));
+        addLookup("P", section("p", R"({"name": "graft", "href": "a.html", "refpurpose": ")" +
+                                        purpose + "\"}"));
+    }
+
+    static constexpr const char* kWholeLine =
+        "  graft  function  Join the scion to the rootstock and wait until it grows  P  "
+        "not installed\n";
+};
+
+TEST_F(TerminalTest, TextIsWrappedToItsWidth) {
+    const std::string out = runAtTerminal(50, {"--color", "never", "show", "P"}).out;
+    EXPECT_THAT(out, HasSubstr("  Join the scion to the rootstock and wait until\n  it grows\n"));
+}
+
+TEST_F(TerminalTest, LinesOfTheIndexAreCutToItsWidth) {
+    EXPECT_THAT(runAtTerminal(60, {"--color", "never", "lookup"}).out,
+                HasSubstr("\n  graft  function  Join the scion to the…   P  not installed\n"));
+    EXPECT_THAT(runAtTerminal(120, {"--color", "never", "lookup"}).out, HasSubstr(kWholeLine));
+}
+
+TEST_F(TerminalTest, ColumnsOverrulesItsWidth) {
+    EXPECT_THAT(
+        runAtTerminal(60, {"--color", "never", "lookup"}, {.variables = {{"COLUMNS", "120"}}}).out,
+        HasSubstr(kWholeLine));
+}
+
+TEST_F(TerminalTest, AWidthThatIsNotKnownIs80) {
+    EXPECT_THAT(runAtTerminal(0, {"--color", "never", "lookup"}).out,
+                HasSubstr("\n  graft  function  Join the scion to the rootstock and wait u…"));
+}
+
+TEST_F(TerminalTest, AFileGetsTheLinesOfTheIndexWholeWhateverTheWidth) {
+    EXPECT_THAT(run({"lookup"}, {.variables = {{"COLUMNS", "40"}}}).out, HasSubstr(kWholeLine));
+}
+
+} // namespace
+} // namespace refdoc_tests

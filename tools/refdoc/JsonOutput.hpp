@@ -1,0 +1,23 @@
+#pragma once
+
+#include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/JsonWriter.hpp"
+
+#include <string>
+
+namespace refdoc {
+
+// Records as JSON: every field, under its name, in the order of the record's constructor;
+// enumerations as their words; maps in their own order.
+
+/// The whole answer of `show`.
+std::string
+showDocument(const std::u16string& product,
+             const reference::docparser::ResourceMap<reference::property::RefItem>& resources);
+
+/// The whole answer of `lookup`.
+std::string
+lookupDocument(const reference::docparser::ParsingResults<
+               reference::docparser::ResourceMap<reference::property::RefItemLookup>>& results);
+
+} // namespace refdoc

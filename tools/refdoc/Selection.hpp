@@ -1,0 +1,42 @@
+#pragma once
+
+#include "docparser/DocResourceParser.hpp"
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace refdoc {
+
+/// Keeps of the sections only the items with one of these keys, and of the sections only those that
+/// have such an item. Nothing is copied.
+/// \param found  gains the keys that some section has
+template <class T>
+void keepOnly(const std::vector<std::u16string>& keys,
+              reference::docparser::ResourceMap<T>& sections, std::set<std::u16string>& found) {
+    for (auto section = sections.begin(); section != sections.end();) {
+        typename reference::docparser::DocResource<T>::Items kept;
+        for (const std::u16string& key : keys) {
+            if (auto item = section->second.items.extract(key)) {
+                found.insert(key);
+                kept.insert(std::move(item));
+            }
+        }
+        section->second.items = std::move(kept);
+        section = section->second.items.empty() ? sections.erase(section) : std::next(section);
+    }
+}
+
+/// The keys that were asked for but not found, each once, in the order in which they were asked.
+inline std::vector<std::u16string> missingKeys(const std::vector<std::u16string>& keys,
+                                               std::set<std::u16string> found) {
+    std::vector<std::u16string> missing;
+    for (const std::u16string& key : keys) {
+        if (found.insert(key).second)
+            missing.push_back(key);
+    }
+    return missing;
+}
+
+} // namespace refdoc

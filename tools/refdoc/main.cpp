@@ -1,0 +1,83 @@
+#include "platform/except/IException.hpp"
+#include "tools/refdoc/Answer.hpp"
+#include "tools/refdoc/DisplayText.hpp"
+#include "tools/refdoc/HostOverrides.hpp"
+#include "tools/refdoc/LogToStderr.hpp"
+#include "tools/refdoc/LookupCommand.hpp"
+#include "tools/refdoc/Options.hpp"
+#include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/ProductsCommand.hpp"
+#include "tools/refdoc/ShowCommand.hpp"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <system_error>
+#include <variant>
+#include <vector>
+
+namespace {
+
+using namespace refdoc;
+
+Answer runCommand(const Options& options) {
+    if (options.verbose)
+        logToStandardError();
+    applyOptions(options);
+    const PageSetup setup =
+        choosePageSetup(options.color, platform::askStandardOutput(), readLayoutEnvironment());
+    switch (options.command) {
+    case Command::Show: return runShow(options, setup);
+    case Command::Lookup: return runLookup(options, setup);
+    case Command::Products: break;
+    }
+    return runProducts(options, setup);
+}
+
+Answer failure(const std::string& reason) {
+    return {.status = ExitStatus::Failed, .complaints = {reason}};
+}
+
+Answer answerTo(const std::vector<std::string>& arguments) {
+    try {
+        const std::variant<Options, Answer> understood = readCommandLine(arguments);
+        if (const Options* options = std::get_if<Options>(&understood))
+            return runCommand(*options);
+        return std::get<Answer>(understood);
+    } catch (const std::exception& error) {
+        return failure(error.what());
+    } catch (const foundation::core::except::IException& error) {
+        return failure(error.what());
+    }
+}
+
+// Nothing counts as printed before the system has taken it.
+bool print(const std::string& text) {
+    const std::size_t written = std::fwrite(text.data(), 1, text.size(), stdout);
+    return written == text.size() && std::fflush(stdout) == 0;
+}
+
+ExitStatus deliver(Answer answer) {
+    if (!print(answer.output)) {
+        const std::string cause = std::generic_category().message(errno);
+        answer.status = ExitStatus::Failed;
+        answer.complaints.push_back("can't write to standard output: " + cause);
+    }
+    for (const std::string& complaint : answer.complaints)
+        fmt::print(stderr, "refdoc: {}\n", visibleLine(complaint));
+    return answer.status;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    try {
+        return static_cast<int>(deliver(answerTo({argv + (argc > 0 ? 1 : 0), argv + argc})));
+    } catch (const std::exception&) {
+        // Standard error is gone or memory is; there is no one left to tell.
+        return static_cast<int>(ExitStatus::Failed);
+    }
+}
