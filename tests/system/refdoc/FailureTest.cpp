@@ -11,7 +11,7 @@ TEST_F(FailureTest, AMalformedManifestIsOneLineThatNamesFileAndPlace) {
     const std::vector<std::pair<std::string, std::string>> cases{
         {"{\n  \"docLanguage\": }", "line 2, column 18: syntax error"},
         {R"({"docLanguage": 1})", "/docLanguage: a string was expected"},
-        {R"([])", "/: an object was expected"},
+        {R"([])", "the top level: an object was expected"},
         {R"({"topLevelProducts": [{}]})", "/topLevelProducts/0: the key \"shortName\" is missing"},
         {R"({"hardwareSupportPackages": ["a", null]})",
          "/hardwareSupportPackages/1: a string was expected"},
