@@ -44,12 +44,12 @@ private:
         if (random_.chance(0.7))
             item.name("introduced", concat({"version ", std::to_string(1 + random_.below(18)), ".",
                                             std::to_string(random_.below(6))}));
-        if (random_.chance(0.15))
-            item.text("description", prose_.textAround(420));
+        if (random_.chance(0.4))
+            item.text("description", prose_.textAround(520));
         if (random_.chance(0.03))
             item.json("appthumbnail", thumbnail());
         if (random_.chance(0.04))
-            item.name("deprecationstatus", random_.chance(0.5) ? "discouraged" : "deprecated");
+            item.word("deprecationstatus", random_.chance(0.5) ? "discouraged" : "deprecated");
         item.objects("syntaxgroup", syntaxGroups());
         item.objects("inputs", inputs());
         item.objects("inputgroup", inputGroups());
@@ -68,10 +68,10 @@ private:
         constexpr std::string_view kTypes[] = {"function", "function", "function", "method",
                                                "class",    "property", "component"};
         JsonObject entity = object();
-        entity.name("type", random_.pick(kTypes));
+        entity.word("type", random_.pick(kTypes));
         if (random_.chance(0.3))
-            entity.name("fcntype", "method");
-        return {entity.name("name", name_).str()};
+            entity.word("fcntype", "method");
+        return {entity.text("name", name_).str()};
     }
 
     std::string thumbnail() {
@@ -87,11 +87,10 @@ private:
         for (std::size_t group = 0; group < count; ++group) {
             std::vector<std::string> lines;
             for (std::size_t line = 0, last = 1 + random_.count(1.2); line < last; ++line)
-                lines.push_back(
-                    concat({"auto [value, error] = ", name_, "(", identifier(random_, 2), ",",
-                            identifier(random_, 2), ",", identifier(random_, 2), ")"}));
+                lines.push_back(concat({"value = ", name_, "(", identifier(random_, 2), ",",
+                                        identifier(random_, 2), ",", identifier(random_, 2), ")"}));
             groups.push_back(object()
-                                 .name("syntaxtype", random_.chance(0.9) ? "function" : "command")
+                                 .word("syntaxtype", random_.chance(0.9) ? "function" : "command")
                                  .text("title", prose_.text(18))
                                  .names("syntax", lines)
                                  .str());
@@ -110,8 +109,8 @@ private:
             argument.texts("value", values);
         }
         if (random_.chance(0.9))
-            argument.name("htmlid", concat({"input_argument_", product_.name, "_", name, "_",
-                                            std::to_string(random_.below(99999))}));
+            argument.name("htmlid",
+                          concat({"argument_", name, "_", std::to_string(random_.below(99999))}));
         if (hasDefaults && random_.chance(0.2))
             argument.text("defaultvalue", prose_.text(8));
         return argument.str();
@@ -164,7 +163,7 @@ private:
         for (std::size_t link = 0, last = random_.count(1.2); link < last; ++link) {
             const std::string name = identifier(random_, 2);
             list.push_back(
-                object().name("url", pageOf(name, random_.below(100))).name("name", name).str());
+                object().name("url", pageOf(name, random_.below(100))).text("name", name).str());
         }
         return list;
     }
@@ -173,12 +172,11 @@ private:
         std::vector<std::string> list;
         for (std::size_t example = 0, last = random_.count(0.22); example < last; ++example) {
             const std::string name = identifier(random_, 3);
-            list.push_back(
-                object()
-                    .name("url", concat({"../", product_.name, "/ug/", name, ".html"}))
-                    .name("open_command", concat({"example open ", product_.name, "/", name}))
-                    .text("title", prose_.textAround(44))
-                    .str());
+            list.push_back(object()
+                               .name("url", concat({"../", product_.name, "/ug/", name, ".html"}))
+                               .name("open_command", concat({"example ", name}))
+                               .text("title", prose_.textAround(44))
+                               .str());
         }
         return list;
     }

@@ -17,11 +17,12 @@ double ratio(std::size_t part, std::size_t whole) {
 }
 
 void print(const char* kind, const TextStatistics& statistics) {
-    std::printf("%s: %zu items, %.2f strings an item, %.1f bytes an identifier, %.1f a text\n",
-                kind, statistics.items,
-                ratio(statistics.identifiers + statistics.texts, statistics.items),
-                ratio(statistics.identifierBytes, statistics.identifiers),
-                ratio(statistics.textBytes, statistics.texts));
+    std::printf(
+        "%s: %zu items, %.2f strings an item, %.1f bytes an identifier, %.1f a text\n", kind,
+        statistics.items,
+        ratio(statistics.words + statistics.identifiers + statistics.texts, statistics.items),
+        ratio(statistics.identifierBytes, statistics.identifiers),
+        ratio(statistics.textBytes, statistics.texts));
 }
 
 } // namespace

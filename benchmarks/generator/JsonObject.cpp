@@ -46,6 +46,11 @@ std::string concat(std::initializer_list<std::string_view> pieces) {
     return text;
 }
 
+JsonObject& JsonObject::word(std::string_view key, std::string_view value) {
+    ++statistics_.words;
+    return json(key, quoted(value));
+}
+
 JsonObject& JsonObject::name(std::string_view key, std::string_view value) {
     ++statistics_.identifiers;
     statistics_.identifierBytes += value.size();

@@ -12,6 +12,7 @@ namespace reference::docparser::benchmarks {
 /// How the strings of the generated files are made up, to be held against real documentation.
 struct TextStatistics {
     std::size_t items = 0;
+    std::size_t words = 0;
     std::size_t identifiers = 0;
     std::size_t identifierBytes = 0;
     std::size_t texts = 0;
@@ -26,9 +27,11 @@ class JsonObject {
 public:
     explicit JsonObject(TextStatistics& statistics) : statistics_(statistics) {}
 
-    /// An identifier, a link, a word of an enumeration.
+    /// A word of an enumeration.
+    JsonObject& word(std::string_view key, std::string_view value);
+    /// What the format takes for ASCII: an identifier, a link, a line of syntax.
     JsonObject& name(std::string_view key, std::string_view value);
-    /// Text for people.
+    /// What the format takes for UTF-8: text for people, most names.
     JsonObject& text(std::string_view key, std::string_view value);
     JsonObject& names(std::string_view key, const std::vector<std::string>& values);
     JsonObject& texts(std::string_view key, const std::vector<std::string>& values);

@@ -12,13 +12,13 @@ std::string makeItem(Random& random, Prose& prose, const std::string& name, std:
                      TextStatistics& statistics) {
     constexpr std::string_view kTypes[] = {"function", "function", "method", "class", "property"};
     JsonObject item(statistics);
-    item.name("name", name);
+    item.text("name", name);
     if (random.chance(0.95))
-        item.name("type", random.pick(kTypes));
+        item.word("type", random.pick(kTypes));
     item.text("refpurpose", prose.textAround(70));
     item.name("href", pageOf(name, index));
     if (random.chance(0.6))
-        item.name("fcntype", random.chance(0.5) ? "method" : "function");
+        item.word("fcntype", random.chance(0.5) ? "method" : "function");
     if (random.chance(0.03))
         item.json("deprecated", "true");
     if (random.chance(0.06))

@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr double kMeanItems = 30;
-constexpr std::size_t kMeanItemBytes = 1010;
+constexpr double kMeanItems = 27;
+constexpr std::size_t kMeanItemBytes = 1040;
 
 void writeFile(const fs::path& path, const std::string& text) {
     std::ofstream file(path, std::ios::binary);

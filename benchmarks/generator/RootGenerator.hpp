@@ -9,7 +9,7 @@
 namespace reference::docparser::benchmarks {
 
 /// The products of a root of `count` products, the same in every run. How many items a product has
-/// is long-tailed: half of them have fewer than two thirds of the mean of 30, one in a hundred has
+/// is long-tailed: half of them have fewer than two thirds of the mean of 27, one in a hundred has
 /// six times as many.
 std::vector<GeneratedProduct> makeProducts(std::size_t count);
 

@@ -19,7 +19,7 @@ JsonObject makeHeader(const std::string& name, Language language, TextStatistics
 } // namespace
 
 std::string pageOf(const std::string& name, std::size_t number) {
-    return concat({"../ref/pages/", name, "_", std::to_string(number), ".html"});
+    return concat({"ref/", name, "_", std::to_string(number), ".html"});
 }
 
 std::string makeFile(const GeneratedProduct& product, Language language, TextStatistics& statistics,
