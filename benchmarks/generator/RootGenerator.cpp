@@ -75,9 +75,9 @@ std::vector<GeneratedProduct> makeProducts(std::size_t count) {
 }
 
 Language translationOf(std::size_t productIndex) noexcept {
-    constexpr Language kTurns[] = {Language::German, Language::Japanese, Language::German,
-                                   Language::Russian};
-    return kTurns[productIndex % 4];
+    constexpr Language kTurns[] = {Language::German, Language::Japanese, Language::Russian};
+    // Every language meets products that lie in packages, which are every third.
+    return kTurns[(productIndex + productIndex / 3) % 3];
 }
 
 RootStatistics generateRoot(const fs::path& root, std::size_t count) {

@@ -13,8 +13,7 @@ namespace reference::docparser::benchmarks {
 /// six times as many.
 std::vector<GeneratedProduct> makeProducts(std::size_t count);
 
-/// The language that a product is translated into: German for every second product, Japanese and
-/// Russian for the others by turns.
+/// The language that a product is translated into: German, Japanese or Russian, by turns.
 Language translationOf(std::size_t productIndex) noexcept;
 
 /// What a root was made of.

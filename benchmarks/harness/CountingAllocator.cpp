@@ -1,15 +1,15 @@
 #include "benchmarks/harness/CountingAllocator.hpp"
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
 
 // The C library's own functions, under the names that it keeps for allocators like this one.
 extern "C" {
 void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* block, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 void __libc_free(void* block);
 }
@@ -20,18 +20,29 @@ std::size_t liveBytes = 0;
 std::size_t peakBytes = 0;
 std::size_t allocations = 0;
 
-void* countIn(void* block) noexcept {
-    if (block) {
-        liveBytes += malloc_usable_size(block);
-        peakBytes = std::max(peakBytes, liveBytes);
-        ++allocations;
-    }
+// Stands right in front of each block that a caller gets.
+struct alignas(std::max_align_t) Header {
+    std::size_t size;   // that the caller asked for
+    std::size_t offset; // of the caller's block in what the C library gave
+};
+
+Header* headerOf(void* block) noexcept {
+    return static_cast<Header*>(block) - 1;
+}
+
+void* countIn(void* given, std::size_t offset, std::size_t size) noexcept {
+    if (!given)
+        return nullptr;
+    liveBytes += size;
+    peakBytes = std::max(peakBytes, liveBytes);
+    ++allocations;
+    void* const block = static_cast<std::byte*>(given) + offset;
+    *headerOf(block) = {size, offset};
     return block;
 }
 
-void countOut(void* block) noexcept {
-    if (block)
-        liveBytes -= malloc_usable_size(block);
+bool isTooLarge(std::size_t size, std::size_t offset) noexcept {
+    return size > std::numeric_limits<std::size_t>::max() - offset;
 }
 
 } // namespace
@@ -39,23 +50,40 @@ void countOut(void* block) noexcept {
 extern "C" {
 
 void* malloc(std::size_t size) noexcept {
-    return countIn(__libc_malloc(size));
+    if (isTooLarge(size, sizeof(Header)))
+        return nullptr;
+    return countIn(__libc_malloc(sizeof(Header) + size), sizeof(Header), size);
+}
+
+void free(void* block) noexcept {
+    if (!block)
+        return;
+    const Header header = *headerOf(block);
+    liveBytes -= header.size;
+    __libc_free(static_cast<std::byte*>(block) - header.offset);
 }
 
 void* calloc(std::size_t count, std::size_t size) noexcept {
-    return countIn(__libc_calloc(count, size));
+    if (size != 0 && count > std::numeric_limits<std::size_t>::max() / size)
+        return nullptr;
+    void* const block = malloc(count * size);
+    return block ? std::memset(block, 0, count * size) : nullptr;
 }
 
 void* realloc(void* block, std::size_t size) noexcept {
-    const std::size_t before = block ? malloc_usable_size(block) : 0;
-    void* const moved = __libc_realloc(block, size);
-    if (moved || size == 0)
-        liveBytes -= before;
-    return countIn(moved);
+    void* const moved = malloc(size);
+    if (moved && block) {
+        std::memcpy(moved, block, std::min(size, headerOf(block)->size));
+        free(block);
+    }
+    return moved;
 }
 
 void* memalign(std::size_t alignment, std::size_t size) noexcept {
-    return countIn(__libc_memalign(alignment, size));
+    const std::size_t offset = std::max(alignment, sizeof(Header));
+    if (isTooLarge(size, offset))
+        return nullptr;
+    return countIn(__libc_memalign(alignment, offset + size), offset, size);
 }
 
 void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
@@ -70,9 +98,8 @@ int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexce
     return 0;
 }
 
-void free(void* block) noexcept {
-    countOut(block);
-    __libc_free(block);
+std::size_t malloc_usable_size(void* block) noexcept {
+    return block ? headerOf(block)->size : 0;
 }
 
 } // extern "C"

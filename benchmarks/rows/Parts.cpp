@@ -1,4 +1,3 @@
-#include "benchmarks/peers/ZipReader.hpp"
 #include "benchmarks/rows/Group.hpp"
 #include "benchmarks/rows/Readers.hpp"
 #include "benchmarks/rows/Row.hpp"
@@ -6,14 +5,16 @@
 #include "docparser/discovery/Locales.hpp"
 #include "docparser/discovery/ProductEnumeration.hpp"
 #include "docparser/io/ResourceFileReader.hpp"
+#include "docparser/io/ZipEntryReader.hpp"
+#include "docparser/io/ZipPackage.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
+#include "platform/package/StorageSystem.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 
 namespace reference::docparser::benchmarks {
 
-namespace fs = std::filesystem;
 using property::RefItem;
 using property::RefItemLookup;
 
@@ -96,11 +97,15 @@ std::size_t readFolderProducts(const ProductLists& products) {
 }
 
 std::size_t inflatePackages(const ProductLists& products) {
+    const opc::FileSystemOpsSelector selector(
+        storage::microservicestoragesystem::GetStorageSystemReference());
     std::size_t bytes = 0;
-    for (const ProductPathData& product : products.zipProducts) {
-        const ZipReader zip{fs::path(product.getFullPath())};
-        for (const ZipReader::Entry& entry : zip.entries())
-            bytes += zip.read(entry, kSpareBytes).size();
+    for (const ProductPathData& zipFile : products.zipProducts) {
+        ZipPackage package(zipFile.getFullPath(), selector);
+        for (const ProductZipData& product :
+             package.findProducts(zipFile.isNonEnglishLocale(), getSupportedDocLocales(),
+                                  makeLocaleSuffix(getCurrentLocale())))
+            bytes += openAndReadFile(product).size();
     }
     return bytes;
 }
