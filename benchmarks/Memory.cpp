@@ -15,7 +15,10 @@ using namespace reference::docparser::benchmarks;
 
 class MemoryMeter final : public Meter {
 public:
+    /// Nothing for a row whose root has no input for it.
     void print(const Row& row) const {
+        if (inputBytes_ == 0)
+            return;
         const auto bytes = static_cast<double>(inputBytes_);
         std::printf("{\"row\": \"%s:%s\", \"peak\": %.3f, \"kept\": %.3f, \"allocations\": %.3f}\n",
                     row.group.c_str(), row.name.c_str(), static_cast<double>(peakBytes_) / bytes,

@@ -73,7 +73,7 @@ def main():
     if arguments.svg:
         arguments.svg.write_text(picture.draw(reports[0]), encoding="utf-8")
     if arguments.docs:
-        document.write(reports[0])
+        document.write(reports[0], programs)
     return 0
 
 

@@ -5,6 +5,7 @@ import pathlib
 import re
 import subprocess
 
+import instructions
 import picture
 import tables
 
@@ -32,7 +33,7 @@ def put(page, mark, content):
     return replaced
 
 
-def write(report):
+def write(report, programs):
     page = PAGE.read_text(encoding="utf-8")
     page = put(page, "machine", f"Measured on {datetime.date.today():%d %B %Y}: {processor()}, "
                                 f"{compiler()}.")
@@ -40,6 +41,7 @@ def write(report):
     page = put(page, "parts", tables.parts_table(report))
     page = put(page, "single", tables.single_table(report))
     page = put(page, "merge", tables.merge_table(report))
+    page = put(page, "profile", instructions.table(instructions.measure(programs)))
     page = put(page, "targets", tables.target_table(report))
     PAGE.write_text(page, encoding="utf-8")
     PICTURE.write_text(picture.draw(report), encoding="utf-8")

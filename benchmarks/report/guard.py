@@ -24,7 +24,8 @@ ENVIRONMENT = {
 }
 
 
-def count(programs, workload):
+def count(programs, workload, profile="/dev/null"):
+    """Instructions of one workload; `profile` gets callgrind's file."""
     # A relative folder is as long on every machine.
     folder = pathlib.Path("build/guard") / workload
     shutil.rmtree(folder, ignore_errors=True)
@@ -32,7 +33,7 @@ def count(programs, workload):
     program = os.path.relpath(programs / "docparser_workload")
     done = subprocess.run(
         ["setarch", "-R", "valgrind", "--tool=callgrind", "--toggle-collect=runMeasured",
-         "--callgrind-out-file=/dev/null", program, workload, str(folder)],
+         f"--callgrind-out-file={profile}", program, workload, str(folder)],
         env=ENVIRONMENT, stderr=subprocess.PIPE, text=True)
     found = re.search(r"Collected : (\d+)", done.stderr)
     if done.returncode != 0 or not found or int(found[1]) == 0:

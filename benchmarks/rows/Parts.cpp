@@ -83,20 +83,22 @@ std::vector<Row> fullParts(const std::shared_ptr<const Corpus>& corpus) {
             group.row("whole", fileOf, whole)};
 }
 
+using LookupUnit = Unit<LookupResults>;
+
 // What a retrieval finds in the lookup folder.
 ProductLists walk(const Corpus& corpus) {
     return findProducts(corpus.lookupFolder().u16string(), getSupportedDocLocales(),
                         makeLocaleSuffix(getCurrentLocale()));
 }
 
-std::size_t readFolderProducts(const ProductLists& products) {
+std::size_t readFolderProducts(const LookupUnit&, const ProductLists& products) {
     std::size_t bytes = 0;
     for (const ProductPathData& product : products.jsonProducts)
         bytes += openAndReadFile(product).size();
     return bytes;
 }
 
-std::size_t inflatePackages(const ProductLists& products) {
+std::size_t inflatePackages(const LookupUnit&, const ProductLists& products) {
     const opc::FileSystemOpsSelector selector(
         storage::microservicestoragesystem::GetStorageSystemReference());
     std::size_t bytes = 0;
@@ -110,7 +112,7 @@ std::size_t inflatePackages(const ProductLists& products) {
     return bytes;
 }
 
-LookupMap mergeAll(std::vector<DocResource<RefItemLookup>> sections) {
+LookupMap mergeAll(const LookupUnit&, std::vector<DocResource<RefItemLookup>> sections) {
     LookupMap result;
     for (DocResource<RefItemLookup>& section : sections) {
         std::u16string key = section.header.getHelpFolder();
@@ -121,52 +123,43 @@ LookupMap mergeAll(std::vector<DocResource<RefItemLookup>> sections) {
     return result;
 }
 
+std::vector<DocResource<RefItemLookup>> buildLookups(const LookupUnit&,
+                                                     const Documents& documents) {
+    return buildAll<RefItemLookup>(documents, parseRefItemLookupSection);
+}
+
+LookupResults retrieveWhole(const LookupUnit&, int) {
+    return DocResourceParser::getResourceLookupFiles();
+}
+
 std::vector<Row> lookupParts(const std::shared_ptr<const Corpus>& corpus) {
-    using Result = LookupResults;
     const auto load = [corpus] {
         std::vector<ProductText> texts = corpus->lookupTexts(kLanguage);
         const std::size_t bytes = bytesOf(texts);
-        return std::vector<Unit<Result>>{{{}, std::move(texts), bytes}};
+        return std::vector<LookupUnit>{{{}, std::move(texts), bytes}};
     };
-    const auto setLanguage = [corpus](const Unit<Result>&) {
+    const auto setLanguage = [corpus](const LookupUnit&) {
         corpus->setLanguage(kLanguage);
         return 0;
     };
-    const auto list = [corpus, setLanguage](const Unit<Result>& unit) {
+    const auto list = [corpus, setLanguage](const LookupUnit& unit) {
         setLanguage(unit);
         return walk(*corpus);
     };
-    const auto build = [](const Documents& documents) {
-        return buildAll<RefItemLookup>(documents, parseRefItemLookupSection);
+    const auto walkOnly = [corpus](const LookupUnit&, int) { return walk(*corpus); };
+    const auto parseAndBuild = [](const LookupUnit& unit) {
+        return buildLookups(unit, parseAll<LookupResults>(unit));
     };
-    const auto whole = [](const Unit<Result>&, int) {
-        return DocResourceParser::getResourceLookupFiles();
-    };
-    const Group<Result> group("lookup/parts", load,
-                              [whole](const Unit<Result>& unit) { return whole(unit, 0); });
+    const auto reference = [](const LookupUnit& unit) { return retrieveWhole(unit, 0); };
+    const Group<LookupResults> group("lookup/parts", load, reference);
 
-    return {group.floor("walk", setLanguage,
-                        [corpus](const Unit<Result>&, int) { return walk(*corpus); }),
-            group.floor("read", list,
-                        [](const Unit<Result>&, const ProductLists& products) {
-                            return readFolderProducts(products);
-                        }),
-            group.floor("inflate", list,
-                        [](const Unit<Result>&, const ProductLists& products) {
-                            return inflatePackages(products);
-                        }),
+    return {group.floor("walk", setLanguage, walkOnly),
+            group.floor("read", list, readFolderProducts),
+            group.floor("inflate", list, inflatePackages),
             group.parseFloors().front(),
-            group.floor("build", parseAll<Result>,
-                        [build](const Unit<Result>&, const Documents& documents) {
-                            return build(documents);
-                        }),
-            group.floor(
-                "merge",
-                [build](const Unit<Result>& unit) { return build(parseAll<Result>(unit)); },
-                [](const Unit<Result>&, std::vector<DocResource<RefItemLookup>> sections) {
-                    return mergeAll(std::move(sections));
-                }),
-            group.row("whole", setLanguage, whole)};
+            group.floor("build", parseAll<LookupResults>, buildLookups),
+            group.floor("merge", parseAndBuild, mergeAll),
+            group.row("whole", setLanguage, retrieveWhole)};
 }
 
 } // namespace
