@@ -128,7 +128,7 @@ TEST_F(ThreadsTest, AllOperationsRunBesideEachOtherAndSeeOneStateEach) {
     }
 }
 
-TEST_F(ThreadsTest, ChangingSettingsNeverWaitForEachOther) {
+TEST_F(ThreadsTest, ThreadsThatChangeSettingsNeverWaitForEachOtherForGood) {
     runWatched([this] {
         std::vector<std::future<void>> threads;
         for (int thread = 0; thread < kThreads; ++thread)
