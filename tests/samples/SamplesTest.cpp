@@ -1,0 +1,107 @@
+#include "docparser/DocResourceParser.hpp"
+#include "platform/HostServices.hpp"
+#include "platform/InstallationManifest.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "tests/support/LogCapture.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+
+namespace docparser_tests {
+namespace {
+
+using reference::docparser::DocResourceParser;
+using testing::ElementsAre;
+
+const std::u16string kSamples = fl::i18n::to_ustring(SAMPLES_FOLDER);
+
+// The samples' own answers, but for the language.
+class SampleHost final : public platform::HostServices {
+public:
+    explicit SampleHost(std::u16string language) : language_(std::move(language)) {}
+
+    std::u16string installPath() const override { return manifest_.installPath(); }
+    std::u16string docLanguage() const override { return language_; }
+    std::vector<std::u16string> supportedDocLanguages() const override {
+        return manifest_.supportedDocLanguages();
+    }
+    std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
+    installedTopLevelDocProducts() const override {
+        return manifest_.installedTopLevelDocProducts();
+    }
+    std::u16string supportPackageRoot() const override { return manifest_.supportPackageRoot(); }
+    std::unordered_set<std::u16string>
+    installedHardwareSupportPackages(const std::u16string& root) const override {
+        return manifest_.installedHardwareSupportPackages(root);
+    }
+
+private:
+    platform::InstallationManifest manifest_{kSamples};
+    std::u16string language_;
+};
+
+class SamplesTest : public testing::TestWithParam<const char16_t*> {
+protected:
+    SamplesTest() {
+        platform::setHostServices(std::make_shared<SampleHost>(GetParam()));
+        DocResourceParser::restoreDefaultSettings();
+        DocResourceParser::setReferenceRoot(kSamples + u"/help");
+    }
+    ~SamplesTest() override {
+        platform::setHostServices(nullptr);
+        DocResourceParser::restoreDefaultSettings();
+    }
+
+    template <class Map>
+    static std::set<std::u16string> keysOf(const Map& map) {
+        std::set<std::u16string> keys;
+        for (const auto& [key, value] : map)
+            keys.insert(key);
+        return keys;
+    }
+};
+
+TEST_P(SamplesTest, EveryProductIsFound) {
+    std::size_t count = 0;
+    for (const std::u16string product : {u"Orchard", u"Cellar", u"HiveScale"}) {
+        for (const auto& [key, section] : DocResourceParser::getResourceFile(product)) {
+            EXPECT_EQ(section.header.getProduct(), product);
+            for (const auto& [href, items] : section.items)
+                count += items.size();
+        }
+    }
+    EXPECT_GE(count, 50U);
+}
+
+TEST_P(SamplesTest, TheIndexIsSplitByWhatTheManifestSays) {
+    const LogCapture log;
+    const auto lookups = DocResourceParser::getResourceLookupFiles();
+    EXPECT_EQ(keysOf(lookups.installed),
+              (std::set<std::u16string>{u"cellar", u"hivescale", u"orchard", u"sensorkit"}));
+    std::set<std::u16string> notInstalled = {u"market", u"rainmast"};
+    if (std::u16string(GetParam()) == u"de")
+        notInstalled.insert(u"sortenliste");
+    EXPECT_EQ(keysOf(lookups.notInstalled), notInstalled);
+    // Each file and entry that is opened can be used.
+    for (const std::string& message : log.messages())
+        EXPECT_THAT(message, testing::StartsWith("Reading file: "));
+}
+
+TEST_P(SamplesTest, ThePackageAndThePlainFileOfCellarAreMerged) {
+    const auto lookups = DocResourceParser::getResourceLookupFiles();
+    const auto& items = lookups.installed.at(u"cellar").items;
+    EXPECT_EQ(items.at(u"batch").size(), 2U);
+    EXPECT_EQ(items.at(u"blend").size(), 2U);
+    EXPECT_EQ(items.at(u"press").size(), 1U);
+    EXPECT_EQ(items.at(u"volume").size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, SamplesTest, testing::Values(u"en", u"de", u"ja"),
+                         [](const auto& test) { return fl::i18n::to_string(test.param); });
+
+} // namespace
+} // namespace docparser_tests
