@@ -71,7 +71,8 @@ public:
                                        const std::u16string& currentLocaleSuffix);
 
     /// The installed products at the top level of the documentation, never null: the catalogue's,
-    /// asked for at each call under a lock, or those of setTestProducts().
+    /// asked for at each call under a lock, or those of setTestProducts(). Hold the pointer while
+    /// you walk the list.
     /// \throws whatever the catalogue throws
     static std::shared_ptr<const std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>>
     getTopLevelProducts();

@@ -1,6 +1,7 @@
 #include "docparser/parsing/ItemPartReaders.hpp"
 
 #include "docparser/parsing/Members.hpp"
+#include "platform/i18n/Converter.hpp"
 
 #include <string_view>
 #include <utility>
@@ -13,13 +14,24 @@ using enum StringParsingType;
 
 namespace {
 
-// A link to a place on the item's page, in one allocation.
-std::u16string makeAnchor(const std::u16string& href, std::u16string_view separator,
-                          const std::u16string& place) {
-    std::u16string anchor;
-    anchor.reserve(href.size() + separator.size() + place.size());
-    anchor.append(href).append(separator).append(place);
-    return anchor;
+// A link to a place on the item's page: href, "#" and the anchor, in one allocation.
+// \param htmlid  the anchor; null when the element has none
+std::u16string makeAnchor(const std::u16string& href, const json::value* htmlid) {
+    const std::string_view anchor = htmlid ? getJsonString(*htmlid) : std::string_view();
+    std::u16string link;
+    link.reserve(href.size() + 1 + anchor.size());
+    link.append(href).append(1, u'#');
+    fl::i18n::append_ascii(link, anchor);
+    return link;
+}
+
+// The link to a property of a class, which is formed from its name, in one allocation.
+std::u16string makePropertyAnchor(const std::u16string& href, const std::u16string& name) {
+    constexpr std::u16string_view kSeparator = u"#prop_";
+    std::u16string link;
+    link.reserve(href.size() + kSeparator.size() + name.size());
+    link.append(href).append(kSeparator).append(name);
+    return link;
 }
 
 // The keys of an argument: of an input, an output or a parameter, which each use some of them.
@@ -44,7 +56,7 @@ ObjectInfo makeObjectInfo(std::u16string name, const json::value& purpose,
 
 ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,
                           StringParsingType nameType) {
-    std::u16string anchor = makeAnchor(href, u"#", argument.optionalText(ArgHtmlId, Ascii));
+    std::u16string anchor = makeAnchor(href, argument[ArgHtmlId]);
     std::u16string name = argument.text(ArgName, nameType);
     return makeObjectInfo(std::move(name), argument.required(ArgPurpose), argument[ArgValue],
                           std::move(anchor));
@@ -95,7 +107,7 @@ std::vector<ClassProperty> readClassProperties(const json::value* classproperty,
                                                       std::vector<ClassProperty>& properties) {
         const Members property(element, kKeys);
         std::u16string name = property.text(Name, nameType);
-        std::u16string anchor = makeAnchor(href, u"#prop_", name);
+        std::u16string anchor = makePropertyAnchor(href, name);
         ObjectInfo objectInfo = makeObjectInfo(std::move(name), property.required(Purpose),
                                                property[Value], std::move(anchor));
         properties.emplace_back(std::move(objectInfo), property.optionalText(DefaultValue, Utf8));

@@ -4,9 +4,6 @@
 #include "docparser/parsing/Members.hpp"
 #include "platform/i18n/Converter.hpp"
 
-#include <algorithm>
-#include <cstdint>
-#include <cstring>
 #include <string_view>
 
 namespace reference::docparser {
@@ -27,24 +24,6 @@ const Converters& converters() {
 
 [[maybe_unused]] const Converters& builtAtLoad = converters();
 
-// Whether all bytes lie in 01..7E, so that widening them is decoding them. NUL and DEL do not.
-bool isPlain(std::string_view text) noexcept {
-    // Eight bytes at a time: compilers do not turn the byte loop, which may end early, into that.
-    constexpr std::uint64_t kOnes = 0x0101010101010101;
-    constexpr std::uint64_t kHighBits = 0x80 * kOnes;
-    constexpr std::uint64_t kDels = 0x7F * kOnes;
-    for (; text.size() >= sizeof(std::uint64_t); text.remove_prefix(sizeof(std::uint64_t))) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, text.data(), sizeof word);
-        const std::uint64_t isNulOrHigh = (word - kOnes) | word;
-        const std::uint64_t dels = word ^ kDels; // DEL is zero here
-        const std::uint64_t isDel = (dels - kOnes) & ~dels;
-        if (((isNulOrHigh | isDel) & kHighBits) != 0)
-            return false;
-    }
-    return std::ranges::all_of(text, [](char byte) { return byte >= 0x01 && byte <= 0x7E; });
-}
-
 [[noreturn]] void throwWrongKind(const json::value& value, std::string_view expected) {
     const auto found = json::to_string(value.kind());
     throw FormatError(&value, std::string(expected) + " expected, " +
@@ -54,12 +33,11 @@ bool isPlain(std::string_view text) noexcept {
 } // namespace
 
 std::u16string getFluString(const json::value& value, StringParsingType type) {
-    const json::string* text = value.if_string();
-    if (!text)
-        throwWrongKind(value, "string");
-    if (type == StringParsingType::Ascii || isPlain(*text))
-        return converters().ascii.convert(text->data(), text->size());
-    return converters().utf8.convert(text->data(), text->size());
+    const std::string_view text = getJsonString(value);
+    // The UTF-8 converter widens runs of ASCII as it meets them, so no scan decides between the two.
+    if (type == StringParsingType::Ascii)
+        return converters().ascii.convert(text.data(), text.size());
+    return converters().utf8.convert(text.data(), text.size());
 }
 
 std::u16string getFluString(const json::object& object, const std::string& key,
@@ -71,6 +49,13 @@ std::u16string getFluStringWithFallback(const json::object& object, const std::s
                                         StringParsingType type) {
     const auto found = object.find(key);
     return found == object.end() ? std::u16string() : getFluString(found->value(), type);
+}
+
+std::string_view getJsonString(const json::value& value) {
+    const json::string* text = value.if_string();
+    if (!text)
+        throwWrongKind(value, "string");
+    return *text;
 }
 
 const json::object& getJsonObject(const json::value& value) {

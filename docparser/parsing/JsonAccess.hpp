@@ -5,6 +5,7 @@
 #include <boost/json/value.hpp>
 
 #include <string>
+#include <string_view>
 
 namespace reference::docparser {
 
@@ -21,6 +22,9 @@ std::u16string getFluString(const boost::json::object& object, const std::string
 /// The text of the string under an optional key; empty when there is no such key.
 std::u16string getFluStringWithFallback(const boost::json::object& object, const std::string& key,
                                         StringParsingType type);
+
+/// The bytes of a JSON string, as they are in the document.
+std::string_view getJsonString(const boost::json::value& value);
 
 /// The value as an object.
 const boost::json::object& getJsonObject(const boost::json::value& value);

@@ -58,19 +58,31 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
-// Widens the ASCII bytes that the text starts with and returns how many there are. Most text is
-// ASCII or has runs of it, so eight bytes at a time.
+// Whether `Count` bytes, a multiple of eight, are all ASCII.
+template <std::size_t Count>
+bool isAsciiBlock(const char* bytes) noexcept {
+    std::array<std::uint64_t, Count / sizeof(std::uint64_t)> words;
+    std::memcpy(words.data(), bytes, Count);
+    std::uint64_t allBits = 0;
+    for (const std::uint64_t word : words)
+        allBits |= word;
+    return (allBits & 0x8080808080808080) == 0;
+}
+
+// Widens blocks of the text from place `done` on while they are ASCII; returns the place behind
+// them. Blocks of a known size let the compiler widen many bytes at once.
+template <std::size_t Count>
+std::size_t widenAsciiBlocks(std::string_view text, std::size_t done, char16_t* out) noexcept {
+    for (; text.size() - done >= Count && isAsciiBlock<Count>(text.data() + done); done += Count)
+        std::transform(text.data() + done, text.data() + done + Count, out + done, widen);
+    return done;
+}
+
+// Widens the ASCII bytes that the text starts with and returns how many there are: most text is
+// ASCII or has runs of it.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
-    constexpr std::uint64_t kHighBits = 0x8080808080808080;
-    std::size_t done = 0;
-    for (; text.size() - done >= sizeof(std::uint64_t); done += sizeof(std::uint64_t)) {
-        const char* const bytes = text.data() + done;
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes, sizeof word);
-        if ((word & kHighBits) != 0)
-            break;
-        std::transform(bytes, bytes + sizeof word, out + done, widen);
-    }
+    std::size_t done = widenAsciiBlocks<32>(text, 0, out);
+    done = widenAsciiBlocks<8>(text, done, out);
     for (; done < text.size() && isAscii(text[done]); ++done)
         out[done] = widen(text[done]);
     return done;
@@ -151,6 +163,12 @@ std::u16string codecvt_ascii_to_ustring::convert(const char* text, std::size_t l
         std::ranges::transform(bytes, room, widen);
         return length;
     });
+}
+
+void append_ascii(std::u16string& text, std::string_view bytes) {
+    const std::size_t length = text.size();
+    text.resize(length + bytes.size());
+    std::ranges::transform(bytes, text.data() + length, widen);
 }
 
 std::string to_string(std::u16string_view text) {

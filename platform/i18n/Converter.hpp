@@ -53,6 +53,9 @@ private:
     bool strict_;
 };
 
+/// Appends bytes to a text, each as the code unit of the same value, without a text in between.
+DOCPARSER_PLATFORM_EXPORT void append_ascii(std::u16string& text, std::string_view bytes);
+
 /// UTF-16 to UTF-8; each unpaired surrogate becomes U+FFFD.
 DOCPARSER_PLATFORM_EXPORT std::string to_string(std::u16string_view text);
 
