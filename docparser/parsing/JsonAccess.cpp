@@ -34,7 +34,8 @@ const Converters& converters() {
 
 std::u16string getFluString(const json::value& value, StringParsingType type) {
     const std::string_view text = getJsonString(value);
-    // The UTF-8 converter widens runs of ASCII as it meets them, so no scan decides between the two.
+    // The UTF-8 converter widens runs of ASCII as it meets them: no scan need choose between the
+    // two.
     if (type == StringParsingType::Ascii)
         return converters().ascii.convert(text.data(), text.size());
     return converters().utf8.convert(text.data(), text.size());

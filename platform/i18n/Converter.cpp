@@ -81,8 +81,13 @@ std::size_t widenAsciiBlocks(std::string_view text, std::size_t done, char16_t* 
 // Widens the ASCII bytes that the text starts with and returns how many there are: most text is
 // ASCII or has runs of it.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
-    std::size_t done = widenAsciiBlocks<32>(text, 0, out);
-    done = widenAsciiBlocks<8>(text, done, out);
+    std::size_t done = 0;
+    // Words of other scripts are set apart by single spaces, for which no large block is worth a
+    // try.
+    if (text.size() >= 8 && isAsciiBlock<8>(text.data())) {
+        done = widenAsciiBlocks<32>(text, 0, out);
+        done = widenAsciiBlocks<8>(text, done, out);
+    }
     for (; done < text.size() && isAscii(text[done]); ++done)
         out[done] = widen(text[done]);
     return done;
