@@ -58,38 +58,40 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
-// Whether `Count` bytes, a multiple of eight, are all ASCII.
+// Widens `Count` bytes, a multiple of eight, when they are all ASCII, and tells whether they are.
+// Blocks of a known size let the compiler work on many bytes at once.
 template <std::size_t Count>
-bool isAsciiBlock(const char* bytes) noexcept {
+bool widenAsciiBlock(const char* bytes, char16_t* out) noexcept {
     std::array<std::uint64_t, Count / sizeof(std::uint64_t)> words;
     std::memcpy(words.data(), bytes, Count);
     std::uint64_t allBits = 0;
     for (const std::uint64_t word : words)
         allBits |= word;
-    return (allBits & 0x8080808080808080) == 0;
-}
-
-// Widens blocks of the text from place `done` on while they are ASCII; returns the place behind
-// them. Blocks of a known size let the compiler widen many bytes at once.
-template <std::size_t Count>
-std::size_t widenAsciiBlocks(std::string_view text, std::size_t done, char16_t* out) noexcept {
-    for (; text.size() - done >= Count && isAsciiBlock<Count>(text.data() + done); done += Count)
-        std::transform(text.data() + done, text.data() + done + Count, out + done, widen);
-    return done;
+    if ((allBits & 0x8080808080808080) != 0)
+        return false;
+    std::transform(bytes, bytes + Count, out, widen);
+    return true;
 }
 
 // Widens the ASCII bytes that the text starts with and returns how many there are: most text is
 // ASCII or has runs of it.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
+    const char* const bytes = text.data();
+    const std::size_t length = text.size();
     std::size_t done = 0;
     // Words of other scripts are set apart by single spaces, for which no large block is worth a
     // try.
-    if (text.size() >= 8 && isAsciiBlock<8>(text.data())) {
-        done = widenAsciiBlocks<32>(text, 0, out);
-        done = widenAsciiBlocks<8>(text, done, out);
+    if (length >= 8 && widenAsciiBlock<8>(bytes, out)) {
+        for (done = 8; length - done >= 32 && widenAsciiBlock<32>(bytes + done, out + done);)
+            done += 32;
+        while (length - done >= 8 && widenAsciiBlock<8>(bytes + done, out + done))
+            done += 8;
+        // The rest of a text that ends soon is the end of its last block.
+        if (length - done < 8 && widenAsciiBlock<8>(bytes + length - 8, out + length - 8))
+            return length;
     }
-    for (; done < text.size() && isAscii(text[done]); ++done)
-        out[done] = widen(text[done]);
+    for (; done < length && isAscii(bytes[done]); ++done)
+        out[done] = widen(bytes[done]);
     return done;
 }
 
