@@ -8,7 +8,7 @@ namespace opc::detail {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 32 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{32} << 10;
 
 } // namespace
 

@@ -12,8 +12,8 @@ namespace opc {
 
 namespace {
 
-constexpr std::size_t kChunk = 16 * 1024;
-constexpr std::uint64_t kFirstStep = 1024 * 1024;
+constexpr std::size_t kChunk = std::size_t{16} << 10;
+constexpr std::uint64_t kFirstStep = std::uint64_t{1} << 20;
 
 /// The next size of a full text to which `arrived` more bytes belong. As long as the claim holds it
 /// is believed up to four times what has come, which spares copies; after that the text doubles.

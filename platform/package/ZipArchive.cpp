@@ -13,7 +13,7 @@ namespace {
 // Room for some hundred thousand entries. It bounds what libzip holds in memory, how often a file
 // with many ends can make it read one directory, and the time that it takes to tell apart names
 // made to share a hash.
-constexpr std::uint64_t kLongestDirectory = 8 * 1024 * 1024;
+constexpr std::uint64_t kLongestDirectory = std::uint64_t{8} << 20;
 
 } // namespace
 

@@ -87,8 +87,8 @@ void ZipSource::clearHiddenFlags(char* bytes, std::size_t length) const {
     const std::uint64_t end = position_ + length;
     auto entry = std::ranges::lower_bound(*hidden_, position_, {}, &FlaggedEntry::flagOffset);
     for (; entry != hidden_->end() && entry->flagOffset < end; ++entry) {
-        char& flags = bytes[entry->flagOffset - position_];
-        flags = static_cast<char>(static_cast<unsigned char>(flags) & ~kUtf8NameFlag);
+        char* const flags = bytes + (entry->flagOffset - position_);
+        *flags = static_cast<char>(static_cast<unsigned char>(*flags) & ~kUtf8NameFlag);
     }
 }
 
