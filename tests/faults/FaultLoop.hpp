@@ -36,6 +36,9 @@ struct Operation {
     std::function<void()> restore;
 };
 
+/// libzip 1.7 loses what it had made of an entry's source when memory ends in the midst of it.
+inline constexpr std::size_t kMostLeakedByLibzip = 1;
+
 /// How many files the process has open.
 std::size_t openDescriptors();
 
@@ -84,7 +87,8 @@ bool runUnderFault(const Operation<Result>& operation, const Result& expected, A
         EXPECT_EQ(operation.act(), expected) << "the next call";
     });
     operation.restore();
-    EXPECT_EQ(liveAllocations(), 0U) << "allocations leaked";
+    EXPECT_EQ(liveAllocations(Allocator::AnyOther), 0U) << "allocations leaked";
+    EXPECT_LE(liveAllocations(Allocator::Libzip), kMostLeakedByLibzip);
     forgetLiveAllocations();
     return hasFailed;
 }
