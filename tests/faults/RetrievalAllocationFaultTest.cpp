@@ -138,14 +138,14 @@ TEST_F(RetrievalAllocationFaultTest, ProductListsHoldWhatWasFoundBefore) {
         return true;
     };
     find();
-    const auto [files, packages] = describe(*found);
+    const auto whole = describe(*found);
     const auto finding = operation<bool>(find, [&](const Outcome<bool>& outcome) {
         EXPECT_EQ(outcome.ending, Ending::Result) << "it never throws";
-        EXPECT_TRUE(isStartOf(describe(*found).first, files));
-        EXPECT_TRUE(isStartOf(describe(*found).second, packages));
+        EXPECT_TRUE(isStartOf(describe(*found).first, whole.first));
+        EXPECT_TRUE(isStartOf(describe(*found).second, whole.second));
     });
     EXPECT_GT(failEachAllocation(finding), 10U);
-    EXPECT_EQ(describe(*found), std::pair(files, packages));
+    EXPECT_EQ(describe(*found), whole);
 }
 
 } // namespace

@@ -93,7 +93,7 @@ TEST_F(ValueAllocationFaultTest, ParsingToolsAnswerRightOrNotAtAll) {
             "productName": "product name", "baseCode": "base code of it",
             "helpFolder": "help folder", "helpLocation": "help location"})");
     const auto asking = making<Listing>([&] {
-        using enum Tools::StringParsingType;
+        using enum reference::docparser::StringParsingType;
         const boost::json::object& object = document.as_object();
         Listing texts = Tools::getSupportedDocLocales();
         texts.push_back(Tools::getCurrentLocale());
