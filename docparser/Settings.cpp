@@ -61,9 +61,10 @@ std::shared_ptr<const std::u16string> Settings::getSupportPackageFolder() {
 }
 
 void Settings::setSupportPackageFolder(std::u16string folder) {
+    // Made first: when it cannot be held, the old folder and the packages found stay.
+    auto newFolder = std::make_shared<const std::u16string>(std::move(folder));
     clearSupportPackageCaches();
-    std::atomic_store(&supportPackageFolder_,
-                      std::make_shared<const std::u16string>(std::move(folder)));
+    std::atomic_store(&supportPackageFolder_, std::move(newFolder));
 }
 
 std::shared_ptr<const SupportPackages> Settings::getHardwareSupportPackages() {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
@@ -199,6 +200,8 @@ InstallationManifest::Content::read(const std::u16string& installFolder) {
             return content;
         const json::value root = parseText(readText(file));
         content->take(Place{root, ""}, installFolder);
+    } catch (const std::bad_alloc&) {
+        throw; // no fault of the file
     } catch (const std::exception& failure) {
         throw std::runtime_error(fl::i18n::to_string(name.string()) + ": " + failure.what());
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <utility>
 
 namespace opc::detail {
@@ -59,9 +60,19 @@ zip_int64_t ZipSource::read(char* room, std::size_t length) {
         position_ += count;
         return static_cast<zip_int64_t>(count);
     } catch (const std::exception& failure) {
-        readFailure_ = failure.what();
+        noteReadFailure(failure.what());
         zip_error_set(error_.get(), ZIP_ER_READ, 0);
         return kFailed;
+    }
+}
+
+void ZipSource::noteReadFailure(const char* reason) noexcept {
+    try {
+        readFailure_ = reason;
+    } catch (const std::bad_alloc&) {
+        // Through libzip no exception may go that is not the end of the thread. It knows itself
+        // that a read has failed, and that has to do.
+        readFailure_.clear();
     }
 }
 

@@ -38,6 +38,7 @@ private:
     static zip_int64_t serve(void* self, void* data, zip_uint64_t length, zip_source_cmd_t command);
     zip_int64_t serve(void* data, zip_uint64_t length, zip_source_cmd_t command);
     zip_int64_t read(char* room, std::size_t length);
+    void noteReadFailure(const char* reason) noexcept;
     zip_int64_t seek(void* target, zip_uint64_t length);
     zip_int64_t describe(zip_stat_t& description) const;
     void clearHiddenFlags(char* bytes, std::size_t length) const;

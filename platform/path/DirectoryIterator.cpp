@@ -1,7 +1,6 @@
 #include "platform/path/DirectoryIterator.hpp"
 
 #include <stdexcept>
-#include <system_error>
 
 namespace fl::filesystem {
 
@@ -9,21 +8,19 @@ directory_iterator::directory_iterator(const path& folder, std::u16string_view p
     : folder_(folder) {
     if (pattern != u"*")
         throw std::invalid_argument("a directory iterator lists all names or none");
-    std::error_code unreadable; // leaves the iterator at its end
-    entry_ = std::filesystem::directory_iterator(make_native_access_form_with_cleanup_i18n(folder),
-                                                 unreadable);
+    entries_ = Folder::open(make_native_access_form_with_cleanup_i18n(folder));
+    if (entries_)
+        increment();
 }
 
 void directory_iterator::increment() {
-    ++entry_;
-}
-
-path directory_iterator::filename() const {
-    return from_native_access_form(entry_->path().filename());
+    name_.reset(); // should the folder no longer be readable
+    if (const std::optional<std::filesystem::path> name = entries_->next())
+        name_ = from_native_access_form(*name);
 }
 
 path directory_iterator::full_pathname() const {
-    return folder_ / filename().string();
+    return folder_ / name_->string();
 }
 
 } // namespace fl::filesystem

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "platform/Export.hpp"
+#include "platform/path/Folder.hpp"
 #include "platform/path/Path.hpp"
 
-#include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace fl::filesystem {
@@ -21,21 +22,22 @@ public:
     /// \throws std::invalid_argument  another pattern
     directory_iterator(const path& folder, std::u16string_view pattern);
 
-    bool is_open() const noexcept { return entry_ != std::filesystem::directory_iterator(); }
+    bool is_open() const noexcept { return name_.has_value(); }
 
-    /// Goes to the next entry.
+    /// Goes to the next entry. The iterator is open.
     /// \throws std::system_error  the folder can no longer be read
     void increment();
 
     /// The entry's name. The iterator is open.
-    path filename() const;
+    path filename() const { return *name_; }
 
     /// The folder joined with the entry's name. The iterator is open.
     path full_pathname() const;
 
 private:
     path folder_;
-    std::filesystem::directory_iterator entry_;
+    std::optional<Folder> entries_; // empty when the folder can't be read
+    std::optional<path> name_;      // of the entry; empty when the walk is over
 };
 
 } // namespace fl::filesystem

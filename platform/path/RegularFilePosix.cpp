@@ -22,23 +22,29 @@ int descriptor(std::intptr_t handle) noexcept {
     throw std::system_error(errno, std::generic_category(), what);
 }
 
-int openDescriptor(const char* file) noexcept {
-    int result = -1;
-    do {
-        // Without O_NONBLOCK the opening of a pipe waits for a writer.
-        result = ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    } while (result < 0 && errno == EINTR);
+// Makes a call into the system again for as long as a signal interrupts it.
+template <class Call>
+auto uninterrupted(Call call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
     return result;
+}
+
+int openDescriptor(const char* file) noexcept {
+    // Without O_NONBLOCK the opening of a pipe waits for a writer.
+    return uninterrupted(
+        [&] { return ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); });
 }
 
 bool isRegular(const char* file) noexcept {
     struct stat status = {};
-    return ::stat(file, &status) == 0 && S_ISREG(status.st_mode);
+    return uninterrupted([&] { return ::stat(file, &status); }) == 0 && S_ISREG(status.st_mode);
 }
 
 bool isRegular(int file) noexcept {
     struct stat status = {};
-    return ::fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+    return uninterrupted([&] { return ::fstat(file, &status); }) == 0 && S_ISREG(status.st_mode);
 }
 
 } // namespace
@@ -75,7 +81,7 @@ RegularFile::~RegularFile() {
 
 std::uint64_t RegularFile::size() const {
     struct stat status = {};
-    if (::fstat(descriptor(handle_), &status) != 0)
+    if (uninterrupted([&] { return ::fstat(descriptor(handle_), &status); }) != 0)
         throwLastError("the size of a file is not known");
     return static_cast<std::uint64_t>(status.st_size);
 }
@@ -84,9 +90,8 @@ std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t le
     std::size_t done = 0;
     while (done < length) {
         const auto place = static_cast<off_t>(offset + done);
-        const ssize_t count = ::pread(descriptor(handle_), room + done, length - done, place);
-        if (count < 0 && errno == EINTR)
-            continue;
+        const ssize_t count = uninterrupted(
+            [&] { return ::pread(descriptor(handle_), room + done, length - done, place); });
         if (count < 0)
             throwLastError("a file could not be read");
         if (count == 0)

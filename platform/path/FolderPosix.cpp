@@ -1,0 +1,54 @@
+#include "platform/path/Folder.hpp"
+
+#include <dirent.h>
+
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace fl::filesystem {
+
+namespace {
+
+// What a call into the system returns once no signal interrupts it; null when it fails or, with
+// errno 0, when there is no more.
+template <class Call>
+auto uninterrupted(Call call) {
+    do {
+        errno = 0;
+        if (auto* const result = call())
+            return result;
+    } while (errno == EINTR);
+    return decltype(call())();
+}
+
+} // namespace
+
+void Folder::Close::operator()(void* handle) const noexcept {
+    ::closedir(static_cast<DIR*>(handle));
+}
+
+std::optional<Folder> Folder::open(const std::filesystem::path& folder) noexcept {
+    // The system would stop at NUL and take the name for that of another folder.
+    if (folder.native().find('\0') != std::string::npos)
+        return std::nullopt;
+    DIR* const opened = uninterrupted([&] { return ::opendir(folder.c_str()); });
+    if (!opened)
+        return std::nullopt;
+    return Folder(opened);
+}
+
+std::optional<std::filesystem::path> Folder::next() {
+    DIR* const folder = static_cast<DIR*>(handle_.get());
+    while (const dirent* const entry = uninterrupted([&] { return ::readdir(folder); })) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..")
+            return name;
+    }
+    if (errno != 0)
+        throw std::system_error(errno, std::generic_category(), "a folder could not be read");
+    return std::nullopt;
+}
+
+} // namespace fl::filesystem

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "tests/faults/CallSchedule.hpp"
+
+#include <cstddef>
+
+namespace docparser_tests {
+
+/// Makes allocations of the calling thread fail, and keeps account of the others, while it lives:
+/// malloc, calloc, realloc and operator new, whoever calls them, the C library included. Other
+/// threads are left alone.
+///
+/// A program that links this has those functions replaced. One object a thread at a time.
+class AllocationFaults {
+public:
+    AllocationFaults(std::size_t first, Repetition repetition) noexcept;
+    ~AllocationFaults();
+    AllocationFaults(const AllocationFaults&) = delete;
+    AllocationFaults& operator=(const AllocationFaults&) = delete;
+
+    std::size_t failures() const noexcept;
+
+    /// How many allocations were asked for, those that failed included.
+    static std::size_t calls() noexcept;
+};
+
+/// Who asked for memory. libzip is told apart because it has leaks of its own where memory is
+/// short, which nobody can mend from outside.
+enum class Allocator { Libzip, AnyOther };
+
+/// Of the allocations that were made under any AllocationFaults, how many have not been given back;
+/// by whichever thread.
+std::size_t liveAllocations(Allocator allocator) noexcept;
+
+/// Makes as if no allocation were live, so that a leak is counted once.
+void forgetLiveAllocations() noexcept;
+
+} // namespace docparser_tests

@@ -1,0 +1,212 @@
+#include "tests/faults/FaultTest.hpp"
+
+#include "tests/support/ZipBytes.hpp"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <span>
+
+namespace docparser_tests {
+
+namespace {
+
+const std::u16string kLanguage = u"zh_Hant_TW";
+const std::string kSuffix = "_zh_Hant_TW";
+
+ResourceText englishText() {
+    ResourceText text("orchard");
+    text.add(item("graft/young/trees.html", "Join a scion to a rootstock"));
+    text.add(item("prune/old/trees.html", "Cut back what grew last year"));
+    return text.addSupportPackage(
+        ResourceText("meadow").add(item("mow/in/june.html", "Cut the grass below the trees")));
+}
+
+// The section "willow" comes last in the order of the keys, so the overlay puts it in last.
+ResourceText translatedText(bool hasOwnSection) {
+    ResourceText text("orchard");
+    text.add(item("prune/old/trees.html", "修剪去年長出的枝條"));
+    text.add(item("water/in/summer.html", "在夏天為果樹澆水"));
+    if (hasOwnSection)
+        text.addSupportPackage(
+            ResourceText("willow").add(item("weave/a/basket.html", "用柳條編織一個籃子")));
+    return text;
+}
+
+ResourceText supportText() {
+    return ResourceText("robots").add(item("pick/ripe/apples.html", "Let a robot do the picking"));
+}
+
+ResourceText lookupText(std::string_view helpFolder, std::string_view own,
+                        std::string_view purpose) {
+    ResourceText text(helpFolder);
+    const std::string page = std::string(own) + "/reference/page.html";
+    text.add(lookupItem(own, page, purpose));
+    text.add(lookupItem("shared name", page, purpose));
+    return text;
+}
+
+// The lookup texts in this order: two plain files, two entries of one package, one of another.
+std::vector<std::string> lookupTexts() {
+    ResourceText plain = lookupText("orchard", "graft trees", "Join a scion to a rootstock");
+    plain.add(lookupItem("shared name", "another/page.html", "A second record of the same name"));
+    plain.addSupportPackage(lookupText("meadow", "mow the grass", "Cut the grass in June"));
+    ResourceText translated = lookupText("orchard", "graft trees", "將接穗接到砧木上");
+    return {plain.str(), translated.str(),
+            lookupText("orchard", "count apples", "Number of apples on a tree").str(),
+            lookupText("orchard", "count apples", "一棵樹上的蘋果數量").str(),
+            lookupText("robot toolkit", "move the robot", "Go to the next tree").str()};
+}
+
+const std::vector<std::string> kLookupNames = {"Orchard.json", "Orchard" + kSuffix + ".json",
+                                               "Tools.json", "Tools" + kSuffix + ".json",
+                                               "Robots.json"};
+
+ZipEntryBytes entry(std::size_t place, const std::string& text, std::uint16_t method) {
+    return {.name = "help/" + kLookupNames[place], .content = text, .method = method};
+}
+
+using LookupSection = DocResource<RefItemLookup>;
+
+// Calls visit(key, section) for the sections of a result, installed or not, until it returns true.
+template <class Visit>
+bool anySection(const Lookups& lookups, Visit visit) {
+    return std::ranges::any_of(lookups.installed, visit) ||
+           std::ranges::any_of(lookups.notInstalled, visit);
+}
+
+bool hasHeader(const Lookups& lookups, const std::u16string& key,
+               const reference::property::HeaderInfo& header) {
+    return anySection(lookups, [&](const auto& entry) {
+        return entry.first == key && entry.second.header == header;
+    });
+}
+
+bool hasRecord(const Lookups& lookups, const std::u16string& key, const RefItemLookup& record) {
+    return anySection(lookups, [&](const auto& entry) {
+        const auto found = entry.second.items.find(record.getName());
+        return entry.first == key && found != entry.second.items.end() &&
+               std::ranges::find(found->second, record) != found->second.end();
+    });
+}
+
+bool isMadeOf(const std::u16string& key, const LookupSection& section,
+              const std::vector<Lookups>& parts) {
+    const auto isKnown = [&](const RefItemLookup& record) {
+        return std::ranges::any_of(
+            parts, [&](const Lookups& part) { return hasRecord(part, key, record); });
+    };
+    return std::ranges::any_of(
+               parts, [&](const Lookups& part) { return hasHeader(part, key, section.header); }) &&
+           std::ranges::all_of(section.items, [&](const auto& items) {
+               return std::ranges::all_of(items.second, isKnown);
+           });
+}
+
+Listing listingOf(const std::vector<reference::docparser::ProductPathData>& products) {
+    Listing listing;
+    for (const auto& product : products)
+        listing.push_back(product.getName() + u" " + product.getFullPath());
+    return listing;
+}
+
+} // namespace
+
+FaultTest::FaultTest() {
+    setLanguage(kLanguage);
+    host->install({"orchard"});
+    host->packages = {kSupportPackage, u"another installed package"};
+    addApi("Orchard keeping.json", englishText().str());
+    addApi("Orchard keeping" + kSuffix + ".json", translatedText(true).str());
+    addSupport("Orchard keeping.json", supportText().str());
+    addSupport("Robot control.json", supportText().str());
+    writeLookups(lookupTexts());
+}
+
+std::u16string FaultTest::lookupFolder() const {
+    return std::filesystem::path(lookupPath("")).u16string();
+}
+
+void FaultTest::reset() const {
+    DocResourceParser::restoreDefaultSettings();
+    DocResourceParser::setReferenceRoot(root());
+    host->forgetQuestions();
+}
+
+void FaultTest::writeLookups(const std::vector<std::string>& texts) const {
+    addLookup(kLookupNames[0], texts[0]);
+    addLookup(kLookupNames[1], texts[1]);
+    const ZipBytes tools{.entries = {entry(2, texts[2], kDeflated), entry(3, texts[3], kStored)}};
+    addLookup("Tools.zip", tools.build());
+    const ZipBytes robots{.entries = {entry(4, texts[4], kDeflated)}};
+    addLookup("Robots.zip", robots.build());
+}
+
+std::vector<Resources> FaultTest::partialResources() const {
+    std::vector<Resources> results;
+    const std::string english = "Orchard keeping.json";
+    const std::string translated = "Orchard keeping" + kSuffix + ".json";
+    for (const std::string& first : {englishText().str(), std::string()}) {
+        for (const std::string& second :
+             {translatedText(true).str(), translatedText(false).str(), std::string()}) {
+            addApi(english, first);
+            addApi(translated, second);
+            results.push_back(DocResourceParser::getResourceFile(kProduct));
+        }
+    }
+    addApi(english, englishText().str());
+    addApi(translated, translatedText(true).str());
+    return results;
+}
+
+std::vector<Lookups> FaultTest::partialLookups() const {
+    std::vector<Lookups> results;
+    const std::vector<std::string> whole = lookupTexts();
+    for (unsigned damaged = 0; damaged < 1U << whole.size(); ++damaged) {
+        std::vector<std::string> texts = whole;
+        for (std::size_t place = 0; place < texts.size(); ++place) {
+            if ((damaged >> place & 1U) != 0)
+                texts[place].clear();
+        }
+        writeLookups(texts);
+        results.push_back(DocResourceParser::getResourceLookupFiles());
+    }
+    writeLookups(whole);
+    return results;
+}
+
+std::vector<Lookups> FaultTest::separateLookups() const {
+    std::vector<Lookups> results;
+    const std::vector<std::string> texts = lookupTexts();
+    for (std::size_t place = 0; place < texts.size(); ++place) {
+        const std::string name = "alone" + std::to_string(place);
+        folder.write(name + "/docCatalog/referenceapi_lookup/" + kLookupNames[place], texts[place]);
+        DocResourceParser::setReferenceRoot((folder.path() / name).u16string());
+        results.push_back(DocResourceParser::getResourceLookupFiles());
+    }
+    reset();
+    return results;
+}
+
+std::size_t openDescriptors() {
+    // The walk itself has one open, each time.
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                      std::filesystem::directory_iterator()));
+}
+
+std::pair<Listing, Listing> describe(const reference::docparser::ProductLists& lists) {
+    return {listingOf(lists.jsonProducts), listingOf(lists.zipProducts)};
+}
+
+bool isStartOf(const Listing& start, const Listing& whole) {
+    return start.size() <= whole.size() &&
+           std::ranges::equal(start, std::span(whole).first(start.size()));
+}
+
+bool isMadeOf(const Lookups& result, const std::vector<Lookups>& parts) {
+    return !anySection(
+        result, [&](const auto& entry) { return !isMadeOf(entry.first, entry.second, parts); });
+}
+
+} // namespace docparser_tests
