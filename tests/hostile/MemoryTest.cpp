@@ -100,7 +100,7 @@ std::string deflatedZeros(std::size_t mebibytes) {
     EXPECT_EQ(deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kRawWindow, 8, Z_DEFAULT_STRATEGY),
               Z_OK);
     std::string zeros(kMebi, '\0');
-    std::string block(64 * 1024, '\0');
+    std::string block(65'536, '\0');
     stream.next_in = reinterpret_cast<Bytef*>(zeros.data());
     stream.avail_in = static_cast<uInt>(zeros.size());
     stream.next_out = reinterpret_cast<Bytef*>(block.data());
@@ -115,7 +115,7 @@ std::string deflatedZeros(std::size_t mebibytes) {
 }
 
 TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
-    constexpr std::size_t kMebibytes = 3 * 1024;
+    constexpr std::size_t kMebibytes = 3072;
     ZipBytes zip;
     ZipEntryBytes& bomb = zip.entries.emplace_back();
     bomb.name = "Bomb.json";

@@ -13,12 +13,12 @@ namespace {
 // Sizes at which a step of quadratic cost would take minutes or hours.
 class ScaleTest : public SystemTest {
 protected:
-    static constexpr int kMany = 100'000;
+    static constexpr std::size_t kMany = 100'000;
 
     // `prefix`, a number and `suffix`, for each number below kMany, with commas between.
     static std::string numbered(const std::string& prefix, const std::string& suffix) {
         std::string list;
-        for (int i = 0; i < kMany; ++i)
+        for (std::size_t i = 0; i < kMany; ++i)
             list.append(i ? "," : "").append(prefix).append(std::to_string(i)).append(suffix);
         return list;
     }
@@ -36,7 +36,7 @@ TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
                                         numbered(R"({"href":"a","refpurpose":")", "\"}")));
     const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
     const std::vector<RefItem>& items = resources.at(u"orchard").items.at(u"a");
-    ASSERT_EQ(items.size(), std::size_t{kMany});
+    ASSERT_EQ(items.size(), kMany);
     EXPECT_EQ(items.front().getRefPurpose(), u"0");
     EXPECT_EQ(items.back().getRefPurpose(), u"99999");
 }
@@ -48,11 +48,12 @@ TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
     addApi("Orchard.json", withElements(resourceText("orchard", {}), "refItems", item));
     const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
     const RefItem& read = resources.at(u"orchard").items.at(u"a").front();
-    EXPECT_EQ(read.getInputs().size(), std::size_t{kMany});
+    EXPECT_EQ(read.getInputs().size(), kMany);
 }
 
 TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
     std::vector<std::string> shortNames;
+    shortNames.reserve(200);
     for (int i = 0; i < 200; ++i)
         shortNames.push_back("product " + std::to_string(i));
     host->install(shortNames);
@@ -66,8 +67,8 @@ TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
                      "supportPackages", sections));
     const Lookups lookups = DocResourceParser::getResourceLookupFiles();
     EXPECT_EQ(lookups.installed.size(), 200U);
-    EXPECT_EQ(lookups.notInstalled.size(), std::size_t{kMany - 200 + 1});
-    EXPECT_EQ(host->count("products"), kMany + 1);
+    EXPECT_EQ(lookups.notInstalled.size(), kMany - 200 + 1);
+    EXPECT_EQ(host->count("products"), long{kMany + 1});
 }
 
 TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
@@ -84,7 +85,7 @@ TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
                                numbered(start + "f", "\"}")));
     const Lookups lookups = DocResourceParser::getResourceLookupFiles();
     const auto& records = lookups.notInstalled.at(u"orchard").items.at(u"n");
-    EXPECT_GE(records.size(), std::size_t{3 * kMany});
+    EXPECT_GE(records.size(), 3 * kMany);
     std::vector<std::u16string> hrefs;
     std::ranges::transform(records, std::back_inserter(hrefs), &RefItemLookup::getHref);
     std::ranges::sort(hrefs);
@@ -96,8 +97,8 @@ TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
                              std::filesystem::directory_iterator());
     };
-    constexpr int kPackages = 2000;
-    for (int i = 0; i < kPackages; ++i) {
+    constexpr std::size_t kPackages = 2000;
+    for (std::size_t i = 0; i < kPackages; ++i) {
         const std::string name = "p" + std::to_string(i);
         ZipBytes zip;
         ZipEntryBytes& entry = zip.entries.emplace_back();
@@ -109,8 +110,7 @@ TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
     const auto openBefore = openFiles();
     std::ptrdiff_t mostOpen = 0;
     host->onProducts = [&] { mostOpen = std::max(mostOpen, openFiles()); };
-    EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(),
-              std::size_t{kPackages / 10 * 9});
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), kPackages / 10 * 9);
     EXPECT_LE(mostOpen, openBefore + 1);
     EXPECT_EQ(openFiles(), openBefore);
 }

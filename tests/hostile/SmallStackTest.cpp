@@ -13,7 +13,7 @@ namespace {
 // Calls on a thread whose stack is small. Sanitizers put guards around every local variable.
 class SmallStackTest : public SystemTest {
 protected:
-    static constexpr std::size_t kStackBytes = (kIsSanitized ? 16 : 1) * 64 * 1024;
+    static constexpr std::size_t kStackBytes = kIsSanitized ? 1'048'576 : 65'536;
 
     static void run(const std::function<void()>& step) {
         pthread_attr_t attributes;
