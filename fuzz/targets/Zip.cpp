@@ -25,8 +25,8 @@ namespace {
 using docparser_fuzz::require;
 using reference::docparser::DocResourceParser;
 
-constexpr std::uint64_t kEntryBytes = 1 << 16;
-constexpr std::uint64_t kPackageBytes = 1 << 18;
+constexpr std::uint64_t kEntryBytes = 4 << 20;
+constexpr std::uint64_t kPackageBytes = 8 << 20;
 
 /// What a package delivers: for each leaf its text, or nothing when it is refused.
 using Contents = std::vector<std::optional<std::string>>;
