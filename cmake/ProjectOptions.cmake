@@ -20,6 +20,11 @@ if(DOCPARSER_SANITIZERS)
     target_link_options(docparser_options INTERFACE -fsanitize=${DOCPARSER_SANITIZERS})
 endif()
 
+if(DOCPARSER_BUILD_FUZZERS)
+    target_compile_options(docparser_options INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(docparser_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
 endif()

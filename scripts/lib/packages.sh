@@ -23,3 +23,9 @@ test_packages=(
     zlib1g-dev
     python3
 )
+
+# For the fuzzers, besides.
+fuzz_packages=(
+    clang-14
+    libclang-rt-14-dev
+)

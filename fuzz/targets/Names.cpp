@@ -1,0 +1,124 @@
+// Any UTF-16 text as the name of a product, of a file, of a folder and of a locale's suffix. The
+// input is UTF-16, low byte first; its first unit says how long the language is that follows it,
+// and what is left is the name.
+
+#include "docparser/DocParserException.hpp"
+#include "docparser/DocResourceParser.hpp"
+#include "docparser/discovery/FileNames.hpp"
+#include "docparser/discovery/ProductEnumeration.hpp"
+#include "fuzz/support/FuzzHost.hpp"
+#include "fuzz/support/Require.hpp"
+#include "fuzz/support/Target.hpp"
+#include "platform/path/Path.hpp"
+#include "tests/support/ResourceText.hpp"
+#include "tests/support/TemporaryFolder.hpp"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+namespace {
+
+using docparser_fuzz::require;
+using reference::docparser::DocResourceParser;
+
+/// The input's parts.
+struct Names {
+    std::u16string language;
+    std::u16string product;
+};
+
+Names split(const std::uint8_t* bytes, std::size_t size) {
+    std::u16string units;
+    for (std::size_t i = 0; i + 1 < size; i += 2)
+        units += static_cast<char16_t>(bytes[i] | bytes[i + 1] << 8);
+    if (units.empty())
+        return {};
+    const std::size_t length = std::min<std::size_t>(units[0] % 8, units.size() - 1);
+    return {units.substr(1, length), units.substr(1 + length)};
+}
+
+/// An installation of a few files, made once.
+struct Installation {
+    Installation() {
+        const std::string text = docparser_tests::resourceText("orchard", {{"a.html", "A"}});
+        for (const std::u16string name :
+             {u"Orchard", u"", u"\u00e4\U0001F34E", u"a/b", u"x_de", u"Orchard_de", u"tab\t"})
+            folder.write(u"root/help/docCatalog/referenceapi/" + name + u".json", text);
+        folder.write("secret", text);
+    }
+
+    std::u16string root() const { return folder.u16() + u"/root/help"; }
+
+    docparser_tests::TemporaryFolder folder;
+};
+
+const Installation& installation() {
+    static const Installation instance;
+    return instance;
+}
+
+void checkProduct(const std::u16string& product) {
+    try {
+        const auto resources = DocResourceParser::getResourceFile(product);
+        require(!resources.empty(), "a product that is found has a section");
+        require(resources.begin()->second.header.getProduct() == product,
+                "a header has the product's name to the code unit");
+    } catch (const reference::docparser::DocParserException& exception) {
+        require(exception.getProductName() == product,
+                "the exception has the product's name to the code unit");
+    }
+}
+
+void checkFileName(const std::u16string& name) {
+    using namespace fl::filesystem;
+    const std::u16string extension = extract_extension(name);
+    const std::u16string stem = extract_stem(name);
+    const std::u16string last = path(name).filename().string();
+    require(last == stem || last == stem + u'.' + extension || last == u"." || last == u"..",
+            "a file name is its stem and its extension");
+    require(std::none_of(stem.begin(), stem.end(), is_separator), "a stem has no separator");
+    require(reference::docparser::isValidFilename(name) ==
+                (extension == u"json" || extension == u"zip"),
+            "a product file is told by its extension");
+    require((path(u"folder") / name).string() == u"folder/" + name,
+            "a component never replaces the folder");
+    require(name.starts_with(remove_filename(name).string()), "a parent folder starts the path");
+}
+
+void checkStem(const std::u16string& stem, const std::u16string& suffix) {
+    using reference::docparser::ProductLocale;
+    const auto locale = reference::docparser::classifyStem(stem, {u"_de", suffix}, suffix);
+    const bool isCurrent = stem.ends_with(suffix);
+    const bool isTranslated = isCurrent || stem.ends_with(u"_de");
+    require(locale == (isCurrent      ? ProductLocale::Current
+                       : isTranslated ? ProductLocale::Other
+                                      : ProductLocale::English),
+            "a stem is sorted by its end");
+}
+
+void checkFolder(const std::u16string& folder, const std::u16string& suffix) {
+    DocResourceParser::getAllProducts(folder, {suffix}, suffix); // never throws
+    const auto products = DocResourceParser::getAllProducts(
+        installation().root() + u"/docCatalog/referenceapi", {suffix}, suffix);
+    for (const auto& product : products.jsonProducts)
+        require(product.getFullPath().ends_with(u'/' + product.getName() + u".json"),
+                "a product's path ends with its file's name");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    const Names names = split(bytes, size);
+    platform::setHostServices(std::make_shared<docparser_fuzz::FuzzHost>(
+        names.language, installation().folder.u16() + u"/support"));
+    DocResourceParser::setReferenceRoot(installation().root());
+    checkProduct(names.product);
+    checkFileName(names.product);
+    checkStem(names.product, names.language);
+    checkFolder(names.product, u'_' + names.language);
+    require(DocResourceParser::isProductInstalled(names.product) ==
+                (names.product == u"orchard" || names.product == u"kit"),
+            "a product is installed by its exact name");
+    return 0;
+}

@@ -1,0 +1,90 @@
+// Any bytes as a zip package: opened and read through by the package library, then read as the only
+// lookup package of an installation.
+
+#include "docparser/DocResourceParser.hpp"
+#include "fuzz/support/FuzzHost.hpp"
+#include "fuzz/support/Require.hpp"
+#include "fuzz/support/Target.hpp"
+#include "platform/ReadLimits.hpp"
+#include "platform/package/FileSystemManager.hpp"
+#include "platform/package/FileSystemOpsSelector.hpp"
+#include "platform/package/PackageError.hpp"
+#include "platform/package/StorageSystem.hpp"
+#include "platform/package/StreamHelper.hpp"
+#include "platform/package/ZipPhysicalPackage.hpp"
+#include "tests/support/TemporaryFolder.hpp"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using docparser_fuzz::require;
+using reference::docparser::DocResourceParser;
+
+constexpr std::uint64_t kEntryBytes = 4 << 20;
+constexpr std::uint64_t kPackageBytes = 8 << 20;
+
+/// What a package delivers: for each leaf its text, or nothing when it is refused.
+using Contents = std::vector<std::optional<std::string>>;
+
+std::optional<std::string> readLeaf(opc::qorservices::FileSystemManager& manager,
+                                    const opc::qorservices::FileSystemEntry& leaf) {
+    try {
+        const auto source = manager.getFileContentSource(leaf, opc::TransformMode::Decoded);
+        return opc::StreamHelper::readAll(*source->openInputStream());
+    } catch (const opc::PackageError&) {
+        return std::nullopt;
+    }
+}
+
+Contents readPackage(const std::u16string& path) {
+    const opc::FileSystemOpsSelector selector(
+        storage::microservicestoragesystem::GetStorageSystemReference());
+    Contents contents;
+    try {
+        opc::zippackage::ZipPhysicalPackage physical(path, selector, true);
+        opc::model::Package package(physical);
+        opc::qorservices::FileSystemManager manager(package, selector);
+        package.open(opc::OpenMode::ReadOnly);
+        for (const auto& leaf : manager.getAllLeafs())
+            contents.push_back(readLeaf(manager, leaf));
+    } catch (const opc::PackageError&) {
+        require(contents.empty(), "a package is refused when it is opened, not halfway");
+    }
+    return contents;
+}
+
+void checkPackage(const std::u16string& path) {
+    const Contents contents = readPackage(path);
+    std::size_t total = 0;
+    for (const std::optional<std::string>& text : contents) {
+        if (!text)
+            continue;
+        require(text->size() <= kEntryBytes, "no entry is longer than its limit");
+        total += text->size();
+    }
+    require(total <= kPackageBytes, "no package delivers more than its limit");
+    require(contents == readPackage(path), "a package is read the same each time");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static const docparser_tests::TemporaryFolder folder;
+    platform::setReadLimits(
+        {.fileBytes = kEntryBytes, .entryBytes = kEntryBytes, .packageBytes = kPackageBytes});
+    platform::setHostServices(
+        std::make_shared<docparser_fuzz::FuzzHost>(u"de", folder.u16() + u"/support"));
+    DocResourceParser::setReferenceRoot(folder.u16());
+
+    const std::string_view package(reinterpret_cast<const char*>(bytes), size);
+    checkPackage(folder.write("docCatalog/referenceapi_lookup/X.zip", package).u16string());
+    const auto lookups = DocResourceParser::getResourceLookupFiles();
+    require(lookups == DocResourceParser::getResourceLookupFiles(),
+            "lookups are read the same each time");
+    return 0;
+}

@@ -1,0 +1,87 @@
+#include "tests/hostile/ChildProcess.hpp"
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <exception>
+#include <system_error>
+
+namespace docparser_tests {
+
+namespace {
+
+constexpr std::size_t kPlaceBytes = 4096;
+constexpr unsigned kSanitizedSlowness = 10;
+
+/// Memory that the child writes and the parent reads.
+class SharedPlace {
+public:
+    SharedPlace()
+        : bytes_(::mmap(nullptr, kPlaceBytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
+                        -1, 0)) {
+        if (bytes_ == MAP_FAILED)
+            throw std::system_error(errno, std::generic_category(), "mmap");
+    }
+    ~SharedPlace() { ::munmap(bytes_, kPlaceBytes); }
+    SharedPlace(const SharedPlace&) = delete;
+    SharedPlace& operator=(const SharedPlace&) = delete;
+
+    char* text() const { return static_cast<char*>(bytes_); }
+
+private:
+    void* bytes_;
+};
+
+void limitMemory(std::uint64_t bytes) {
+    if (kIsSanitized)
+        return;
+    const rlimit limit{bytes, bytes};
+    ASSERT_EQ(::setrlimit(RLIMIT_AS, &limit), 0);
+}
+
+[[noreturn]] void runStep(const ChildLimits& limits, Progress progress,
+                          const std::function<void(Progress&)>& step) {
+    try {
+        limitMemory(limits.memoryBytes);
+        progress.at("the start");
+        step(progress);
+    } catch (const std::exception& error) {
+        ADD_FAILURE() << "the step throws " << error.what();
+    } catch (...) {
+        ADD_FAILURE() << "the step throws";
+    }
+    std::fflush(nullptr);
+    // What the parent has to do at its exit is not the child's.
+    ::_exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+} // namespace
+
+void Progress::at(std::string_view what) {
+    const std::size_t length = std::min(what.size(), kPlaceBytes - 1);
+    std::copy_n(what.data(), length, place_);
+    place_[length] = '\0';
+    ::alarm(seconds_);
+}
+
+void runInChild(const ChildLimits& limits, const std::function<void(Progress&)>& step) {
+    const SharedPlace place;
+    const unsigned seconds = limits.seconds * (kIsSanitized ? kSanitizedSlowness : 1);
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0) << "no child process could be made";
+    if (child == 0)
+        runStep(limits, Progress(place.text(), seconds), step);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_FALSE(WIFSIGNALED(status))
+        << "ended by signal " << WTERMSIG(status) << " at " << place.text();
+    EXPECT_EQ(status, 0) << "failed at " << place.text();
+}
+
+} // namespace docparser_tests

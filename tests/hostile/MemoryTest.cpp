@@ -1,0 +1,170 @@
+#include "tests/hostile/ChildProcess.hpp"
+#include "tests/support/ZipBytes.hpp"
+#include "tests/system/SystemTest.hpp"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <string>
+
+namespace docparser_tests {
+namespace {
+
+constexpr std::uint64_t kMebi = 1 << 20;
+constexpr std::uint64_t kGibi = std::uint64_t{1} << 30;
+
+// Files that ask for more memory than there is, read by a process that has little.
+class MemoryTest : public SystemTest {
+protected:
+    MemoryTest() { setLanguage(u"de"); }
+
+    void addSparse(const std::string& file, std::uint64_t size) const {
+        addApi(file, "");
+        std::filesystem::resize_file(apiPath(file), size);
+    }
+
+    static long count(const std::vector<std::string>& messages, const std::string& start) {
+        return std::ranges::count_if(
+            messages, [&](const std::string& message) { return message.starts_with(start); });
+    }
+};
+
+TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
+    addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
+    for (const std::uint64_t size : {5 * kGibi, 20 * kGibi}) {
+        addSparse("Orchard.json", size);
+        runInChild({.memoryBytes = 512 * kMebi}, [&](Progress& progress) {
+            progress.at(std::to_string(size));
+            const LogCapture log(512);
+            EXPECT_TRUE(findResources(u"Orchard").has_value());
+            EXPECT_EQ(count(log.messages(), "Problem reading JSON file: "), 1);
+        });
+    }
+}
+
+#ifndef DOCPARSER_SANITIZED
+
+// A sanitizer ends the process when it is asked for too much, rather than let it go on.
+TEST_F(MemoryTest, WithoutALimitOnFilesTheMemoryItselfIsTheLimit) {
+    addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
+    addSparse("Orchard.json", 20 * kGibi);
+    runInChild({.memoryBytes = 512 * kMebi}, [&](Progress&) {
+        platform::ReadLimits limits;
+        limits.fileBytes = std::numeric_limits<std::uint64_t>::max();
+        platform::setReadLimits(limits);
+        const LogCapture log(512);
+        EXPECT_TRUE(findResources(u"Orchard").has_value());
+        EXPECT_EQ(count(log.messages(), "Problem reading JSON file: "), 1);
+    });
+}
+
+#endif
+
+std::string millionsOfZeros() {
+    std::string zeros = "0";
+    for (int i = 1; i < 5'000'000; ++i)
+        zeros += ",0";
+    return zeros;
+}
+
+TEST_F(MemoryTest, MillionsOfUnknownElementsFitIntoAGibibyte) {
+    std::string text = resourceText("orchard", {{"graft.html", "Join"}});
+    addApi("Orchard.json", text.insert(1, "\"unknown\":[" + millionsOfZeros() + "],"));
+    runInChild({.memoryBytes = kGibi},
+               [&](Progress&) { EXPECT_TRUE(findResources(u"Orchard").has_value()); });
+}
+
+TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
+    addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
+    for (const std::string key : {"inputs", "inputgroup"}) {
+        std::string text = resourceText("orchard", {{"a.html", ""}});
+        const std::size_t item = text.find("{\"href\"");
+        addApi("Orchard.json",
+               text.insert(item + 1, '"' + key + "\":[" + millionsOfZeros() + "],"));
+        runInChild({.memoryBytes = kGibi}, [&](Progress& progress) {
+            progress.at(key);
+            const auto resources = findResources(u"Orchard");
+            ASSERT_TRUE(resources.has_value());
+            EXPECT_EQ(resources->at(u"orchard").items.size(), 1U);
+        });
+    }
+}
+
+// Zero bytes in deflated form, of any length: one block of a mebibyte that needs nothing before it,
+// as often as it takes.
+std::string deflatedZeros(std::size_t mebibytes) {
+    z_stream stream = {};
+    constexpr int kRawWindow = -15;
+    EXPECT_EQ(deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kRawWindow, 8, Z_DEFAULT_STRATEGY),
+              Z_OK);
+    std::string zeros(kMebi, '\0');
+    std::string block(65'536, '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(zeros.data());
+    stream.avail_in = static_cast<uInt>(zeros.size());
+    stream.next_out = reinterpret_cast<Bytef*>(block.data());
+    stream.avail_out = static_cast<uInt>(block.size());
+    EXPECT_EQ(deflate(&stream, Z_FULL_FLUSH), Z_OK);
+    block.resize(stream.total_out);
+    deflateEnd(&stream);
+    std::string packed;
+    for (std::size_t i = 0; i < mebibytes; ++i)
+        packed += block;
+    return packed + std::string("\x03\x00", 2); // the last block, empty
+}
+
+TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
+    constexpr std::size_t kMebibytes = 3072;
+    ZipBytes zip;
+    ZipEntryBytes& bomb = zip.entries.emplace_back();
+    bomb.name = "Bomb.json";
+    bomb.method = kDeflated;
+    bomb.packed = deflatedZeros(kMebibytes);
+    bomb.size = kMebibytes * kMebi;
+    ZipEntryBytes& good = zip.entries.emplace_back();
+    good.name = "Orchard.json";
+    good.content = ResourceText("orchard").str();
+    addLookup("Estate.zip", zip.build());
+    runInChild({.memoryBytes = 512 * kMebi}, [&](Progress&) {
+        platform::ReadLimits limits;
+        limits.entryBytes = 64 * kMebi;
+        platform::setReadLimits(limits);
+        const LogCapture log(16);
+        EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), 1U);
+        EXPECT_EQ(count(log.messages(), "Error reading file: Bomb"), 1);
+    });
+}
+
+TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtTheLimitOfTheirPackage) {
+    constexpr std::size_t kEntries = 1000;
+    constexpr std::size_t kDelivered = 32;
+    const std::string zeros(kMebi, '0');
+    ZipBytes zip;
+    for (std::size_t i = 0; i < kEntries; ++i) {
+        ZipEntryBytes& entry = zip.entries.emplace_back();
+        entry.name = "Bomb" + std::to_string(i) + ".json";
+        entry.method = kDeflated;
+        entry.crc = crcOf(zeros);
+        entry.size = zeros.size();
+        entry.packed = i == 0 ? deflated(zeros) : std::string();
+        entry.packedSize = zip.entries.front().packed->size();
+        // All of them have the first one's header and bytes.
+        entry.localName = zip.entries.front().name;
+        entry.localOffset = 0;
+    }
+    addLookup("Estate.zip", zip.build());
+    runInChild({.memoryBytes = 512 * kMebi}, [&](Progress&) {
+        platform::ReadLimits limits;
+        limits.packageBytes = kDelivered * kMebi;
+        platform::setReadLimits(limits);
+        const LogCapture log(16);
+        EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+        const std::vector<std::string> messages = log.messages();
+        EXPECT_EQ(count(messages, "Reading file: "), long{kEntries});
+        EXPECT_EQ(count(messages, "Error reading file: "), long{kEntries - kDelivered});
+    });
+}
+
+} // namespace
+} // namespace docparser_tests

@@ -1,0 +1,119 @@
+#include "tests/support/ZipBytes.hpp"
+#include "tests/system/SystemTest.hpp"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+// Sizes at which a step of quadratic cost would take minutes or hours.
+class ScaleTest : public SystemTest {
+protected:
+    static constexpr std::size_t kMany = 100'000;
+
+    // `prefix`, a number and `suffix`, for each number below kMany, with commas between.
+    static std::string numbered(const std::string& prefix, const std::string& suffix) {
+        std::string list;
+        for (std::size_t i = 0; i < kMany; ++i)
+            list.append(i ? "," : "").append(prefix).append(std::to_string(i)).append(suffix);
+        return list;
+    }
+
+    // The text with these elements in its empty array of this key.
+    static std::string withElements(std::string text, const std::string& key,
+                                    const std::string& elements) {
+        const std::string start = '"' + key + "\":[";
+        return text.insert(text.find(start) + start.size(), elements);
+    }
+};
+
+TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
+    addApi("Orchard.json", withElements(resourceText("orchard", {}), "refItems",
+                                        numbered(R"({"href":"a","refpurpose":")", "\"}")));
+    const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
+    const std::vector<RefItem>& items = resources.at(u"orchard").items.at(u"a");
+    ASSERT_EQ(items.size(), kMany);
+    EXPECT_EQ(items.front().getRefPurpose(), u"0");
+    EXPECT_EQ(items.back().getRefPurpose(), u"99999");
+}
+
+TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
+    const std::string item = R"({"href":"a","refpurpose":"","inputs":[)" +
+                             numbered(R"({"namevaluepairs":[{"purpose":"","name":")", "\"}]}") +
+                             "]}";
+    addApi("Orchard.json", withElements(resourceText("orchard", {}), "refItems", item));
+    const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
+    const RefItem& read = resources.at(u"orchard").items.at(u"a").front();
+    EXPECT_EQ(read.getInputs().size(), kMany);
+}
+
+TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
+    std::vector<std::string> shortNames;
+    shortNames.reserve(200);
+    for (int i = 0; i < 200; ++i)
+        shortNames.push_back("product " + std::to_string(i));
+    host->install(shortNames);
+    const std::string sections =
+        numbered(R"({"productName":"","helpFolder":"","helpLocation":"","refItems":[],"baseCode":")"
+                 "product ",
+                 "\"}");
+    addLookup(
+        "Orchard.json",
+        withElements(ResourceText("orchard").set("supportPackages", boost::json::array()).str(),
+                     "supportPackages", sections));
+    const Lookups lookups = DocResourceParser::getResourceLookupFiles();
+    EXPECT_EQ(lookups.installed.size(), 200U);
+    EXPECT_EQ(lookups.notInstalled.size(), kMany - 200 + 1);
+    EXPECT_EQ(host->count("products"), long{kMany + 1});
+}
+
+TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
+    const std::string start = R"({"name":"n","refpurpose":"","href":")";
+    const std::string text = ResourceText("orchard").str();
+    // In either order of the folder, the file of more records fills up the other one.
+    addLookup("First.json", withElements(text, "refItems", numbered(start + "a", "\"}")));
+    addLookup("Second.json", withElements(text, "refItems",
+                                          numbered(start + "b", "\"}") +
+                                              R"(,{"name":"n","refpurpose":"","href":"c"})"));
+    addLookup("Third.json",
+              withElements(text, "refItems",
+                           numbered(start + "d", "\"}") + "," + numbered(start + "e", "\"}") + "," +
+                               numbered(start + "f", "\"}")));
+    const Lookups lookups = DocResourceParser::getResourceLookupFiles();
+    const auto& records = lookups.notInstalled.at(u"orchard").items.at(u"n");
+    EXPECT_GE(records.size(), 3 * kMany);
+    std::vector<std::u16string> hrefs;
+    std::ranges::transform(records, std::back_inserter(hrefs), &RefItemLookup::getHref);
+    std::ranges::sort(hrefs);
+    EXPECT_EQ(std::ranges::adjacent_find(hrefs), hrefs.end());
+}
+
+TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    };
+    constexpr std::size_t kPackages = 2000;
+    for (std::size_t i = 0; i < kPackages; ++i) {
+        const std::string name = "p" + std::to_string(i);
+        ZipBytes zip;
+        ZipEntryBytes& entry = zip.entries.emplace_back();
+        entry.name = name + ".json";
+        entry.content = ResourceText(name).str();
+        const std::string package = zip.build();
+        addLookup(name + ".zip", i % 10 == 0 ? package.substr(0, package.size() / 2) : package);
+    }
+    const auto openBefore = openFiles();
+    std::ptrdiff_t mostOpen = 0;
+    host->onProducts = [&] { mostOpen = std::max(mostOpen, openFiles()); };
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), kPackages / 10 * 9);
+    EXPECT_LE(mostOpen, openBefore + 1);
+    EXPECT_EQ(openFiles(), openBefore);
+}
+
+} // namespace
+} // namespace docparser_tests
