@@ -126,6 +126,16 @@ TEST_F(ProductEnumeration, NamesBeyondAsciiAndEmptyStemsAreListed) {
     EXPECT_THAT(products.zipProducts, UnorderedElementsAre(product(u"", false, path(u".zip"))));
 }
 
+TEST_F(ProductEnumeration, ANameThatIsNoValidTextIsListedWithReplacementsAndEndsNoWalk) {
+    add({u"before.json", u"later.json"});
+    folder_.write("bad\xFF\xE3.json", "");
+    EXPECT_THAT(
+        find({}, u"_en").jsonProducts,
+        UnorderedElementsAre(product(u"before", false, path(u"before.json")),
+                             product(u"bad\uFFFD\uFFFD", false, path(u"bad\uFFFD\uFFFD.json")),
+                             product(u"later", false, path(u"later.json"))));
+}
+
 TEST_F(ProductEnumeration, AFolderThatIsMissingEmptyOrNoFolderHasNoProducts) {
     folder_.write("file.json", "");
     std::filesystem::create_directory(folder_.path() / "empty");
