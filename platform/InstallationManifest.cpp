@@ -112,7 +112,8 @@ std::u16string readFolder(const Place& place, const std::u16string& installFolde
     if (folder.empty())
         return {};
     try {
-        if (fl::filesystem::make_native_access_form_with_cleanup_i18n(folder).is_absolute())
+        if (std::filesystem::path(fl::filesystem::make_native_access_form_with_cleanup_i18n(folder))
+                .is_absolute())
             return folder.string();
     } catch (const std::system_error& noPath) {
         place.fail(noPath.what());

@@ -15,7 +15,7 @@ directory_iterator::directory_iterator(const path& folder, std::u16string_view p
 
 void directory_iterator::increment() {
     name_.reset(); // should the folder no longer be readable
-    if (const std::optional<std::filesystem::path> name = entries_->next())
+    if (const std::optional<native_string> name = entries_->next())
         name_ = from_native_access_form(*name);
 }
 

@@ -29,7 +29,7 @@ public:
     void increment();
 
     /// The entry's name. The iterator is open.
-    path filename() const { return *name_; }
+    const path& filename() const { return *name_; }
 
     /// The folder joined with the entry's name. The iterator is open.
     path full_pathname() const;

@@ -4,7 +4,7 @@
 
 namespace fl::filesystem {
 
-file_buffer::file_buffer(const std::filesystem::path& file) : file_(RegularFile::open(file)) {}
+file_buffer::file_buffer(const native_string& file) : file_(RegularFile::open(file)) {}
 
 std::streamsize file_buffer::xsgetn(char* room, std::streamsize length) {
     if (!file_ || length <= 0)
@@ -47,8 +47,7 @@ file_buffer::pos_type file_buffer::seekpos(pos_type position, std::ios_base::ope
     return seekoff(off_type(position), std::ios_base::beg, mode);
 }
 
-basic_ifstream<char>::basic_ifstream(const std::filesystem::path& file, std::ios_base::openmode,
-                                     share_mode)
+basic_ifstream<char>::basic_ifstream(const native_string& file, std::ios_base::openmode, share_mode)
     : std::istream(nullptr), buffer_(file) {
     // Setting the buffer clears the state, so a stream that is not open fails after it.
     rdbuf(&buffer_);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/Export.hpp"
+#include "platform/path/Path.hpp"
 #include "platform/path/RegularFile.hpp"
 
-#include <filesystem>
 #include <istream>
 #include <optional>
 #include <streambuf>
@@ -19,7 +19,7 @@ enum class share_mode {
 /// of the file, straight into the caller's memory.
 class DOCPARSER_PLATFORM_EXPORT file_buffer : public std::streambuf {
 public:
-    explicit file_buffer(const std::filesystem::path& file);
+    explicit file_buffer(const native_string& file);
 
     bool is_open() const noexcept { return file_.has_value(); }
 
@@ -49,8 +49,7 @@ public:
     /// Opens `file` when it is a regular file that may be read; otherwise the stream is not open.
     /// \param mode   std::ios::in with std::ios::binary
     /// \param share  what other openers may do meanwhile
-    basic_ifstream(const std::filesystem::path& file, std::ios_base::openmode mode,
-                   share_mode share);
+    basic_ifstream(const native_string& file, std::ios_base::openmode mode, share_mode share);
 
     bool is_open() const noexcept { return buffer_.is_open(); }
 

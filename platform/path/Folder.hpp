@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Export.hpp"
+#include "platform/path/Path.hpp"
 
-#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -16,11 +16,11 @@ class DOCPARSER_PLATFORM_EXPORT Folder {
 public:
     /// Opens the folder; empty when there is no such folder, it may not be read, or the path holds
     /// NUL.
-    static std::optional<Folder> open(const std::filesystem::path& folder) noexcept;
+    static std::optional<Folder> open(const native_string& folder) noexcept;
 
     /// The next name in the system's own order, without "." and ".."; empty after the last.
     /// \throws std::system_error  the folder can no longer be read
-    std::optional<std::filesystem::path> next();
+    std::optional<native_string> next();
 
 private:
     struct Close {

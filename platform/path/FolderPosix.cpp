@@ -29,9 +29,9 @@ void Folder::Close::operator()(void* handle) const noexcept {
     ::closedir(static_cast<DIR*>(handle));
 }
 
-std::optional<Folder> Folder::open(const std::filesystem::path& folder) noexcept {
+std::optional<Folder> Folder::open(const native_string& folder) noexcept {
     // The system would stop at NUL and take the name for that of another folder.
-    if (folder.native().find('\0') != std::string::npos)
+    if (folder.find('\0') != std::string::npos)
         return std::nullopt;
     DIR* const opened = uninterrupted([&] { return ::opendir(folder.c_str()); });
     if (!opened)
@@ -39,12 +39,12 @@ std::optional<Folder> Folder::open(const std::filesystem::path& folder) noexcept
     return Folder(opened);
 }
 
-std::optional<std::filesystem::path> Folder::next() {
+std::optional<native_string> Folder::next() {
     DIR* const folder = static_cast<DIR*>(handle_.get());
     while (const dirent* const entry = uninterrupted([&] { return ::readdir(folder); })) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            return name;
+            return native_string(name);
     }
     if (errno != 0)
         throw std::system_error(errno, std::generic_category(), "a folder could not be read");

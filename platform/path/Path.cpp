@@ -21,6 +21,10 @@ std::u16string_view withoutTrailingSeparators(std::u16string_view text) noexcept
     return text;
 }
 
+std::u16string_view nameOf(const path& file) noexcept {
+    return std::u16string_view(file.string()).substr(nameStart(file.string()));
+}
+
 bool isDots(std::u16string_view name) noexcept {
     return name == u"." || name == u"..";
 }
@@ -31,28 +35,32 @@ path path::filename() const {
     return text_.substr(nameStart(text_));
 }
 
-path& path::operator/=(std::u16string_view component) {
+path path::operator/(std::u16string_view component) const {
     const bool endsWithSeparator = !text_.empty() && is_separator(text_.back());
-    // Joined apart from the path, of which the component may be a part.
     std::u16string joined;
     joined.reserve(text_.size() + 1 + component.size());
     joined += text_;
     if (!endsWithSeparator)
         joined += PATHNAME_SEPARATOR;
     joined += component;
-    text_ = std::move(joined);
+    return joined;
+}
+
+path& path::operator/=(std::u16string_view component) {
+    // Joined apart from the path, of which the component may be a part.
+    *this = *this / component;
     return *this;
 }
 
 std::u16string extract_extension(const path& file) {
-    const std::u16string name = file.filename().string();
+    const std::u16string_view name = nameOf(file);
     const std::size_t dot = name.rfind(u'.');
-    return dot == std::u16string::npos ? std::u16string() : name.substr(dot + 1);
+    return std::u16string(dot == name.npos ? std::u16string_view() : name.substr(dot + 1));
 }
 
 std::u16string extract_stem(const path& file) {
-    const std::u16string name = file.filename().string();
-    return isDots(name) ? name : name.substr(0, name.rfind(u'.'));
+    const std::u16string_view name = nameOf(file);
+    return std::u16string(isDots(name) ? name : name.substr(0, name.rfind(u'.')));
 }
 
 path remove_filename(const path& file) {
@@ -69,13 +77,13 @@ path make_native_form(path file, bool) {
     return text;
 }
 
-std::filesystem::path make_native_access_form_with_cleanup_i18n(const path& file) {
+native_string make_native_access_form_with_cleanup_i18n(const path& file) {
     const std::u16string& text = file.string();
     if (text.find(u'\0') != std::u16string::npos)
         throw std::system_error(std::make_error_code(std::errc::invalid_argument),
                                 "a path holds NUL");
 #ifdef _WIN32
-    return std::filesystem::path(text);
+    return {text.begin(), text.end()};
 #else
     if (!i18n::is_well_formed(text))
         throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence),
@@ -84,11 +92,11 @@ std::filesystem::path make_native_access_form_with_cleanup_i18n(const path& file
 #endif
 }
 
-path from_native_access_form(const std::filesystem::path& file) {
+path from_native_access_form(const native_string& file) {
 #ifdef _WIN32
-    return file.u16string();
+    return std::u16string(file.begin(), file.end());
 #else
-    return i18n::to_ustring(file.native());
+    return i18n::to_ustring(file);
 #endif
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/Export.hpp"
+#include "platform/path/Path.hpp"
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 
 namespace fl::filesystem {
@@ -18,7 +18,7 @@ class DOCPARSER_PLATFORM_EXPORT RegularFile {
 public:
     /// Opens the file; empty when there is no such regular file, it may not be read, or the path
     /// holds NUL.
-    static std::optional<RegularFile> open(const std::filesystem::path& file) noexcept;
+    static std::optional<RegularFile> open(const native_string& file) noexcept;
 
     RegularFile(RegularFile&& other) noexcept;
     RegularFile& operator=(RegularFile&& other) noexcept;

@@ -49,9 +49,9 @@ bool isRegular(int file) noexcept {
 
 } // namespace
 
-std::optional<RegularFile> RegularFile::open(const std::filesystem::path& file) noexcept {
+std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept {
     // The system would stop at NUL and take the name for that of another file.
-    if (file.native().find('\0') != std::string::npos)
+    if (file.find('\0') != std::string::npos)
         return std::nullopt;
     // A device may act on being opened, so its kind is asked before and, should the name have
     // come to mean another file in between, after.

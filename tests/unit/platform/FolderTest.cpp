@@ -19,7 +19,7 @@ using testing::UnorderedElementsAre;
 std::vector<std::string> namesIn(Folder folder) {
     std::vector<std::string> names;
     while (const auto name = folder.next())
-        names.push_back(name->string());
+        names.push_back(*name);
     return names;
 }
 
