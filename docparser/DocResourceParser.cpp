@@ -103,6 +103,7 @@ void DocResourceParser::clearSupportPackageCaches() {
 
 // --- parsing tools
 
+static_assert(Tools::kLocaleSeparator == kLocaleSeparatorUnit);
 const std::u16string Tools::kJsonExt(kJsonExtension);
 const std::u16string Tools::kDotJsonExt(kDotJsonExtension);
 const std::u16string Tools::kZipExt(kZipExtension);
