@@ -40,9 +40,10 @@ ResourceMap<RefItem> DocResourceParser::getResourceFile(const std::u16string& pr
 
 ParsingResults<ResourceMap<RefItemLookup>> DocResourceParser::getResourceLookupFiles() {
     const std::shared_ptr<const ReferenceRoots> roots = getReferenceRoots();
-    const auto parseLookupText = [](std::string text, const std::u16string& product) {
-        return parseResourceText<RefItemLookup>(std::move(text), product,
-                                                parseRefItemLookupSection);
+    const auto parseLookupText = [](std::string text, const std::u16string& product,
+                                    SectionList* list) {
+        return parseResourceText<RefItemLookup>(std::move(text), product, parseRefItemLookupSection,
+                                                list);
     };
     return collectLookupFiles(roots->lookupFolder, parseLookupText, isProductInstalled);
 }

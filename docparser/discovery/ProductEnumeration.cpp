@@ -23,8 +23,15 @@ ProductLocale classifyStem(std::u16string_view stem,
 
 ProductLists findProducts(const std::u16string& root,
                           const std::vector<std::u16string>& localeSuffixes,
-                          const std::u16string& currentLocaleSuffix) {
+                          const std::u16string& currentLocaleSuffix, LoadAccount* account) {
     ProductLists products;
+    const auto skip = [&](const fl::filesystem::directory_iterator& file, Fate fate) {
+        if (account)
+            account->files.push_back({.role = FileRole::Lookup,
+                                      .path = file.full_pathname().string(),
+                                      .isTranslation = fate == Fate::SkippedLanguage,
+                                      .fate = fate});
+    };
     // A folder that vanishes or can't be read ends the walk; what was found before is of use.
     foundation::core::except::completes([&] {
         if (root.empty())
@@ -32,12 +39,16 @@ ProductLists findProducts(const std::u16string& root,
         fl::filesystem::directory_iterator file(fl::filesystem::make_native_form(root), u"*");
         for (; file.is_open(); file.increment()) {
             const fl::filesystem::path name = fl::filesystem::make_native_form(file.filename());
-            if (!isValidFilename(name))
+            if (!isValidFilename(name)) {
+                skip(file, Fate::SkippedName);
                 continue;
+            }
             std::u16string stem = fl::filesystem::extract_stem(name);
             const ProductLocale locale = classifyStem(stem, localeSuffixes, currentLocaleSuffix);
-            if (locale == ProductLocale::Other)
+            if (locale == ProductLocale::Other) {
+                skip(file, Fate::SkippedLanguage);
                 continue;
+            }
             const bool isZip = fl::filesystem::extract_extension(name) == kZipExtension;
             auto& target = isZip ? products.zipProducts : products.jsonProducts;
             target.emplace_back(std::move(stem), locale == ProductLocale::Current,

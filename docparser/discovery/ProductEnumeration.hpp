@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductLists.hpp"
+#include "docparser/shared/LoadAccount.hpp"
 
 #include <string>
 #include <string_view>
@@ -23,8 +24,10 @@ ProductLocale classifyStem(std::u16string_view stem,
                            std::u16string_view currentLocaleSuffix) noexcept;
 
 /// The product files that lie directly in a folder; see DocResourceParser::getAllProducts().
+/// \param account  where to tell of the files that are left out; null: nobody asks
 ProductLists findProducts(const std::u16string& root,
                           const std::vector<std::u16string>& localeSuffixes,
-                          const std::u16string& currentLocaleSuffix);
+                          const std::u16string& currentLocaleSuffix,
+                          LoadAccount* account = nullptr);
 
 } // namespace reference::docparser

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductData.hpp"
+#include "docparser/io/ReadProblem.hpp"
 
 #include <string>
 
@@ -17,12 +18,13 @@ namespace reference::docparser {
 // Each call logs "Reading file: " at severity 16 before it touches the disk. No lock is held
 // while a file is read. Cost: one allocation of the file's size and one read.
 
-/// \param path  the file
+/// \param path     the file
+/// \param problem  where to say why the text is not the file's; null: nobody asks
 /// \throws std::system_error  the path cannot name a file: it holds NUL or an unpaired surrogate
-std::string openAndReadFile(const std::u16string& path);
+std::string openAndReadFile(const std::u16string& path, ReadProblem* problem = nullptr);
 
 /// Reads the file of a product that lies in a folder.
 /// \throws std::system_error  as above
-std::string openAndReadFile(const ProductPathData& product);
+std::string openAndReadFile(const ProductPathData& product, ReadProblem* problem = nullptr);
 
 } // namespace reference::docparser

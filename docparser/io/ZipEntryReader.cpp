@@ -9,18 +9,21 @@ namespace reference::docparser {
 
 using foundation::log::kSeverityTrace;
 
-std::string openAndReadFile(const ProductZipData& product) {
+std::string openAndReadFile(const ProductZipData& product, ReadProblem* problem) {
     docParserLog().write(kSeverityTrace, "Reading file: ", product.getName());
     std::string text;
     // An empty text fails in the parser, so that this product alone is left out.
-    const bool isRead = foundation::core::except::completes([&] {
+    const std::exception_ptr failure = foundation::core::except::failureOf([&] {
         const auto source = product.getFileSystemManager().getFileContentSource(
             product.getEntry(), opc::TransformMode::Decoded);
         const auto stream = source->openInputStream();
         text = opc::StreamHelper::readAll(*stream);
     });
-    if (!isRead)
+    if (failure) {
         docParserLog().write(kSeverityTrace, "Error reading file: ", product.getName());
+        if (problem)
+            *problem = problemOf(failure);
+    }
     return text;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductZipData.hpp"
+#include "docparser/io/ReadProblem.hpp"
 
 #include <string>
 
@@ -12,6 +13,7 @@ namespace reference::docparser {
 /// entry that can't be delivered whole, because it is damaged, encrypted or larger than
 /// platform::readLimits() allows, say, is logged as "Error reading file: " and the product's name,
 /// also at severity 16, and is an empty text. Cost: the text is inflated straight into its place.
-std::string openAndReadFile(const ProductZipData& product);
+/// \param problem  where to say why the text is not the entry's; null: nobody asks
+std::string openAndReadFile(const ProductZipData& product, ReadProblem* problem = nullptr);
 
 } // namespace reference::docparser

@@ -9,13 +9,16 @@
 namespace reference::docparser {
 
 ZipPackage::ZipPackage(const std::u16string& zipFile, const opc::FileSystemOpsSelector& selector)
-    : physical_(zipFile, selector, true), package_(physical_), manager_(package_, selector) {
+    : path_(zipFile),
+      physical_(zipFile, selector, true),
+      package_(physical_),
+      manager_(package_, selector) {
     package_.open(opc::OpenMode::ReadOnly);
 }
 
 std::vector<ProductZipData>
 ZipPackage::findProducts(bool isNonEnglishLocale, const std::vector<std::u16string>& localeSuffixes,
-                         const std::u16string& currentLocaleSuffix) {
+                         const std::u16string& currentLocaleSuffix, LoadAccount* account) {
     const auto leaves = manager_.getAllLeafs();
     // The suffix that each entry must be sorted by, or the answer that the package's name gives.
     const auto classify = [&](const std::u16string& stem) {
@@ -26,16 +29,29 @@ ZipPackage::findProducts(bool isNonEnglishLocale, const std::vector<std::u16stri
         return stem.ends_with(currentLocaleSuffix) ? ProductLocale::Current : ProductLocale::Other;
     };
 
+    const auto skip = [&](const opc::qorservices::FileSystemEntry& leaf, Fate fate) {
+        if (account)
+            account->files.push_back({.role = FileRole::Lookup,
+                                      .path = path_,
+                                      .entry = leaf.getName(),
+                                      .isTranslation = fate == Fate::SkippedLanguage,
+                                      .fate = fate});
+    };
+
     std::vector<ProductZipData> products;
     products.reserve(leaves.size());
     for (const opc::qorservices::FileSystemEntry& leaf : leaves) {
         const fl::filesystem::path name =
             fl::filesystem::make_native_form(leaf.getBaseName(), /*isName=*/true);
-        if (!isValidFilename(name))
+        if (!isValidFilename(name)) {
+            skip(leaf, Fate::SkippedName);
             continue;
+        }
         std::u16string stem = fl::filesystem::extract_stem(name);
         const ProductLocale locale = classify(stem);
-        if (locale != ProductLocale::Other)
+        if (locale == ProductLocale::Other)
+            skip(leaf, Fate::SkippedLanguage);
+        else
             products.emplace_back(std::move(stem), locale == ProductLocale::Current, leaf,
                                   manager_);
     }

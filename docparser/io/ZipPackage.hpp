@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductZipData.hpp"
+#include "docparser/shared/LoadAccount.hpp"
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/FileSystemOpsSelector.hpp"
 #include "platform/package/Package.hpp"
@@ -30,12 +31,15 @@ public:
     /// \param isNonEnglishLocale   whether the package's own name is that of a translation
     /// \param localeSuffixes       what marks a translated entry of several
     /// \param currentLocaleSuffix  the mark of the translations to keep
+    /// \param account  where to tell of the entries that are left out; null: nobody asks
     /// \throws std::exception  the entries can't be listed
     std::vector<ProductZipData> findProducts(bool isNonEnglishLocale,
                                              const std::vector<std::u16string>& localeSuffixes,
-                                             const std::u16string& currentLocaleSuffix);
+                                             const std::u16string& currentLocaleSuffix,
+                                             LoadAccount* account = nullptr);
 
 private:
+    std::u16string path_;
     opc::zippackage::ZipPhysicalPackage physical_;
     opc::model::Package package_;
     opc::qorservices::FileSystemManager manager_;

@@ -2,6 +2,8 @@
 
 #include "docparser/io/ResourceFileReader.hpp"
 #include "docparser/io/ZipEntryReader.hpp"
+#include "docparser/retrieval/FileReport.hpp"
+#include "docparser/retrieval/LookupAccount.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 #include "platform/except/Completes.hpp"
 
@@ -20,44 +22,65 @@ std::u16string ownName(const ProductData& product, const std::u16string& localeS
 }
 
 void addSection(const std::u16string& key, LookupSection& section, bool isTranslated,
-                LookupMap& target) {
+                const LookupReadContext& context, FileReport& report, LookupResults& result) {
+    const bool isInstalled = context.isInstalled(key);
+    LookupMap& target = isInstalled ? result.installed : result.notInstalled;
     // Nothing reads the parsed section afterwards, so its key's first insertion moves it.
     const auto [entry, isNew] = target.try_emplace(key, std::move(section));
-    if (isNew)
+    LookupSection& known = entry->second;
+    if (isNew) {
+        if (context.account)
+            context.account->placed(report, key, isInstalled, known.items);
         return;
+    }
     if (isTranslated)
-        std::swap(entry->second, section);
-    mergeLookupItems(entry->second.items, section.items);
+        std::swap(known, section);
+    const auto merge = [&] { mergeLookupItems(known.items, section.items); };
+    if (context.account)
+        context.account->merged(report, key, isInstalled, isTranslated, known.items, section.items,
+                                merge);
+    else
+        merge();
 }
 
-// Reads products of any kind that openAndReadFile() knows.
+// Reads one product of any kind that openAndReadFile() knows, and tells the report of it.
 template <class Product>
-void readLookups(const std::vector<Product>& products, const LookupReadContext& context,
-                 LookupResults& result) {
-    for (const Product& product : products) {
-        const std::u16string name = ownName(product, context.localeSuffix);
-        // A product that is missing or damaged is left out; the others are served.
-        foundation::core::except::completes([&] {
-            LookupMap sections = context.parseLookupText(openAndReadFile(product), name);
-            for (auto& [key, section] : sections) {
-                LookupMap& target =
-                    context.isInstalled(key) ? result.installed : result.notInstalled;
-                addSection(key, section, product.isNonEnglishLocale(), target);
-            }
-        });
-    }
+void readLookup(const Product& product, const LookupReadContext& context, FileReport& report,
+                LookupResults& result) {
+    const std::u16string name = ownName(product, context.localeSuffix);
+    // A product that is missing or damaged is left out; the others are served.
+    report.conclude(foundation::core::except::failureOf([&] {
+        std::string text = openAndReadFile(product, report.problem());
+        report.keepText(text);
+        LookupMap sections = context.parseLookupText(std::move(text), name, report.sections());
+        for (auto& [key, section] : sections)
+            addSection(key, section, product.isNonEnglishLocale(), context, report, result);
+    }));
+}
+
+LoadAccount* filesOf(const LookupReadContext& context) {
+    return context.account ? &context.account->account() : nullptr;
 }
 
 } // namespace
 
 void readFolderLookups(const std::vector<ProductPathData>& products,
                        const LookupReadContext& context, LookupResults& result) {
-    readLookups(products, context, result);
+    for (const ProductPathData& product : products) {
+        FileReport report(filesOf(context), FileRole::Lookup, product.getFullPath(), {},
+                          product.isNonEnglishLocale());
+        readLookup(product, context, report, result);
+    }
 }
 
 void readZipPackageLookups(const std::vector<ProductZipData>& products,
-                           const LookupReadContext& context, LookupResults& result) {
-    readLookups(products, context, result);
+                           const std::u16string& package, const LookupReadContext& context,
+                           LookupResults& result) {
+    for (const ProductZipData& product : products) {
+        FileReport report(filesOf(context), FileRole::Lookup, package, product.getEntry().getName(),
+                          product.isNonEnglishLocale());
+        readLookup(product, context, report, result);
+    }
 }
 
 } // namespace reference::docparser

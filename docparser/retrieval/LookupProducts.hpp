@@ -19,7 +19,9 @@ void readFolderLookups(const std::vector<ProductPathData>& products,
                        const LookupReadContext& context, LookupResults& result);
 
 /// Reads products that are entries of one package, which stays open meanwhile.
+/// \param package  the package's path, for the account
 void readZipPackageLookups(const std::vector<ProductZipData>& products,
-                           const LookupReadContext& context, LookupResults& result);
+                           const std::u16string& package, const LookupReadContext& context,
+                           LookupResults& result);
 
 } // namespace reference::docparser

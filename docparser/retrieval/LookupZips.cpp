@@ -1,6 +1,8 @@
 #include "docparser/retrieval/LookupZips.hpp"
 
 #include "docparser/io/ZipPackage.hpp"
+#include "docparser/retrieval/FileReport.hpp"
+#include "docparser/retrieval/LookupAccount.hpp"
 #include "docparser/retrieval/LookupProducts.hpp"
 #include "platform/except/Completes.hpp"
 #include "platform/package/StorageSystem.hpp"
@@ -12,14 +14,21 @@ LookupResults readZipLookups(const std::vector<ProductPathData>& zipPackages,
     LookupResults result;
     const opc::FileSystemOpsSelector selector(
         storage::microservicestoragesystem::GetStorageSystemReference());
+    LoadAccount* const account = context.account ? &context.account->account() : nullptr;
     for (const ProductPathData& zipFile : zipPackages) {
+        FileReport report(account, FileRole::Package, zipFile.getFullPath(), {},
+                          zipFile.isNonEnglishLocale());
         // A broken package costs its own products; what they had merged already stays.
-        foundation::core::except::completes([&] {
+        const std::exception_ptr failure = foundation::core::except::failureOf([&] {
             ZipPackage package(zipFile.getFullPath(), selector);
-            const std::vector<ProductZipData> products = package.findProducts(
-                zipFile.isNonEnglishLocale(), context.supportedLocales, context.localeSuffix);
-            readZipPackageLookups(products, context, result);
+            const std::vector<ProductZipData> products =
+                package.findProducts(zipFile.isNonEnglishLocale(), context.supportedLocales,
+                                     context.localeSuffix, account);
+            readZipPackageLookups(products, zipFile.getFullPath(), context, result);
         });
+        if (failure && report.problem())
+            *report.problem() = problemOfOpening(zipFile.getFullPath(), failure);
+        report.conclude(failure);
     }
     return result;
 }

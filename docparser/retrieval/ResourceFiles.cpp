@@ -3,6 +3,8 @@
 #include "docparser/discovery/Locales.hpp"
 #include "docparser/io/ResourceFileReader.hpp"
 #include "docparser/parsing/ItemParser.hpp"
+#include "docparser/retrieval/FileReport.hpp"
+#include "docparser/retrieval/OverlayAccount.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
 #include "docparser/shared/Constants.hpp"
 #include "platform/except/Completes.hpp"
@@ -13,6 +15,7 @@
 namespace reference::docparser {
 
 using foundation::core::except::completes;
+using foundation::core::except::failureOf;
 using property::RefItem;
 
 namespace {
@@ -26,25 +29,32 @@ std::optional<ResourceMap<RefItem>> readProductFile(const std::u16string& produc
     const fl::filesystem::path file = fl::filesystem::path(folder) / name;
 
     std::optional<ResourceMap<RefItem>> sections;
+    FileReport report(currentLoadAccount(), FileRole::Resources, file.string(), {},
+                      !localeSuffix.empty());
     // A damaged file is as good as a missing one: the caller tries the next place.
-    completes([&] {
-        sections = parseResourceText<RefItem>(openAndReadFile(file.string()), product,
-                                              parseRefItemSection);
-    });
+    report.conclude(failureOf([&] {
+        std::string text = openAndReadFile(file.string(), report.problem());
+        report.keepText(text);
+        sections = parseResourceText<RefItem>(std::move(text), product, parseRefItemSection,
+                                              report.sections());
+    }));
     return sections;
 }
 
 // Puts the sections of the language file over the English ones. Items are moved from map to map;
 // only a section that the language file alone has is copied.
-void overlay(ResourceMap<RefItem>& translated, ResourceMap<RefItem>& english) {
+void overlay(ResourceMap<RefItem>& translated, ResourceMap<RefItem>& english,
+             OverlayAccount account) {
     for (auto& [key, section] : translated) {
         const auto found = english.find(key);
         if (found == english.end()) {
             english.emplace(key, section);
+            account.added(key);
             continue;
         }
         DocResource<RefItem>& target = found->second;
         section.items.merge(target.items);
+        account.overlaid(key, target.items);
         target.header = std::move(section.header);
         target.items = std::move(section.items);
     }
@@ -66,7 +76,7 @@ std::optional<ResourceMap<RefItem>> getResourceDataAtRoot(const std::u16string& 
     if (!resources)
         return translated;
     // Should memory end halfway, the sections overlaid so far stay.
-    completes([&] { overlay(*translated, *resources); });
+    completes([&] { overlay(*translated, *resources, OverlayAccount(currentLoadAccount())); });
     return resources;
 }
 

@@ -19,13 +19,26 @@ namespace {
 
 constexpr std::size_t kFirstBlockBytes = 1024;
 
+// Lists one section more; they come in file order, the main section first.
+void listSection(SectionList* list, const std::u16string& key, bool isNew) {
+    if (!list)
+        return;
+    std::string pointer;
+    if (!list->empty())
+        pointer = "/supportPackages/" + std::to_string(list->size() - 1);
+    list->push_back({.key = key,
+                     .pointer = std::move(pointer),
+                     .fate = isNew ? SectionFate::Unused : SectionFate::KeyTaken});
+}
+
 template <class T>
 ResourceMap<T> readSections(const json::value& root, const std::u16string& product,
-                            SectionParser<T> parseSection) {
+                            SectionParser<T> parseSection, SectionList* list) {
     ResourceMap<T> sections;
     DocResource<T> mainSection = parseSection(root, product);
     std::u16string helpFolder = mainSection.header.getHelpFolder();
-    sections.try_emplace(std::move(helpFolder), std::move(mainSection));
+    const auto main = sections.try_emplace(std::move(helpFolder), std::move(mainSection));
+    listSection(list, main.first->first, main.second);
 
     const json::value* supportPackages = getJsonObject(root).if_contains("supportPackages");
     if (!supportPackages)
@@ -33,7 +46,8 @@ ResourceMap<T> readSections(const json::value& root, const std::u16string& produ
     for (const json::value& element : getJsonArray(*supportPackages)) {
         DocResource<T> section = parseSection(element, product);
         std::u16string baseCode = section.header.getBaseCode();
-        sections.try_emplace(std::move(baseCode), std::move(section));
+        const auto [entry, isNew] = sections.try_emplace(std::move(baseCode), std::move(section));
+        listSection(list, entry->first, isNew);
     }
     return sections;
 }
@@ -42,13 +56,13 @@ ResourceMap<T> readSections(const json::value& root, const std::u16string& produ
 
 template <class T>
 ResourceMap<T> parseResourceText(std::string text, const std::u16string& product,
-                                 SectionParser<T> parseSection) {
+                                 SectionParser<T> parseSection, SectionList* list) {
     json::monotonic_resource arena(kFirstBlockBytes);
     const json::value root = json::parse(text, &arena);
     // The document has copies of its strings. Assigning an empty text would keep the buffer.
     std::string().swap(text);
     try {
-        return readSections(root, product, parseSection);
+        return readSections(root, product, parseSection, list);
     } catch (FormatError& error) {
         error.locate(root);
         throw;
@@ -56,8 +70,10 @@ ResourceMap<T> parseResourceText(std::string text, const std::u16string& product
 }
 
 template ResourceMap<property::RefItem> parseResourceText(std::string, const std::u16string&,
-                                                          SectionParser<property::RefItem>);
+                                                          SectionParser<property::RefItem>,
+                                                          SectionList*);
 template ResourceMap<property::RefItemLookup>
-parseResourceText(std::string, const std::u16string&, SectionParser<property::RefItemLookup>);
+parseResourceText(std::string, const std::u16string&, SectionParser<property::RefItemLookup>,
+                  SectionList*);
 
 } // namespace reference::docparser

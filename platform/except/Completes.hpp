@@ -5,24 +5,32 @@
 
 namespace foundation::core::except {
 
-/// Runs a step whose failure its caller can do without, and tells whether it ran to its end.
+/// Runs a step whose failure its caller can do without, and hands that failure out.
 ///
-/// Whatever the step throws is dropped; say at the call why that silence is right. The cancellation
-/// of the thread, which travels as an exception on some systems, is no failure of the step and
-/// passes through.
+/// Whatever the step throws goes no further; say at the call why that is right. The cancellation of
+/// the thread, which travels as an exception on some systems, is no failure of the step and passes
+/// through.
 /// \param step  called once, without arguments
-/// \returns     false when the step threw
+/// \returns     what the step threw; null when it ran to its end
 template <class Step>
-bool completes(Step&& step) {
+[[nodiscard]] std::exception_ptr failureOf(Step&& step) {
     try {
         std::forward<Step>(step)();
-        return true;
+        return nullptr;
     } catch (...) {
         // What unwinds a thread that is cancelled is no exception of C++: there is no current one.
-        if (!std::current_exception())
+        std::exception_ptr failure = std::current_exception();
+        if (!failure)
             throw;
-        return false;
+        return failure;
     }
+}
+
+/// Runs a step as failureOf() does, drops its failure and tells whether it ran to its end.
+/// \returns  false when the step threw
+template <class Step>
+bool completes(Step&& step) {
+    return failureOf(std::forward<Step>(step)) == nullptr;
 }
 
 } // namespace foundation::core::except

@@ -2,7 +2,8 @@
 
 namespace opc {
 
-// Out of line, so that one library holds the type's identity and every other can catch it.
+// Out of line, so that one library holds the types' identities and every other can catch them.
 PackageError::~PackageError() = default;
+PackageLimitError::~PackageLimitError() = default;
 
 } // namespace opc

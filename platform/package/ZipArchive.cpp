@@ -65,14 +65,14 @@ std::uint64_t ZipArchive::entryCount() const {
 std::u16string ZipArchive::entryName(std::uint64_t index) {
     const char* const raw = zip_get_name(archive_.get(), index, ZIP_FL_ENC_RAW);
     if (!raw)
-        throw entryFailure(index, zip_strerror(archive_.get()));
+        throw PackageError(entryFailure(index, zip_strerror(archive_.get())));
     const bool isHidden = std::ranges::binary_search(hidden_, index, {}, &FlaggedEntry::index);
     if (isHidden || fl::i18n::is_well_formed(std::string_view(raw)))
         return fl::i18n::to_ustring(raw);
     // What libzip takes for UTF-8 comes back as it is, from CP437 it is converted.
     const char* const converted = zip_get_name(archive_.get(), index, ZIP_FL_ENC_STRICT);
     if (!converted)
-        throw entryFailure(index, zip_strerror(archive_.get()));
+        throw PackageError(entryFailure(index, zip_strerror(archive_.get())));
     return fl::i18n::to_ustring(converted);
 }
 
@@ -80,29 +80,30 @@ zip_stat_t ZipArchive::entryDescription(std::uint64_t index) {
     zip_stat_t description;
     zip_stat_init(&description);
     if (zip_stat_index(archive_.get(), index, 0, &description) != 0)
-        throw entryFailure(index, zip_strerror(archive_.get()));
+        throw PackageError(entryFailure(index, zip_strerror(archive_.get())));
     return description;
 }
 
 ZipFileHandle ZipArchive::openEntry(std::uint64_t index) {
     const zip_stat_t description = entryDescription(index);
     if (description.encryption_method != ZIP_EM_NONE)
-        throw entryFailure(index, "it is encrypted");
+        throw PackageError(entryFailure(index, "it is encrypted"));
     if (zip_compression_method_supported(description.comp_method, /*compress=*/0) == 0)
-        throw entryFailure(index, "compression method " + std::to_string(description.comp_method) +
-                                      " is not supported");
+        throw PackageError(entryFailure(index, "compression method " +
+                                                   std::to_string(description.comp_method) +
+                                                   " is not supported"));
     ZipFileHandle entry(zip_fopen_index(archive_.get(), index, 0));
     if (!entry)
-        throw entryFailure(index, zip_strerror(archive_.get()));
+        throw PackageError(entryFailure(index, zip_strerror(archive_.get())));
     return entry;
 }
 
-PackageError ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {
+std::string ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {
     // The raw name, since the reason may be that there is no other.
     const char* const raw = zip_get_name(archive_.get(), index, ZIP_FL_ENC_RAW);
     const std::string name = fl::i18n::to_string(fl::i18n::to_ustring(raw ? raw : ""));
-    return PackageError("entry " + std::to_string(index) + " \"" + name + "\" of the package \"" +
-                        path_ + "\" cannot be delivered: " + reasonOf(reason));
+    return "entry " + std::to_string(index) + " \"" + name + "\" of the package \"" + path_ +
+           "\" cannot be delivered: " + reasonOf(reason);
 }
 
 std::string ZipArchive::reasonOf(std::string_view reason) {

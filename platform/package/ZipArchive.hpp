@@ -40,8 +40,9 @@ public:
     /// \throws PackageError  it is encrypted, compressed in an unknown way or not in its place
     ZipFileHandle openEntry(std::uint64_t index);
 
-    /// The failure of an entry, with the reason why the file could not be read if that is known.
-    PackageError entryFailure(std::uint64_t index, std::string_view reason);
+    /// The message of an entry's failure, with the reason why the file could not be read if that is
+    /// known.
+    std::string entryFailure(std::uint64_t index, std::string_view reason);
 
     /// How many bytes have come out of all entries so far.
     std::uint64_t deliveredBytes() const noexcept { return deliveredBytes_; }

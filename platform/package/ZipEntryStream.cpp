@@ -13,6 +13,13 @@ ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_
       description_(archive_->entryDescription(index)),
       entry_(archive_->openEntry(index)) {}
 
+template <class Error>
+void ZipEntryStream::fail(std::string_view reason) {
+    const Error failure(archive_->entryFailure(index_, reason));
+    entry_.reset();
+    throw failure;
+}
+
 std::size_t ZipEntryStream::read(char* room, std::size_t length) {
     if (isComplete_ || length == 0)
         return 0;
@@ -32,7 +39,7 @@ std::size_t ZipEntryStream::read(char* room, std::size_t length) {
     }
     const auto count = static_cast<std::uint64_t>(answer);
     if (count > affordable)
-        fail("it is larger than the limit");
+        fail<PackageLimitError>("it is larger than the limit");
     deliveredBytes_ += count;
     archive_->countDelivered(count);
     if (deliveredBytes_ > description_.size)
@@ -56,12 +63,6 @@ void ZipEntryStream::finish() {
         fail("its checksum is wrong");
     isComplete_ = true;
     entry_.reset();
-}
-
-void ZipEntryStream::fail(std::string_view reason) {
-    const PackageError failure = archive_->entryFailure(index_, reason);
-    entry_.reset();
-    throw failure;
 }
 
 } // namespace opc::detail

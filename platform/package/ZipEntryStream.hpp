@@ -24,6 +24,7 @@ public:
 private:
     std::uint64_t affordableBytes() const noexcept;
     void finish();
+    template <class Error = PackageError>
     [[noreturn]] void fail(std::string_view reason);
 
     std::shared_ptr<ZipArchive> archive_;

@@ -9,6 +9,16 @@
 
 namespace fl::filesystem {
 
+/// What bears a name on the disk.
+enum class FileKind {
+    Missing, ///< nothing, or what the system does not let the process see
+    Regular,
+    Other ///< a folder, pipe, socket or device; links count as what they lead to
+};
+
+/// Asks what bears the name. Nothing is opened, nothing blocks; NUL in a path names nothing.
+DOCPARSER_PLATFORM_EXPORT FileKind kindOf(const native_string& file) noexcept;
+
 /// A regular file opened for reading; it is closed with the object.
 ///
 /// Nothing else is ever opened in its stead: a folder, pipe, socket or device that bears the name

@@ -37,11 +37,6 @@ int openDescriptor(const char* file) noexcept {
         [&] { return ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); });
 }
 
-bool isRegular(const char* file) noexcept {
-    struct stat status = {};
-    return uninterrupted([&] { return ::stat(file, &status); }) == 0 && S_ISREG(status.st_mode);
-}
-
 bool isRegular(int file) noexcept {
     struct stat status = {};
     return uninterrupted([&] { return ::fstat(file, &status); }) == 0 && S_ISREG(status.st_mode);
@@ -49,13 +44,20 @@ bool isRegular(int file) noexcept {
 
 } // namespace
 
-std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept {
+FileKind kindOf(const native_string& file) noexcept {
     // The system would stop at NUL and take the name for that of another file.
     if (file.find('\0') != std::string::npos)
-        return std::nullopt;
+        return FileKind::Missing;
+    struct stat status = {};
+    if (uninterrupted([&] { return ::stat(file.c_str(), &status); }) != 0)
+        return FileKind::Missing;
+    return S_ISREG(status.st_mode) ? FileKind::Regular : FileKind::Other;
+}
+
+std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept {
     // A device may act on being opened, so its kind is asked before and, should the name have
     // come to mean another file in between, after.
-    if (!isRegular(file.c_str()))
+    if (kindOf(file) != FileKind::Regular)
         return std::nullopt;
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)

@@ -37,7 +37,7 @@ protected:
 };
 
 TEST_F(CollectLookupFilesTest, WithoutALookupFolderNothingIsLookedFor) {
-    const auto parse = [](std::string, const std::u16string&) -> LookupMap {
+    const auto parse = [](std::string, const std::u16string&, SectionList*) -> LookupMap {
         throw std::logic_error("a text was parsed");
     };
     const auto isInstalled = [](const std::u16string&) -> bool {
@@ -47,7 +47,7 @@ TEST_F(CollectLookupFilesTest, WithoutALookupFolderNothingIsLookedFor) {
 }
 
 TEST_F(CollectLookupFilesTest, AFailureOfTheLanguageServicePasses) {
-    const auto parse = [](std::string, const std::u16string&) { return LookupMap(); };
+    const auto parse = [](std::string, const std::u16string&, SectionList*) { return LookupMap(); };
     const auto isInstalled = [](const std::u16string&) { return true; };
     EXPECT_THROW(collectLookupFiles(u"/no/such/folder", parse, isInstalled), std::logic_error);
 }

@@ -1,0 +1,217 @@
+#include "docparser/parsing/TextPlaces.hpp"
+
+#include <boost/json/monotonic_resource.hpp>
+#include <boost/json/parse.hpp>
+#include <boost/json/stream_parser.hpp>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace reference::docparser {
+
+namespace json = boost::json;
+
+namespace {
+
+// What is asked for below one value.
+struct Wanted {
+    std::map<std::string, Wanted, std::less<>> children;
+    std::vector<std::size_t> pointers; // indices of those that end here
+
+    void forget(std::vector<std::optional<ValuePlace>>& places) const {
+        for (const std::size_t pointer : pointers)
+            places[pointer].reset();
+        for (const auto& [token, child] : children)
+            child.forget(places);
+    }
+};
+
+std::string unescape(std::string_view token) {
+    std::string key;
+    for (std::size_t at = 0; at < token.size(); ++at) {
+        const bool isEscape = token[at] == '~' && at + 1 < token.size();
+        key += isEscape ? (token[++at] == '1' ? '/' : '~') : token[at];
+    }
+    return key;
+}
+
+Wanted collectWanted(const std::vector<std::string>& pointers) {
+    Wanted root;
+    for (std::size_t index = 0; index < pointers.size(); ++index) {
+        Wanted* node = &root;
+        std::string_view rest = pointers[index];
+        while (!rest.empty()) {
+            rest.remove_prefix(1);
+            const std::size_t length = std::min(rest.find('/'), rest.size());
+            node = &node->children[unescape(rest.substr(0, length))];
+            rest.remove_prefix(length);
+        }
+        node->pointers.push_back(index);
+    }
+    return root;
+}
+
+// Tells lines and columns of offsets that never decrease.
+class LineCounter {
+public:
+    explicit LineCounter(std::string_view text) : text_(text) {}
+
+    TextPlace placeOf(std::size_t offset) {
+        for (; place_.offset < offset && place_.offset < text_.size(); ++place_.offset) {
+            const char byte = text_[place_.offset];
+            if (byte == '\n') {
+                ++place_.line;
+                place_.column = 1;
+            } else if (!isContinuation(place_.offset + 1)) {
+                ++place_.column;
+            }
+        }
+        return place_;
+    }
+
+private:
+    // Whether the byte goes on with the character before it.
+    bool isContinuation(std::size_t offset) const {
+        return offset < text_.size() && (static_cast<unsigned char>(text_[offset]) & 0xC0U) == 0x80;
+    }
+
+    std::string_view text_;
+    TextPlace place_;
+};
+
+// Walks over a JSON text and notes the places of the values that are wanted. It checks nothing; it
+// only never leaves the text. Its recursion follows what is wanted and so is as deep as a pointer.
+class ValueFinder {
+public:
+    ValueFinder(std::string_view text, std::vector<std::optional<ValuePlace>>& places)
+        : text_(text), places_(places), lines_(text) {}
+
+    void walk(const Wanted& wanted, const std::optional<TextPlace>& key) {
+        skipSpace();
+        // A repeated key makes what was found under the earlier one void.
+        wanted.forget(places_);
+        for (const std::size_t pointer : wanted.pointers)
+            places_[pointer] = ValuePlace{lines_.placeOf(at_), key};
+        if (wanted.children.empty())
+            skipValue();
+        else if (takes('{'))
+            walkMembers(wanted);
+        else if (takes('['))
+            walkElements(wanted);
+        else
+            skipValue();
+    }
+
+private:
+    void walkMembers(const Wanted& wanted) {
+        while (isSeparated('}')) {
+            const std::size_t start = at_;
+            skipValue();
+            const auto child = wanted.children.find(decodedKey(start));
+            skipSpace();
+            takes(':');
+            if (child != wanted.children.end())
+                walk(child->second, lines_.placeOf(start));
+            else
+                skipValue();
+        }
+    }
+
+    void walkElements(const Wanted& wanted) {
+        for (std::size_t index = 0; isSeparated(']'); ++index) {
+            const auto child = wanted.children.find(std::to_string(index));
+            if (child != wanted.children.end())
+                walk(child->second, std::nullopt);
+            else
+                skipValue();
+        }
+    }
+
+    // Steps to the next member or element; false behind the closing bracket or the text's end.
+    bool isSeparated(char closing) {
+        skipSpace();
+        takes(',');
+        skipSpace();
+        return !takes(closing) && at_ < text_.size();
+    }
+
+    std::string decodedKey(std::size_t start) const {
+        const std::string_view quoted = text_.substr(start, at_ - start);
+        if (quoted.find('\\') != quoted.npos) {
+            json::error_code error;
+            const json::value key = json::parse(quoted, error);
+            if (const json::string* decoded = key.if_string())
+                return std::string(*decoded);
+        }
+        return quoted.size() < 2 ? std::string() : std::string(quoted.substr(1, quoted.size() - 2));
+    }
+
+    bool takes(char character) {
+        const bool isThere = at_ < text_.size() && text_[at_] == character;
+        at_ += isThere ? 1 : 0;
+        return isThere;
+    }
+
+    void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
+
+    void skipString() {
+        for (++at_; at_ < text_.size() && text_[at_] != '"'; ++at_)
+            at_ += text_[at_] == '\\' ? 1 : 0;
+        at_ = std::min(at_ + 1, text_.size());
+    }
+
+    // Skips a value with all that it holds. At least one character goes, so that every walk ends.
+    void skipValue() {
+        skipSpace();
+        std::size_t depth = 0;
+        do {
+            const char character = at_ < text_.size() ? text_[at_] : '\0';
+            if (character == '"') {
+                skipString();
+            } else if (character == '{' || character == '[') {
+                ++depth;
+                ++at_;
+            } else if (character == '}' || character == ']') {
+                depth -= depth == 0 ? 0 : 1;
+                ++at_;
+            } else {
+                at_ = std::min(text_.find_first_of("\"{}[],: \t\r\n", at_ + 1), text_.size());
+            }
+        } while (depth > 0 && at_ < text_.size());
+    }
+
+    std::string_view text_;
+    std::vector<std::optional<ValuePlace>>& places_;
+    LineCounter lines_;
+    std::size_t at_ = 0;
+};
+
+} // namespace
+
+TextPlace placeOfOffset(std::string_view text, std::size_t offset) {
+    return LineCounter(text).placeOf(offset);
+}
+
+std::vector<std::optional<ValuePlace>> findValues(std::string_view text,
+                                                  const std::vector<std::string>& pointers) {
+    std::vector<std::optional<ValuePlace>> places(pointers.size());
+    ValueFinder(text, places).walk(collectWanted(pointers), std::nullopt);
+    return places;
+}
+
+std::optional<SyntaxProblem> findSyntaxProblem(std::string_view text) {
+    json::monotonic_resource arena;
+    json::stream_parser parser(&arena);
+    json::error_code error;
+    std::size_t offset = parser.write_some(text, error);
+    if (!error && offset < text.size())
+        error = json::error::extra_data;
+    if (!error)
+        parser.finish(error);
+    if (!error)
+        return std::nullopt;
+    return SyntaxProblem{placeOfOffset(text, offset), error.message()};
+}
+
+} // namespace reference::docparser

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+
+namespace reference::docparser {
+
+/// A place in a UTF-8 text, for people and for editors.
+struct TextPlace {
+    std::size_t offset = 0; ///< bytes before it
+    std::size_t line = 1;   ///< from 1; a line ends with U+000A
+    std::size_t column = 1; ///< from 1, in characters (Unicode code points)
+
+    bool operator==(const TextPlace&) const = default;
+};
+
+} // namespace reference::docparser
