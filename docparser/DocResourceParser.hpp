@@ -31,6 +31,7 @@ namespace reference::docparser {
 /// channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp).
 class DOCPARSER_EXPORT DocResourceParser {
 public:
+    /// The folders that getReferenceRoots() returns.
     using ReferenceRoots = docparser::ReferenceRoots;
 
     /// Every full record of one product, in the current documentation language with English
@@ -64,8 +65,8 @@ public:
     /// \param localeSuffixes       what marks a translated file, as in "_de"
     /// \param currentLocaleSuffix  the mark of the translated files to keep
     /// \returns                    the files in the order of the folder, each with its stem as
-    /// name;
-    ///                             after a failure, which is never thrown, what was found before it
+    ///                             name; after a failure, which is never thrown, what was found
+    ///                             before it
     static ProductLists getAllProducts(const std::u16string& root,
                                        const std::vector<std::u16string>& localeSuffixes,
                                        const std::u16string& currentLocaleSuffix);
@@ -120,14 +121,15 @@ public:
     /// The constants of the file names, and what reads the values of a parsed resource file.
     class ParsingTools {
     public:
+        /// How the bytes of a string become UTF-16.
         using StringParsingType = docparser::StringParsingType;
 
-        static const std::u16string kJsonExt;       ///< "json"
-        static const std::u16string kDotJsonExt;    ///< ".json"
-        static const std::u16string kZipExt;        ///< "zip"
-        static const std::u16string kDotZipExt;     ///< ".zip"
-        static const std::u16string kEnglishLocale; ///< "en"
-        static constexpr char16_t kLocaleSeparator = u'_';
+        static const std::u16string kJsonExt;              ///< "json"
+        static const std::u16string kDotJsonExt;           ///< ".json"
+        static const std::u16string kZipExt;               ///< "zip"
+        static const std::u16string kDotZipExt;            ///< ".zip"
+        static const std::u16string kEnglishLocale;        ///< "en"
+        static constexpr char16_t kLocaleSeparator = u'_'; ///< between a product and a language
 
         /// The current documentation language, just as the language service answers.
         /// \throws whatever the language service throws

@@ -12,7 +12,7 @@ struct DOCPARSER_EXPORT ReferenceRoots {
     /// Derives the folders by plain concatenation; nothing is normalised and nothing need exist.
     explicit ReferenceRoots(std::u16string referenceRoot);
 
-    std::u16string root;
+    std::u16string root;               ///< as it was given
     std::u16string lookupFolder;       ///< root, "docCatalog", "referenceapi_lookup"
     std::u16string referenceApiFolder; ///< root, "docCatalog", "referenceapi"
 };
