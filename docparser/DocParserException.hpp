@@ -14,6 +14,7 @@ namespace reference::docparser {
 /// derive from std::exception.
 class DOCPARSER_EXPORT DocParserException : public foundation::core::except::IInternalException {
 public:
+    /// \param productName  the product that was asked for
     explicit DocParserException(std::u16string productName);
     DocParserException(const DocParserException&) = default;
     DocParserException(DocParserException&&) = default;

@@ -24,13 +24,17 @@ namespace reference::docparser {
 /// Every operation may be called from any thread at any time, runs on its caller's thread and
 /// keeps no reference to what it returns. Nothing is cached but what the settings below say: each
 /// retrieval reads and parses its files anew, and their memory is given back when it returns. No
-/// lock is held while files are read or parsed.
+/// lock is held while files are read or parsed. Whatever needs memory may throw std::bad_alloc.
+///
+/// All texts are UTF-16. Folders are spelled as the system spells paths; they are joined as text,
+/// and nothing is normalised.
 ///
 /// A file that is missing, malformed or of another kind than a regular file contributes nothing
 /// and hides nothing else. What is read, and what could not be, is written to the diagnostic
 /// channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp).
 class DOCPARSER_EXPORT DocResourceParser {
 public:
+    /// The folders that getReferenceRoots() returns.
     using ReferenceRoots = docparser::ReferenceRoots;
 
     /// Every full record of one product, in the current documentation language with English
@@ -43,7 +47,8 @@ public:
     /// English one.
     /// \param product  used in the file names as it stands; it is the caller's to trust
     /// \returns        the sections by key: the help folder of a file's main section, the base code
-    ///                 of each section of its "supportPackages"
+    ///                 of each section of its "supportPackages"; one section at least. The caller
+    ///                 owns it all
     /// \throws DocParserException  neither place has a file of the product that could be used; the
     ///                             channel has a line at severity 512
     /// \throws whatever the language service or the support-package root reader throws
@@ -53,8 +58,10 @@ public:
     /// current documentation language with English behind it.
     ///
     /// Zip packages are read before plain files; what collides is merged, the first one winning,
-    /// except that a translation takes the place of what was there.
-    /// \returns  the sections by key, split by isProductInstalled() of the key
+    /// except that a translation takes the place of what was there. Costs the reading of every file
+    /// in the folder: an application that looks names up often keeps the result.
+    /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps when
+    ///           there are no files
     /// \throws whatever the language service throws
     static ParsingResults<ResourceMap<property::RefItemLookup>> getResourceLookupFiles();
 
@@ -64,8 +71,8 @@ public:
     /// \param localeSuffixes       what marks a translated file, as in "_de"
     /// \param currentLocaleSuffix  the mark of the translated files to keep
     /// \returns                    the files in the order of the folder, each with its stem as
-    /// name;
-    ///                             after a failure, which is never thrown, what was found before it
+    ///                             name; after a failure, which is never thrown, what was found
+    ///                             before it
     static ProductLists getAllProducts(const std::u16string& root,
                                        const std::vector<std::u16string>& localeSuffixes,
                                        const std::u16string& currentLocaleSuffix);
@@ -77,8 +84,8 @@ public:
     static std::shared_ptr<const std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>>
     getTopLevelProducts();
 
-    /// Whether a top-level product has this short name, to the byte, or a hardware support package
-    /// this name.
+    /// Whether a top-level product has this short name, to the byte of its UTF-8, or a hardware
+    /// support package this name. Asks the catalogue at each call and goes through its products.
     /// \throws whatever the catalogue or the support-package root reader throws
     static bool isProductInstalled(const std::u16string& name);
 
@@ -120,14 +127,15 @@ public:
     /// The constants of the file names, and what reads the values of a parsed resource file.
     class ParsingTools {
     public:
+        /// How the bytes of a string become UTF-16.
         using StringParsingType = docparser::StringParsingType;
 
-        static const std::u16string kJsonExt;       ///< "json"
-        static const std::u16string kDotJsonExt;    ///< ".json"
-        static const std::u16string kZipExt;        ///< "zip"
-        static const std::u16string kDotZipExt;     ///< ".zip"
-        static const std::u16string kEnglishLocale; ///< "en"
-        static constexpr char16_t kLocaleSeparator = u'_';
+        static const std::u16string kJsonExt;              ///< "json"
+        static const std::u16string kDotJsonExt;           ///< ".json"
+        static const std::u16string kZipExt;               ///< "zip"
+        static const std::u16string kDotZipExt;            ///< ".zip"
+        static const std::u16string kEnglishLocale;        ///< "en"
+        static constexpr char16_t kLocaleSeparator = u'_'; ///< between a product and a language
 
         /// The current documentation language, just as the language service answers.
         /// \throws whatever the language service throws
@@ -139,6 +147,7 @@ public:
         static std::vector<std::u16string> getSupportedDocLocales();
 
         /// The text of the string under a required key.
+        /// \param key  as the file has it, to the byte
         /// \throws std::exception  no such key, or no string
         static std::u16string getFluString(const boost::json::object& object,
                                            const std::string& key, StringParsingType type);

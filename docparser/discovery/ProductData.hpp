@@ -17,7 +17,9 @@ public:
     ProductData(std::u16string name, bool nonEnglishLocale)
         : name_(std::move(name)), nonEnglishLocale_(nonEnglishLocale) {}
 
+    /// The stem of the file's name, a locale suffix included.
     const std::u16string& getName() const noexcept { return name_; }
+    /// Whether the file is a translation, told by its name alone.
     bool isNonEnglishLocale() const noexcept { return nonEnglishLocale_; }
 
 private:
@@ -32,6 +34,7 @@ public:
     ProductPathData(std::u16string name, bool nonEnglishLocale, std::u16string fullPath)
         : ProductData(std::move(name), nonEnglishLocale), fullPath_(std::move(fullPath)) {}
 
+    /// The folder as it was given, one separator and the file's name, UTF-16.
     const std::u16string& getFullPath() const noexcept { return fullPath_; }
 
 private:

@@ -8,8 +8,8 @@ namespace reference::docparser {
 
 /// The product files of one folder, each kind in the order of the folder.
 struct ProductLists {
-    std::vector<ProductPathData> jsonProducts;
-    std::vector<ProductPathData> zipProducts; ///< packages, not yet opened
+    std::vector<ProductPathData> jsonProducts; ///< plain resource files
+    std::vector<ProductPathData> zipProducts;  ///< packages, not yet opened
 };
 
 } // namespace reference::docparser

@@ -25,6 +25,7 @@ public:
           entry_(std::move(entry)),
           fileSystemManager_(&manager) {}
 
+    /// The entry that holds the file.
     const opc::qorservices::FileSystemEntry& getEntry() const noexcept { return entry_; }
 
     /// Not const, for reading an entry takes a manager that may change.

@@ -17,7 +17,9 @@ struct DocResource {
     /// Key to every item that has it, in file order; the keys in code-unit order.
     using Items = std::map<std::u16string, std::vector<T>>;
 
+    /// Of the file, or of the section of its "supportPackages".
     property::HeaderInfo header;
+    /// Each key has one record at least; empty when the section has no items.
     Items items;
 
     bool operator==(const DocResource&) const = default;

@@ -8,6 +8,7 @@ namespace reference::property {
 /// The header of a resource file, or of one section of its "supportPackages".
 class HeaderInfo {
 public:
+    /// Takes every field; `product` is what getProduct() returns.
     HeaderInfo(std::u16string schema, std::u16string schemaVersion, std::u16string productName,
                std::u16string baseCode, std::u16string helpFolder, std::u16string helpLocation,
                std::u16string product)

@@ -10,6 +10,7 @@ namespace reference::property {
 /// One entry of the lookup index: where the page of a name is, and what it is about.
 class RefItemLookup {
 public:
+    /// Takes every field.
     RefItemLookup(std::u16string name, RefEntityType::Value entityType, std::u16string refPurpose,
                   bool deprecated, std::u16string href, FunctionType::Value functionType)
         : name_(std::move(name)),
@@ -21,6 +22,7 @@ public:
 
     /// The name that is looked up; also the entry's key in a section's items.
     const std::u16string& getName() const noexcept { return name_; }
+    /// What kind of thing the name stands for; RefEntityType::Function when the file does not tell.
     RefEntityType::Value getEntityType() const noexcept { return entityType_; }
     /// One line on what the item is for.
     const std::u16string& getRefPurpose() const noexcept { return refPurpose_; }
@@ -28,6 +30,7 @@ public:
     bool getDeprecated() const noexcept { return deprecated_; }
     /// Link to the item's page.
     const std::u16string& getHref() const noexcept { return href_; }
+    /// Which kind of function it is; FunctionType::Function when the file does not tell.
     FunctionType::Value getFunctionType() const noexcept { return functionType_; }
 
     bool operator==(const RefItemLookup&) const = default;

@@ -6,7 +6,9 @@ namespace reference::docparser {
 /// \tparam Map  a resource map
 template <class Map>
 struct ParsingResults {
+    /// Of what is installed: a top-level product of this key, or a support package.
     Map installed;
+    /// Of everything else.
     Map notInstalled;
 
     bool operator==(const ParsingResults&) const = default;

@@ -22,6 +22,7 @@ public:
 /// Hands out the process's one catalogue.
 class DOCPARSER_PLATFORM_EXPORT DocProductCacheManager {
 public:
+    /// The one manager of the process; it lives as long. Any thread may call.
     static DocProductCacheManager& getInstance();
 
     /// The catalogue; it lives as long as the process.

@@ -9,8 +9,10 @@ namespace docproduct {
 /// A family that products are grouped under in the documentation, by its name (UTF-8).
 class ProductFamily {
 public:
+    /// \param name  UTF-8
     explicit ProductFamily(std::string name) : name_(std::move(name)) {}
 
+    /// The name that people read, UTF-8.
     const std::string& getName() const noexcept { return name_; }
 
     bool operator==(const ProductFamily&) const = default;
@@ -22,6 +24,7 @@ private:
 /// What the documentation catalogue knows of any product; every text is UTF-8 and may be empty.
 class DocProduct {
 public:
+    /// Takes every text; only `shortName` matters to the parser.
     DocProduct(std::string displayName, std::string helpLocation, std::string shortName,
                std::string baseCode, std::string altShortName, std::string availability)
         : displayName_(std::move(displayName)),
@@ -65,6 +68,8 @@ private:
 /// A product that stands at the top level of the documentation and belongs to some families.
 class TopLevelDocProduct final : public DocProduct {
 public:
+    /// Takes every field. Only `shortName` matters to the parser; a host leaves empty what it does
+    /// not need itself.
     TopLevelDocProduct(std::string displayName, std::string helpLocation, std::string shortName,
                        std::string baseCode, std::string altShortName, std::string availability,
                        std::vector<ProductFamily> families)
@@ -72,6 +77,7 @@ public:
                      std::move(baseCode), std::move(altShortName), std::move(availability)),
           families_(std::move(families)) {}
 
+    /// The families that the product is grouped under, in the host's order; may be empty.
     const std::vector<ProductFamily>& getFamilies() const noexcept { return families_; }
 
     bool operator==(const TopLevelDocProduct&) const = default;

@@ -12,6 +12,7 @@ namespace doclanguage {
 /// It keeps no state; the host is asked at each call, and whatever it throws passes through.
 class DOCPARSER_PLATFORM_EXPORT DocLanguage {
 public:
+    /// The one service of the process; it lives as long. Any thread may call.
     static DocLanguage& getInstance();
 
     /// The code of the current documentation language, just as the host spells it ("en").

@@ -32,6 +32,7 @@ DOCPARSER_PLATFORM_EXPORT std::uint32_t severityMask() noexcept;
 template <class CharT>
 class basic_diagnostic_logger;
 
+/// The logger of lines in UTF-8, the one kind there is.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_diagnostic_logger<char> {
 public:
@@ -57,6 +58,7 @@ private:
     std::unique_ptr<Source> source_;
 };
 
+/// What components log with.
 using diagnostic_logger = basic_diagnostic_logger<char>;
 
 } // namespace foundation::log

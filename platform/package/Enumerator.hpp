@@ -10,14 +10,21 @@ namespace opc {
 template <class T>
 class Enumerator {
 public:
+    /// What the list is made of.
     using value_type = T;
+    /// Goes through the list; valid while the enumerator is.
     using const_iterator = typename std::vector<T>::const_iterator;
 
+    /// \param elements  the list in its order
     explicit Enumerator(std::vector<T> elements) : elements_(std::move(elements)) {}
 
+    /// The first element, or end().
     const_iterator begin() const noexcept { return elements_.begin(); }
+    /// Past the last element.
     const_iterator end() const noexcept { return elements_.end(); }
+    /// How many elements there are.
     std::size_t size() const noexcept { return elements_.size(); }
+    /// Whether there is none.
     bool empty() const noexcept { return elements_.empty(); }
 
     /// The elements in their order; valid while the enumerator is.

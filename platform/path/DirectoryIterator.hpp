@@ -22,6 +22,7 @@ public:
     /// \throws std::invalid_argument  another pattern
     directory_iterator(const path& folder, std::u16string_view pattern);
 
+    /// Whether there is an entry to look at.
     bool is_open() const noexcept { return name_.has_value(); }
 
     /// Goes to the next entry. The iterator is open.

@@ -19,16 +19,24 @@ enum class share_mode {
 /// of the file, straight into the caller's memory.
 class DOCPARSER_PLATFORM_EXPORT file_buffer : public std::streambuf {
 public:
+    /// Opens the file as RegularFile::open() does; is_open() tells whether it could.
     explicit file_buffer(const native_string& file);
 
+    /// Whether there is a file to read.
     bool is_open() const noexcept { return file_.has_value(); }
 
 protected:
+    /// Reads straight into `room` until it is full or the file ends; how many bytes came.
     std::streamsize xsgetn(char* room, std::streamsize length) override;
+    /// The next byte, which stays the next.
     int_type underflow() override;
+    /// The next byte, which is taken.
     int_type uflow() override;
+    /// Moves the place of the next read and returns it; -1 when it would lie before the start, or
+    /// there is no file.
     pos_type seekoff(off_type offset, std::ios_base::seekdir from,
                      std::ios_base::openmode mode) override;
+    /// The same, from the start of the file.
     pos_type seekpos(pos_type position, std::ios_base::openmode mode) override;
 
 private:
@@ -43,6 +51,7 @@ private:
 template <class CharT>
 class basic_ifstream;
 
+/// The stream of bytes, the one kind there is.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_ifstream<char> : public std::istream {
 public:
@@ -51,12 +60,14 @@ public:
     /// \param share  what other openers may do meanwhile
     basic_ifstream(const native_string& file, std::ios_base::openmode mode, share_mode share);
 
+    /// Whether there is a file to read.
     bool is_open() const noexcept { return buffer_.is_open(); }
 
 private:
     file_buffer buffer_;
 };
 
+/// What files are read with.
 using ifstream = basic_ifstream<char>;
 
 } // namespace fl::filesystem

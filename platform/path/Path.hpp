@@ -25,14 +25,19 @@ constexpr bool is_separator(char16_t unit) noexcept {
 template <class CharT>
 class basic_path;
 
+/// The path in UTF-16, the one kind there is. A value; texts become paths by themselves.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_path<char16_t> {
 public:
     basic_path() = default;
+    /// The text as a path, as it stands.
     basic_path(std::u16string text) : text_(std::move(text)) {}
+    /// The text up to its NUL as a path.
     basic_path(const char16_t* text) : text_(text) {}
 
+    /// The path as text.
     const std::u16string& string() const noexcept { return text_; }
+    /// Whether the text is empty.
     bool empty() const noexcept { return text_.empty(); }
 
     /// What follows the last separator; the whole text when there is none.
@@ -51,6 +56,7 @@ private:
     std::u16string text_;
 };
 
+/// What paths are spelled in.
 using path = basic_path<char16_t>;
 
 /// The characters after the last dot of the file name, without the dot: "json" for "a/P.b.json"

@@ -30,7 +30,9 @@ public:
     /// holds NUL.
     static std::optional<RegularFile> open(const native_string& file) noexcept;
 
+    /// Takes the file over; of `other` only destruction and assignment are left.
     RegularFile(RegularFile&& other) noexcept;
+    /// Closes its own file and takes the other over.
     RegularFile& operator=(RegularFile&& other) noexcept;
     ~RegularFile();
 

@@ -8,7 +8,7 @@ namespace platform {
 
 /// What a stream of the process is connected to.
 struct OutputDevice {
-    bool isTerminal = false;
+    bool isTerminal = false; ///< false for files and pipes, and when it is closed
     std::size_t columns = 0; ///< width of the terminal; 0 when there is none or it does not tell
 };
 

@@ -24,6 +24,13 @@ test_packages=(
     python3
 )
 
+# For the documentation, besides. The tests build it too: a page of the wrong shape is a failure.
+docs_packages=(
+    doxygen
+    graphviz
+    python3
+)
+
 # For the fuzzers, besides.
 fuzz_packages=(
     clang-14

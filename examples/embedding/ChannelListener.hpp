@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+/// Listens to the library's diagnostic channel from construction to destruction: counts the files
+/// that are read, and writes a line to standard error for each problem.
+class ChannelListener {
+public:
+    ChannelListener();
+    ~ChannelListener();
+    ChannelListener(const ChannelListener&) = delete;
+    ChannelListener& operator=(const ChannelListener&) = delete;
+
+    /// How many files and package entries have been looked at so far. Any thread may ask.
+    std::size_t filesTried() const;
+
+private:
+    struct Sink;
+
+    std::unique_ptr<Sink> sink_;
+};

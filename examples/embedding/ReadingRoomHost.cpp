@@ -1,0 +1,48 @@
+#include "ReadingRoomHost.hpp"
+
+#include <utility>
+
+namespace {
+
+using docproduct::TopLevelDocProduct;
+
+// The short name is what the library compares; the other texts are for the application.
+std::shared_ptr<const TopLevelDocProduct> makeProduct(const std::string& shortName) {
+    return std::make_shared<const TopLevelDocProduct>(
+        /*displayName=*/"", /*helpLocation=*/"", shortName, /*baseCode=*/"", /*altShortName=*/"",
+        /*availability=*/"", std::vector<docproduct::ProductFamily>());
+}
+
+} // namespace
+
+ReadingRoomHost::ReadingRoomHost(std::u16string installFolder, std::u16string language)
+    : installFolder_(std::move(installFolder)),
+      language_(std::move(language)),
+      // Made once: the library asks often, and copying pointers is cheap.
+      products_{makeProduct("orchard"), makeProduct("cellar")} {}
+
+std::u16string ReadingRoomHost::installPath() const {
+    return installFolder_;
+}
+
+std::u16string ReadingRoomHost::docLanguage() const {
+    return language_;
+}
+
+std::vector<std::u16string> ReadingRoomHost::supportedDocLanguages() const {
+    return {u"en", u"de", u"ja"};
+}
+
+std::vector<std::shared_ptr<const TopLevelDocProduct>>
+ReadingRoomHost::installedTopLevelDocProducts() const {
+    return products_;
+}
+
+std::u16string ReadingRoomHost::supportPackageRoot() const {
+    return installFolder_ + u"/supportpackages";
+}
+
+std::unordered_set<std::u16string>
+ReadingRoomHost::installedHardwareSupportPackages(const std::u16string& /*root*/) const {
+    return {u"hivescale"};
+}

@@ -1,0 +1,45 @@
+// The documentation language service of an application that speaks the language of the desktop.
+// It stands in for platform/language: the same header, other answers.
+
+#include <platform/HostServices.hpp>
+#include <platform/i18n/Converter.hpp>
+#include <platform/language/DocLanguage.hpp>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace doclanguage {
+namespace {
+
+// The first of the variables that name the language of messages and is not empty: "de_DE.UTF-8".
+std::string_view desktopLocale() {
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0')
+            return value;
+    }
+    return "";
+}
+
+} // namespace
+
+DocLanguage& DocLanguage::getInstance() {
+    static DocLanguage service;
+    return service;
+}
+
+std::u16string DocLanguage::getDocLanguage() const {
+    const std::string_view locale = desktopLocale();
+    const std::u16string language = fl::i18n::to_ustring(locale.substr(0, locale.find('_')));
+    const std::vector<std::u16string> supported = getSupportedDocLanguages();
+    return std::ranges::find(supported, language) == supported.end() ? u"en" : language;
+}
+
+std::vector<std::u16string> DocLanguage::getSupportedDocLanguages() const {
+    return platform::hostServices()->supportedDocLanguages();
+}
+
+} // namespace doclanguage

@@ -1,0 +1,32 @@
+# cmake -D EXPECTED=FILE [-D STATUS=N] [-D ERRORS=TEXT] -P run_and_compare.cmake -- PROGRAM ARGUMENT...
+#
+# Runs a program; fails unless it exits with STATUS (0), prints what EXPECTED holds and writes ERRORS
+# (nothing) to standard error.
+set(command "")
+set(isCommand FALSE)
+math(EXPR last "${CMAKE_ARGC} - 1")
+foreach(index RANGE ${last})
+    if(isCommand)
+        list(APPEND command ${CMAKE_ARGV${index}})
+    elseif(CMAKE_ARGV${index} STREQUAL "--")
+        set(isCommand TRUE)
+    endif()
+endforeach()
+if(NOT STATUS)
+    set(STATUS 0)
+endif()
+
+execute_process(COMMAND ${command}
+    OUTPUT_VARIABLE output
+    ERROR_VARIABLE errors
+    RESULT_VARIABLE status)
+file(READ ${EXPECTED} expected)
+if(NOT status EQUAL STATUS)
+    message(FATAL_ERROR "the program ended with ${status}: ${errors}")
+endif()
+if(NOT output STREQUAL expected)
+    message(FATAL_ERROR "the program printed:\n${output}and not what ${EXPECTED} holds")
+endif()
+if(NOT errors STREQUAL "${ERRORS}")
+    message(FATAL_ERROR "the program wrote to standard error:\n${errors}")
+endif()
