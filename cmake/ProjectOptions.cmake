@@ -14,6 +14,12 @@ else()
         $<$<BOOL:${DOCPARSER_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()
 
+# All symbols are found when a library is loaded: else the first call of a process looks each up on
+# its way, which made it a sixth longer.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+    target_link_options(docparser_options INTERFACE LINKER:-z,now)
+endif()
+
 if(DOCPARSER_SANITIZERS)
     target_compile_options(docparser_options INTERFACE
         -fsanitize=${DOCPARSER_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)

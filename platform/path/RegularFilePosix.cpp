@@ -37,11 +37,6 @@ int openDescriptor(const char* file) noexcept {
         [&] { return ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); });
 }
 
-bool isRegular(int file) noexcept {
-    struct stat status = {};
-    return uninterrupted([&] { return ::fstat(file, &status); }) == 0 && S_ISREG(status.st_mode);
-}
-
 } // namespace
 
 FileKind kindOf(const native_string& file) noexcept {
@@ -62,17 +57,20 @@ std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)
         return std::nullopt;
-    RegularFile result(opened);
-    if (!isRegular(opened))
+    RegularFile result(opened, 0);
+    struct stat status = {};
+    if (uninterrupted([&] { return ::fstat(opened, &status); }) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
+    result.size_ = static_cast<std::uint64_t>(status.st_size);
     return result;
 }
 
 RegularFile::RegularFile(RegularFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, kNoHandle)) {}
+    : handle_(std::exchange(other.handle_, kNoHandle)), size_(other.size_) {}
 
 RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
     std::swap(handle_, other.handle_);
+    std::swap(size_, other.size_);
     return *this;
 }
 
@@ -82,10 +80,9 @@ RegularFile::~RegularFile() {
 }
 
 std::uint64_t RegularFile::size() const {
-    struct stat status = {};
-    if (uninterrupted([&] { return ::fstat(descriptor(handle_), &status); }) != 0)
-        throwLastError("the size of a file is not known");
-    return static_cast<std::uint64_t>(status.st_size);
+    if (handle_ == kNoHandle)
+        throw std::system_error(EBADF, std::generic_category(), "no file is open");
+    return size_;
 }
 
 std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t length) const {
