@@ -4,6 +4,7 @@
 #include "docparser/parsing/JsonAccess.hpp"
 #include "docparser/parsing/RefItem.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
+#include "platform/except/NonStopArithmetic.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
@@ -18,6 +19,11 @@ namespace json = boost::json;
 namespace {
 
 constexpr std::size_t kFirstBlockBytes = 1024;
+
+json::value parseDocument(const std::string& text, json::monotonic_resource& arena) {
+    const foundation::core::except::NonStopArithmetic nonStop;
+    return json::parse(text, &arena);
+}
 
 template <class T>
 ResourceMap<T> readSections(const json::value& root, const std::u16string& product,
@@ -44,7 +50,7 @@ template <class T>
 ResourceMap<T> parseResourceText(std::string text, const std::u16string& product,
                                  SectionParser<T> parseSection) {
     json::monotonic_resource arena(kFirstBlockBytes);
-    const json::value root = json::parse(text, &arena);
+    const json::value root = parseDocument(text, arena);
     // The document has copies of its strings. Assigning an empty text would keep the buffer.
     std::string().swap(text);
     try {

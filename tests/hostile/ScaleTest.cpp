@@ -1,6 +1,8 @@
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
@@ -90,6 +92,29 @@ TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
     std::ranges::transform(records, std::back_inserter(hrefs), &RefItemLookup::getHref);
     std::ranges::sort(hrefs);
     EXPECT_EQ(std::ranges::adjacent_find(hrefs), hrefs.end());
+}
+
+TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
+    constexpr std::size_t kLanguages = 1000;
+    std::vector<std::u16string> suffixes;
+    for (std::size_t i = 0; i < kLanguages; ++i) {
+        const std::string number = std::to_string(i);
+        suffixes.push_back(u"_x" + std::u16string(number.begin(), number.end()));
+    }
+    // Each tenth file is a translation, into each language in turn.
+    for (std::size_t i = 0; i < kMany; ++i) {
+        std::string name = "p" + std::to_string(i);
+        if (i % 10 == 0)
+            name += "_x" + std::to_string(i / 10 % kLanguages);
+        ASSERT_EQ(::mknod(lookupPath(name + ".json").c_str(), S_IFREG | 0600, 0), 0);
+    }
+    const auto products = DocResourceParser::getAllProducts(
+        DocResourceParser::getReferenceRoots()->lookupFolder, suffixes, u"_x7");
+    EXPECT_EQ(products.jsonProducts.size(), kMany / 10 * 9 + kMany / 10 / kLanguages);
+    EXPECT_EQ(std::ranges::count_if(products.jsonProducts,
+                                    [](const auto& file) { return file.isNonEnglishLocale(); }),
+              std::ptrdiff_t{kMany / 10 / kLanguages});
+    EXPECT_TRUE(products.zipProducts.empty());
 }
 
 TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
