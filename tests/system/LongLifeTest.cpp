@@ -19,7 +19,7 @@ protected:
         setLanguage(u"de");
         addApi("Good.json", resourceText("orchard", {{"graft.html", "Join trees"}}));
         addApi("Bad.json", R"({"helpFolder": )");
-        addApi("Wrong.json", resourceText("orchard", {}).replace(0, 1, R"({"refItems":0,)"));
+        addApi("Wrong.json", ResourceText("orchard").set("refItems", 0).str());
         addSupport("Kit.json", resourceText("kit", {{"use.html", "Use it"}}));
         addLookup("Plain.json", ResourceText("plain").str());
         addLookup("Bad.json", "[");
