@@ -79,6 +79,10 @@ std::shared_ptr<const SupportPackages> Settings::getHardwareSupportPackages() {
 
 void Settings::clearSupportPackageCaches() {
     const std::lock_guard lock(supportPackageMutex_);
+    dropSupportPackages();
+}
+
+void Settings::dropSupportPackages() {
     std::atomic_store(&supportPackageFolder_, {});
     hardwareSupportPackages_.reset();
 }
@@ -91,10 +95,12 @@ void Settings::setTestProducts(const std::vector<std::u16string>& topLevelNames,
 }
 
 void Settings::restoreDefaults() {
-    const std::scoped_lock lock(settingsMutex_, productsMutex_);
+    // All at once: were the first two held while a query for packages is waited for, nobody could
+    // take the roots meanwhile, the query itself included.
+    const std::scoped_lock lock(settingsMutex_, productsMutex_, supportPackageMutex_);
     currentRoots_ = makeRoots(defaultReferenceRoot());
     topLevelProductsProvider_ = getCatalogueProducts;
-    clearSupportPackageCaches();
+    dropSupportPackages();
 }
 
 } // namespace reference::docparser

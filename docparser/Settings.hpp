@@ -15,11 +15,12 @@ namespace reference::docparser {
 ///
 /// Values are replaced, never changed in place: whoever asks gets a shared snapshot that stays as
 /// it is. Locks are held for the exchange of values and while the application's services are asked
-/// what is installed, never while resource files are read. Order: settingsMutex and productsMutex,
-/// or productsMutex and supportPackageMutex, as pairs without deadlock (std::lock's back-off);
-/// supportPackageMutex alone or last.
+/// what is installed, never while resource files are read. Who needs several takes them together,
+/// with std::lock's back-off, and so waits for none while it holds another.
 ///
-/// A service that calls back into the operation that asked it would wait for itself.
+/// A service that calls back into the operation that asked it would wait for itself. From any
+/// answer the reference roots may be taken and set and resource files be read; from the
+/// catalogue's, the support packages be asked for as well.
 class Settings {
 public:
     /// The settings of the process; built at load, or by the first operation should that come
@@ -47,6 +48,9 @@ private:
     using ProductsProvider = std::function<std::shared_ptr<const TopLevelProducts>()>;
 
     Settings();
+
+    // Empties both caches; the caller holds supportPackageMutex_.
+    void dropSupportPackages();
 
     std::mutex settingsMutex_; // guards currentRoots_
     std::shared_ptr<const ReferenceRoots> currentRoots_;

@@ -4,6 +4,7 @@
 #include "docparser/parsing/JsonAccess.hpp"
 #include "docparser/parsing/RefItem.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
+#include "platform/except/NonStopArithmetic.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
@@ -18,6 +19,11 @@ namespace json = boost::json;
 namespace {
 
 constexpr std::size_t kFirstBlockBytes = 1024;
+
+json::value parseDocument(const std::string& text, json::monotonic_resource& arena) {
+    const foundation::core::except::NonStopArithmetic nonStop;
+    return json::parse(text, &arena);
+}
 
 // Lists one section more; they come in file order, the main section first.
 void listSection(SectionList* list, const std::u16string& key, bool isNew) {
@@ -58,7 +64,7 @@ template <class T>
 ResourceMap<T> parseResourceText(std::string text, const std::u16string& product,
                                  SectionParser<T> parseSection, SectionList* list) {
     json::monotonic_resource arena(kFirstBlockBytes);
-    const json::value root = json::parse(text, &arena);
+    const json::value root = parseDocument(text, arena);
     // The document has copies of its strings. Assigning an empty text would keep the buffer.
     std::string().swap(text);
     try {

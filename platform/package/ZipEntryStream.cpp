@@ -1,5 +1,7 @@
 #include "platform/package/ZipEntryStream.hpp"
 
+#include "platform/except/Cancellation.hpp"
+
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -26,6 +28,7 @@ std::size_t ZipEntryStream::read(char* room, std::size_t length) {
     if (!entry_)
         fail("it has failed before");
 
+    foundation::core::except::letCancellationPass();
     const std::uint64_t affordable = affordableBytes();
     // One byte more than can be afforded tells an entry that ends at the limit from one that does
     // not, and no more than that byte is read in vain.

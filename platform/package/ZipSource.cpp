@@ -1,5 +1,7 @@
 #include "platform/package/ZipSource.hpp"
 
+#include "platform/except/Cancellation.hpp"
+
 #include <algorithm>
 #include <exception>
 #include <new>
@@ -53,7 +55,9 @@ zip_int64_t ZipSource::serve(void* data, zip_uint64_t length, zip_source_cmd_t c
 }
 
 zip_int64_t ZipSource::read(char* room, std::size_t length) {
-    // Only failures are caught: the cancellation of the thread is to pass, through libzip too.
+    // libzip would not give back what it holds, were its frames unwound. The stream of the entry
+    // lets a cancellation pass between two reads.
+    const foundation::core::except::CancellationHold hold;
     try {
         const std::size_t count = file_.read(position_, room, length);
         clearHiddenFlags(room, count);
@@ -70,8 +74,8 @@ void ZipSource::noteReadFailure(const char* reason) noexcept {
     try {
         readFailure_ = reason;
     } catch (const std::bad_alloc&) {
-        // Through libzip no exception may go that is not the end of the thread. It knows itself
-        // that a read has failed, and that has to do.
+        // Through libzip no exception may go. It knows itself that a read has failed, and that
+        // has to do.
         readFailure_.clear();
     }
 }

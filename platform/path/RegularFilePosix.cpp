@@ -1,3 +1,4 @@
+#include "platform/except/Cancellation.hpp"
 #include "platform/path/RegularFile.hpp"
 
 #include <fcntl.h>
@@ -11,6 +12,8 @@
 namespace fl::filesystem {
 
 namespace {
+
+using foundation::core::except::CancellationHold;
 
 constexpr std::intptr_t kNoHandle = -1;
 
@@ -50,6 +53,8 @@ FileKind kindOf(const native_string& file) noexcept {
 }
 
 std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept {
+    // Nothing can be unwound from here; the first read lets a cancellation pass.
+    const CancellationHold hold;
     // A device may act on being opened, so its kind is asked before and, should the name have
     // come to mean another file in between, after.
     if (kindOf(file) != FileKind::Regular)
@@ -75,8 +80,11 @@ RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
 }
 
 RegularFile::~RegularFile() {
-    if (handle_ != kNoHandle)
-        ::close(descriptor(handle_));
+    if (handle_ == kNoHandle)
+        return;
+    // A thread that ended here would end its process, as a destructor cannot be unwound.
+    const CancellationHold hold;
+    ::close(descriptor(handle_));
 }
 
 std::uint64_t RegularFile::size() const {

@@ -68,6 +68,30 @@ TEST_F(HostileNameTest, AHundredMegabytesEndInTheException) {
     EXPECT_TRUE(findResources(name) == std::nullopt);
 }
 
+TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMissing) {
+    constexpr std::size_t kLongestName = 255; // bytes, with the extension
+    const std::string longest(kLongestName - std::string(".json").size(), 'x');
+    addApi(longest + ".json", resourceText("orchard", {}));
+    addLookup(longest + ".json", ResourceText("orchard").str());
+    const std::u16string name(longest.begin(), longest.end());
+    EXPECT_EQ(findResources(name)->size(), 1U);
+    EXPECT_EQ(findResources(name + u"x"), std::nullopt);
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), 1U);
+    // The translation's name would be longer still.
+    setLanguage(u"de");
+    EXPECT_EQ(findResources(name)->size(), 1U);
+}
+
+TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
+    std::u16string root = folder.u16();
+    for (int level = 0; level < 1000; ++level)
+        root += u"/../" + folder.u16().substr(folder.u16().rfind(u'/') + 1);
+    DocResourceParser::setReferenceRoot(root + u"/root");
+    addApi("Orchard.json", resourceText("orchard", {}));
+    EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+}
+
 TEST_F(HostileNameTest, TwoNamesThatLookAlikeInUtf8AreTwoFiles) {
     const std::string text = resourceText("orchard", {});
     addApi("\xEF\xBF\xBD.json", text); // U+FFFD, what both unpaired surrogates are logged as

@@ -92,6 +92,31 @@ TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
     EXPECT_EQ(std::ranges::adjacent_find(hrefs), hrefs.end());
 }
 
+TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
+    constexpr std::size_t kLanguages = 1000;
+    std::vector<std::u16string> suffixes;
+    for (std::size_t i = 0; i < kLanguages; ++i) {
+        const std::string number = std::to_string(i);
+        suffixes.push_back(u"_x" + std::u16string(number.begin(), number.end()));
+    }
+    // A file may have some ten thousand names, and a name is made faster than a file.
+    const std::filesystem::path files[] = {folder.write("even", ""), folder.write("odd", "")};
+    // Each tenth file is a translation, into each language in turn.
+    for (std::size_t i = 0; i < kMany; ++i) {
+        std::string name = "p" + std::to_string(i);
+        if (i % 10 == 0)
+            name += "_x" + std::to_string(i / 10 % kLanguages);
+        std::filesystem::create_hard_link(files[i % 2], lookupPath(name + ".json"));
+    }
+    const auto products = DocResourceParser::getAllProducts(
+        DocResourceParser::getReferenceRoots()->lookupFolder, suffixes, u"_x7");
+    EXPECT_EQ(products.jsonProducts.size(), kMany / 10 * 9 + kMany / 10 / kLanguages);
+    EXPECT_EQ(std::ranges::count_if(products.jsonProducts,
+                                    [](const auto& file) { return file.isNonEnglishLocale(); }),
+              std::ptrdiff_t{kMany / 10 / kLanguages});
+    EXPECT_TRUE(products.zipProducts.empty());
+}
+
 TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),

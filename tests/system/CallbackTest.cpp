@@ -1,16 +1,9 @@
 #include "docparser/DocParserException.hpp"
+#include "tests/support/LogCallback.hpp"
 #include "tests/system/SystemTest.hpp"
 #include "tests/system/Watchdog.hpp"
 
-#include <boost/log/attributes/value_extraction.hpp>
-#include <boost/log/core/core.hpp>
-#include <boost/log/core/record_view.hpp>
-#include <boost/log/sinks/basic_sink_backend.hpp>
-#include <boost/log/sinks/unlocked_frontend.hpp>
-#include <boost/smart_ptr/make_shared_object.hpp>
-
 #include <atomic>
-#include <functional>
 #include <future>
 #include <stdexcept>
 #include <string>
@@ -21,36 +14,6 @@ namespace docparser_tests {
 namespace {
 
 using reference::docparser::DocParserException;
-
-// Calls a function for each line of the log, on the logging thread and without a lock.
-class LogCallback {
-public:
-    using Function = std::function<void(const std::string& message)>;
-
-    explicit LogCallback(Function function)
-        : sink_(boost::make_shared<Sink>(boost::make_shared<Backend>())) {
-        sink_->locked_backend()->function = std::move(function);
-        boost::log::core::get()->add_sink(sink_);
-        foundation::log::setSeverityMask(528);
-    }
-    ~LogCallback() {
-        foundation::log::setSeverityMask(0);
-        boost::log::core::get()->remove_sink(sink_);
-    }
-    LogCallback(const LogCallback&) = delete;
-    LogCallback& operator=(const LogCallback&) = delete;
-
-private:
-    struct Backend : boost::log::sinks::basic_sink_backend<boost::log::sinks::concurrent_feeding> {
-        void consume(const boost::log::record_view& record) {
-            function(boost::log::extract_or_default<std::string>("Message", record, std::string()));
-        }
-        Function function;
-    };
-    using Sink = boost::log::sinks::unlocked_sink<Backend>;
-
-    boost::shared_ptr<Sink> sink_;
-};
 
 // The host's code in the middle of an operation: log sinks and the host services.
 class CallbackTest : public SystemTest {

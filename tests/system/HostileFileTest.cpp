@@ -105,6 +105,43 @@ TEST_F(HostileFileTest, WhatNoReaderKnowsIsPassedOver) {
         EXPECT_TRUE(isServed(withUnknownKey(value))) << value;
 }
 
+// The units of an ASCII text, each in as many bytes, the first or the last of them the character.
+std::string widened(const std::string& ascii, std::size_t bytes, bool isLittleEndian) {
+    std::string text;
+    for (const char character : ascii) {
+        std::string unit(bytes, '\0');
+        unit[isLittleEndian ? 0 : bytes - 1] = character;
+        text += unit;
+    }
+    return text;
+}
+
+TEST_F(HostileFileTest, TextInAnotherEncodingIsNoResource) {
+    for (const std::size_t bytes : {2U, 4U}) {
+        for (const bool isLittleEndian : {false, true}) {
+            const std::string mark = isLittleEndian ? "\xFF\xFE" : "\xFE\xFF";
+            const std::string padding(bytes - 2, '\0');
+            const std::string text = widened(english, bytes, isLittleEndian);
+            EXPECT_FALSE(isServed(text)) << bytes << isLittleEndian;
+            EXPECT_FALSE(isServed((isLittleEndian ? mark + padding : padding + mark) + text))
+                << bytes << isLittleEndian;
+        }
+    }
+    EXPECT_FALSE(isServed("\xEF\xBB\xBF" + english));
+    EXPECT_FALSE(isServed(resourceText("orchard", {{"graft.html", "\xE4 in Latin-1"}})));
+}
+
+TEST_F(HostileFileTest, NumbersBeyondTheMachinesArePassedOverOrRefused) {
+    constexpr std::size_t kDigits = 10'000'000;
+    for (const std::string number : {"1e400", "-1e400", "1e-400", "0e400", "18446744073709551616"})
+        EXPECT_TRUE(isServed(withUnknownKey(number))) << number;
+    EXPECT_TRUE(isServed(withUnknownKey(std::string(kDigits, '9'))));
+    EXPECT_TRUE(isServed(withUnknownKey("0." + std::string(kDigits, '9'))));
+    EXPECT_FALSE(isServed(withUnknownKey("1e99999999999")));
+    EXPECT_FALSE(isServed(withUnknownKey("1e" + std::string(kDigits, '9'))));
+    EXPECT_FALSE(isServed(withUnknownKey(std::string(kDigits, '0'))));
+}
+
 TEST_F(HostileFileTest, NestingIsReadToADepthOf32) {
     // The root object is the first level.
     EXPECT_TRUE(isServed(withUnknownKey(nested(31))));

@@ -2,6 +2,7 @@
 #include "tests/system/Watchdog.hpp"
 
 #include <algorithm>
+#include <barrier>
 #include <future>
 #include <set>
 #include <string>
@@ -156,6 +157,30 @@ TEST_F(ThreadsTest, ThreadsThatFindOutTheSupportFolderAtOnceGetOneObject) {
         for (auto& thread : threads)
             answers.insert(thread.get());
         EXPECT_EQ(answers.size(), 1U);
+    }
+}
+
+TEST_F(ThreadsTest, ThreadsThatFindOutThePackagesAtOnceGetOneObjectAndAskOnce) {
+    const auto timesAsked = [this] {
+        return std::ranges::count_if(host->questions(), [](const std::string& question) {
+            return question.starts_with("packages below ");
+        });
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        DocResourceParser::clearSupportPackageCaches();
+        host->forgetQuestions();
+        std::barrier start(kThreads);
+        std::vector<std::future<std::shared_ptr<const FakeHost::Packages>>> threads;
+        for (int thread = 0; thread < kThreads; ++thread)
+            threads.push_back(std::async(std::launch::async, [&start] {
+                start.arrive_and_wait();
+                return DocResourceParser::getHardwareSupportPackages();
+            }));
+        std::set<std::shared_ptr<const FakeHost::Packages>> answers;
+        for (auto& thread : threads)
+            answers.insert(thread.get());
+        EXPECT_EQ(answers.size(), 1U);
+        EXPECT_EQ(timesAsked(), 1);
     }
 }
 

@@ -1,0 +1,72 @@
+#include "tests/hostile/ChildProcess.hpp"
+#include "tests/system/SystemTest.hpp"
+
+#include <unistd.h>
+
+#include <atomic>
+#include <string>
+#include <thread>
+
+namespace docparser_tests {
+namespace {
+
+// A relative reference root, which starts at the current folder of the process when a file is
+// opened. A change of that folder is the whole process's, so each test has a process of its own.
+class WorkingFolderTest : public SystemTest {
+protected:
+    WorkingFolderTest() {
+        for (const std::string place : {"here", "there"}) {
+            folder.write(place + "/root/docCatalog/referenceapi/Orchard.json",
+                         resourceText(place, {}));
+            folder.write(place + "/root/docCatalog/referenceapi_lookup/Orchard.json",
+                         ResourceText(place).str());
+        }
+    }
+
+    void enter(const std::string& place) const {
+        ASSERT_EQ(::chdir((folder.path() / place).c_str()), 0);
+    }
+
+    static Resources resourcesOf(const std::u16string& place) {
+        return {{place, section(place, u"Orchard", {})}};
+    }
+    static Lookups lookupsOf(const std::u16string& place) {
+        return {{}, {{place, lookupSection(place, u"Orchard", {})}}};
+    }
+};
+
+TEST_F(WorkingFolderTest, ARelativeRootStartsAtTheCurrentFolderOfEachCall) {
+    runInChild({}, [this](Progress&) {
+        DocResourceParser::setReferenceRoot(u"root");
+        enter("here");
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), resourcesOf(u"here"));
+        enter("there");
+        EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), resourcesOf(u"there"));
+        EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), lookupsOf(u"there"));
+    });
+}
+
+TEST_F(WorkingFolderTest, AThreadThatChangesTheFolderMeanwhileMixesNoFile) {
+    runInChild({}, [this](Progress&) {
+        DocResourceParser::setReferenceRoot(u"root");
+        enter("here");
+        std::atomic<bool> isDone = false;
+        std::thread changer([&] {
+            while (!isDone) {
+                enter("there");
+                enter("here");
+            }
+        });
+        for (int read = 0; read < 1000; ++read) {
+            const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
+            EXPECT_TRUE(resources == resourcesOf(u"here") || resources == resourcesOf(u"there"));
+            const Lookups lookups = DocResourceParser::getResourceLookupFiles();
+            EXPECT_TRUE(lookups == lookupsOf(u"here") || lookups == lookupsOf(u"there"));
+        }
+        isDone = true;
+        changer.join();
+    });
+}
+
+} // namespace
+} // namespace docparser_tests
