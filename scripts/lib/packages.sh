@@ -36,3 +36,10 @@ packaging_packages=(
     file
     lintian
 )
+
+# For scripts/abi, besides.
+abi_packages=(
+    abigail-tools
+    binutils
+    git
+)

@@ -41,7 +41,7 @@ if(accidental OR lost)
     cmake_path(GET LIBRARY FILENAME name)
     message("${name} does not export what ${KEPT} lists\n"
         "exported by accident:\n    ${accidental}\n"
-        "lost:\n    ${lost}")
-    message(FATAL_ERROR
-        "if this is meant to be, cmake --build ${BUILD_FOLDER} --target update_exports")
+        "lost:\n    ${lost}\n"
+        "if this is meant to be: cmake --build ${BUILD_FOLDER} --target update_exports\n")
+    message(FATAL_ERROR "the exported names have changed")
 endif()
