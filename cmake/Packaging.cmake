@@ -1,5 +1,11 @@
 # What `cmake --install` lays down: libraries, public headers under their repository paths, the tool,
 # the JSON Schemas, a CMake package and pkg-config files. The installed tree can be moved as a whole.
+#
+# Each file belongs to a component, which `cmake --install --component` lays down alone:
+#   libraries    what a program needs to run
+#   development  what a program needs to be built
+#   refdoc       the tool
+#   licences     the copyright notice, and the licences of what is compiled in
 
 include(CMakePackageConfigHelpers)
 
@@ -23,20 +29,33 @@ set_target_properties(docparser docparser_platform PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
 install(TARGETS docparser docparser_platform EXPORT docparserTargets
-    FILE_SET HEADERS
-    FILE_SET generated
+    RUNTIME COMPONENT libraries
+    LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    FILE_SET HEADERS COMPONENT development
+    FILE_SET generated COMPONENT development
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 if(TARGET refdoc)
     set_target_properties(refdoc PROPERTIES
         INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
         INSTALL_RPATH_USE_LINK_PATH ON)
-    install(TARGETS refdoc)
+    install(TARGETS refdoc RUNTIME COMPONENT refdoc)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/packaging/licences
+        DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT licences)
 endif()
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    COMPONENT licences)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
     DESTINATION ${CMAKE_INSTALL_DATADIR}/docparser
+    COMPONENT development
     FILES_MATCHING PATTERN "*.schema.json")
 
-install(EXPORT docparserTargets NAMESPACE docparser:: DESTINATION ${package_folder})
+install(EXPORT docparserTargets
+    NAMESPACE docparser::
+    DESTINATION ${package_folder}
+    COMPONENT development)
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/docparserConfig.cmake.in
     ${PROJECT_BINARY_DIR}/docparserConfig.cmake
@@ -49,9 +68,16 @@ install(
     FILES
         ${PROJECT_BINARY_DIR}/docparserConfig.cmake
         ${PROJECT_BINARY_DIR}/docparserConfigVersion.cmake
-    DESTINATION ${package_folder})
+    DESTINATION ${package_folder}
+    COMPONENT development)
 
 foreach(name docparser docparser-platform)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
-    install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+    install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT development)
 endforeach()
+
+if(TARGET refdoc)
+    include(DebianPackages)
+endif()

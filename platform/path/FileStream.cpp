@@ -55,4 +55,7 @@ basic_ifstream<char>::basic_ifstream(const native_string& file, std::ios_base::o
         setstate(std::ios_base::failbit);
 }
 
+// Defined here, so that the class's tables are in this library and nowhere else.
+basic_ifstream<char>::~basic_ifstream() = default;
+
 } // namespace fl::filesystem

@@ -59,6 +59,7 @@ public:
     /// \param mode   std::ios::in with std::ios::binary
     /// \param share  what other openers may do meanwhile
     basic_ifstream(const native_string& file, std::ios_base::openmode mode, share_mode share);
+    ~basic_ifstream() override;
 
     /// Whether there is a file to read.
     bool is_open() const noexcept { return buffer_.is_open(); }

@@ -36,3 +36,17 @@ fuzz_packages=(
     clang-14
     libclang-rt-14-dev
 )
+
+# For scripts/package, besides: what makes Debian packages and looks at them.
+packaging_packages=(
+    dpkg-dev
+    file
+    lintian
+)
+
+# For scripts/abi, besides.
+abi_packages=(
+    abigail-tools
+    binutils
+    git
+)

@@ -1,0 +1,6 @@
+# Run by CPack on what it is about to pack: Debian wants manual pages compressed, without a time in them.
+file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/*.[1-9])
+list(FILTER pages INCLUDE REGEX "/share/man/man[1-9]/[^/]+$")
+foreach(page IN LISTS pages)
+    execute_process(COMMAND gzip -9 --no-name ${page} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
