@@ -1,5 +1,6 @@
 #include "platform/except/IException.hpp"
 #include "tools/refdoc/Answer.hpp"
+#include "tools/refdoc/Completion.hpp"
 #include "tools/refdoc/DisplayText.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
 #include "tools/refdoc/LogToStderr.hpp"
@@ -42,6 +43,9 @@ Answer failure(const std::string& reason) {
 }
 
 Answer answerTo(const std::vector<std::string>& arguments) {
+    // Not in the table of commands: it is for the completion scripts, not for people.
+    if (!arguments.empty() && arguments.front() == "complete")
+        return {.output = completionsOf({arguments.begin() + 1, arguments.end()})};
     try {
         const std::variant<Options, Answer> understood = readCommandLine(arguments);
         if (const Options* options = std::get_if<Options>(&understood))
