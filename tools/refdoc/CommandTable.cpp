@@ -34,6 +34,7 @@ std::vector<OptionEntry> outputOptions() {
              ValueKind::Choice,
              "When to use colour: auto, always or never",
              {"auto", "always", "never"}},
+            {"--no-pager", "", ValueKind::None, "Never show long output a page at a time"},
             {"--verbose", "", ValueKind::None, "Say on standard error which files are read"},
             {.name = "--help",
              .placeholder = "",
@@ -70,8 +71,13 @@ std::vector<CommandEntry> commands() {
 }
 
 std::vector<Remark> environment() {
-    return {{"NO_COLOR", "With any value but the empty one, no colour unless --color asks for it."},
-            {"TERM", "When it is \"dumb\", there is no colour unless --color asks for it."},
+    return {{"PAGER", "The command that shows output longer than the terminal, run by the shell; "
+                      "empty or \"cat\": none. Without it less is used where it is installed."},
+            {"LESS", "The options of less. The pager gets \"FRX\" when it is not set."},
+            {"NO_COLOR", "With any value but the empty one, no colour unless --color asks for it."},
+            {"TERM",
+             "When it is \"dumb\", there is no colour unless --color asks for it; then, or when "
+             "it is not set, no pager unless PAGER names one."},
             {"COLUMNS", "The width of the output, in place of the terminal's."}};
 }
 

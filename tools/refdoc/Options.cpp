@@ -64,6 +64,7 @@ Options optionsOf(const ParsedWords& words) {
     options.supportPackages = listOf(words, "--support-packages");
     options.format = words.has("--json") ? OutputFormat::Json : OutputFormat::Text;
     options.color = colorOf(words);
+    options.mayPage = !words.has("--no-pager");
     options.verbose = words.has("--verbose");
     return options;
 }

@@ -34,6 +34,7 @@ struct Options {
 
     OutputFormat format = OutputFormat::Text;
     ColorChoice color = ColorChoice::Auto;
+    bool mayPage = true; ///< long output may go through a pager
     bool verbose = false;
 };
 
