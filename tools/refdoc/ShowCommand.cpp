@@ -4,7 +4,7 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/ItemText.hpp"
-#include "tools/refdoc/JsonOutput.hpp"
+#include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/Page.hpp"
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/Selection.hpp"
@@ -76,6 +76,21 @@ std::string pageOf(const ResourceMap<RefItem>& resources, const PageSetup& setup
     return page.take();
 }
 
+std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
+                     const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return showDocument(options.product, resources);
+    case OutputFormat::JsonLines: {
+        std::string lines;
+        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                       &DocResourceParser::isProductInstalled);
+        return lines;
+    }
+    case OutputFormat::Text: break;
+    }
+    return pageOf(resources, setup);
+}
+
 } // namespace
 
 Answer runShow(const Options& options, const PageSetup& setup) {
@@ -93,8 +108,7 @@ Answer runShow(const Options& options, const PageSetup& setup) {
     }
     if (!answer.complaints.empty())
         answer.status = ExitStatus::NotFound;
-    answer.output = options.format == OutputFormat::Json ? showDocument(options.product, resources)
-                                                         : pageOf(resources, setup);
+    answer.output = outputOf(options, resources, setup);
     return answer;
 }
 
