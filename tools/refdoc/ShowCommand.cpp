@@ -3,6 +3,7 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/EnglishFallback.hpp"
 #include "tools/refdoc/ItemText.hpp"
 #include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/Page.hpp"
@@ -60,16 +61,19 @@ std::vector<std::string> complaintsAbout(const Options& options,
     return complaints;
 }
 
-std::string pageOf(const ResourceMap<RefItem>& resources, const PageSetup& setup) {
+std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
+                   const PageSetup& setup) {
+    const EnglishFallback fallback(options.product);
     Page page(setup);
     for (const auto& [key, resource] : resources) {
         if (!page.isEmpty())
             page.emptyLine();
-        addHeader(page, resource.header);
+        addHeader(page, resource.header, fallback.noteOn(key));
         for (const auto& [href, items] : resource.items) {
+            const std::u16string note = fallback.noteOn(key, href, items);
             for (const RefItem& item : items) {
                 page.emptyLine();
-                addItem(page, item);
+                addItem(page, item, note);
             }
         }
     }
@@ -88,7 +92,7 @@ std::string outputOf(const Options& options, const ResourceMap<RefItem>& resourc
     }
     case OutputFormat::Text: break;
     }
-    return pageOf(resources, setup);
+    return pageOf(options, resources, setup);
 }
 
 } // namespace
