@@ -50,6 +50,9 @@ public:
 private:
     ZipHandle openArchive(std::string& reason, const std::vector<FlaggedEntry>& hidden);
     std::vector<FlaggedEntry> flaggedEntries();
+    /// The bytes of an entry's name as the directory has them; every entry below entryCount() has
+    /// some, be it an empty text.
+    const char* rawName(std::uint64_t index) const noexcept;
     std::string reasonOf(std::string_view reason);
 
     ZipSource source_;

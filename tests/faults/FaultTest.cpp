@@ -66,6 +66,13 @@ ZipEntryBytes entry(std::size_t place, const std::string& text, std::uint16_t me
     return {.name = "help/" + kLookupNames[place], .content = text, .method = method};
 }
 
+// The entry in a folder whose name is no UTF-8: CP437, unless the flags tell otherwise.
+ZipEntryBytes oddlyNamed(ZipEntryBytes entry, std::uint16_t flags) {
+    entry.name = "B\x84ume " + entry.name;
+    entry.flags = flags;
+    return entry;
+}
+
 using LookupSection = DocResource<RefItemLookup>;
 
 // Calls visit(key, section) for the sections of a result, installed or not, until it returns true.
@@ -136,9 +143,10 @@ void FaultTest::reset() const {
 void FaultTest::writeLookups(const std::vector<std::string>& texts) const {
     addLookup(kLookupNames[0], texts[0]);
     addLookup(kLookupNames[1], texts[1]);
-    const ZipBytes tools{.entries = {entry(2, texts[2], kDeflated), entry(3, texts[3], kStored)}};
+    const ZipBytes tools{.entries = {oddlyNamed(entry(2, texts[2], kDeflated), kUtf8Flag),
+                                     entry(3, texts[3], kStored)}};
     addLookup("Tools.zip", tools.build());
-    const ZipBytes robots{.entries = {entry(4, texts[4], kDeflated)}};
+    const ZipBytes robots{.entries = {oddlyNamed(entry(4, texts[4], kDeflated), 0)}};
     addLookup("Robots.zip", robots.build());
 }
 
