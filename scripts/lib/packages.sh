@@ -24,6 +24,11 @@ test_packages=(
     python3
 )
 
+# To count what the tests run, besides.
+coverage_packages=(
+    gcovr
+)
+
 # For the fuzzers, besides.
 fuzz_packages=(
     clang-14
