@@ -26,6 +26,12 @@ if(DOCPARSER_SANITIZERS)
     target_link_options(docparser_options INTERFACE -fsanitize=${DOCPARSER_SANITIZERS})
 endif()
 
+if(DOCPARSER_COVERAGE)
+    # The counts of threads that run at once add up.
+    target_compile_options(docparser_options INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(docparser_options INTERFACE --coverage)
+endif()
+
 if(DOCPARSER_BUILD_FUZZERS)
     target_compile_options(docparser_options INTERFACE -fsanitize=fuzzer-no-link)
     target_link_options(docparser_options INTERFACE -fsanitize=fuzzer-no-link)

@@ -62,10 +62,13 @@ std::uint64_t ZipArchive::entryCount() const {
     return static_cast<std::uint64_t>(zip_get_num_entries(archive_.get(), 0));
 }
 
-std::u16string ZipArchive::entryName(std::uint64_t index) {
+const char* ZipArchive::rawName(std::uint64_t index) const noexcept {
     const char* const raw = zip_get_name(archive_.get(), index, ZIP_FL_ENC_RAW);
-    if (!raw)
-        throw PackageError(entryFailure(index, zip_strerror(archive_.get())));
+    return raw ? raw : "";
+}
+
+std::u16string ZipArchive::entryName(std::uint64_t index) {
+    const char* const raw = rawName(index);
     const bool isHidden = std::ranges::binary_search(hidden_, index, {}, &FlaggedEntry::index);
     if (isHidden || fl::i18n::is_well_formed(std::string_view(raw)))
         return fl::i18n::to_ustring(raw);
@@ -100,8 +103,7 @@ ZipFileHandle ZipArchive::openEntry(std::uint64_t index) {
 
 std::string ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {
     // The raw name, since the reason may be that there is no other.
-    const char* const raw = zip_get_name(archive_.get(), index, ZIP_FL_ENC_RAW);
-    const std::string name = fl::i18n::to_string(fl::i18n::to_ustring(raw ? raw : ""));
+    const std::string name = fl::i18n::to_string(fl::i18n::to_ustring(rawName(index)));
     return "entry " + std::to_string(index) + " \"" + name + "\" of the package \"" + path_ +
            "\" cannot be delivered: " + reasonOf(reason);
 }

@@ -51,6 +51,8 @@ public:
 private:
     ZipHandle openArchive(std::string& reason, const std::vector<FlaggedEntry>& hidden);
     std::vector<FlaggedEntry> flaggedEntries();
+    /// The bytes of an entry's name as the directory has them, never null.
+    const char* rawName(std::uint64_t index) const noexcept;
     std::string reasonOf(std::string_view reason);
 
     ZipSource source_;

@@ -34,6 +34,11 @@ docs_packages=(
     python3
 )
 
+# To count what the tests run, besides.
+coverage_packages=(
+    gcovr
+)
+
 # For the fuzzers, besides.
 fuzz_packages=(
     clang-14

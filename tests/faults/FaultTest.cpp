@@ -66,6 +66,18 @@ ZipEntryBytes entry(std::size_t place, const std::string& text, std::uint16_t me
     return {.name = "help/" + kLookupNames[place], .content = text, .method = method};
 }
 
+// The entry in a folder whose name begins with bytes that are no UTF-8: they are CP437 unless the
+// flags tell otherwise.
+ZipEntryBytes oddlyNamed(ZipEntryBytes entry, const std::string& bytes, std::uint16_t flags) {
+    entry.name = bytes + entry.name;
+    entry.flags = flags;
+    return entry;
+}
+
+const std::string kNoUtf8 = "B\x84ume ";
+// Libraries that look at the pattern of the bytes alone take it for UTF-8: a surrogate.
+const std::string kNearlyUtf8 = "\xED\xA0\x80 ";
+
 using LookupSection = DocResource<RefItemLookup>;
 
 // Calls visit(key, section) for the sections of a result, installed or not, until it returns true.
@@ -136,9 +148,10 @@ void FaultTest::reset() const {
 void FaultTest::writeLookups(const std::vector<std::string>& texts) const {
     addLookup(kLookupNames[0], texts[0]);
     addLookup(kLookupNames[1], texts[1]);
-    const ZipBytes tools{.entries = {entry(2, texts[2], kDeflated), entry(3, texts[3], kStored)}};
+    const ZipBytes tools{.entries = {oddlyNamed(entry(2, texts[2], kDeflated), kNoUtf8, kUtf8Flag),
+                                     oddlyNamed(entry(3, texts[3], kStored), kNearlyUtf8, 0)}};
     addLookup("Tools.zip", tools.build());
-    const ZipBytes robots{.entries = {entry(4, texts[4], kDeflated)}};
+    const ZipBytes robots{.entries = {oddlyNamed(entry(4, texts[4], kDeflated), kNoUtf8, 0)}};
     addLookup("Robots.zip", robots.build());
 }
 

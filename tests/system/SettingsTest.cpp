@@ -88,6 +88,14 @@ TEST_F(SettingsTest, TheSupportPackageFolderIsComputedOnceAndShared) {
     EXPECT_EQ(host->count("package root"), 1);
 }
 
+TEST_F(SettingsTest, ASupportPackageFolderThatIsSetWhileTheHostIsAskedStays) {
+    host->packageRoot = u"/s";
+    host->onPackageRoot = [] { DocResourceParser::setSupportPackageRoot(u"/set/meanwhile"); };
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/set/meanwhile");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/set/meanwhile");
+    EXPECT_EQ(host->count("package root"), 1);
+}
+
 TEST_F(SettingsTest, ASnapshotOfTheSupportPackageFolderKeepsItsValue) {
     DocResourceParser::setSupportPackageRoot(u"first");
     const auto snapshot = DocResourceParser::getSupportPackageRoot();

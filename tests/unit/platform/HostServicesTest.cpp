@@ -11,7 +11,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstddef>
 #include <stdexcept>
+#include <string>
 #include <thread>
 
 namespace platform {
@@ -223,9 +226,22 @@ TEST(TopLevelDocProductTest, HoldsItsSevenArgumentsInTheirOrder) {
 TEST(TopLevelDocProductTest, EqualsAProductOfTheSameTexts) {
     EXPECT_EQ(*product("orchard"), *product("orchard"));
     EXPECT_FALSE(*product("orchard") == *product("Orchard"));
-    const TopLevelDocProduct inFamily("", "", "orchard", "", "", "", {ProductFamily("trees")});
-    EXPECT_FALSE(*product("orchard") == inFamily);
     EXPECT_THAT(product("orchard")->getFamilies(), IsEmpty());
+}
+
+TEST(TopLevelDocProductTest, DiffersFromOneThatDiffersInAnyTextOrFamily) {
+    const auto make = [](std::size_t other, const char* family) {
+        std::array<std::string, 6> texts;
+        if (other < texts.size())
+            texts[other] = "other";
+        return TopLevelDocProduct(texts[0], texts[1], texts[2], texts[3], texts[4], texts[5],
+                                  {ProductFamily(family)});
+    };
+    const TopLevelDocProduct made = make(6, "trees");
+    EXPECT_EQ(made, make(6, "trees"));
+    for (std::size_t field = 0; field < 6; ++field)
+        EXPECT_FALSE(made == make(field, "trees")) << "text " << field;
+    EXPECT_FALSE(made == make(6, "shrubs"));
 }
 
 } // namespace

@@ -34,6 +34,13 @@ TEST_F(ReadLimitsTest, AreWhatWasSetLastEachForItself) {
     }
 }
 
+TEST_F(ReadLimitsTest, AreEqualWhenEachOfThemIs) {
+    const ReadLimits limits{1, 2, 3};
+    EXPECT_EQ(limits, (ReadLimits{1, 2, 3}));
+    for (const ReadLimits& other : {ReadLimits{9, 2, 3}, ReadLimits{1, 9, 3}, ReadLimits{1, 2, 9}})
+        EXPECT_FALSE(limits == other) << other.fileBytes << ' ' << other.entryBytes;
+}
+
 TEST_F(ReadLimitsTest, CanBeSetWhileOtherThreadsAsk) {
     const auto setAndAsk = [](std::uint64_t first) {
         for (std::uint64_t i = first; i < first + 1000; ++i) {

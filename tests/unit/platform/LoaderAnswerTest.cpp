@@ -1,0 +1,60 @@
+// Answers in place of the loader, so it is a program of its own.
+#include "platform/InstallationPrefix.hpp"
+#include "tests/support/TemporaryFolder.hpp"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+// What the loader tells: whether it knows the library, and the library's file.
+int answer = 0;
+const char* libraryFile = nullptr;
+
+} // namespace
+
+extern "C" int dladdr(const void*, Dl_info* info) noexcept {
+    *info = Dl_info();
+    info->dli_fname = libraryFile;
+    return answer;
+}
+
+namespace platform {
+namespace {
+
+using docparser_tests::TemporaryFolder;
+
+const std::u16string kBuiltFor = u"/the/prefix/built/for";
+
+TEST(LoaderAnswerTest, TheLibrarysFileTellsTheTreeThatItIsInstalledIn) {
+    const TemporaryFolder folder;
+    const std::string file = folder.write("lib/libdocparser_platform.so", "").string();
+    answer = 1;
+    libraryFile = file.c_str();
+    EXPECT_EQ(installationPrefix(), folder.u16());
+}
+
+TEST(LoaderAnswerTest, ALibraryThatTheLoaderDoesNotKnowHasThePrefixThatItWasBuiltFor) {
+    answer = 0;
+    libraryFile = nullptr;
+    EXPECT_EQ(installationPrefix(), kBuiltFor);
+}
+
+TEST(LoaderAnswerTest, ALibraryWithoutAFileHasThePrefixThatItWasBuiltFor) {
+    answer = 1;
+    libraryFile = nullptr;
+    EXPECT_EQ(installationPrefix(), kBuiltFor);
+}
+
+TEST(LoaderAnswerTest, ALibraryWhoseFileIsGoneHasThePrefixThatItWasBuiltFor) {
+    const TemporaryFolder folder;
+    const std::string file = (folder.path() / "lib/libdocparser_platform.so").string();
+    answer = 1;
+    libraryFile = file.c_str();
+    EXPECT_EQ(installationPrefix(), kBuiltFor);
+}
+
+} // namespace
+} // namespace platform
