@@ -13,7 +13,8 @@ namespace platform {
 /// What only the host application can know: the one seam between it and the libraries here.
 ///
 /// The answers are asked for at each use, on whatever thread needs them, so an implementation is
-/// thread-safe. It may throw; the header of each operation that asks says where that ends.
+/// thread-safe. It may throw; the header of each operation that asks says where that ends. It must
+/// not call the operation that it is asked by: some of them hold a lock while they ask.
 class DOCPARSER_PLATFORM_EXPORT HostServices {
 public:
     virtual ~HostServices();
