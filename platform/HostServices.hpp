@@ -12,18 +12,12 @@ namespace platform {
 
 /// What only the host application can know: the one seam between it and the libraries here.
 ///
-<<<<<<< HEAD
 /// The answers are asked for at each use, on whatever thread needs them and several at a time: an
 /// implementation is thread-safe, and keeps what takes long to find. Some are asked for under a
 /// lock of whoever asks; an answer that called the asking operation would wait for itself. It may
 /// throw; the header of each operation that asks says where that ends.
 ///
 /// All texts are UTF-16 but those of the products, which are UTF-8.
-=======
-/// The answers are asked for at each use, on whatever thread needs them, so an implementation is
-/// thread-safe. It may throw; the header of each operation that asks says where that ends. It must
-/// not call the operation that it is asked by: some of them hold a lock while they ask.
->>>>>>> faultrows
 class DOCPARSER_PLATFORM_EXPORT HostServices {
 public:
     virtual ~HostServices();
