@@ -67,7 +67,9 @@ std::string wrappedHelp(std::string_view help) {
 
 // What stands below the options in the help.
 std::string footerOf(const CommandTable& table) {
-    std::string footer = "Options may stand before or after the command; \"--\" ends the options.\n"
+    std::string footer = fmt::format("The options of {} --help may stand before or after the "
+                                     "command;\n\"--\" ends the options.\n",
+                                     table.program) +
                          "\nExit status:\n";
     for (const Remark& status : table.exitStatuses) {
         std::string_view lead = status.subject;

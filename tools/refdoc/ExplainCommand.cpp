@@ -51,11 +51,20 @@ void keepTelling(std::vector<SectionOrigins>& sections) {
     });
 }
 
+std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
+    switch (format) {
+    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
+    case OutputFormat::JsonLines:
+        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Text: break;
+    }
+    return explanationPage(explanation, setup);
+}
+
 Answer answerOf(const Explanation& explanation, const Options& options, const PageSetup& setup,
                 std::vector<std::string> complaints) {
     return {.status = complaints.empty() ? ExitStatus::Found : ExitStatus::NotFound,
-            .output = options.format == OutputFormat::Json ? explanationDocument(explanation)
-                                                           : explanationPage(explanation, setup),
+            .output = outputOf(explanation, options.format, setup),
             .complaints = std::move(complaints)};
 }
 

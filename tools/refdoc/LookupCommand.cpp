@@ -2,7 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/JsonOutput.hpp"
+#include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/NearNames.hpp"
 #include "tools/refdoc/Page.hpp"
 #include "tools/refdoc/Selection.hpp"
@@ -74,6 +74,23 @@ std::string pageOf(const LookupResults& results, const PageSetup& setup, bool wi
     return page.take();
 }
 
+std::string linesOf(const LookupResults& results) {
+    const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
+    std::string lines;
+    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
+    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
+    return lines;
+}
+
+std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::JsonLines: return linesOf(results);
+    case OutputFormat::Text: break;
+    }
+    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+}
+
 } // namespace
 
 std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>& names,
@@ -106,9 +123,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
                         fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
                         kOtherFolders));
     }
-    answer.output = options.format == OutputFormat::Json
-                        ? lookupDocument(results)
-                        : pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    answer.output = outputOf(options, results, setup);
     return answer;
 }
 

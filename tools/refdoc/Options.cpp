@@ -44,6 +44,12 @@ ColorChoice colorOf(const ParsedWords& words) {
                               : ColorChoice::Auto;
 }
 
+OutputFormat formatOf(const ParsedWords& words) {
+    return words.has("--json")    ? OutputFormat::Json
+           : words.has("--jsonl") ? OutputFormat::JsonLines
+                                  : OutputFormat::Text;
+}
+
 Options optionsOf(const ParsedWords& words) {
     Options options;
     options.command = words.command == "show"      ? Command::Show
@@ -65,7 +71,7 @@ Options optionsOf(const ParsedWords& words) {
     options.supportedLanguages = listOf(words, "--langs");
     options.installedProducts = listOf(words, "--installed");
     options.supportPackages = listOf(words, "--support-packages");
-    options.format = words.has("--json") ? OutputFormat::Json : OutputFormat::Text;
+    options.format = formatOf(words);
     options.color = colorOf(words);
     options.mayPage = !words.has("--no-pager");
     options.verbose = words.has("--verbose");

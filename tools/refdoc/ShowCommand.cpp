@@ -3,8 +3,9 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/EnglishFallback.hpp"
 #include "tools/refdoc/ItemText.hpp"
-#include "tools/refdoc/JsonOutput.hpp"
+#include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/Page.hpp"
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/Selection.hpp"
@@ -41,20 +42,38 @@ Answer productNotFound(const Options& options) {
     return answer;
 }
 
-std::string pageOf(const ResourceMap<RefItem>& resources, const PageSetup& setup) {
+std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
+                   const PageSetup& setup) {
+    const EnglishFallback fallback(options.product);
     Page page(setup);
     for (const auto& [key, resource] : resources) {
         if (!page.isEmpty())
             page.emptyLine();
-        addHeader(page, resource.header);
+        addHeader(page, resource.header, fallback.noteOn(key));
         for (const auto& [href, items] : resource.items) {
+            const std::u16string note = fallback.noteOn(key, href, items);
             for (const RefItem& item : items) {
                 page.emptyLine();
-                addItem(page, item);
+                addItem(page, item, note);
             }
         }
     }
     return page.take();
+}
+
+std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
+                     const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return showDocument(options.product, resources);
+    case OutputFormat::JsonLines: {
+        std::string lines;
+        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                       &DocResourceParser::isProductInstalled);
+        return lines;
+    }
+    case OutputFormat::Text: break;
+    }
+    return pageOf(options, resources, setup);
 }
 
 } // namespace
@@ -96,8 +115,7 @@ Answer runShow(const Options& options, const PageSetup& setup) {
     }
     if (!answer.complaints.empty())
         answer.status = ExitStatus::NotFound;
-    answer.output = options.format == OutputFormat::Json ? showDocument(options.product, resources)
-                                                         : pageOf(resources, setup);
+    answer.output = outputOf(options, resources, setup);
     return answer;
 }
 

@@ -21,17 +21,35 @@ TEST(CommandLineTest, HelpGoesToStandardOutputAndNamesEachCommandAndOption) {
     const Outcome outcome = runProgram({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    for (const char* word :
-         {"show", "lookup", "products", "explain", "--install DIR", "--root DIR", "--support-folder DIR",
-          "--lang L", "--langs L,L,...", "--installed N,N,...", "--support-packages N,N,...",
-          "--json", "--color", "auto", "always", "never", "--verbose", "--version", "--help"})
+    for (const char* word : {"show",
+                             "lookup",
+                             "products",
+                             "explain",
+                             "--install DIR",
+                             "--root DIR",
+                             "--support-folder DIR",
+                             "--lang L",
+                             "--langs L,L,...",
+                             "--installed N,N,...",
+                             "--support-packages N,N,...",
+                             "--json",
+                             "--jsonl",
+                             "--no-pager",
+                             "--color",
+                             "auto",
+                             "always",
+                             "never",
+                             "--verbose",
+                             "--version",
+                             "--help"})
         EXPECT_THAT(outcome.out, HasSubstr(word));
 }
 
 TEST(CommandLineTest, EachCommandHasHelp) {
-    for (const auto& [command, usage] :
-         {std::pair{"show", "PRODUCT [HREF...]"}, {"lookup", "[NAME...]"}, {"products", ""},
-          {"explain", "[PRODUCT] [HREF]"}}) {
+    for (const auto& [command, usage] : {std::pair{"show", "PRODUCT [HREF...]"},
+                                         {"lookup", "[NAME...]"},
+                                         {"products", ""},
+                                         {"explain", "[PRODUCT] [HREF]"}}) {
         const Outcome outcome = runProgram({command, "--help"});
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.out, HasSubstr(std::string("Usage: refdoc ") + command));

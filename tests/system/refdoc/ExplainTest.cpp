@@ -4,6 +4,8 @@
 
 #include <boost/json/serialize.hpp>
 
+#include <algorithm>
+
 namespace refdoc_tests {
 namespace {
 
@@ -200,6 +202,12 @@ TEST_F(ExplainProductTest, TheDocumentHasTheSameForPrograms) {
     EXPECT_EQ(printed.at("product"), "Orchard");
     EXPECT_EQ(printed.at("href"), "graft.html");
     EXPECT_EQ(printed.at("language"), "de");
+}
+
+TEST_F(ExplainProductTest, TheDocumentIsOneLineWhereLinesAreAskedFor) {
+    const Outcome line = explain({"Orchard", "--jsonl"});
+    EXPECT_EQ(std::ranges::count(line.out, '\n'), 1);
+    EXPECT_EQ(document(line.out), explainDocument({"Orchard"}));
 }
 
 TEST_F(ExplainProductTest, EveryDocumentIsValid) {

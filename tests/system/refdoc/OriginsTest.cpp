@@ -11,7 +11,7 @@
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
-#include "tools/refdoc/explain/FileText.hpp"
+#include "tools/refdoc/explain/FileTexts.hpp"
 
 #include <random>
 #include <set>
@@ -108,21 +108,22 @@ protected:
 
     // The text at each place must be that of the record.
     void expectPlaces(const std::vector<SectionOrigins>& sections) const {
+        FileTexts texts(account_);
         for (const SectionOrigins& section : sections) {
             for (const auto& [name, records] : section.kept) {
                 for (const SourceRecord& record : records)
-                    expectPlace(record);
+                    expectPlace(texts, record);
             }
             for (const LostRecord& lost : section.lost)
-                expectPlace(lost.record);
+                expectPlace(texts, lost.record);
         }
     }
 
     LoadAccount account_;
 
 private:
-    void expectPlace(const SourceRecord& record) const {
-        const auto text = readFileText(account_, record.origin.file);
+    static void expectPlace(FileTexts& texts, const SourceRecord& record) {
+        const auto text = texts.read(record.origin.file);
         ASSERT_TRUE(text && record.origin.place);
         const std::string rest = text->substr(record.origin.place->offset);
         const std::string element = rest.substr(0, rest.find('}'));
@@ -261,8 +262,9 @@ TEST_P(RandomOriginsTest, NoRecordOfAFileThatIsReadIsForgotten) {
             told.insert(lost.record.refPurpose);
     }
     std::multiset<std::u16string> read;
+    FileTexts texts(account_);
     for (std::size_t file = 0; file < account_.files.size(); ++file) {
-        for (const SourceSection& section : readSections(account_, file, std::nullopt)) {
+        for (const SourceSection& section : readSections(texts, file, std::nullopt)) {
             for (const SourceRecord& record : section.records)
                 read.insert(record.refPurpose);
         }

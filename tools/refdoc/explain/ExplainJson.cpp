@@ -1,5 +1,4 @@
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/JsonWriter.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
 
 namespace refdoc {
@@ -131,8 +130,8 @@ void writeSection(JsonWriter& json, const SectionOrigins& section, bool isLookup
 
 } // namespace
 
-std::string explanationDocument(const Explanation& explanation) {
-    JsonWriter json;
+std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout) {
+    JsonWriter json(layout);
     json.beginObject();
     if (explanation.product)
         json.member("product", *explanation.product);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/JsonWriter.hpp"
 #include "tools/refdoc/PageSetup.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
 
@@ -31,6 +32,6 @@ std::u16string placeText(const reference::docparser::FileAccount& file,
 std::string explanationPage(const Explanation& explanation, const PageSetup& setup);
 
 /// The answer for programs, as schema/explain.schema.json describes it.
-std::string explanationDocument(const Explanation& explanation);
+std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout);
 
 } // namespace refdoc

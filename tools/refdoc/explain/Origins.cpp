@@ -127,9 +127,10 @@ private:
 
 std::vector<SectionOrigins> findOrigins(const LoadAccount& account,
                                         const std::optional<std::u16string>& key) {
+    FileTexts texts(account);
     Follower follower;
     for (std::size_t index = 0; index < account.files.size(); ++index) {
-        std::vector<SourceSection> sources = readSections(account, index, key);
+        std::vector<SourceSection> sources = readSections(texts, index, key);
         for (std::size_t number = 0; number < sources.size(); ++number)
             follower.follow(account.files[index].sections[number], std::move(sources[number]));
     }

@@ -3,7 +3,6 @@
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/except/Completes.hpp"
-#include "tools/refdoc/explain/FileText.hpp"
 
 #include <boost/json/parse.hpp>
 
@@ -61,14 +60,13 @@ void findPlaces(const std::string& text, std::vector<SourceSection>& sections) {
 
 } // namespace
 
-std::vector<SourceSection> readSections(const LoadAccount& account, std::size_t index,
+std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
                                         const std::optional<std::u16string>& key) {
-    const FileAccount& file = account.files[index];
+    const FileAccount& file = texts.account().files[index];
     std::vector<SourceSection> sections;
     for (const SectionAccount& section : file.sections)
         sections.push_back({.header = {.file = index, .pointer = section.pointer}});
-    const std::optional<std::string> text =
-        sections.empty() ? std::nullopt : readFileText(account, index);
+    const std::optional<std::string> text = sections.empty() ? std::nullopt : texts.read(index);
     if (!text)
         return sections;
     // What the library could read fails here only if it is not the same text any more.

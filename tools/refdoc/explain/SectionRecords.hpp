@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/explain/FileTexts.hpp"
 
 #include <optional>
 #include <string>
@@ -39,8 +40,7 @@ struct SourceSection {
 /// since may lack what the account says of it; then records or places are missing here. \param
 /// index  of the file in the account \param key    keeps only the records of this key; absent: all
 /// \returns      a section for each of the account's, in their order
-std::vector<SourceSection> readSections(const reference::docparser::LoadAccount& account,
-                                        std::size_t index,
+std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
                                         const std::optional<std::u16string>& key);
 
 } // namespace refdoc
