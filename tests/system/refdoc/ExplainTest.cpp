@@ -324,6 +324,19 @@ Files considered
                                 "\"graft\"?\n"}));
 }
 
+TEST_F(ExplainNameTest, APackageThatCannotBeUsedIsToldWhateverTheName) {
+    add("help/docCatalog/referenceapi_lookup/Broken.zip", "no zip");
+    const Outcome outcome = explain({"--name", "graft"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, HasSubstr("  unreadable ROOT/referenceapi_lookup/Broken.zip\n"));
+}
+
+TEST_F(ExplainNameTest, WhatLostIsColoured) {
+    addLookup("Orchard", lookup({"a.html"}));
+    EXPECT_THAT(explain({"--name", "graft", "--color", "always"}).out,
+                HasSubstr("\x1b[33mdropped  \x1b[0m ROOT/"));
+}
+
 TEST_F(ExplainNameTest, EveryDocumentIsValid) {
     addLookup("Orchard", lookup({"a.html", "b.html"}));
     addLookup("Broken", "{");

@@ -70,6 +70,7 @@ private:
 
 FileTexts::FileTexts(const LoadAccount& account) : account_(account) {
     std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> counts;
+    equalsBefore_.reserve(account.files.size());
     for (const FileAccount& file : account.files)
         equalsBefore_.push_back(counts[{file.path, file.entry}]++);
 }

@@ -49,6 +49,7 @@ void findPlaces(const std::string& text, std::vector<SourceSection>& sections) {
             origins.push_back(&record.origin);
     }
     std::vector<std::string> pointers;
+    pointers.reserve(origins.size());
     for (const Origin* origin : origins)
         pointers.push_back(origin->pointer);
     const auto places = findValues(text, pointers);
@@ -64,6 +65,7 @@ std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
                                         const std::optional<std::u16string>& key) {
     const FileAccount& file = texts.account().files[index];
     std::vector<SourceSection> sections;
+    sections.reserve(file.sections.size());
     for (const SectionAccount& section : file.sections)
         sections.push_back({.header = {.file = index, .pointer = section.pointer}});
     const std::optional<std::string> text = sections.empty() ? std::nullopt : texts.read(index);
