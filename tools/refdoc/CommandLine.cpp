@@ -32,7 +32,8 @@ std::string unmarked(std::string word) {
 }
 
 bool needsMark(std::string_view word) {
-    return word.empty() || std::string_view("[{%+\x1f").find(word.front()) != word.npos;
+    return word.empty() ||
+           std::string_view("[{%+\x1f").find(word.front()) != std::string_view::npos;
 }
 
 // "--lang=" gives the empty text, which CLI11 would take for a value that is still to come.

@@ -99,7 +99,7 @@ Candidates listsWith(const std::string& word, const Candidates& parts) {
     const std::string before = word.substr(0, word.rfind(',') + 1); // npos + 1 is 0
     Candidates candidates;
     for (const auto& [part, remark] : parts) {
-        if ((',' + before).find(',' + part + ',') == before.npos)
+        if ((',' + before).find(',' + part + ',') == std::string_view::npos)
             candidates.emplace(before + part, remark);
     }
     return candidates;

@@ -18,7 +18,8 @@ std::vector<std::u16string> splitList(std::string_view text) {
     if (text.empty())
         return parts;
     std::size_t start = 0;
-    for (std::size_t comma = text.find(','); comma != text.npos; comma = text.find(',', start)) {
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
+         comma = text.find(',', start)) {
         parts.push_back(to_ustring(text.substr(start, comma - start)));
         start = comma + 1;
     }
