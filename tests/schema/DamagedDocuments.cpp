@@ -49,17 +49,21 @@ bool holdsOthers(const json::value& value) {
 }
 
 void visitPlace(const json::value& good, const std::string& pointer, const Visit& visit) {
+    const auto visitAs = [&](const json::value& document, const char* change,
+                             const std::string& kind) {
+        visit(document, std::string(pointer).append(change).append(kind));
+    };
     for (const auto& [value, kind] : everyKind()) {
         json::value document = good;
         document.at_pointer(pointer) = value;
-        visit(document, pointer + " is " + kind);
+        visitAs(document, " is ", kind);
         document.at_pointer(pointer) = json::array{value};
-        visit(document, pointer + " is an array of " + kind);
+        visitAs(document, " is an array of ", kind);
         if (!holdsOthers(good.at_pointer(pointer)))
             continue;
         document = good;
         addTo(document.at_pointer(pointer), "unknown", value);
-        visit(document, pointer + " has one more: " + kind);
+        visitAs(document, " has one more: ", kind);
     }
 }
 
