@@ -86,7 +86,7 @@ TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnKeysThatAreNotReadWhereThey
         for (const auto& [value, kind] : everyKind()) {
             boost::json::value document = TestFixture::Format::sample();
             putIn(document, pointer, value);
-            this->agreement_.check(document, pointer + " is " + kind);
+            this->agreement_.check(document, std::string(pointer).append(" is ").append(kind));
         }
     }
 }
