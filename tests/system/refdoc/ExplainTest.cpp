@@ -18,7 +18,7 @@ using testing::Not;
 
 // The paths of the install folder are shortened to "ROOT", so that outputs can be compared.
 std::string shortened(std::string text, const std::string& folder) {
-    for (std::size_t at = text.find(folder); at != text.npos; at = text.find(folder, at))
+    for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at))
         text.replace(at, folder.size(), "ROOT");
     return text;
 }
@@ -36,7 +36,7 @@ protected:
 
     // What the command prints with --json, held against the schema.
     json::value explainDocument(std::vector<std::string> arguments, int status = 0) const {
-        arguments.push_back("--json");
+        arguments.emplace_back("--json");
         const Outcome outcome = explain(std::move(arguments));
         EXPECT_EQ(outcome.status, status) << outcome.err;
         json::value printed = document(outcome.out);
