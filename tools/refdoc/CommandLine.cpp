@@ -195,10 +195,12 @@ private:
         const CommandEntry& command = *parsedCommand();
         ParsedWords words{.command = std::string(command.name), .options = {}, .arguments = {}};
         takeOptions(app_, table_.options, words);
-        takeOptions(*app_.get_subcommand(words.command), command.options, words);
+        const CLI::App& app = *app_.get_subcommand(words.command);
+        takeOptions(app, command.options, words);
         for (const ArgumentEntry& argument : command.arguments) {
-            if (!argument.isList)
-                words.arguments.push_back(unmarked(singles_.at(std::string(argument.name))));
+            const std::string name(argument.name);
+            if (!argument.isList && app.count(name) > 0)
+                words.arguments.push_back(unmarked(singles_.at(name)));
         }
         for (const std::string& word : list_)
             words.arguments.push_back(unmarked(word));

@@ -72,7 +72,17 @@ std::vector<CommandEntry> commands() {
             {"products",
              "Print what was found: product files, installed products, support packages, "
              "languages and folders",
-             "Prints what the other commands would read, and where from."}};
+             "Prints what the other commands would read, and where from."},
+            {"explain",
+             "Print which file each record comes from, and what became of the others",
+             "Prints for each section and record of a product, or of a name of the lookup index, "
+             "the file or package entry and the line that it comes from, the records that it took "
+             "the place of and by which rule, and what became of each file that was considered.",
+             {{"PRODUCT", ValueKind::Product, false, false,
+               "Name of the product's resource file, without .json"},
+              {"HREF", ValueKind::Href, false, false, "Only the item with this link"}},
+             {{"--name", "NAME", ValueKind::LookupName,
+               "Explain a name of the lookup index instead of a product"}}}};
 }
 
 std::vector<Remark> environment() {

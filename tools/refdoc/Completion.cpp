@@ -115,6 +115,7 @@ Candidates valuesOf(const TypedWords& typed, const OptionEntry& option) {
     case ValueKind::Language: return supportedLanguages();
     case ValueKind::Languages: return listsWith(typed.word, supportedLanguages());
     case ValueKind::Sections: return listsWith(typed.word, sectionKeys());
+    case ValueKind::LookupName: return lookupNames();
     default: return {};
     }
 }

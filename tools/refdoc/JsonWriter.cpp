@@ -67,6 +67,16 @@ void JsonWriter::boolean(bool value) {
     document_ += value ? "true" : "false";
 }
 
+void JsonWriter::number(std::uint64_t value) {
+    beginValue();
+    document_ += std::to_string(value);
+}
+
+void JsonWriter::null() {
+    beginValue();
+    document_ += "null";
+}
+
 void JsonWriter::member(std::string_view name, std::u16string_view value) {
     key(name);
     text(value);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ public:
     /// \param word  UTF-8 that needs no escape
     void word(std::string_view word);
     void boolean(bool value);
+    void number(std::uint64_t value);
+    void null();
 
     /// `key` and the text under it.
     void member(std::string_view name, std::u16string_view value);

@@ -38,21 +38,6 @@ std::vector<std::u16string_view> allNames(const LookupResults& results) {
     return names;
 }
 
-// A line for each NAME that no section has, before the sections lose what was not asked for.
-std::vector<std::string> complaintsAbout(const std::vector<std::u16string>& names,
-                                         const LookupResults& results) {
-    std::set<std::u16string> found = keysIn(names, results.installed);
-    found.merge(keysIn(names, results.notInstalled));
-    std::vector<std::string> complaints;
-    const std::vector<std::u16string_view> known = allNames(results);
-    for (const std::u16string& name : missingKeys(names, std::move(found)))
-        complaints.push_back(
-            fmt::format("no entry {} in the lookup index{}", quoted(name),
-                        didYouMean(nearNames(name, known, kMostNearNames),
-                                   known.empty() ? kOtherFolders : "; see refdoc lookup")));
-    return complaints;
-}
-
 void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& product,
               bool isInstalled, bool withLink) {
     std::u16string marks = entry.getDeprecated() ? u"deprecated" : u"";
@@ -108,11 +93,25 @@ std::string outputOf(const Options& options, const LookupResults& results, const
 
 } // namespace
 
+std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>& names,
+                                              const LookupResults& results) {
+    std::set<std::u16string> found = keysIn(names, results.installed);
+    found.merge(keysIn(names, results.notInstalled));
+    std::vector<std::string> complaints;
+    const std::vector<std::u16string_view> known = allNames(results);
+    for (const std::u16string& name : missingKeys(names, std::move(found)))
+        complaints.push_back(
+            fmt::format("no entry {} in the lookup index{}", quoted(name),
+                        didYouMean(nearNames(name, known, kMostNearNames),
+                                   known.empty() ? kOtherFolders : "; see refdoc lookup")));
+    return complaints;
+}
+
 Answer runLookup(const Options& options, const PageSetup& setup) {
     LookupResults results = DocResourceParser::getResourceLookupFiles();
     Answer answer;
     if (!options.names.empty()) {
-        answer.complaints = complaintsAbout(options.names, results);
+        answer.complaints = complaintsAboutNames(options.names, results);
         if (!answer.complaints.empty())
             answer.status = ExitStatus::NotFound;
         keepOnly(options.names, results.installed);

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "docparser/DocResourceParser.hpp"
 #include "tools/refdoc/Answer.hpp"
 #include "tools/refdoc/Options.hpp"
 #include "tools/refdoc/PageSetup.hpp"
+
+#include <string>
+#include <vector>
 
 namespace refdoc {
 
@@ -12,5 +16,11 @@ namespace refdoc {
 /// An empty index is no failure.
 /// \throws whatever the host services throw
 Answer runLookup(const Options& options, const PageSetup& setup);
+
+/// A complaint for each of the NAMEs that no section of the index has.
+std::vector<std::string> complaintsAboutNames(
+    const std::vector<std::u16string>& names,
+    const reference::docparser::ParsingResults<
+        reference::docparser::ResourceMap<reference::property::RefItemLookup>>& results);
 
 } // namespace refdoc

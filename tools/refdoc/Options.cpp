@@ -53,12 +53,15 @@ OutputFormat formatOf(const ParsedWords& words) {
 
 Options optionsOf(const ParsedWords& words) {
     Options options;
-    options.command = words.command == "show"     ? Command::Show
-                      : words.command == "lookup" ? Command::Lookup
-                                                  : Command::Products;
+    options.command = words.command == "show"      ? Command::Show
+                      : words.command == "lookup"  ? Command::Lookup
+                      : words.command == "explain" ? Command::Explain
+                                                   : Command::Products;
     for (const std::string& word : words.arguments)
         options.names.push_back(to_ustring(word));
-    if (options.command == Command::Show) {
+    options.explainedName = textOf(words, "--name");
+    const bool hasProduct = options.command == Command::Show || options.command == Command::Explain;
+    if (hasProduct && !options.names.empty()) {
         options.product = std::move(options.names.front());
         options.names.erase(options.names.begin());
     }
@@ -80,8 +83,14 @@ Options optionsOf(const ParsedWords& words) {
 
 std::variant<Options, Answer> readCommandLine(const std::vector<std::string>& arguments) {
     std::variant<ParsedWords, Answer> understood = parseCommandLine(commandTable(), arguments);
-    if (const ParsedWords* words = std::get_if<ParsedWords>(&understood))
+    if (const ParsedWords* words = std::get_if<ParsedWords>(&understood)) {
+        // The one rule that the table has no place for.
+        if (words->command == "explain" && words->arguments.empty() != words->has("--name"))
+            return Answer{
+                .status = ExitStatus::WrongUsage,
+                .complaints = {"explain needs either a PRODUCT or --name; see refdoc --help"}};
         return optionsOf(*words);
+    }
     return std::get<Answer>(std::move(understood));
 }
 

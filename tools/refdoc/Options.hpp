@@ -10,7 +10,7 @@
 
 namespace refdoc {
 
-enum class Command { Show, Lookup, Products };
+enum class Command { Show, Lookup, Products, Explain };
 
 enum class OutputFormat {
     Text,     ///< for people
@@ -21,8 +21,10 @@ enum class OutputFormat {
 /// The command line, understood. Texts are UTF-16; what was no UTF-8 in them is U+FFFD.
 struct Options {
     Command command = Command::Products;
-    std::u16string product;            ///< of `show`
-    std::vector<std::u16string> names; ///< the HREFs of `show`, the NAMEs of `lookup`
+    std::u16string product; ///< of `show` and `explain`
+    /// The HREFs of `show`, the HREF of `explain` if there is one, the NAMEs of `lookup`.
+    std::vector<std::u16string> names;
+    std::optional<std::u16string> explainedName; ///< of `explain`, which has no product then
 
     // What is absent was not asked for; an empty text or list was.
     std::optional<std::u16string> installFolder;

@@ -35,30 +35,11 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
 }
 
 Answer productNotFound(const Options& options) {
-    const std::string product = to_string(options.product);
-    Answer answer{.status = ExitStatus::NotFound};
+    Answer answer{.status = ExitStatus::NotFound,
+                  .complaints = {complaintAboutProduct(options.product)}};
     if (options.format == OutputFormat::Json)
         answer.output = showDocument(options.product, {});
-    const std::vector<std::u16string> products = productNames();
-    answer.complaints.push_back(
-        fmt::format("no resources for {}; tried {}, {}{}", quoted(options.product),
-                    triedPlace(product, DocResourceParser::getReferenceRoots()->referenceApiFolder),
-                    triedPlace(product, *DocResourceParser::getSupportPackageRoot()),
-                    didYouMean(nearProducts(options.product, products),
-                               products.empty() ? kOtherFolders : "; see refdoc products")));
     return answer;
-}
-
-// A line for each HREF that no section has, before the sections lose what was not asked for.
-std::vector<std::string> complaintsAbout(const Options& options,
-                                         const ResourceMap<RefItem>& resources) {
-    std::vector<std::string> complaints;
-    for (const std::u16string& href : missingKeys(options.names, keysIn(options.names, resources)))
-        complaints.push_back(
-            fmt::format("no item {} in {}{}", quoted(href), quoted(options.product),
-                        didYouMean(nearHrefs(href, resources),
-                                   "; see refdoc show " + quoted(options.product))));
-    return complaints;
 }
 
 std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
@@ -97,6 +78,27 @@ std::string outputOf(const Options& options, const ResourceMap<RefItem>& resourc
 
 } // namespace
 
+std::string complaintAboutProduct(const std::u16string& product) {
+    const std::string name = to_string(product);
+    const std::vector<std::u16string> products = productNames();
+    return fmt::format("no resources for {}; tried {}, {}{}", quoted(product),
+                       triedPlace(name, DocResourceParser::getReferenceRoots()->referenceApiFolder),
+                       triedPlace(name, *DocResourceParser::getSupportPackageRoot()),
+                       didYouMean(nearProducts(product, products),
+                                  products.empty() ? kOtherFolders : "; see refdoc products"));
+}
+
+std::vector<std::string> complaintsAboutHrefs(const std::u16string& product,
+                                              const std::vector<std::u16string>& hrefs,
+                                              const ResourceMap<RefItem>& resources) {
+    std::vector<std::string> complaints;
+    for (const std::u16string& href : missingKeys(hrefs, keysIn(hrefs, resources)))
+        complaints.push_back(fmt::format(
+            "no item {} in {}{}", quoted(href), quoted(product),
+            didYouMean(nearHrefs(href, resources), "; see refdoc show " + quoted(product))));
+    return complaints;
+}
+
 Answer runShow(const Options& options, const PageSetup& setup) {
     ResourceMap<RefItem> resources;
     try {
@@ -107,7 +109,8 @@ Answer runShow(const Options& options, const PageSetup& setup) {
 
     Answer answer;
     if (!options.names.empty()) {
-        answer.complaints = complaintsAbout(options, resources);
+        // Before the sections lose what was not asked for.
+        answer.complaints = complaintsAboutHrefs(options.product, options.names, resources);
         keepOnly(options.names, resources);
     }
     if (!answer.complaints.empty())

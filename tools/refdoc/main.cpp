@@ -3,6 +3,7 @@
 #include "tools/refdoc/Answer.hpp"
 #include "tools/refdoc/Completion.hpp"
 #include "tools/refdoc/DisplayText.hpp"
+#include "tools/refdoc/ExplainCommand.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
 #include "tools/refdoc/LanguageNote.hpp"
 #include "tools/refdoc/LogToStderr.hpp"
@@ -33,6 +34,7 @@ Answer runWith(const Options& options, const PageSetup& setup) {
     switch (options.command) {
     case Command::Show: return runShow(options, setup);
     case Command::Lookup: return runLookup(options, setup);
+    case Command::Explain: return runExplain(options, setup);
     case Command::Products: break;
     }
     return runProducts(options, setup);

@@ -24,6 +24,7 @@ TEST(CommandLineTest, HelpGoesToStandardOutputAndNamesEachCommandAndOption) {
     for (const char* word : {"show",
                              "lookup",
                              "products",
+                             "explain",
                              "--install DIR",
                              "--root DIR",
                              "--support-folder DIR",
@@ -45,8 +46,10 @@ TEST(CommandLineTest, HelpGoesToStandardOutputAndNamesEachCommandAndOption) {
 }
 
 TEST(CommandLineTest, EachCommandHasHelp) {
-    for (const auto& [command, usage] :
-         {std::pair{"show", "PRODUCT [HREF...]"}, {"lookup", "[NAME...]"}, {"products", ""}}) {
+    for (const auto& [command, usage] : {std::pair{"show", "PRODUCT [HREF...]"},
+                                         {"lookup", "[NAME...]"},
+                                         {"products", ""},
+                                         {"explain", "[PRODUCT] [HREF]"}}) {
         const Outcome outcome = runProgram({command, "--help"});
         EXPECT_EQ(outcome.status, 0);
         EXPECT_THAT(outcome.out, HasSubstr(std::string("Usage: refdoc ") + command));
@@ -56,12 +59,15 @@ TEST(CommandLineTest, EachCommandHasHelp) {
 
 TEST(CommandLineTest, WrongUsageIsOneLineOnStandardErrorAndStatus2) {
     const std::vector<std::pair<Arguments, std::string>> cases{
-        {{}, "a command is needed: show, lookup or products"},
-        {{"--json"}, "a command is needed: show, lookup or products"},
+        {{}, "a command is needed: show, lookup, products or explain"},
+        {{"--json"}, "a command is needed: show, lookup, products or explain"},
         {{"list"}, "there is no command or option list"},
         {{"--bad"}, "there is no command or option --bad"},
         {{"show"}, "show needs a PRODUCT"},
         {{"--json", "show"}, "show needs a PRODUCT"},
+        {{"explain"}, "explain needs either a PRODUCT or --name"},
+        {{"explain", "Orchard", "--name", "graft"}, "explain needs either a PRODUCT or --name"},
+        {{"explain", "a", "b", "c"}, "the following argument was not expected: c"},
         {{"products", "Orchard"}, "the following argument was not expected: Orchard"},
         {{"products", "--", "--json"}, "the following argument was not expected: --json"},
         {{"lookup", "--what"}, "the following argument was not expected: --what"},

@@ -57,6 +57,13 @@ TEST_F(CompletionTest, OffersTheProductsOfBothPlacesWithoutTheirLanguage) {
     EXPECT_EQ(completions({"show", "Or"}), "Orchard\n");
 }
 
+TEST_F(CompletionTest, OffersWhatCanBeExplained) {
+    EXPECT_EQ(completions({"explain", "Or"}), "Orchard\n");
+    EXPECT_EQ(completions({"explain", "Orchard", "pr"}), "prune.html\tCut\n");
+    EXPECT_THAT(completions({"explain", "Orchard", "prune.html", ""}), IsEmpty());
+    EXPECT_THAT(completions({"explain", "--name", "gra"}), HasSubstr("graft\tJoin"));
+}
+
 TEST_F(CompletionTest, OffersTheLinksOfTheProductThatWasTyped) {
     EXPECT_EQ(completions({"show", "Orchard", "gr"}), "graft.html\tJoin\ngrow.html\n");
     EXPECT_EQ(completions({"show", "Orchard", "graft.html", "p"}), "prune.html\tCut\n");

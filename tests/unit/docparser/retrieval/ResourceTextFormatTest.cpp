@@ -2,6 +2,7 @@
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
+#include "tests/support/JsonPlaces.hpp"
 #include "tests/unit/docparser/retrieval/FullFormat.hpp"
 #include "tests/unit/docparser/retrieval/LookupFormat.hpp"
 
@@ -11,28 +12,12 @@
 
 #include <set>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace docparser_tests {
 namespace {
 
 namespace json = boost::json;
 using namespace reference::docparser;
-
-// A value of every JSON kind and the name that messages have for it.
-const std::vector<std::pair<json::value, std::string>>& everyKind() {
-    static const std::vector<std::pair<json::value, std::string>> kinds = {
-        {nullptr, "null"},
-        {true, "bool"},
-        {-1, "int64"},
-        {18446744073709551615U, "uint64"},
-        {1.5, "double"},
-        {"grafting", "string"},
-        {json::array{}, "array"},
-        {json::object{}, "object"}};
-    return kinds;
-}
 
 std::string expectedName(Kind kind) {
     return kind == Kind::Array ? "array" : kind == Kind::Object ? "object" : "string";
@@ -41,12 +26,6 @@ std::string expectedName(Kind kind) {
 template <class Record>
 json::value& placeOf(json::value& document, const FormatRule<Record>& rule) {
     return document.at_pointer(rule.pointer());
-}
-
-// Gives an object of the document the member that the pointer ends in, or another value for it.
-void putIn(json::value& document, const std::string& pointer, const json::value& value) {
-    const std::size_t end = pointer.rfind('/');
-    document.at_pointer(pointer.substr(0, end)).as_object()[pointer.substr(end + 1)] = value;
 }
 
 template <class Format>
@@ -91,25 +70,6 @@ protected:
 
 using Formats = testing::Types<FullFormat, LookupFormat>;
 TYPED_TEST_SUITE(ResourceTextFormat, Formats);
-
-// Collects the pointers of all values below a value; the formats' keys need no escapes.
-void addPointers(const json::value& value, const std::string& pointer,
-                 std::set<std::string>& pointers) {
-    if (const json::object* object = value.if_object()) {
-        for (const json::key_value_pair& member : *object) {
-            const std::string child = pointer + '/' + std::string(member.key());
-            pointers.insert(child);
-            addPointers(member.value(), child, pointers);
-        }
-    }
-    if (const json::array* array = value.if_array()) {
-        for (std::size_t i = 0; i < array->size(); ++i) {
-            const std::string child = pointer + '/' + std::to_string(i);
-            pointers.insert(child);
-            addPointers(array->at(i), child, pointers);
-        }
-    }
-}
 
 TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleHasARule) {
     std::set<std::string> places;

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/JsonWriter.hpp"
+#include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/explain/Origins.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace refdoc {
+
+/// Where what was asked for comes from; the answer of `explain` before it is laid out.
+struct Explanation {
+    std::optional<std::u16string> product{}; ///< what was asked for: a product ...
+    std::optional<std::u16string> href{};    ///< ... or one of its items;
+    std::optional<std::u16string> name{};    ///< or a name of the lookup index
+    std::u16string language{};               ///< the documentation language
+    reference::docparser::LoadAccount account{};
+    std::vector<SectionOrigins> sections{}; ///< those that hold something of it, or did
+};
+
+/// "FILE", "PACKAGE!ENTRY".
+std::u16string fileText(const reference::docparser::FileAccount& file);
+
+/// The file's text with ":LINE:COLUMN" behind it where the place is known.
+std::u16string placeText(const reference::docparser::FileAccount& file,
+                         const std::optional<reference::docparser::TextPlace>& place);
+
+/// The answer for people.
+std::string explanationPage(const Explanation& explanation, const PageSetup& setup);
+
+/// The answer for programs, as schema/explain.schema.json describes it.
+std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout);
+
+} // namespace refdoc

@@ -1,0 +1,84 @@
+#include "tools/refdoc/explain/SectionRecords.hpp"
+
+#include "docparser/DocResourceParser.hpp"
+#include "docparser/parsing/TextPlaces.hpp"
+#include "platform/except/Completes.hpp"
+
+#include <boost/json/parse.hpp>
+
+#include <utility>
+
+namespace refdoc {
+
+namespace json = boost::json;
+using namespace reference::docparser;
+using foundation::core::except::completes;
+using Tools = DocResourceParser::ParsingTools;
+
+namespace {
+
+SourceRecord recordOf(const json::object& element, FileRole role) {
+    std::u16string href = Tools::getFluString(element, "href", StringParsingType::Ascii);
+    std::u16string name = role == FileRole::Lookup
+                              ? Tools::getFluString(element, "name", StringParsingType::Utf8)
+                              : href;
+    return {.key = std::move(name),
+            .href = std::move(href),
+            .refPurpose = Tools::getFluString(element, "refpurpose", StringParsingType::Utf8)};
+}
+
+void readRecords(const json::value& document, FileRole role,
+                 const std::optional<std::u16string>& key, SourceSection& section) {
+    const std::string list = section.header.pointer + "/refItems";
+    std::size_t number = 0;
+    for (const json::value& element : document.at_pointer(list).as_array()) {
+        SourceRecord record = recordOf(element.as_object(), role);
+        const std::string pointer = list + '/' + std::to_string(number++);
+        if (key && record.key != *key)
+            continue;
+        record.origin = {.file = section.header.file, .pointer = pointer};
+        section.records.push_back(std::move(record));
+    }
+}
+
+void findPlaces(const std::string& text, std::vector<SourceSection>& sections) {
+    std::vector<Origin*> origins;
+    for (SourceSection& section : sections) {
+        origins.push_back(&section.header);
+        for (SourceRecord& record : section.records)
+            origins.push_back(&record.origin);
+    }
+    std::vector<std::string> pointers;
+    pointers.reserve(origins.size());
+    for (const Origin* origin : origins)
+        pointers.push_back(origin->pointer);
+    const auto places = findValues(text, pointers);
+    for (std::size_t index = 0; index < origins.size(); ++index) {
+        if (places[index])
+            origins[index]->place = places[index]->value;
+    }
+}
+
+} // namespace
+
+std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
+                                        const std::optional<std::u16string>& key) {
+    const FileAccount& file = texts.account().files[index];
+    std::vector<SourceSection> sections;
+    sections.reserve(file.sections.size());
+    for (const SectionAccount& section : file.sections)
+        sections.push_back({.header = {.file = index, .pointer = section.pointer}});
+    const std::optional<std::string> text = sections.empty() ? std::nullopt : texts.read(index);
+    if (!text)
+        return sections;
+    // What the library could read fails here only if it is not the same text any more.
+    completes([&] {
+        const json::value document = json::parse(*text);
+        for (SourceSection& section : sections)
+            readRecords(document, file.role, key, section);
+        findPlaces(*text, sections);
+    });
+    return sections;
+}
+
+} // namespace refdoc
