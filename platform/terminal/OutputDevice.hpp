@@ -10,6 +10,7 @@ namespace platform {
 struct OutputDevice {
     bool isTerminal = false;
     std::size_t columns = 0; ///< width of the terminal; 0 when there is none or it does not tell
+    std::size_t rows = 0;    ///< its height; 0 likewise
 };
 
 /// Asks the system what standard output is connected to.

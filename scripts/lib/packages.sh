@@ -22,6 +22,9 @@ test_packages=(
     libvalijson-dev
     zlib1g-dev
     python3
+    mandoc
+    zsh
+    fish
 )
 
 # For the fuzzers, besides.

@@ -17,6 +17,7 @@ enum class ExitStatus : int {
 struct Answer {
     ExitStatus status = ExitStatus::Found;
     std::string output{};                  ///< for standard output, as it stands; UTF-8
+    std::string pager{};                   ///< the command to show it through; empty: none
     std::vector<std::string> complaints{}; ///< for standard error, a line each, without the tool's
                                            ///< name before it; UTF-8, names as they came
 };

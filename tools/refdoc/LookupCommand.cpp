@@ -117,14 +117,15 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
         std::set<std::u16string> found;
         keepOnly(options.names, results.installed, found);
         keepOnly(options.names, results.notInstalled, found);
-    } else if (results == LookupResults{} && !options.json) {
+    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
         // Nothing on standard output could also mean that the tool had nothing to say.
         answer.complaints.push_back(
             fmt::format("no lookup entries in {}",
                         fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder)));
     }
-    answer.output = options.json ? lookupDocument(results)
-                                 : pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    answer.output = options.format == OutputFormat::Json
+                        ? lookupDocument(results)
+                        : pageOf(results, setup, /*withLinks=*/!options.names.empty());
     return answer;
 }
 

@@ -12,6 +12,11 @@ namespace refdoc {
 
 enum class Command { Show, Lookup, Products };
 
+enum class OutputFormat {
+    Text, ///< for people
+    Json  ///< one document
+};
+
 /// The command line, understood. Texts are UTF-16; what was no UTF-8 in them is U+FFFD.
 struct Options {
     Command command = Command::Products;
@@ -27,8 +32,9 @@ struct Options {
     std::optional<std::vector<std::u16string>> installedProducts;
     std::optional<std::vector<std::u16string>> supportPackages;
 
-    bool json = false;
+    OutputFormat format = OutputFormat::Text;
     ColorChoice color = ColorChoice::Auto;
+    bool mayPage = true; ///< long output may go through a pager
     bool verbose = false;
 };
 

@@ -13,11 +13,6 @@ constexpr std::size_t kUsualWidth = 80;
 constexpr std::size_t kNarrowestText = 40;
 constexpr std::size_t kWidestText = 100;
 
-std::optional<std::string> variable(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? std::optional<std::string>(value) : std::nullopt;
-}
-
 // A width of 1 or more; 0 for whatever else the text says.
 std::size_t parseWidth(const std::string& text) {
     std::size_t width = 0;
@@ -43,8 +38,14 @@ bool wantsColor(ColorChoice choice, const platform::OutputDevice& device,
 
 } // namespace
 
+std::optional<std::string> environmentVariable(const char* name) {
+    const char* value = std::getenv(name);
+    return value ? std::optional<std::string>(value) : std::nullopt;
+}
+
 LayoutEnvironment readLayoutEnvironment() {
-    return {variable("NO_COLOR"), variable("COLUMNS"), variable("TERM")};
+    return {environmentVariable("NO_COLOR"), environmentVariable("COLUMNS"),
+            environmentVariable("TERM")};
 }
 
 PageSetup choosePageSetup(ColorChoice color, const platform::OutputDevice& device,

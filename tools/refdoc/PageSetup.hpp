@@ -24,6 +24,9 @@ struct PageSetup {
     bool color;
 };
 
+/// A variable of this process; absent when it is not set.
+std::optional<std::string> environmentVariable(const char* name);
+
 /// The variables of this process.
 LayoutEnvironment readLayoutEnvironment();
 

@@ -193,7 +193,8 @@ std::string pageOf(const Findings& findings, const PageSetup& setup) {
 
 Answer runProducts(const Options& options, const PageSetup& setup) {
     const Findings findings;
-    return {.output = options.json ? documentOf(findings) : pageOf(findings, setup)};
+    return {.output = options.format == OutputFormat::Json ? documentOf(findings)
+                                                           : pageOf(findings, setup)};
 }
 
 } // namespace refdoc

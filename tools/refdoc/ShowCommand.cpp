@@ -34,7 +34,7 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
 Answer productNotFound(const Options& options) {
     const std::string product = to_string(options.product);
     Answer answer{.status = ExitStatus::NotFound};
-    if (options.json)
+    if (options.format == OutputFormat::Json)
         answer.output = showDocument(options.product, {});
     answer.complaints.push_back(
         fmt::format("no resources for {}; tried {}, {}", quoted(options.product),
@@ -79,8 +79,8 @@ Answer runShow(const Options& options, const PageSetup& setup) {
     }
     if (!answer.complaints.empty())
         answer.status = ExitStatus::NotFound;
-    answer.output =
-        options.json ? showDocument(options.product, resources) : pageOf(resources, setup);
+    answer.output = options.format == OutputFormat::Json ? showDocument(options.product, resources)
+                                                         : pageOf(resources, setup);
     return answer;
 }
 

@@ -1,11 +1,14 @@
 #include "platform/except/IException.hpp"
+#include "platform/terminal/Pager.hpp"
 #include "tools/refdoc/Answer.hpp"
+#include "tools/refdoc/Completion.hpp"
 #include "tools/refdoc/DisplayText.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
 #include "tools/refdoc/LogToStderr.hpp"
 #include "tools/refdoc/LookupCommand.hpp"
 #include "tools/refdoc/Options.hpp"
 #include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/PagerChoice.hpp"
 #include "tools/refdoc/ProductsCommand.hpp"
 #include "tools/refdoc/ShowCommand.hpp"
 
@@ -23,12 +26,7 @@ namespace {
 
 using namespace refdoc;
 
-Answer runCommand(const Options& options) {
-    if (options.verbose)
-        logToStandardError();
-    applyOptions(options);
-    const PageSetup setup =
-        choosePageSetup(options.color, platform::askStandardOutput(), readLayoutEnvironment());
+Answer runWith(const Options& options, const PageSetup& setup) {
     switch (options.command) {
     case Command::Show: return runShow(options, setup);
     case Command::Lookup: return runLookup(options, setup);
@@ -37,11 +35,26 @@ Answer runCommand(const Options& options) {
     return runProducts(options, setup);
 }
 
+Answer runCommand(const Options& options) {
+    if (options.verbose)
+        logToStandardError();
+    applyOptions(options);
+    const platform::OutputDevice device = platform::askStandardOutput();
+    const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());
+    Answer answer = runWith(options, setup);
+    if (options.format == OutputFormat::Text && options.mayPage && isLong(answer.output, device))
+        answer.pager = choosePager(readPagerEnvironment());
+    return answer;
+}
+
 Answer failure(const std::string& reason) {
     return {.status = ExitStatus::Failed, .complaints = {reason}};
 }
 
 Answer answerTo(const std::vector<std::string>& arguments) {
+    // Not in the table of commands: it is for the completion scripts, not for people.
+    if (!arguments.empty() && arguments.front() == "complete")
+        return {.output = completionsOf({arguments.begin() + 1, arguments.end()})};
     try {
         const std::variant<Options, Answer> understood = readCommandLine(arguments);
         if (const Options* options = std::get_if<Options>(&understood))
@@ -55,13 +68,15 @@ Answer answerTo(const std::vector<std::string>& arguments) {
 }
 
 // Nothing counts as printed before the system has taken it.
-bool print(const std::string& text) {
+bool print(const std::string& text, const std::string& pager) {
+    if (!pager.empty() && platform::showThroughPager(pager, text))
+        return true;
     const std::size_t written = std::fwrite(text.data(), 1, text.size(), stdout);
     return written == text.size() && std::fflush(stdout) == 0;
 }
 
 ExitStatus deliver(Answer answer) {
-    if (!print(answer.output)) {
+    if (!print(answer.output, answer.pager)) {
         const std::string cause = std::generic_category().message(errno);
         answer.status = ExitStatus::Failed;
         answer.complaints.push_back("can't write to standard output: " + cause);

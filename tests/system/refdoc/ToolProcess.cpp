@@ -68,7 +68,7 @@ private:
 };
 
 bool bearsOnLayout(std::string_view variable) {
-    for (const std::string_view name : {"NO_COLOR=", "COLUMNS=", "TERM="}) {
+    for (const std::string_view name : {"NO_COLOR=", "COLUMNS=", "TERM=", "PAGER=", "LESS="}) {
         if (variable.starts_with(name))
             return true;
     }

@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+"""Types at a shell, presses the tab key and compares the words that the line then has.
+
+    complete_in_shell.py SHELL SCRIPT-FOLDER PROGRAM-FOLDER SAMPLES-FOLDER
+
+SHELL is bash, zsh or fish; SCRIPT-FOLDER is the share folder with the completion scripts,
+PROGRAM-FOLDER the one with refdoc.
+"""
+
+import json
+import os
+import pathlib
+import pty
+import select
+import shlex
+import signal
+import sys
+import tempfile
+import time
+
+DEADLINE_IN_SECONDS = 60
+
+
+def cases(samples, home):
+    """What is typed after "refdoc ", and the words after the tab key."""
+    own = f"{home}/own"
+    at = ["--install", samples]
+    typed = f"--install {shlex.quote(samples)}"
+    return [
+        ("sho", ["show"]),
+        ("--verb", ["--verbose"]),
+        ("lookup --col", ["lookup", "--color"]),
+        ("--color al", ["--color", "always"]),
+        (f"{typed} show Orc", at + ["show", "Orchard"]),
+        (f"{typed} show Orchard ref/smo", at + ["show", "Orchard", "ref/smooth.html"]),
+        (f"{typed} --lang=d", at + ["--lang=de"]),
+        (f"--install={shlex.quote(samples)} --lang j", [f"--install={samples}", "--lang", "ja"]),
+        (f"{typed} --langs en,d", at + ["--langs", "en,de"]),
+        (f"{typed} lookup Tank\\ B", at + ["lookup", "Tank Board"]),
+        (f"{typed} lookup 'Tank B", at + ["lookup", "Tank Board"]),
+        (f"--install {own} lookup gard", ["--install", own, "lookup", "gardens::bed"]),
+        (f"--install {own} lookup gardens::b", ["--install", own, "lookup", "gardens::bed"]),
+        (f"--install {own} lookup it", ["--install", own, "lookup", "it's $HOME"]),
+        (f"--install {own}/on", ["--install", f"{own}/only here"]),
+        ("--install ~/own show Orc", ["--install", f"{home}/own", "show", "Orchid"]),
+        ("--install /nowhere show O", ["--install", "/nowhere", "show", "O"]),
+    ]
+
+
+def make_install_folder(folder):
+    """An install folder with names that a shell could take for something else."""
+    lookup = folder / "help/docCatalog/referenceapi_lookup"
+    lookup.mkdir(parents=True)
+    (folder / "help/docCatalog/referenceapi").mkdir()
+    (folder / "help/docCatalog/referenceapi/Orchid.json").write_text("{}")
+    (folder / "only here").mkdir()
+    items = [{"name": name, "href": "a.html", "refpurpose": "b"}
+             for name in ("gardens::bed", "it's $HOME")]
+    header = dict.fromkeys(("productName", "baseCode", "helpFolder", "helpLocation"), "p")
+    (lookup / "P.json").write_text(json.dumps(header | {"refItems": items}))
+
+
+def start_up(shell, scripts):
+    """The command that starts the shell and the first line to type at it."""
+    if shell == "bash":
+        script = scripts / "bash-completion/completions/refdoc"
+        return (["bash", "--norc", "--noprofile", "-i"],
+                f"bind 'set enable-bracketed-paste off'; source {shlex.quote(str(script))}")
+    if shell == "zsh":
+        folder = scripts / "zsh/vendor-completions"
+        return (["zsh", "-f", "-i"],
+                f"fpath=({shlex.quote(str(folder))} $fpath); autoload -Uz compinit; compinit -D -u")
+    script = scripts / "fish/vendor_completions.d/refdoc.fish"
+    return ["fish", "--no-config", "-i"], f"source {shlex.quote(str(script))}"
+
+
+class Shell:
+    """A shell at a pseudo terminal. `record WORD...` writes its words to a file."""
+
+    def __init__(self, command, folder, programs):
+        self.words_file = folder / "words"
+        record = folder / "bin/record"
+        record.parent.mkdir()
+        record.write_text('#!/bin/sh\nprintf "%s\\0" "$@" >"$WORDS.new" && mv "$WORDS.new" "$WORDS"\n')
+        record.chmod(0o755)
+        self.seen = b""
+        self.process, self.terminal = pty.fork()
+        if self.process == 0:
+            os.environ.update(PATH=f"{record.parent}:{programs}:{os.environ['PATH']}", TERM="dumb",
+                              HOME=str(folder), WORDS=str(self.words_file), LC_ALL="C.UTF-8")
+            os.execvp(command[0], command)
+
+    def type(self, keys):
+        os.write(self.terminal, keys.encode())
+
+    def recorded_words(self):
+        """The words of the next `record`."""
+        deadline = time.monotonic() + DEADLINE_IN_SECONDS
+        while not self.words_file.exists():
+            if time.monotonic() > deadline:
+                sys.exit(f"the shell does not answer; it printed:\n{self.seen.decode(errors='replace')}")
+            self.drain(0.02)
+        words = self.words_file.read_text().split("\0")[:-1]
+        self.words_file.unlink()
+        return words
+
+    def drain(self, seconds):
+        if select.select([self.terminal], [], [], seconds)[0]:
+            self.seen += os.read(self.terminal, 65536)
+
+    def end(self):
+        os.kill(self.process, signal.SIGKILL)
+        os.waitpid(self.process, 0)
+
+
+def run(shell_name, scripts, programs, samples, folder):
+    make_install_folder(folder / "own")
+    command, first_line = start_up(shell_name, scripts)
+    shell = Shell(command, folder, programs)
+    shell.type(f"{first_line}; record ready\n")
+    shell.recorded_words()
+    failures = 0
+    for typed, expected in cases(str(samples), str(folder)):
+        # Back to the start of the line, so that the shell shows the words instead of running them.
+        shell.type(f"refdoc {typed}\t\x01record \n")
+        # Some shells keep the separator that they put after a folder, some take it back.
+        words = [word.rstrip("/") for word in shell.recorded_words()[1:]]
+        if words != expected:
+            failures += 1
+            print(f"refdoc {typed}<TAB>\n  expected {expected}\n  but got  {words}")
+    shell.end()
+    if b"refdoc:" in shell.seen:
+        failures += 1
+        print("the completion wrote a message to the terminal:", shell.seen.decode(errors="replace"))
+    return failures
+
+
+def main():
+    shell_name, scripts, programs, samples = sys.argv[1:]
+    with tempfile.TemporaryDirectory(prefix="refdoc-shell-") as folder:
+        failures = run(shell_name, pathlib.Path(scripts), programs, pathlib.Path(samples),
+                       pathlib.Path(folder))
+    sys.exit(1 if failures else 0)
+
+
+main()
