@@ -8,7 +8,7 @@
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/TypedWords.hpp"
 #include "tools/refdoc/Words.hpp"
-
+#include "tools/refdoc/check/Rules.hpp"
 #include <algorithm>
 #include <map>
 #include <string_view>
@@ -115,6 +115,10 @@ Candidates valuesOf(const TypedWords& typed, const OptionEntry& option) {
     case ValueKind::Language: return supportedLanguages();
     case ValueKind::Languages: return listsWith(typed.word, supportedLanguages());
     case ValueKind::Sections: return listsWith(typed.word, sectionKeys());
+    case ValueKind::Rule:
+        for (const check::Rule& rule : check::rules())
+            choices.emplace(rule.name, rule.summary);
+        return choices;
     default: return {};
     }
 }

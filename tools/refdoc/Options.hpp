@@ -2,6 +2,7 @@
 
 #include "tools/refdoc/Answer.hpp"
 #include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/check/CheckOptions.hpp"
 
 #include <optional>
 #include <string>
@@ -10,7 +11,7 @@
 
 namespace refdoc {
 
-enum class Command { Show, Lookup, Products };
+enum class Command { Show, Lookup, Products, Check };
 
 enum class OutputFormat {
     Text, ///< for people
@@ -21,7 +22,8 @@ enum class OutputFormat {
 struct Options {
     Command command = Command::Products;
     std::u16string product;            ///< of `show`
-    std::vector<std::u16string> names; ///< the HREFs of `show`, the NAMEs of `lookup`
+    std::vector<std::u16string> names; ///< the HREFs of `show`, the NAMEs of `lookup`,
+                                       ///< the PATHs of `check`
 
     // What is absent was not asked for; an empty text or list was.
     std::optional<std::u16string> installFolder;
@@ -36,6 +38,8 @@ struct Options {
     ColorChoice color = ColorChoice::Auto;
     bool mayPage = true; ///< long output may go through a pager
     bool verbose = false;
+
+    check::CheckOptions check;
 };
 
 /// Reads the command line.

@@ -57,7 +57,8 @@ private:
         if (!option)
             return;
         typed_.options.push_back(word);
-        if (option->kind != ValueKind::None && word.find('=') == word.npos)
+        if (option->kind != ValueKind::None && !option->isValueOptional &&
+            word.find('=') == word.npos)
             typed_.option = option;
     }
 

@@ -11,6 +11,7 @@
 #include "tools/refdoc/PagerChoice.hpp"
 #include "tools/refdoc/ProductsCommand.hpp"
 #include "tools/refdoc/ShowCommand.hpp"
+#include "tools/refdoc/check/CheckCommand.hpp"
 
 #include <fmt/format.h>
 
@@ -30,6 +31,7 @@ Answer runWith(const Options& options, const PageSetup& setup) {
     switch (options.command) {
     case Command::Show: return runShow(options, setup);
     case Command::Lookup: return runLookup(options, setup);
+    case Command::Check: return runCheck(options, setup);
     case Command::Products: break;
     }
     return runProducts(options, setup);
