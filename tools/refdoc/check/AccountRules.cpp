@@ -22,19 +22,32 @@ using reference::docparser::SectionFate;
 
 namespace {
 
-std::string withReason(std::string_view message, const std::string& reason) {
+std::string withReason(std::string_view message, std::string_view reason) {
     return reason.empty() ? std::string(message) : fmt::format("{}: {}", message, reason);
+}
+
+// The cause alone, of a reason that names the package before it.
+std::string_view causeOf(const FileAccount& file) {
+    const std::string_view reason = file.reason;
+    const std::size_t path = reason.find(to_string(file.path));
+    const std::size_t cause = path == reason.npos ? path : reason.find(": ", path);
+    return cause == reason.npos ? reason : reason.substr(cause + 2);
 }
 
 Finding unreadable(const FileAccount& file, const SourceFile& source) {
     if (file.role == FileRole::Package)
-        return {RuleId::UnreadablePackage,
-                {.file = source},
-                withReason("the package can't be opened, and nothing of it is used", file.reason)};
+        return {
+            RuleId::UnreadablePackage,
+            {.file = source},
+            withReason("the package can't be opened, and nothing of it is used", causeOf(file))};
     if (!file.entry.empty())
         return {RuleId::UnreadableEntry,
                 {.file = source},
-                withReason("the entry can't be delivered", file.reason)};
+                withReason("the entry can't be delivered", causeOf(file))};
+    if (file.fate == Fate::Missing)
+        return {RuleId::UnreadableFile,
+                {.file = source},
+                "there is no file behind the name: a link leads nowhere"};
     return {RuleId::UnreadableFile,
             {.file = source},
             withReason("the file can't be read and counts as missing", file.reason)};
@@ -54,7 +67,7 @@ std::optional<Finding> findingOf(const FileAccount& file, const SourceFile& sour
                        "a folder, pipe or device bears the name of a resource file"};
     case Fate::OverLimit:
         return Finding{
-            RuleId::OverLimit, {.file = source}, withReason("the file is not read", file.reason)};
+            RuleId::OverLimit, {.file = source}, withReason("the file is not read", causeOf(file))};
     case Fate::Failed: throw std::runtime_error(withReason("the check failed", file.reason));
     case Fate::Used:
     case Fate::Overlay:
