@@ -106,6 +106,7 @@ void Schema::fillKeywords(SchemaNode& node, const json::object& source) {
 void Schema::inherit(SchemaNode& node, const json::value& reference) {
     const SchemaNode& parent = *resolve(reference.as_string());
     node.kind = parent.kind;
+    node.nameRule = parent.nameRule;
     node.members.insert(node.members.end(), parent.members.begin(), parent.members.end());
 }
 
