@@ -40,8 +40,8 @@ TEST(CommandLineTest, EachCommandHasHelp) {
 
 TEST(CommandLineTest, WrongUsageIsOneLineOnStandardErrorAndStatus2) {
     const std::vector<std::pair<Arguments, std::string>> cases{
-        {{}, "a command is needed: show, lookup or products"},
-        {{"--json"}, "a command is needed: show, lookup or products"},
+        {{}, "a command is needed: show, lookup, products or check"},
+        {{"--json"}, "a command is needed: show, lookup, products or check"},
         {{"list"}, "there is no command or option list"},
         {{"--bad"}, "there is no command or option --bad"},
         {{"show"}, "show needs a PRODUCT"},
