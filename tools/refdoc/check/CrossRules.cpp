@@ -86,26 +86,36 @@ private:
 
     void askAboutLookup(const std::u16string& key, const LookupSection& section) {
         const auto product = run_.products.find(section.product);
-        const auto name = to_string(section.product);
         if (product == run_.products.end())
-            return ask(FileRole::Lookup, key, RuleId::LookupWithoutResources, {},
-                       fmt::format("there are no full resources of the product \"{}\"", name));
+            return ask(FileRole::Lookup, key, RuleId::LookupWithoutResources, {}, [&] {
+                return fmt::format("there are no full resources of the product \"{}\"",
+                                   to_string(section.product));
+            });
         const auto full = product->second.find(key);
         if (full == product->second.end())
-            return ask(
-                FileRole::Lookup, key, RuleId::LookupWithoutResources, {},
-                fmt::format("the full resources of the product \"{}\" have no section \"{}\"", name,
-                            to_string(key)));
-        Texts pages;
-        for (const Page& page : full->second.pages)
+            return ask(FileRole::Lookup, key, RuleId::LookupWithoutResources, {}, [&] {
+                return fmt::format(
+                    "the full resources of the product \"{}\" have no section \"{}\"",
+                    to_string(section.product), to_string(key));
+            });
+        askAboutRecords(key, section, full->second);
+    }
+
+    void askAboutRecords(const std::u16string& key, const LookupSection& section,
+                         const FullSection& full) {
+        std::unordered_set<std::u16string_view> pages;
+        for (const Page& page : full.pages)
             pages.insert(page.href);
         for (const LookupRecord& record : section.records) {
             if (!pages.contains(record.href))
                 ask(FileRole::Lookup, key, RuleId::LookupWithoutPage,
-                    {.name = record.name, .href = record.href},
-                    fmt::format("no item of the product \"{}\" has the link \"{}\" of the record "
-                                "\"{}\"",
-                                name, to_string(record.href), to_string(record.name)));
+                    {.name = record.name, .href = record.href}, [&] {
+                        return fmt::format(
+                            "no item of the product \"{}\" has the link \"{}\" of the "
+                            "record \"{}\"",
+                            to_string(section.product), to_string(record.href),
+                            to_string(record.name));
+                    });
         }
     }
 
@@ -114,21 +124,25 @@ private:
         const bool hasNames = std::ranges::any_of(section.pages, &Page::hasNames);
         if (lookup == run_.lookups.end()) {
             if (hasNames)
-                ask(FileRole::Resources, key, RuleId::PageWithoutLookup, {},
-                    fmt::format("no lookup file has the section \"{}\": none of its items is found "
-                                "by name",
-                                to_string(key)));
+                ask(FileRole::Resources, key, RuleId::PageWithoutLookup, {}, [&] {
+                    return fmt::format(
+                        "no lookup file has the section \"{}\": none of its items is "
+                        "found by name",
+                        to_string(key));
+                });
             return;
         }
-        Texts hrefs;
+        std::unordered_set<std::u16string_view> hrefs;
         for (const LookupRecord& record : lookup->second.records)
             hrefs.insert(record.href);
         for (const Page& page : section.pages) {
             if (page.hasNames && !hrefs.contains(page.href))
-                ask(FileRole::Resources, key, RuleId::PageWithoutLookup, {.href = page.href},
-                    fmt::format("no lookup record has the link \"{}\": the item is not found by "
-                                "name",
-                                to_string(page.href)));
+                ask(FileRole::Resources, key, RuleId::PageWithoutLookup, {.href = page.href}, [&] {
+                    return fmt::format(
+                        "no lookup record has the link \"{}\": the item is not found "
+                        "by name",
+                        to_string(page.href));
+                });
         }
     }
 
@@ -137,17 +151,18 @@ private:
             if (leavesDocumentation(link) || targets_.contains(link) ||
                 locatedTargets_.contains(normalized(section.helpLocation, link)))
                 continue;
-            ask(FileRole::Resources, key, RuleId::BrokenLink, {.link = link},
-                fmt::format("no product has an item with the link \"{}\"", to_string(link)));
+            ask(FileRole::Resources, key, RuleId::BrokenLink, {.link = link}, [&] {
+                return fmt::format("no product has an item with the link \"{}\"", to_string(link));
+            });
         }
     }
 
+    template <class MakeMessage>
     void ask(FileRole role, const std::u16string& key, RuleId rule, RecordKey record,
-             std::string message) {
+             MakeMessage makeMessage) {
         // What a file says wrong is wrong in each; what it lacks, one file stands for.
         const bool isAskedOnce = rule != RuleId::BrokenLink && rule != RuleId::LookupWithoutPage;
-        questions_.askSection(role, key,
-                              {rule, std::move(record), std::move(message), isAskedOnce});
+        questions_.askSection(role, key, rule, std::move(record), isAskedOnce, makeMessage);
     }
 
     const LanguageRun& run_;

@@ -21,10 +21,17 @@ fs::path below(const fs::path& path, const fs::path& folder) {
 void PathNames::rename(fs::path from, fs::path to) {
     from_ = std::move(from);
     to_ = std::move(to);
+    known_.clear();
 }
 
-std::string PathNames::pathOf(const SourceFile& file) const {
-    fs::path path = fs::path(file.path).lexically_normal();
+const std::string& PathNames::pathOf(const SourceFile& file) const {
+    const auto known = known_.find(file.path);
+    return known != known_.end() ? known->second
+                                 : known_.emplace(file.path, makePath(file.path)).first->second;
+}
+
+std::string PathNames::makePath(const std::u16string& file) const {
+    fs::path path = fs::path(file).lexically_normal();
     if (!from_.empty()) {
         if (const fs::path renamed = below(path, from_); !renamed.empty())
             path = to_ / renamed;

@@ -3,11 +3,13 @@
 #include "tools/refdoc/check/Finding.hpp"
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace refdoc::check {
 
-/// How paths are written in findings: relative to a folder when they lie below it, with '/'.
+/// How paths are written in findings: relative to a folder when they lie below it, with '/'. One
+/// thread at a time.
 class PathNames {
 public:
     /// \param base  the folder, absolute; usually the current one
@@ -17,7 +19,7 @@ public:
     void rename(std::filesystem::path from, std::filesystem::path to);
 
     /// The path of the file or package, in UTF-8.
-    std::string pathOf(const SourceFile& file) const;
+    const std::string& pathOf(const SourceFile& file) const;
 
     /// "file", or "package!entry".
     std::string nameOf(const SourceFile& file) const;
@@ -25,9 +27,12 @@ public:
     const std::filesystem::path& base() const noexcept { return base_; }
 
 private:
+    std::string makePath(const std::u16string& file) const;
+
     std::filesystem::path base_;
     std::filesystem::path from_;
     std::filesystem::path to_;
+    mutable std::map<std::u16string, std::string> known_; // many findings name few files
 };
 
 } // namespace refdoc::check

@@ -53,8 +53,19 @@ struct SectionQuestion {
 /// All that is asked before the files are read.
 class Questions {
 public:
-    void askSection(FileRole role, const std::u16string& section, SectionQuestion question) {
-        sections_[{role, section}].insert(std::move(question));
+    /// Asks something of any file with this section, unless it has been asked before.
+    /// \param isAskedOnce   the first file that can answer bears the finding alone
+    /// \param makeMessage   makeMessage() is the finding's message
+    template <class MakeMessage>
+    void askSection(FileRole role, const std::u16string& section, RuleId rule, RecordKey record,
+                    bool isAskedOnce, MakeMessage makeMessage) {
+        auto& questions = sections_[{role, section}];
+        SectionQuestion question{rule, std::move(record), {}, isAskedOnce};
+        const auto place = questions.lower_bound(question);
+        if (place != questions.end() && *place == question)
+            return;
+        question.message = makeMessage();
+        questions.insert(place, std::move(question));
     }
 
     /// Asks for all records of one name in a section of a file.

@@ -8,9 +8,9 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <map>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 namespace refdoc::check {
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    std::map<std::uint64_t, std::size_t> counts_;
+    std::unordered_map<std::uint64_t, std::size_t> counts_;
 };
 
 ReportedFinding reported(const Finding& finding, const PathNames& names,
@@ -102,16 +102,24 @@ std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const Pat
     findPlaces(findings);
 
     std::vector<std::pair<ReportedFinding, const Finding*>> report;
+    report.reserve(findings.size());
     for (const Finding& finding : findings)
         report.emplace_back(reported(finding, names, settings), &finding);
-    std::ranges::sort(report, {}, [](const auto& entry) { return orderOf(entry.first); });
+    // Many large entries: only their addresses are moved about.
+    std::vector<std::pair<ReportedFinding, const Finding*>*> order;
+    order.reserve(report.size());
+    for (auto& entry : report)
+        order.push_back(&entry);
+    std::ranges::sort(order, {}, [](const auto* entry) { return orderOf(entry->first); });
 
     std::vector<ReportedFinding> result;
+    result.reserve(order.size());
     Fingerprints fingerprints;
-    for (auto& [entry, finding] : report) {
-        entry.fingerprint = fingerprints.make(*finding, entry.spot);
-        if (!settings.knownFingerprints.contains(entry.fingerprint))
-            result.push_back(std::move(entry));
+    for (auto* entry : order) {
+        ReportedFinding& finding = entry->first;
+        finding.fingerprint = fingerprints.make(*entry->second, finding.spot);
+        if (!settings.knownFingerprints.contains(finding.fingerprint))
+            result.push_back(std::move(finding));
     }
     return result;
 }

@@ -154,15 +154,19 @@ private:
 };
 
 // The languages find much the same.
-std::vector<Finding> distinct(std::vector<Finding> findings) {
-    using Key = std::tuple<RuleId, SourceFile, std::optional<std::string>, bool, std::string>;
-    std::set<Key> seen;
+std::vector<Finding> distinct(const std::vector<Finding>& findings) {
+    const auto keyOf = [](const Finding* finding) {
+        const Spot& spot = finding->spot;
+        return std::tie(finding->rule, spot.file, spot.pointer, spot.isAtKey, finding->identity);
+    };
+    const auto isLess = [&](const Finding* left, const Finding* right) {
+        return keyOf(left) < keyOf(right);
+    };
+    std::set<const Finding*, decltype(isLess)> seen(isLess);
     std::vector<Finding> result;
-    for (Finding& finding : findings) {
-        const Spot& spot = finding.spot;
-        if (seen.insert({finding.rule, spot.file, spot.pointer, spot.isAtKey, finding.identity})
-                .second)
-            result.push_back(std::move(finding));
+    for (const Finding& finding : findings) {
+        if (seen.insert(&finding).second)
+            result.push_back(finding);
     }
     return result;
 }
