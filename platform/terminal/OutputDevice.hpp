@@ -16,4 +16,7 @@ struct OutputDevice {
 /// Asks the system what standard output is connected to.
 DOCPARSER_PLATFORM_EXPORT OutputDevice askStandardOutput() noexcept;
 
+/// Asks the system what standard error is connected to.
+DOCPARSER_PLATFORM_EXPORT OutputDevice askStandardError() noexcept;
+
 } // namespace platform

@@ -41,8 +41,17 @@ bool isOptionWithEmptyValue(std::string_view word) {
     return word.starts_with("--") && word.find('=') == word.size() - 1;
 }
 
+bool isOptionWithOptionalValue(const CommandTable& table, std::string_view word) {
+    return std::ranges::any_of(table.commands, [&](const CommandEntry& command) {
+        return std::ranges::any_of(command.options, [&](const OptionEntry& option) {
+            return option.isValueOptional && option.name == word;
+        });
+    });
+}
+
 // The words for CLI11. After "--" every word is a name, whatever it looks like.
-std::vector<std::string> markedWords(const std::vector<std::string>& arguments) {
+std::vector<std::string> markedWords(const CommandTable& table,
+                                     const std::vector<std::string>& arguments) {
     std::vector<std::string> words;
     words.reserve(arguments.size());
     bool onlyNames = false;
@@ -53,6 +62,8 @@ std::vector<std::string> markedWords(const std::vector<std::string>& arguments) 
             onlyNames = true;
         else if (isOptionWithEmptyValue(argument))
             words.push_back(argument + kWordMark);
+        else if (isOptionWithOptionalValue(table, argument))
+            words.push_back(argument + '=' + kWordMark);
         else
             words.push_back(argument);
     }
@@ -146,6 +157,12 @@ private:
 
     void addTextOption(CLI::App& app, const OptionEntry& entry, const std::string& names,
                        const std::string& help) {
+        if (entry.isList) {
+            app.add_option(names, lists_[std::string(entry.name)], help)
+                ->type_name(std::string(entry.placeholder))
+                ->allow_extra_args(false);
+            return;
+        }
         // The last one wins, so that an alias can be overruled.
         CLI::Option* option = app.add_option(names, values_[std::string(entry.name)], help)
                                   ->type_name(std::string(entry.placeholder))
@@ -193,7 +210,8 @@ private:
 
     ParsedWords parsedWords() const {
         const CommandEntry& command = *parsedCommand();
-        ParsedWords words{.command = std::string(command.name), .options = {}, .arguments = {}};
+        ParsedWords words{
+            .command = std::string(command.name), .options = {}, .lists = {}, .arguments = {}};
         takeOptions(app_, table_.options, words);
         const CLI::App& app = *app_.get_subcommand(words.command);
         takeOptions(app, command.options, words);
@@ -213,6 +231,10 @@ private:
             const std::string name(entry.name);
             if (app.count(name) == 0)
                 continue;
+            if (const auto list = lists_.find(name); list != lists_.end()) {
+                for (const std::string& value : list->second)
+                    words.lists[name].push_back(unmarked(value));
+            }
             const auto value = values_.find(name);
             words.options.emplace(name, value == values_.end() ? "" : unmarked(value->second));
         }
@@ -220,9 +242,10 @@ private:
 
     const CommandTable& table_;
     CLI::App app_;
-    std::map<std::string, std::string> values_;  // of options
-    std::map<std::string, std::string> singles_; // of arguments
-    std::vector<std::string> list_;              // the argument that stands for many words
+    std::map<std::string, std::string> values_;             // of options
+    std::map<std::string, std::vector<std::string>> lists_; // of options given more than once
+    std::map<std::string, std::string> singles_;            // of arguments
+    std::vector<std::string> list_; // the argument that stands for many words
 };
 
 } // namespace
@@ -232,9 +255,14 @@ std::optional<std::string> ParsedWords::value(std::string_view option) const {
     return found == options.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::vector<std::string> ParsedWords::values(std::string_view option) const {
+    const auto found = lists.find(option);
+    return found == lists.end() ? std::vector<std::string>() : found->second;
+}
+
 std::variant<ParsedWords, Answer> parseCommandLine(const CommandTable& table,
                                                    const std::vector<std::string>& arguments) {
-    return Parser(table).parse(markedWords(arguments));
+    return Parser(table).parse(markedWords(table, arguments));
 }
 
 } // namespace refdoc

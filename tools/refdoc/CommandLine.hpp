@@ -17,9 +17,14 @@ struct ParsedWords {
     std::string command;
     std::map<std::string, std::string, std::less<>>
         options; ///< those given, by name; a flag's value is the empty text
+    std::map<std::string, std::vector<std::string>, std::less<>>
+        lists; ///< the values of the options that may be given more than once
     std::vector<std::string> arguments;
 
     bool has(std::string_view option) const { return options.contains(option); }
+
+    /// The values of an option that may be given more than once.
+    std::vector<std::string> values(std::string_view option) const;
 
     /// The value of an option; absent when it was not given.
     std::optional<std::string> value(std::string_view option) const;

@@ -56,6 +56,37 @@ std::vector<OptionEntry> globalOptions() {
     return options;
 }
 
+std::vector<OptionEntry> checkOptions() {
+    return {{"--sarif", "", ValueKind::None, "Print a SARIF 2.1.0 document"},
+            {"--baseline", "FILE", ValueKind::File,
+             "Report only what is not in this former output of --json or --sarif"},
+            {.name = "--werror",
+             .placeholder = "RULE",
+             .kind = ValueKind::Rule,
+             .help = "Count the rule's findings as errors; without =RULE, all warnings",
+             .isList = true,
+             .isValueOptional = true},
+            {.name = "--ignore",
+             .placeholder = "RULE",
+             .kind = ValueKind::Rule,
+             .help = "Leave the rule's findings out; may be given more than once",
+             .isList = true},
+            {"--rules", "", ValueKind::None, "Print the rules and exit"},
+            {"--explain", "RULE", ValueKind::Rule, "Print what there is to say about a rule"}};
+}
+
+CommandEntry checkCommand() {
+    return {"check",
+            "Find what is dropped, changed or passed over in silence",
+            "Checks resource files as a compiler does, one line a finding. A PATH is a reference "
+            "root, an install folder, a resource file, a package or an installation.json; without "
+            "one, the current roots are checked, in all supported languages. With --json one JSON "
+            "object a line is printed. The status is 1 when errors were found.",
+            {{"PATH", ValueKind::Path, false, true,
+              "Only these: a reference root, an install folder, a file or a package"}},
+            checkOptions()};
+}
+
 std::vector<CommandEntry> commands() {
     return {{"show",
              "Print the full records of one product",
@@ -82,7 +113,8 @@ std::vector<CommandEntry> commands() {
                "Name of the product's resource file, without .json"},
               {"HREF", ValueKind::Href, false, false, "Only the item with this link"}},
              {{"--name", "NAME", ValueKind::LookupName,
-               "Explain a name of the lookup index instead of a product"}}}};
+               "Explain a name of the lookup index instead of a product"}}},
+            checkCommand()};
 }
 
 std::vector<Remark> environment() {
@@ -119,7 +151,7 @@ CommandTable makeTable() {
             .commands = commands(),
             .exitStatuses = {{"0", "Found."},
                              {"1", "Nothing found for what was asked: the product, one of the "
-                                   "links or one of the names."},
+                                   "links or one of the names; or \"check\" found errors."},
                              {"2", "Wrong usage."},
                              {"3", "Any other failure."}},
             .environment = environment(),

@@ -14,6 +14,9 @@ namespace refdoc {
 enum class ValueKind {
     None,       ///< no value: a flag
     Folder,     ///< a folder of the file system
+    File,       ///< a file of the file system
+    Path,       ///< either of them
+    Rule,       ///< a rule of "check"
     Choice,     ///< one of OptionEntry::choices
     Language,   ///< a language, as in "ja"
     Languages,  ///< languages with commas between them
@@ -31,6 +34,8 @@ struct OptionEntry {
     std::vector<std::string_view> choices{}; ///< the words of ValueKind::Choice
     std::string_view shortName{};            ///< "-h"; empty for most
     std::string_view excludes{};             ///< the option that can't stand beside it
+    bool isList = false;          ///< may be given more than once; else the last one wins
+    bool isValueOptional = false; ///< a value follows after "=" only
 };
 
 struct ArgumentEntry {

@@ -8,6 +8,8 @@
 #include "tools/refdoc/Options.hpp"
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/TypedWords.hpp"
+#include "tools/refdoc/Words.hpp"
+#include "tools/refdoc/check/Rules.hpp"
 
 #include <algorithm>
 #include <map>
@@ -116,6 +118,10 @@ Candidates valuesOf(const TypedWords& typed, const OptionEntry& option) {
     case ValueKind::Languages: return listsWith(typed.word, supportedLanguages());
     case ValueKind::Sections: return listsWith(typed.word, sectionKeys());
     case ValueKind::LookupName: return lookupNames();
+    case ValueKind::Rule:
+        for (const check::Rule& rule : check::rules())
+            choices.emplace(rule.name, rule.summary);
+        return choices;
     default: return {};
     }
 }

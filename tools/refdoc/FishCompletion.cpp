@@ -24,6 +24,8 @@ std::string valueOf(const CommandTable& table, const OptionEntry& option) {
         return "";
     if (option.kind == ValueKind::Folder)
         return " -x -a '(__fish_complete_directories)'";
+    if (option.kind == ValueKind::File)
+        return " -r -F";
     if (option.choices.empty())
         return fmt::format(" -x -a '(__{}_ask)'", table.program);
     return fmt::format(" -x -a '{}'", fmt::join(option.choices, " "));

@@ -51,11 +51,28 @@ OutputFormat formatOf(const ParsedWords& words) {
                                   : OutputFormat::Text;
 }
 
+check::CheckOptions checkOptionsOf(const ParsedWords& words) {
+    check::CheckOptions options;
+    options.isSarif = words.has("--sarif");
+    options.baseline = words.value("--baseline");
+    for (const std::string& rule : words.values("--werror")) {
+        if (rule.empty())
+            options.isAllError = true;
+        else
+            options.errorRules.push_back(rule);
+    }
+    options.ignoredRules = words.values("--ignore");
+    options.listsRules = words.has("--rules");
+    options.explainedRule = words.value("--explain");
+    return options;
+}
+
 Options optionsOf(const ParsedWords& words) {
     Options options;
     options.command = words.command == "show"      ? Command::Show
                       : words.command == "lookup"  ? Command::Lookup
                       : words.command == "explain" ? Command::Explain
+                      : words.command == "check"   ? Command::Check
                                                    : Command::Products;
     for (const std::string& word : words.arguments)
         options.names.push_back(to_ustring(word));
@@ -76,6 +93,8 @@ Options optionsOf(const ParsedWords& words) {
     options.color = colorOf(words);
     options.mayPage = !words.has("--no-pager");
     options.verbose = words.has("--verbose");
+    if (options.command == Command::Check)
+        options.check = checkOptionsOf(words);
     return options;
 }
 

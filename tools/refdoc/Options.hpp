@@ -2,6 +2,7 @@
 
 #include "tools/refdoc/Answer.hpp"
 #include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/check/CheckOptions.hpp"
 
 #include <optional>
 #include <string>
@@ -10,7 +11,7 @@
 
 namespace refdoc {
 
-enum class Command { Show, Lookup, Products, Explain };
+enum class Command { Show, Lookup, Products, Explain, Check };
 
 enum class OutputFormat {
     Text,     ///< for people
@@ -22,7 +23,8 @@ enum class OutputFormat {
 struct Options {
     Command command = Command::Products;
     std::u16string product; ///< of `show` and `explain`
-    /// The HREFs of `show`, the HREF of `explain` if there is one, the NAMEs of `lookup`.
+    /// The HREFs of `show`, the HREF of `explain` if there is one, the NAMEs of `lookup`,
+    /// the PATHs of `check`.
     std::vector<std::u16string> names;
     std::optional<std::u16string> explainedName; ///< of `explain`, which has no product then
 
@@ -39,6 +41,8 @@ struct Options {
     ColorChoice color = ColorChoice::Auto;
     bool mayPage = true; ///< long output may go through a pager
     bool verbose = false;
+
+    check::CheckOptions check;
 };
 
 /// Reads the command line.

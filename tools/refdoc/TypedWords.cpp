@@ -57,7 +57,8 @@ private:
         if (!option)
             return;
         typed_.options.push_back(word);
-        if (option->kind != ValueKind::None && word.find('=') == std::string_view::npos)
+        if (option->kind != ValueKind::None && !option->isValueOptional &&
+            word.find('=') == std::string_view::npos)
             typed_.option = option;
     }
 

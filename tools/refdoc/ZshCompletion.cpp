@@ -39,6 +39,8 @@ std::string inRule(std::string_view text) {
 std::string actionOf(const CommandTable& table, const OptionEntry& option) {
     if (option.kind == ValueKind::Folder)
         return "_files -/";
+    if (option.kind == ValueKind::File)
+        return "_files";
     if (option.choices.empty())
         return fmt::format("_{}_ask", table.program);
     return fmt::format("({})", fmt::join(option.choices, " "));
@@ -52,8 +54,10 @@ std::string ruleOf(const CommandTable& table, const OptionEntry& option) {
         option.excludes.empty() ? "" : fmt::format("({})", option.excludes);
     if (option.kind == ValueKind::None)
         return fmt::format("'{}{}[{}]'", excluded, option.name, help);
-    return fmt::format("'{}{}=[{}]:{}:{}'", excluded, option.name, help, inRule(option.placeholder),
-                       actionOf(table, option));
+    // "*": it may be given again; "=-" and "::": a value follows after "=" only, or none.
+    return fmt::format("'{}{}{}{}[{}]{}:{}:{}'", option.isList ? "*" : "", excluded, option.name,
+                       option.isValueOptional ? "=-" : "=", help, option.isValueOptional ? ":" : "",
+                       inRule(option.placeholder), actionOf(table, option));
 }
 
 std::string rulesOf(const CommandTable& table, const std::vector<OptionEntry>& options) {

@@ -13,6 +13,7 @@
 #include "tools/refdoc/PagerChoice.hpp"
 #include "tools/refdoc/ProductsCommand.hpp"
 #include "tools/refdoc/ShowCommand.hpp"
+#include "tools/refdoc/check/CheckCommand.hpp"
 
 #include <fmt/format.h>
 
@@ -35,6 +36,7 @@ Answer runWith(const Options& options, const PageSetup& setup) {
     case Command::Show: return runShow(options, setup);
     case Command::Lookup: return runLookup(options, setup);
     case Command::Explain: return runExplain(options, setup);
+    case Command::Check: return runCheck(options, setup);
     case Command::Products: break;
     }
     return runProducts(options, setup);

@@ -59,8 +59,8 @@ TEST(CommandLineTest, EachCommandHasHelp) {
 
 TEST(CommandLineTest, WrongUsageIsOneLineOnStandardErrorAndStatus2) {
     const std::vector<std::pair<Arguments, std::string>> cases{
-        {{}, "a command is needed: show, lookup, products or explain"},
-        {{"--json"}, "a command is needed: show, lookup, products or explain"},
+        {{}, "a command is needed: show, lookup, products, explain or check"},
+        {{"--json"}, "a command is needed: show, lookup, products, explain or check"},
         {{"list"}, "there is no command or option list"},
         {{"--bad"}, "there is no command or option --bad"},
         {{"show"}, "show needs a PRODUCT"},

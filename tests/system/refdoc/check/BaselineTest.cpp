@@ -1,0 +1,91 @@
+#include "tests/system/refdoc/check/CheckTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+using testing::HasSubstr;
+
+class BaselineTest : public CheckTest {};
+
+TEST_F(BaselineTest, WhatIsInItIsNotReportedAgain) {
+    seed();
+    for (const char* format : {"--json", "--sarif"}) {
+        add("old", check({".", format}).out);
+        EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""})) << format;
+    }
+}
+
+TEST_F(BaselineTest, LinesBeforeAFindingDoNotMakeItNew) {
+    const std::string item = R"({"href": "a.html", "refpurpose": "", "unknown": 1})";
+    addResource("A", section("a", item));
+    add("old", check({"help", "--json"}).out);
+    addResource("A", "\n\n" + section("a", R"({"href": "b.html", "refpurpose": ""},)" + item));
+    EXPECT_EQ(check({"help", "--baseline", "old"}).out, "nothing found\n");
+}
+
+TEST_F(BaselineTest, WhatIsNewIsReported) {
+    addResource("A", section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1})"));
+    add("old", check({"help", "--json"}).out);
+    addResource("A",
+                section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1, "more": 1})"));
+    EXPECT_THAT(linesOf(check({"help", "--baseline", "old"}).out),
+                testing::ElementsAre(HasSubstr("the key \"more\""), "1 warning in 1 file"));
+}
+
+TEST_F(BaselineTest, OneThatIsNoReportKeepsTheCheckFromRunning) {
+    add("old", "hello");
+    EXPECT_EQ(check({"--baseline", "old"}).status, 3);
+    EXPECT_THAT(check({"--baseline", "old"}).err, HasSubstr("can't use the baseline \"old\""));
+    EXPECT_EQ(check({"--baseline", "gone"}),
+              (Outcome{3, "", "refdoc: can't read the baseline \"gone\"\n"}));
+}
+
+class SeverityTest : public CheckTest {
+protected:
+    SeverityTest() {
+        addResource("A", section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1,
+                                          "deprecationstatus": "old",
+                                          "refentity": [{"name": "a"}]})"));
+    }
+};
+
+TEST_F(SeverityTest, WarningsAndNotesAreNoErrors) {
+    const Outcome outcome = check({"help"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.out, HasSubstr("2 warnings, 1 note in 1 file\n"));
+}
+
+TEST_F(SeverityTest, WerrorMakesErrorsOfWarnings) {
+    const Outcome outcome = check({"help", "--werror"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 note in 1 file\n"));
+}
+
+TEST_F(SeverityTest, WerrorCanBeGivenForSingleRules) {
+    const Outcome outcome = check({"--werror=unknown-key", "--werror=page-without-lookup", "help"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 warning in 1 file\n"));
+}
+
+TEST_F(SeverityTest, APathMayFollowWerror) {
+    EXPECT_EQ(check({"--werror", "help"}).status, 1);
+}
+
+TEST_F(SeverityTest, RulesCanBeLeftOut) {
+    EXPECT_EQ(check({"help", "--ignore", "unknown-key", "--ignore=unknown-word", "--ignore",
+                     "page-without-lookup"}),
+              (Outcome{0, "nothing found\n", ""}));
+}
+
+TEST_F(SeverityTest, ARuleThatIsNotThereIsWrongUsage) {
+    for (const char* option :
+         {"--ignore=unknown-kez", "--werror=unknown-kez", "--explain=unknown-kez"}) {
+        EXPECT_EQ(check({"help", option}),
+                  (Outcome{2, "",
+                           "refdoc: there is no rule \"unknown-kez\"; did you mean "
+                           "\"unknown-key\"?; see refdoc check --rules\n"}));
+    }
+}
+
+} // namespace
+} // namespace refdoc_tests

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tests/system/refdoc/RefdocTest.hpp"
+#include "tests/system/refdoc/check/SeededTree.hpp"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace refdoc_tests {
+
+/// A test of `refdoc check`, which runs in the folder of the test.
+class CheckTest : public RefdocTest {
+protected:
+    /// Runs `refdoc check` with the arguments after it.
+    Outcome check(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), "check");
+        return runProgram(arguments, {.variables = {}, .folder = path(), .output = {}});
+    }
+
+    void seed() const { writeSeededTree(path()); }
+
+    /// The text of a file below the test's folder.
+    std::string read(const std::string& file) const {
+        std::ifstream stream(path(file), std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+};
+
+inline std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        lines.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return lines;
+}
+
+} // namespace refdoc_tests

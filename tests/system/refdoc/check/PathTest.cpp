@@ -1,0 +1,106 @@
+#include "tests/support/ZipBytes.hpp"
+#include "tests/system/refdoc/check/CheckTest.hpp"
+
+namespace refdoc_tests {
+namespace {
+
+using testing::HasSubstr;
+
+const std::string kNoPurpose = section("a", R"({"href": "a.html"})");
+const std::string kLookupWithoutPurpose = section("a", R"({"href": "a.html", "name": "a"})");
+
+class CheckPathTest : public CheckTest {};
+
+TEST_F(CheckPathTest, AResourceFileMayLieAnywhere) {
+    add("drafts/Orchard.json", kNoPurpose);
+    EXPECT_EQ(check({"drafts/Orchard.json"}),
+              (Outcome{1,
+                       "drafts/Orchard.json:1:107: error: the key \"refpurpose\" is missing; the "
+                       "whole file is dropped [missing-key]\n1 error in 1 file\n",
+                       ""}));
+}
+
+TEST_F(CheckPathTest, ItsContentTellsWhetherItIsALookupFile) {
+    add("drafts/Lookup.json",
+        section("a", R"({"name": "a", "href": "a.html", "refpurpose": "", "deprecated": false})"));
+    EXPECT_THAT(check({"drafts/Lookup.json"}).out, HasSubstr("[deprecated-false]"));
+}
+
+TEST_F(CheckPathTest, ItsFolderTellsBeforeItsContent) {
+    add("referenceapi_lookup/A.json", kNoPurpose);
+    EXPECT_THAT(check({"referenceapi_lookup/A.json"}).out,
+                HasSubstr("the key \"name\" is missing"));
+    add("referenceapi/A.json", kLookupWithoutPurpose);
+    EXPECT_THAT(check({"referenceapi/A.json"}).out,
+                HasSubstr("the key \"name\" has no meaning here"));
+}
+
+TEST_F(CheckPathTest, APackageIsCheckedByItself) {
+    docparser_tests::ZipBytes package;
+    package.entries = {{.name = "in/A.json", .content = kLookupWithoutPurpose}};
+    add("A.zip", package.build());
+    EXPECT_EQ(check({"A.zip"}),
+              (Outcome{1,
+                       "A.zip!in/A.json:1:107: error: the key \"refpurpose\" is missing; the whole "
+                       "file is dropped [missing-key]\n1 error in 1 file\n",
+                       ""}));
+}
+
+TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {
+    addManifest("{\"docLanguag\": \"de\",\n \"topLevelProducts\": [{}]}");
+    EXPECT_EQ(
+        linesOf(check({"installation.json"}).out),
+        (std::vector<std::string>{
+            "installation.json:1:2: warning: the key \"docLanguag\" has no meaning here and is "
+            "passed over; did you mean \"docLanguage\"? [unknown-key]",
+            "installation.json:2:23: error: the key \"shortName\" is missing; the whole file "
+            "is dropped [missing-key]",
+            "1 error, 1 warning in 1 file"}));
+}
+
+TEST_F(CheckPathTest, SeveralPathsMakeOneReport) {
+    add("A.json", kNoPurpose);
+    add("B.json", kNoPurpose);
+    const Outcome outcome = check({"B.json", "A.json"});
+    EXPECT_THAT(
+        linesOf(outcome.out),
+        testing::ElementsAre(HasSubstr("A.json:"), HasSubstr("B.json:"), "2 errors in 2 files"));
+}
+
+TEST_F(CheckPathTest, AFolderWithoutDocumentationCanNotBeChecked) {
+    add("empty/x", "");
+    const Outcome outcome = check({"empty"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_THAT(outcome.err, HasSubstr("is no reference root and no install folder"));
+}
+
+TEST_F(CheckPathTest, AMissingFileCanNotBeChecked) {
+    EXPECT_EQ(check({"gone.json"}),
+              (Outcome{3, "", "refdoc: there is no file or folder \"gone.json\"\n"}));
+}
+
+TEST_F(CheckPathTest, AMalformedManifestKeepsARootFromBeingChecked) {
+    addManifest("{");
+    addResource("A", section("a", ""));
+    EXPECT_EQ(check({"."}).status, 3);
+}
+
+TEST_F(CheckPathTest, WhereNothingIsInstalledEachLookupNeedsFullResources) {
+    addLookup("A", section("a", R"({"name": "a", "href": "a.html", "refpurpose": ""})"));
+    EXPECT_THAT(check({"help"}).out, HasSubstr("[lookup-without-resources]"));
+    addManifest(R"({"hardwareSupportPackages": ["kit"]})");
+    EXPECT_THAT(check({"help"}).out, testing::Not(HasSubstr("[lookup-without-resources]")));
+}
+
+TEST_F(CheckPathTest, RecordsThatAreEqualAreNotLost) {
+    const std::string record = R"({"name": "a", "href": "a.html", "refpurpose": ""})";
+    addResource("A", section("a", R"({"href": "a.html", "refpurpose": ""})"));
+    addLookup("A", section("a", record));
+    addLookup("B", section("a", record));
+    addResource("B", section("a", R"({"href": "a.html", "refpurpose": ""})"));
+    EXPECT_EQ(check({"help"}).out, "nothing found\n");
+}
+
+} // namespace
+} // namespace refdoc_tests

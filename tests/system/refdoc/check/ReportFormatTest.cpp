@@ -1,0 +1,191 @@
+#include "tests/system/refdoc/check/CheckTest.hpp"
+#include "tools/refdoc/check/Progress.hpp"
+#include "tools/refdoc/check/ReportFormats.hpp"
+
+#include <boost/json/parse.hpp>
+#include <valijson/adapters/boost_json_adapter.hpp>
+#include <valijson/schema.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validator.hpp>
+
+#include <regex>
+#include <set>
+
+namespace refdoc_tests {
+namespace {
+
+namespace json = boost::json;
+using refdoc::check::Rule;
+using refdoc::check::rules;
+
+bool isFinding(const json::value& line) {
+    std::ifstream stream(std::string(SCHEMA_FOLDER) + "/refdoc_check.schema.json");
+    const json::value text = json::parse(std::string{std::istreambuf_iterator<char>(stream), {}});
+    valijson::Schema schema;
+    valijson::SchemaParser(valijson::SchemaParser::kDraft7)
+        .populateSchema(valijson::adapters::BoostJsonAdapter(text), schema);
+    return valijson::Validator().validate(schema, valijson::adapters::BoostJsonAdapter(line),
+                                          nullptr);
+}
+
+std::string textAt(const json::value& value, std::string_view pointer) {
+    return std::string(value.at_pointer(pointer).as_string());
+}
+
+class ReportFormatTest : public CheckTest {
+protected:
+    ReportFormatTest() { seed(); }
+};
+
+TEST_F(ReportFormatTest, EachLineOfJsonIsAFindingBySchema) {
+    const std::vector<std::string> lines = linesOf(check({".", "--json"}).out);
+    EXPECT_EQ(lines.size(), rules().size());
+    for (const std::string& line : lines)
+        EXPECT_TRUE(isFinding(document(line))) << line;
+}
+
+TEST_F(ReportFormatTest, TheSchemaRefusesWhatIsNoFinding) {
+    json::value finding = document(linesOf(check({".", "--json"}).out).front());
+    finding.as_object().erase("line");
+    EXPECT_FALSE(isFinding(finding));
+    finding.as_object()["line"] = 0;
+    EXPECT_FALSE(isFinding(finding));
+}
+
+TEST_F(ReportFormatTest, JsonTellsWhatTheTextTells) {
+    const Outcome outcome = check({".", "--json", "--ignore", "dropped-record"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(document(linesOf(outcome.out).at(7)), document(R"({
+        "rule": "missing-key", "severity": "error",
+        "file": "help/docCatalog/referenceapi/NoKey.json", "entry": null, "line": 2, "column": 1,
+        "pointer": "/refItems/0",
+        "message": "the key \"refpurpose\" is missing; the whole file is dropped",
+        "fingerprint": ")" + textAt(document(linesOf(outcome.out).at(7)), "/fingerprint") +
+                                                             R"(", "related": []})"));
+}
+
+TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
+    std::set<std::string> fingerprints;
+    for (const std::string& line : linesOf(check({".", "--json"}).out))
+        fingerprints.insert(textAt(document(line), "/fingerprint"));
+    EXPECT_EQ(fingerprints.size(), rules().size());
+}
+
+TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
+    EXPECT_THAT(check({".", "--color", "always"}).out,
+                testing::HasSubstr("\x1b[31merror\x1b[0m: the key \"refpurpose\""));
+}
+
+// A SARIF document is checked here for what the standard asks of each of its objects; the validator
+// of the standard's authors is run by scripts/check-sarif.
+class SarifTest : public ReportFormatTest {
+protected:
+    SarifTest() : sarif_(document(check({".", "--sarif"}).out)) {}
+
+    const json::value& run() const { return sarif_.at_pointer("/runs/0"); }
+    const json::array& results() const { return run().at("results").as_array(); }
+
+    const json::value& resultOf(std::string_view rule) const {
+        for (const json::value& result : results()) {
+            if (result.at("ruleId").as_string() == rule)
+                return result;
+        }
+        throw std::out_of_range(std::string(rule));
+    }
+
+    json::value sarif_;
+};
+
+TEST_F(SarifTest, ItIsOneRunOfOneTool) {
+    EXPECT_EQ(textAt(sarif_, "/version"), "2.1.0");
+    EXPECT_EQ(sarif_.at("runs").as_array().size(), 1U);
+    EXPECT_EQ(textAt(run(), "/tool/driver/name"), "refdoc");
+    EXPECT_EQ(textAt(run(), "/tool/driver/semanticVersion"), REFDOC_VERSION);
+    EXPECT_EQ(textAt(run(), "/columnKind"), "unicodeCodePoints");
+    const std::string base = textAt(run(), "/originalUriBaseIds/%SRCROOT%/uri");
+    EXPECT_EQ(base, "file://" + path() + "/");
+}
+
+TEST_F(SarifTest, EachRuleHasHelp) {
+    const json::array& described = run().at_pointer("/tool/driver/rules").as_array();
+    ASSERT_EQ(described.size(), rules().size());
+    for (std::size_t index = 0; index < described.size(); ++index) {
+        const Rule& rule = rules()[index];
+        EXPECT_EQ(textAt(described[index], "/id"), rule.name);
+        EXPECT_EQ(textAt(described[index], "/help/text"), rule.explanation);
+        EXPECT_EQ(textAt(described[index], "/fullDescription/text"), rule.explanation);
+        EXPECT_TRUE(textAt(described[index], "/shortDescription/text").ends_with("."));
+        EXPECT_EQ(textAt(described[index], "/defaultConfiguration/level"),
+                  refdoc::check::toWord(rule.severity));
+        EXPECT_TRUE(
+            std::regex_match(textAt(described[index], "/name"), std::regex("([A-Z][A-Za-z]*)")));
+    }
+}
+
+TEST_F(SarifTest, EachResultNamesItsRuleAndHasAMessageAPlaceAndAFingerprint) {
+    EXPECT_EQ(results().size(), rules().size());
+    const std::set<std::string> levels = {"error", "warning", "note"};
+    for (const json::value& result : results()) {
+        const auto index = static_cast<std::size_t>(result.at("ruleIndex").to_number<int>());
+        ASSERT_LT(index, rules().size());
+        EXPECT_EQ(textAt(result, "/ruleId"), rules()[index].name);
+        EXPECT_TRUE(levels.contains(textAt(result, "/level")));
+        EXPECT_FALSE(textAt(result, "/message/text").empty());
+        EXPECT_EQ(result.at("locations").as_array().size(), 1U);
+        EXPECT_TRUE(std::regex_match(textAt(result, "/partialFingerprints/refdocFinding~1v1"),
+                                     std::regex("[0-9a-f]{16}(-[0-9]+)?")));
+    }
+}
+
+TEST_F(SarifTest, PathsAreRelativeUrisAndRegionsStartAtOne) {
+    for (const json::value& result : results()) {
+        const json::value& place = result.at_pointer("/locations/0/physicalLocation");
+        EXPECT_EQ(textAt(place, "/artifactLocation/uriBaseId"), "%SRCROOT%");
+        EXPECT_TRUE(std::regex_match(textAt(place, "/artifactLocation/uri"),
+                                     std::regex("([A-Za-z0-9._~/-]|%[0-9A-F]{2})+")));
+        if (const json::value* region = place.as_object().if_contains("region")) {
+            EXPECT_GE(region->at("startLine").to_number<int>(), 1);
+            EXPECT_GE(region->at("startColumn").to_number<int>(), 1);
+        }
+    }
+    EXPECT_EQ(resultOf("missing-key").at_pointer("/locations/0/physicalLocation/region"),
+              document(R"({"startLine": 2, "startColumn": 1})"));
+}
+
+TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
+    const json::value& place = resultOf("unreadable-entry").at_pointer("/locations/0");
+    EXPECT_EQ(textAt(place, "/physicalLocation/artifactLocation/uri"),
+              "help/docCatalog/referenceapi_lookup/Locked.zip");
+    EXPECT_EQ(textAt(place, "/logicalLocations/0/name"), "Locked.json");
+    EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
+}
+
+TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
+    const json::array& related = resultOf("dropped-record").at("relatedLocations").as_array();
+    ASSERT_EQ(related.size(), 1U);
+    EXPECT_EQ(textAt(related[0], "/message/text"), "in/Orchard.json:2:1: the record that is kept.");
+}
+
+TEST(SarifPaths, AreEscaped) {
+    const Rule& rule = rules().front();
+    const auto report = refdoc::check::sarifReport(
+        {{&rule, rule.severity, {"a b/ä:c.json", "", {}, {}}, "m", "0", {}},
+         {&rule, rule.severity, {"/x y.json", "", {}, {}}, "m", "1", {}}},
+        "/base folder");
+    const json::value run = document(report).at_pointer("/runs/0");
+    EXPECT_EQ(run.at_pointer("/results/0/locations/0/physicalLocation/artifactLocation"),
+              document(R"({"uri": "a%20b/%C3%A4%3Ac.json", "uriBaseId": "%SRCROOT%"})"));
+    EXPECT_EQ(run.at_pointer("/results/1/locations/0/physicalLocation/artifactLocation"),
+              document(R"({"uri": "file:///x%20y.json"})"));
+    EXPECT_EQ(textAt(run, "/originalUriBaseIds/%SRCROOT%/uri"), "file:///base%20folder/");
+}
+
+TEST(Progress, IsABarOfWhatIsDone) {
+    using refdoc::check::Progress;
+    EXPECT_EQ(Progress::barOf("checking", 1, 3), "checking [##########....................] 1/3");
+    EXPECT_EQ(Progress::barOf("checking", 9, 3), "checking [##############################] 3/3");
+    EXPECT_EQ(Progress::barOf("checking", 0, 0), "checking [##############################] 0/0");
+}
+
+} // namespace
+} // namespace refdoc_tests

@@ -1,0 +1,60 @@
+#include "tests/system/refdoc/check/CheckTest.hpp"
+#include "tools/refdoc/check/Rules.hpp"
+
+#include <fmt/format.h>
+
+#include <set>
+
+namespace refdoc_tests {
+namespace {
+
+using refdoc::check::Rule;
+using refdoc::check::rules;
+using testing::HasSubstr;
+
+class RuleTextTest : public CheckTest {};
+
+TEST_F(RuleTextTest, TheListHasALineForEachRule) {
+    const Outcome outcome = check({"--rules"});
+    EXPECT_EQ(outcome.status, 0);
+    const std::vector<std::string> lines = linesOf(outcome.out);
+    ASSERT_EQ(lines.size(), rules().size());
+    EXPECT_EQ(lines[0], "malformed-json                   error    the text is no JSON");
+    EXPECT_EQ(lines[5], "unknown-key                      warning  the key has no meaning where it "
+                        "stands");
+}
+
+TEST_F(RuleTextTest, EachRuleIsExplained) {
+    for (const Rule& rule : rules()) {
+        const Outcome outcome = check({"--explain", std::string(rule.name)});
+        EXPECT_EQ(outcome, (Outcome{0,
+                                    fmt::format("{} ({}): {}\n\n{}\n", rule.name,
+                                                refdoc::check::toWord(rule.severity), rule.summary,
+                                                rule.explanation),
+                                    ""}));
+    }
+}
+
+TEST(Rules, HaveDifferentNamesAndWholeSentences) {
+    std::set<std::string_view> names;
+    for (const Rule& rule : rules()) {
+        EXPECT_TRUE(names.insert(rule.name).second) << rule.name;
+        EXPECT_EQ(refdoc::check::findRule(rule.name), &rule);
+        EXPECT_FALSE(rule.summary.ends_with('.')) << rule.name;
+        EXPECT_TRUE(rule.explanation.ends_with('.')) << rule.name;
+    }
+    EXPECT_EQ(refdoc::check::findRule("no-such-rule"), nullptr);
+}
+
+TEST(RuleDocumentation, ListsEachRuleInTheirOrder) {
+    std::ifstream stream(std::string(DOCS_FOLDER) + "/check.md");
+    const std::string page{std::istreambuf_iterator<char>(stream), {}};
+    std::string table;
+    for (const Rule& rule : rules())
+        table += fmt::format("| `{}` | {} | {} |\n", rule.name,
+                             refdoc::check::toWord(rule.severity), rule.summary);
+    EXPECT_THAT(page, HasSubstr("|---|---|---|\n" + table + "\n"));
+}
+
+} // namespace
+} // namespace refdoc_tests

@@ -1,0 +1,115 @@
+#include "tools/refdoc/check/CheckCommand.hpp"
+
+#include "platform/i18n/Converter.hpp"
+#include "platform/terminal/OutputDevice.hpp"
+#include "tools/refdoc/NearNames.hpp"
+#include "tools/refdoc/check/Progress.hpp"
+#include "tools/refdoc/check/ReportFormats.hpp"
+#include "tools/refdoc/check/RootCheck.hpp"
+#include "tools/refdoc/check/SourceTexts.hpp"
+#include "tools/refdoc/check/Targets.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <stdexcept>
+
+namespace refdoc {
+
+namespace {
+
+using namespace check;
+using fl::i18n::to_string;
+using fl::i18n::to_ustring;
+
+Answer wrongUsage(std::string complaint) {
+    return {.status = ExitStatus::WrongUsage, .complaints = {std::move(complaint)}};
+}
+
+std::string unknownRule(const std::string& name) {
+    std::vector<std::u16string> known;
+    for (const Rule& rule : rules())
+        known.push_back(to_ustring(rule.name));
+    const auto near = nearNames(to_ustring(name), {known.begin(), known.end()}, 1);
+    return fmt::format(
+        "there is no rule \"{}\"{}; see refdoc check --rules", name,
+        near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front())));
+}
+
+// The first name that is no rule's; empty when all are.
+std::string firstUnknown(const CheckOptions& options) {
+    std::vector<std::string> names = options.errorRules;
+    names.insert(names.end(), options.ignoredRules.begin(), options.ignoredRules.end());
+    const auto unknown =
+        std::ranges::find_if(names, [](const std::string& name) { return !findRule(name); });
+    return unknown == names.end() ? std::string() : *unknown;
+}
+
+Answer explain(const std::string& name, const PageSetup& setup) {
+    const Rule* rule = findRule(name);
+    return rule ? Answer{.output = ruleText(*rule, setup.color)} : wrongUsage(unknownRule(name));
+}
+
+ReportSettings settingsOf(const CheckOptions& options) {
+    ReportSettings settings;
+    settings.ignoredRules.insert(options.ignoredRules.begin(), options.ignoredRules.end());
+    settings.errorRules.insert(options.errorRules.begin(), options.errorRules.end());
+    settings.isAllError = options.isAllError;
+    if (!options.baseline)
+        return settings;
+    const std::filesystem::path file(to_ustring(*options.baseline));
+    if (!std::filesystem::is_regular_file(file))
+        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", *options.baseline));
+    try {
+        settings.knownFingerprints =
+            readFingerprints(SourceTexts().read({.path = file.u16string()}));
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(
+            fmt::format("can't use the baseline \"{}\": {}", *options.baseline, error.what()));
+    }
+    return settings;
+}
+
+std::vector<Finding> findAll(const Options& options, const PathNames& names) {
+    Progress progress(platform::askStandardError().isTerminal);
+    if (options.names.empty())
+        return checkRoots(Scope::Everything, names, progress);
+    std::vector<Finding> findings;
+    for (const std::u16string& target : options.names)
+        std::ranges::move(checkTarget(target, options, names, progress),
+                          std::back_inserter(findings));
+    return findings;
+}
+
+std::string formatted(const std::vector<ReportedFinding>& findings, const Options& options,
+                      const PageSetup& setup, const PathNames& names) {
+    if (options.check.isSarif)
+        return sarifReport(findings, names.base());
+    if (options.format == OutputFormat::Json)
+        return jsonReport(findings);
+    return textReport(findings, setup.color);
+}
+
+} // namespace
+
+Answer runCheck(const Options& options, const PageSetup& setup) {
+    if (options.check.listsRules)
+        return {.output = ruleList(setup.color)};
+    if (options.check.explainedRule)
+        return explain(*options.check.explainedRule, setup);
+    if (const std::string unknown = firstUnknown(options.check); !unknown.empty())
+        return wrongUsage(unknownRule(unknown));
+
+    const ReportSettings settings = settingsOf(options.check);
+    const PathNames names(std::filesystem::current_path());
+    const std::vector<ReportedFinding> findings =
+        makeReport(findAll(options, names), names, settings);
+    const bool hasErrors =
+        std::ranges::count(findings, Severity::Error, &ReportedFinding::severity) > 0;
+    return {.status = hasErrors ? ExitStatus::NotFound : ExitStatus::Found,
+            .output = formatted(findings, options, setup, names)};
+}
+
+} // namespace refdoc

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/check/Finding.hpp"
+#include "tools/refdoc/check/Questions.hpp"
+#include "tools/refdoc/check/SourceTexts.hpp"
+
+#include <vector>
+
+namespace refdoc::check {
+
+/// Checks the content of a file that the library has read, and answers what is asked of it.
+/// \param account  what became of the file
+void checkContent(const reference::docparser::FileAccount& account, const SourceFile& file,
+                  SourceTexts& texts, Questions& questions, std::vector<Finding>& findings);
+
+} // namespace refdoc::check

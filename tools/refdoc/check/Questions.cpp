@@ -1,0 +1,147 @@
+#include "tools/refdoc/check/Questions.hpp"
+
+#include "platform/i18n/Converter.hpp"
+
+#include <fmt/format.h>
+
+#include <functional>
+#include <string_view>
+
+namespace refdoc::check {
+
+namespace json = boost::json;
+
+using reference::docparser::SectionFate;
+
+namespace {
+
+// The text under a key, as the library reads links.
+std::u16string linkIn(const json::value& object, std::string_view key) {
+    std::u16string link;
+    fl::i18n::append_ascii(link, object.at(key).as_string());
+    return link;
+}
+
+// The items of a section that the library has read, and so has the right kinds.
+const json::array& itemsOf(const json::value& document, const SectionAccount& section) {
+    return document.at_pointer(section.pointer).at("refItems").as_array();
+}
+
+std::string pointerTo(const SectionAccount& section, std::size_t index) {
+    return fmt::format("{}/refItems/{}", section.pointer, index);
+}
+
+std::string textOf(const RecordKey& key) {
+    std::u16string text = key.name;
+    for (const std::u16string& part : {key.href, key.link})
+        text += u'\n' + part;
+    return fl::i18n::to_string(text);
+}
+
+// Answers the questions about one section of one file.
+class Answering {
+public:
+    // `answered` are the questions that no file need answer any more.
+    Answering(const SourceFile& file, const SectionAccount& section,
+              const std::set<SectionQuestion>& questions,
+              std::set<const SectionQuestion*>& answered, std::vector<Finding>& findings)
+        : file_(file), section_(section), answered_(answered), findings_(findings) {
+        for (const SectionQuestion& question : questions)
+            questions_.emplace(question.record, &question);
+    }
+
+    void about(const RecordKey& key, const std::string& pointer) {
+        const auto [first, last] = questions_.equal_range(key);
+        for (auto entry = first; entry != last; ++entry) {
+            const SectionQuestion& question = *entry->second;
+            std::set<const SectionQuestion*>& done = question.isAskedOnce ? answered_ : done_;
+            if (done.insert(&question).second)
+                add(question, pointer);
+        }
+    }
+
+private:
+    void add(const SectionQuestion& question, const std::string& pointer) {
+        findings_.push_back(
+            {.rule = question.rule,
+             .spot = {.file = file_, .pointer = pointer},
+             .message = question.message,
+             .identity = fl::i18n::to_string(section_.key) + '\n' + textOf(question.record)});
+    }
+
+    const SourceFile& file_;
+    const SectionAccount& section_;
+    std::multimap<RecordKey, const SectionQuestion*> questions_; // by what they are about
+    std::set<const SectionQuestion*>& answered_;
+    std::set<const SectionQuestion*> done_; // each is answered once in a section
+    std::vector<Finding>& findings_;
+};
+
+void answerLookup(const json::value& record, const std::string& pointer, Answering& answering) {
+    answering.about({.name = fl::i18n::to_ustring(record.at("name").as_string()),
+                     .href = linkIn(record, "href")},
+                    pointer);
+}
+
+void answerItem(const json::value& item, const std::string& pointer, Answering& answering) {
+    answering.about({.href = linkIn(item, "href")}, pointer);
+    const json::value* links = item.as_object().if_contains("seealso");
+    if (!links)
+        return;
+    std::size_t index = 0;
+    for (const json::value& link : links->as_array())
+        answering.about({.link = linkIn(link, "url")},
+                        fmt::format("{}/seealso/{}/url", pointer, index++));
+}
+
+void answerSection(const SectionAccount& section, FileRole role, const json::value& document,
+                   Answering& answering) {
+    answering.about({}, section.pointer);
+    std::size_t index = 0;
+    for (const json::value& item : itemsOf(document, section)) {
+        const std::string pointer = pointerTo(section, index++);
+        role == FileRole::Lookup ? answerLookup(item, pointer, answering)
+                                 : answerItem(item, pointer, answering);
+    }
+}
+
+} // namespace
+
+void Questions::answer(const SourceFile& file, FileRole role,
+                       const std::vector<SectionAccount>& sections, const json::value& document,
+                       std::vector<Finding>& findings) {
+    const auto askedOfFile = records_.find(file);
+    for (const SectionAccount& section : sections) {
+        if (section.fate == SectionFate::KeyTaken)
+            continue;
+        if (const auto asked = sections_.find({role, section.key}); asked != sections_.end()) {
+            Answering answering(file, section, asked->second, answered_, findings);
+            answerSection(section, role, document, answering);
+        }
+        if (askedOfFile == records_.end())
+            continue;
+        const auto names = askedOfFile->second.find(section.key);
+        if (names != askedOfFile->second.end())
+            answerRecords(section, document, names->second);
+    }
+}
+
+void Questions::answerRecords(const SectionAccount& section, const json::value& document,
+                              ByName& names) {
+    std::size_t index = 0;
+    for (const json::value& record : itemsOf(document, section)) {
+        const std::string pointer = pointerTo(section, index++);
+        const auto asked = names.find(fl::i18n::to_ustring(record.at("name").as_string()));
+        if (asked != names.end())
+            asked->second.emplace(linkIn(record, "href"),
+                                  RecordAnswer{pointer, std::hash<json::value>()(record)});
+    }
+}
+
+const std::multimap<std::u16string, RecordAnswer>&
+Questions::records(const SourceFile& file, const std::u16string& section,
+                   const std::u16string& name) const {
+    return records_.at(file).at(section).at(name);
+}
+
+} // namespace refdoc::check
