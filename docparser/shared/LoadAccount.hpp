@@ -52,17 +52,20 @@ enum class RecordFate {
     Replaced      ///< dropped: the translation has records of the href
 };
 
-/// The names of the enumerators, as they stay from version to version: "skipped-language".
+/// The name of a fate, as it stays from version to version: "skipped-language".
 DOCPARSER_EXPORT std::string_view toWord(Fate fate) noexcept;
+/// The name of a role, as it stays from version to version: "package".
 DOCPARSER_EXPORT std::string_view toWord(FileRole role) noexcept;
+/// The name of a section's fate, as it stays from version to version: "key-taken".
 DOCPARSER_EXPORT std::string_view toWord(SectionFate fate) noexcept;
+/// The name of a record's fate, as it stays from version to version: "added-href".
 DOCPARSER_EXPORT std::string_view toWord(RecordFate fate) noexcept;
 
 /// The decision about one record of the section that went under when two were combined.
 struct RecordAccount {
     std::u16string name{}; ///< what the record is keyed by: its name; its href in full resources
-    std::u16string href{};
-    RecordFate fate = RecordFate::AddedName;
+    std::u16string href{}; ///< the record's link
+    RecordFate fate = RecordFate::AddedName; ///< what became of it
     std::size_t file = 0;   ///< the file that it comes from, an index of LoadAccount::files
     std::size_t winner = 0; ///< the file that it lost to; its own when it was kept
 
@@ -71,11 +74,11 @@ struct RecordAccount {
 
 /// One section of a file.
 struct SectionAccount {
-    std::u16string key{};
+    std::u16string key{};  ///< help folder of the main section, base code of the others
     std::string pointer{}; ///< JSON pointer to the section in its file: "" or "/supportPackages/0"
-    SectionFate fate = SectionFate::New;
-    bool isInstalled = false; ///< of lookups: whether its product counts as installed
-    std::size_t other = 0;    ///< the file of the section that had the key; its own when New
+    SectionFate fate = SectionFate::New; ///< what became of it
+    bool isInstalled = false;            ///< of lookups: whether its product counts as installed
+    std::size_t other = 0; ///< the file of the section that had the key; its own when New
     /// What became of the records below, name by name in code-unit order, when two sections were
     /// combined; of full resources only those that were replaced.
     std::vector<RecordAccount> records{};
@@ -85,11 +88,11 @@ struct SectionAccount {
 
 /// One file or package entry.
 struct FileAccount {
-    FileRole role = FileRole::Resources;
-    std::u16string path{};  ///< as it was opened; of an entry, the path of its package
-    std::u16string entry{}; ///< the entry's name in its package, folders included; else empty
-    bool isTranslation = false;
-    Fate fate = Fate::Used;
+    FileRole role = FileRole::Resources; ///< what it was considered as
+    std::u16string path{};               ///< as it was opened; of an entry, the path of its package
+    std::u16string entry{};     ///< the entry's name in its package, folders included; else empty
+    bool isTranslation = false; ///< whether its name is that of a translation
+    Fate fate = Fate::Used;     ///< what became of it
     std::string reason{};  ///< why it is not used, in UTF-8; empty when it is, and where nothing
                            ///< is to be added to the fate
     std::string pointer{}; ///< Malformed: JSON pointer (RFC 6901) to what breaks the format
@@ -116,15 +119,16 @@ struct FileAccount {
 /// language file, in each folder that it tries. When a call throws, the account holds what was
 /// decided before.
 ///
-/// Cost: with no scope on the thread, one test of a thread-local variable a retrieval; with one,
+/// Cost: with no scope on the thread, one test of a thread-local variable a file at most; with one,
 /// memory for the account, and a second pass over the text of a malformed file.
 struct DOCPARSER_EXPORT LoadAccount {
-    std::vector<FileAccount> files{};
+    std::vector<FileAccount> files{}; ///< in the order of the decisions
 
     /// While it lives, the retrievals that are called on its thread report to the account. The
     /// innermost scope of a thread is in force. The account outlives it and is no other thread's.
     class DOCPARSER_EXPORT Scope {
     public:
+        /// \param account  what is reported goes to its end; it outlives the scope
         explicit Scope(LoadAccount& account) noexcept;
         ~Scope();
         Scope(const Scope&) = delete;

@@ -36,8 +36,8 @@ public:
     RegularFile& operator=(RegularFile&& other) noexcept;
     ~RegularFile();
 
-    /// The size that the file had when it was opened, in bytes. Costs no call of the system.
-    /// \throws std::system_error  the object has been moved from
+    /// The file's size now, in bytes.
+    /// \throws std::system_error  the system does not tell
     std::uint64_t size() const;
 
     /// Reads from a place of the file until `room` is full or the file ends.
@@ -48,11 +48,9 @@ public:
     std::size_t readAt(std::uint64_t offset, char* room, std::size_t length) const;
 
 private:
-    RegularFile(std::intptr_t handle, std::uint64_t size) noexcept
-        : handle_(handle), size_(size) {}
+    explicit RegularFile(std::intptr_t handle) noexcept : handle_(handle) {}
 
     std::intptr_t handle_; // the system's; negative once moved from
-    std::uint64_t size_;
 };
 
 } // namespace fl::filesystem

@@ -40,6 +40,11 @@ int openDescriptor(const char* file) noexcept {
         [&] { return ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); });
 }
 
+bool isRegular(int file) noexcept {
+    struct stat status = {};
+    return uninterrupted([&] { return ::fstat(file, &status); }) == 0 && S_ISREG(status.st_mode);
+}
+
 } // namespace
 
 FileKind kindOf(const native_string& file) noexcept {
@@ -62,20 +67,17 @@ std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)
         return std::nullopt;
-    RegularFile result(opened, 0);
-    struct stat status = {};
-    if (uninterrupted([&] { return ::fstat(opened, &status); }) != 0 || !S_ISREG(status.st_mode))
+    RegularFile result(opened);
+    if (!isRegular(opened))
         return std::nullopt;
-    result.size_ = static_cast<std::uint64_t>(status.st_size);
     return result;
 }
 
 RegularFile::RegularFile(RegularFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, kNoHandle)), size_(other.size_) {}
+    : handle_(std::exchange(other.handle_, kNoHandle)) {}
 
 RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
     std::swap(handle_, other.handle_);
-    std::swap(size_, other.size_);
     return *this;
 }
 
@@ -88,9 +90,10 @@ RegularFile::~RegularFile() {
 }
 
 std::uint64_t RegularFile::size() const {
-    if (handle_ == kNoHandle)
-        throw std::system_error(EBADF, std::generic_category(), "no file is open");
-    return size_;
+    struct stat status = {};
+    if (uninterrupted([&] { return ::fstat(descriptor(handle_), &status); }) != 0)
+        throwLastError("the size of a file is not known");
+    return static_cast<std::uint64_t>(status.st_size);
 }
 
 std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t length) const {
