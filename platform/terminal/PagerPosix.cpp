@@ -13,8 +13,6 @@
 #include <optional>
 #include <vector>
 
-extern char** environ;
-
 namespace platform {
 
 namespace {

@@ -79,7 +79,8 @@ _@PROGRAM@() {
 )";
 
 std::string replaced(std::string text, std::string_view what, std::string_view with) {
-    for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + with.size()))
+    for (std::size_t at = text.find(what); at != std::string_view::npos;
+         at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
     return text;
 }

@@ -32,7 +32,8 @@ std::string unmarked(std::string word) {
 }
 
 bool needsMark(std::string_view word) {
-    return word.empty() || std::string_view("[{%+\x1f").find(word.front()) != word.npos;
+    return word.empty() ||
+           std::string_view("[{%+\x1f").find(word.front()) != std::string_view::npos;
 }
 
 // "--lang=" gives the empty text, which CLI11 would take for a value that is still to come.
@@ -78,7 +79,9 @@ std::string wrappedHelp(std::string_view help) {
 
 // What stands below the options in the help.
 std::string footerOf(const CommandTable& table) {
-    std::string footer = "Options may stand before or after the command; \"--\" ends the options.\n"
+    std::string footer = fmt::format("The options of {} --help may stand before or after the "
+                                     "command;\n\"--\" ends the options.\n",
+                                     table.program) +
                          "\nExit status:\n";
     for (const Remark& status : table.exitStatuses) {
         std::string_view lead = status.subject;
@@ -146,10 +149,16 @@ private:
         } else if (entry.kind == ValueKind::None) {
             CLI::Option* flag = app.add_flag(names, help);
             if (!entry.excludes.empty())
-                flag->excludes(app.get_option(std::string(entry.excludes)));
+                flag->excludes(optionOf(app, std::string(entry.excludes)));
         } else {
             addTextOption(app, entry, names, help);
         }
+    }
+
+    // An option of the command, or one that all commands have.
+    CLI::Option* optionOf(CLI::App& app, const std::string& name) {
+        CLI::Option* option = app.get_option_no_throw(name);
+        return option ? option : app_.get_option(name);
     }
 
     void addTextOption(CLI::App& app, const OptionEntry& entry, const std::string& names,

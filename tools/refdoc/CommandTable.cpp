@@ -29,6 +29,11 @@ std::vector<OptionEntry> contentOptions() {
 
 std::vector<OptionEntry> outputOptions() {
     return {{"--json", "", ValueKind::None, "Print one JSON document"},
+            {.name = "--jsonl",
+             .placeholder = "",
+             .kind = ValueKind::None,
+             .help = "Print JSON with one document a line: each record, or for products each file",
+             .excludes = "--json"},
             {"--color",
              "WHEN",
              ValueKind::Choice,
@@ -52,7 +57,11 @@ std::vector<OptionEntry> globalOptions() {
 }
 
 std::vector<OptionEntry> checkOptions() {
-    return {{"--sarif", "", ValueKind::None, "Print a SARIF 2.1.0 document"},
+    return {{.name = "--sarif",
+             .placeholder = "",
+             .kind = ValueKind::None,
+             .help = "Print a SARIF 2.1.0 document",
+             .excludes = "--json"},
             {"--baseline", "FILE", ValueKind::File,
              "Report only what is not in this former output of --json or --sarif"},
             {.name = "--werror",
@@ -118,7 +127,9 @@ std::vector<Remark> examples() {
             {"refdoc --install samples lookup smooth",
              "Where the name smooth is documented, and as what."},
             {"refdoc --install samples --lang ja show Orchard ref/smooth.html",
-             "One item of the product Orchard, in Japanese."}};
+             "One item of the product Orchard, in Japanese."},
+            {"refdoc --install samples --jsonl lookup",
+             "The whole index for programs, one record a line."}};
 }
 
 CommandTable makeTable() {

@@ -3,12 +3,13 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/DisplayText.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
 #include "tools/refdoc/Options.hpp"
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/TypedWords.hpp"
-#include "tools/refdoc/Words.hpp"
 #include "tools/refdoc/check/Rules.hpp"
+
 #include <algorithm>
 #include <map>
 #include <string_view>
@@ -99,7 +100,7 @@ Candidates listsWith(const std::string& word, const Candidates& parts) {
     const std::string before = word.substr(0, word.rfind(',') + 1); // npos + 1 is 0
     Candidates candidates;
     for (const auto& [part, remark] : parts) {
-        if ((',' + before).find(',' + part + ',') == before.npos)
+        if ((',' + before).find(',' + part + ',') == std::string_view::npos)
             candidates.emplace(before + part, remark);
     }
     return candidates;
@@ -154,27 +155,14 @@ void applyTypedOptions(const TypedWords& typed) {
                                                              : Options());
 }
 
-bool hasControlCharacter(std::string_view text) {
-    return std::ranges::any_of(text, [](char letter) {
-        return static_cast<unsigned char>(letter) < 0x20 || letter == 0x7F;
-    });
-}
-
-// A word that the lines can't carry is left out; a remark only loses what it can't have.
+// A word that would not reach the shell as it is is left out.
 std::string linesOf(const Candidates& candidates, std::string_view start) {
     std::string lines;
     for (auto found = candidates.lower_bound(std::string(start));
          found != candidates.end() && found->first.starts_with(start); ++found) {
-        auto [word, remark] = *found;
-        if (word.empty() || hasControlCharacter(word))
-            continue;
-        std::ranges::replace_if(
-            remark,
-            [](char letter) {
-                return hasControlCharacter({&letter, 1});
-            },
-            ' ');
-        lines += word + (remark.empty() ? "" : '\t' + remark) + '\n';
+        const auto& [word, remark] = *found;
+        if (!word.empty() && visibleLine(word) == word)
+            lines += word + (remark.empty() ? "" : '\t' + visibleLine(remark)) + '\n';
     }
     return lines;
 }

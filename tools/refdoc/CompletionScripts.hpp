@@ -10,7 +10,7 @@ namespace refdoc {
 // the shell has a form for them, the options of the table; everything else they ask the program for
 // (see Completion.hpp), which looks where the options typed so far tell it to.
 
-/// For bash 4 and later; needs no other package.
+/// For bash 4.3 and later; needs no other package.
 std::string bashCompletion(const CommandTable& table);
 
 /// For zsh 5: an autoloaded function named "_" and the program.

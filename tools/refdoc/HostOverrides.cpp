@@ -47,18 +47,14 @@ LanguageOverrides::installedHardwareSupportPackages(const std::u16string& root) 
     return base_->installedHardwareSupportPackages(root);
 }
 
-namespace {
-
-std::shared_ptr<const HostServices> chooseServices(const Options& options) {
+std::shared_ptr<const HostServices> servicesBehind(const Options& options) {
     if (options.installFolder)
         return std::make_shared<platform::InstallationManifest>(*options.installFolder);
     return platform::defaultHostServices();
 }
 
-} // namespace
-
 void applyOptions(const Options& options) {
-    const std::shared_ptr<const HostServices> services = chooseServices(options);
+    const std::shared_ptr<const HostServices> services = servicesBehind(options);
     // Some operations take a failing host for one without packages or languages; a malformed
     // manifest is reported here, before it can look like an empty one.
     services->docLanguage();

@@ -37,6 +37,9 @@ private:
     std::optional<std::vector<std::u16string>> supported_;
 };
 
+/// The services that the options choose, before any option overrules what they say.
+std::shared_ptr<const platform::HostServices> servicesBehind(const Options& options);
+
 /// Brings the process to the state that the options ask for: host services, reference root,
 /// support-package folder, test products.
 /// \throws std::runtime_error  the installation manifest is malformed, whether or not the command

@@ -185,7 +185,7 @@ void addFacts(Page& page, const RefItem& item) {
 
 } // namespace
 
-void addHeader(Page& page, const HeaderInfo& header) {
+void addHeader(Page& page, const HeaderInfo& header, const std::u16string& note) {
     page.title(header.getProductName(), '=');
     Facts facts;
     facts.add(u"help folder", header.getHelpFolder());
@@ -195,10 +195,14 @@ void addHeader(Page& page, const HeaderInfo& header) {
                              ? header.getSchema()
                              : header.getSchema() + u" " + header.getSchemaVersion());
     page.table(0, facts.table());
+    if (!note.empty())
+        page.text(0, note, Paint::Dim);
 }
 
-void addItem(Page& page, const RefItem& item) {
+void addItem(Page& page, const RefItem& item, const std::u16string& note) {
     page.title(titleOf(item), '-');
+    if (!note.empty())
+        page.text(kBody, note, Paint::Dim);
     addDeprecation(page, item.getDeprecationStatus());
     if (!item.getRefPurpose().empty())
         page.text(kBody, item.getRefPurpose());

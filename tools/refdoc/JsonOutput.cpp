@@ -203,6 +203,14 @@ void writeResources(JsonWriter& json, const ResourceMap<T>& resources) {
 
 } // namespace
 
+void writeRecord(JsonWriter& json, const RefItem& item) {
+    write(json, item);
+}
+
+void writeRecord(JsonWriter& json, const RefItemLookup& entry) {
+    write(json, entry);
+}
+
 std::string showDocument(const std::u16string& product, const ResourceMap<RefItem>& resources) {
     JsonWriter json;
     json.beginObject();

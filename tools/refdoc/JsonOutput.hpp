@@ -10,6 +10,10 @@ namespace refdoc {
 // Records as JSON: every field, under its name, in the order of the record's constructor;
 // enumerations as their words; maps in their own order.
 
+/// One record.
+void writeRecord(JsonWriter& json, const reference::property::RefItem& item);
+void writeRecord(JsonWriter& json, const reference::property::RefItemLookup& entry);
+
 /// The whole answer of `show`.
 std::string
 showDocument(const std::u16string& product,

@@ -11,10 +11,6 @@ namespace refdoc {
 
 namespace {
 
-constexpr bool isPlain(char16_t unit) noexcept {
-    return unit >= 0x20 && unit != u'"' && unit != u'\\' && (unit < 0x7F || unit > 0x9F);
-}
-
 // The escape of a character that can't stand for itself.
 std::string escapeOf(char16_t unit) {
     switch (unit) {
@@ -104,8 +100,19 @@ void JsonWriter::end(char bracket) {
 }
 
 void JsonWriter::newLine() {
+    if (layout_ == Layout::OneLine) {
+        if (document_.back() == ',')
+            document_ += ' ';
+        return;
+    }
     document_ += '\n';
     document_.append(2 * depth_, ' ');
+}
+
+bool JsonWriter::isPlain(char16_t unit) const noexcept {
+    const bool isSeparator = unit == u'\x2028' || unit == u'\x2029'; // of lines and paragraphs
+    return unit >= 0x20 && unit != u'"' && unit != u'\\' && (unit < 0x7F || unit > 0x9F) &&
+           !(isSeparator && layout_ == Layout::OneLine);
 }
 
 void JsonWriter::quoted(std::u16string_view text) {

@@ -5,12 +5,19 @@
 
 namespace refdoc {
 
-/// Writes one JSON document in UTF-8, two spaces a level, a line feed at its end.
+/// Writes one JSON document in UTF-8 and a line feed at its end.
 ///
 /// The caller keeps to the grammar: a key before each value of an object, an end for each begin.
 /// Unpaired surrogates become U+FFFD; control characters, those above U+007F too, are escaped.
 class JsonWriter {
 public:
+    enum class Layout {
+        Indented, ///< two spaces a level
+        OneLine   ///< nothing within it ends a line, for any reader's idea of a line
+    };
+
+    explicit JsonWriter(Layout layout = Layout::Indented) : layout_(layout) {}
+
     void beginObject();
     void endObject();
     void beginArray();
@@ -35,8 +42,10 @@ private:
     void begin(char bracket);
     void end(char bracket);
     void newLine();
+    bool isPlain(char16_t unit) const noexcept;
     void quoted(std::u16string_view text);
 
+    Layout layout_;
     std::string document_;
     std::size_t depth_ = 0;
     bool isFirst_ = true; // nothing stands yet in the object or array that is open

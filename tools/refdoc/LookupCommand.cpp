@@ -2,10 +2,11 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/JsonOutput.hpp"
+#include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/NearNames.hpp"
 #include "tools/refdoc/Page.hpp"
 #include "tools/refdoc/Selection.hpp"
+#include "tools/refdoc/Suggestions.hpp"
 #include "tools/refdoc/Words.hpp"
 
 #include <fmt/format.h>
@@ -37,34 +38,19 @@ std::vector<std::u16string_view> allNames(const LookupResults& results) {
     return names;
 }
 
-std::string unknownName(const std::u16string& name, const std::vector<std::u16string>& near) {
-    std::string complaint = fmt::format("no entry {} in the lookup index", quoted(name));
-    for (const std::u16string& candidate : near)
-        complaint += (&candidate == &near.front() ? "; near names: " : ", ") + quoted(candidate);
-    return complaint;
-}
-
-std::vector<std::string> complaintsAbout(const std::vector<std::u16string>& unknownNames,
-                                         const std::vector<std::u16string_view>& known) {
+// A line for each NAME that no section has, before the sections lose what was not asked for.
+std::vector<std::string> complaintsAbout(const std::vector<std::u16string>& names,
+                                         const LookupResults& results) {
+    std::set<std::u16string> found = keysIn(names, results.installed);
+    found.merge(keysIn(names, results.notInstalled));
     std::vector<std::string> complaints;
-    for (const std::u16string& name : unknownNames)
-        complaints.push_back(unknownName(name, nearNames(name, known, kMostNearNames)));
+    const std::vector<std::u16string_view> known = allNames(results);
+    for (const std::u16string& name : missingKeys(names, std::move(found)))
+        complaints.push_back(
+            fmt::format("no entry {} in the lookup index{}", quoted(name),
+                        didYouMean(nearNames(name, known, kMostNearNames),
+                                   known.empty() ? kOtherFolders : "; see refdoc lookup")));
     return complaints;
-}
-
-// The names that no section has, before the sections lose what was not asked for.
-std::vector<std::u16string> unknownNamesIn(const LookupResults& results,
-                                           const std::vector<std::u16string>& names) {
-    std::set<std::u16string> found;
-    for (const std::u16string& name : names) {
-        for (const LookupMap* sections : {&results.installed, &results.notInstalled}) {
-            for (const auto& [key, resource] : *sections) {
-                if (resource.items.contains(name))
-                    found.insert(name);
-            }
-        }
-    }
-    return missingKeys(names, std::move(found));
 }
 
 void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& product,
@@ -103,29 +89,42 @@ std::string pageOf(const LookupResults& results, const PageSetup& setup, bool wi
     return page.take();
 }
 
+std::string linesOf(const LookupResults& results) {
+    const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
+    std::string lines;
+    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
+    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
+    return lines;
+}
+
+std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::JsonLines: return linesOf(results);
+    case OutputFormat::Text: break;
+    }
+    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+}
+
 } // namespace
 
 Answer runLookup(const Options& options, const PageSetup& setup) {
     LookupResults results = DocResourceParser::getResourceLookupFiles();
     Answer answer;
     if (!options.names.empty()) {
-        const std::vector<std::u16string> unknown = unknownNamesIn(results, options.names);
-        if (!unknown.empty()) {
+        answer.complaints = complaintsAbout(options.names, results);
+        if (!answer.complaints.empty())
             answer.status = ExitStatus::NotFound;
-            answer.complaints = complaintsAbout(unknown, allNames(results));
-        }
-        std::set<std::u16string> found;
-        keepOnly(options.names, results.installed, found);
-        keepOnly(options.names, results.notInstalled, found);
+        keepOnly(options.names, results.installed);
+        keepOnly(options.names, results.notInstalled);
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
         // Nothing on standard output could also mean that the tool had nothing to say.
         answer.complaints.push_back(
-            fmt::format("no lookup entries in {}",
-                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder)));
+            fmt::format("no lookup entries in {}{}",
+                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
+                        kOtherFolders));
     }
-    answer.output = options.format == OutputFormat::Json
-                        ? lookupDocument(results)
-                        : pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    answer.output = outputOf(options, results, setup);
     return answer;
 }
 

@@ -78,7 +78,7 @@ void addOptions(Roff& roff, const std::vector<OptionEntry>& options) {
     for (const OptionEntry& option : options) {
         std::string term = "\\fB" + escaped(option.name) + "\\fR";
         if (!option.shortName.empty())
-            term = "\\fB" + escaped(option.shortName) + "\\fR, " + term;
+            term.insert(0, "\\fB" + escaped(option.shortName) + "\\fR, ");
         if (!option.placeholder.empty())
             term += " \\fI" + escaped(option.placeholder) + "\\fR";
         roff.item(term, sentenceOf(option.help));
@@ -90,7 +90,7 @@ void addSynopsis(Roff& roff, const CommandTable& table) {
     for (const CommandEntry& command : table.commands) {
         if (&command != &table.commands.front())
             roff.macro(".br");
-        std::string line = fmt::format("\\fB{}\\fR [\\fIOPTIONS\\fR] \\fB{}\\fR",
+        std::string line = fmt::format(R"(\fB{}\fR [\fIOPTIONS\fR] \fB{}\fR)",
                                        escaped(table.program), escaped(command.name));
         for (const ArgumentEntry& entry : command.arguments) {
             const std::string word =
@@ -152,7 +152,7 @@ void addSeeAlso(Roff& roff, const std::vector<std::string_view>& pages) {
 
 std::string manPage(const CommandTable& table, std::string_view version, std::string_view date) {
     Roff roff;
-    roff.macro(fmt::format(".TH {} 1 \"{}\" {} \"User Commands\"", upperCase(table.program), date,
+    roff.macro(fmt::format(R"(.TH {} 1 "{}" {} "User Commands")", upperCase(table.program), date,
                            argument(fmt::format("{} {}", table.program, version))));
     roff.section("NAME");
     roff.macro(fmt::format("{} \\- {}", escaped(table.program), escaped(table.summary)));

@@ -18,7 +18,8 @@ std::vector<std::u16string> splitList(std::string_view text) {
     if (text.empty())
         return parts;
     std::size_t start = 0;
-    for (std::size_t comma = text.find(','); comma != text.npos; comma = text.find(',', start)) {
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
+         comma = text.find(',', start)) {
         parts.push_back(to_ustring(text.substr(start, comma - start)));
         start = comma + 1;
     }
@@ -42,6 +43,12 @@ ColorChoice colorOf(const ParsedWords& words) {
     return color == "always"  ? ColorChoice::Always
            : color == "never" ? ColorChoice::Never
                               : ColorChoice::Auto;
+}
+
+OutputFormat formatOf(const ParsedWords& words) {
+    return words.has("--json")    ? OutputFormat::Json
+           : words.has("--jsonl") ? OutputFormat::JsonLines
+                                  : OutputFormat::Text;
 }
 
 check::CheckOptions checkOptionsOf(const ParsedWords& words) {
@@ -79,7 +86,7 @@ Options optionsOf(const ParsedWords& words) {
     options.supportedLanguages = listOf(words, "--langs");
     options.installedProducts = listOf(words, "--installed");
     options.supportPackages = listOf(words, "--support-packages");
-    options.format = words.has("--json") ? OutputFormat::Json : OutputFormat::Text;
+    options.format = formatOf(words);
     options.color = colorOf(words);
     options.mayPage = !words.has("--no-pager");
     options.verbose = words.has("--verbose");

@@ -14,8 +14,9 @@ namespace refdoc {
 enum class Command { Show, Lookup, Products, Check };
 
 enum class OutputFormat {
-    Text, ///< for people
-    Json  ///< one document
+    Text,     ///< for people
+    Json,     ///< one document
+    JsonLines ///< one document a line
 };
 
 /// The command line, understood. Texts are UTF-16; what was no UTF-8 in them is U+FFFD.

@@ -22,7 +22,7 @@ namespace {
 
 std::string trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t");
-    if (first == text.npos)
+    if (first == std::string_view::npos)
         return {};
     return std::string(text.substr(first, text.find_last_not_of(" \t") + 1 - first));
 }

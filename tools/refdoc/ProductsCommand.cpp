@@ -4,6 +4,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/JsonWriter.hpp"
 #include "tools/refdoc/Page.hpp"
+#include "tools/refdoc/ProductNames.hpp"
 
 #include <algorithm>
 #include <memory>
@@ -92,6 +93,37 @@ std::string documentOf(const Findings& findings) {
     writeTexts(json, "supportPackages", findings.supportPackages);
     json.endObject();
     return json.take();
+}
+
+void addFileLines(std::string& lines, const std::vector<ProductPathData>& files,
+                  const std::u16string& language, std::string_view place, bool isPackage) {
+    for (const ProductPathData& file : files) {
+        JsonWriter json(JsonWriter::Layout::OneLine);
+        json.beginObject();
+        json.member("product", productOf(file, language));
+        json.key("place");
+        json.word(place);
+        json.member("language", file.isNonEnglishLocale() ? language : Tools::kEnglishLocale);
+        json.key("package");
+        json.boolean(isPackage);
+        json.member("fullPath", file.getFullPath());
+        json.endObject();
+        lines += json.take();
+    }
+}
+
+// A line for each product file; full resource files are plain ones.
+std::string linesOf(const Findings& findings) {
+    std::string lines;
+    addFileLines(lines, findings.productsIn(findings.roots->referenceApiFolder).jsonProducts,
+                 findings.language, "referenceApi", /*isPackage=*/false);
+    addFileLines(lines, findings.productsIn(findings.supportFolder).jsonProducts, findings.language,
+                 "supportPackages", /*isPackage=*/false);
+    addFileLines(lines, findings.lookupFiles.jsonProducts, findings.language, "lookup",
+                 /*isPackage=*/false);
+    addFileLines(lines, findings.lookupFiles.zipProducts, findings.language, "lookup",
+                 /*isPackage=*/true);
+    return lines;
 }
 
 // "de, ja"; each suffix is a separator and a language.
@@ -193,8 +225,12 @@ std::string pageOf(const Findings& findings, const PageSetup& setup) {
 
 Answer runProducts(const Options& options, const PageSetup& setup) {
     const Findings findings;
-    return {.output = options.format == OutputFormat::Json ? documentOf(findings)
-                                                           : pageOf(findings, setup)};
+    switch (options.format) {
+    case OutputFormat::Json: return {.output = documentOf(findings)};
+    case OutputFormat::JsonLines: return {.output = linesOf(findings)};
+    case OutputFormat::Text: break;
+    }
+    return {.output = pageOf(findings, setup)};
 }
 
 } // namespace refdoc

@@ -9,19 +9,30 @@
 
 namespace refdoc {
 
+/// Which of these keys some section has.
+template <class T>
+std::set<std::u16string> keysIn(const std::vector<std::u16string>& keys,
+                                const reference::docparser::ResourceMap<T>& sections) {
+    std::set<std::u16string> found;
+    for (const std::u16string& key : keys) {
+        for (const auto& [sectionKey, resource] : sections) {
+            if (resource.items.contains(key))
+                found.insert(key);
+        }
+    }
+    return found;
+}
+
 /// Keeps of the sections only the items with one of these keys, and of the sections only those that
 /// have such an item. Nothing is copied.
-/// \param found  gains the keys that some section has
 template <class T>
 void keepOnly(const std::vector<std::u16string>& keys,
-              reference::docparser::ResourceMap<T>& sections, std::set<std::u16string>& found) {
+              reference::docparser::ResourceMap<T>& sections) {
     for (auto section = sections.begin(); section != sections.end();) {
         typename reference::docparser::DocResource<T>::Items kept;
         for (const std::u16string& key : keys) {
-            if (auto item = section->second.items.extract(key)) {
-                found.insert(key);
+            if (auto item = section->second.items.extract(key))
                 kept.insert(std::move(item));
-            }
         }
         section->second.items = std::move(kept);
         section = section->second.items.empty() ? sections.erase(section) : std::next(section);

@@ -3,10 +3,13 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/EnglishFallback.hpp"
 #include "tools/refdoc/ItemText.hpp"
-#include "tools/refdoc/JsonOutput.hpp"
+#include "tools/refdoc/JsonLines.hpp"
 #include "tools/refdoc/Page.hpp"
+#include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/Selection.hpp"
+#include "tools/refdoc/Suggestions.hpp"
 #include "tools/refdoc/Words.hpp"
 
 #include <fmt/format.h>
@@ -36,27 +39,60 @@ Answer productNotFound(const Options& options) {
     Answer answer{.status = ExitStatus::NotFound};
     if (options.format == OutputFormat::Json)
         answer.output = showDocument(options.product, {});
+    const std::vector<std::u16string> products = productNames();
     answer.complaints.push_back(
-        fmt::format("no resources for {}; tried {}, {}", quoted(options.product),
+        fmt::format("no resources for {}; tried {}, {}{}", quoted(options.product),
                     triedPlace(product, DocResourceParser::getReferenceRoots()->referenceApiFolder),
-                    triedPlace(product, *DocResourceParser::getSupportPackageRoot())));
+                    triedPlace(product, *DocResourceParser::getSupportPackageRoot()),
+                    didYouMean(nearProducts(options.product, products),
+                               products.empty() ? kOtherFolders : "; see refdoc products")));
     return answer;
 }
 
-std::string pageOf(const ResourceMap<RefItem>& resources, const PageSetup& setup) {
+// A line for each HREF that no section has, before the sections lose what was not asked for.
+std::vector<std::string> complaintsAbout(const Options& options,
+                                         const ResourceMap<RefItem>& resources) {
+    std::vector<std::string> complaints;
+    for (const std::u16string& href : missingKeys(options.names, keysIn(options.names, resources)))
+        complaints.push_back(
+            fmt::format("no item {} in {}{}", quoted(href), quoted(options.product),
+                        didYouMean(nearHrefs(href, resources),
+                                   "; see refdoc show " + quoted(options.product))));
+    return complaints;
+}
+
+std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
+                   const PageSetup& setup) {
+    const EnglishFallback fallback(options.product);
     Page page(setup);
     for (const auto& [key, resource] : resources) {
         if (!page.isEmpty())
             page.emptyLine();
-        addHeader(page, resource.header);
+        addHeader(page, resource.header, fallback.noteOn(key));
         for (const auto& [href, items] : resource.items) {
+            const std::u16string note = fallback.noteOn(key, href, items);
             for (const RefItem& item : items) {
                 page.emptyLine();
-                addItem(page, item);
+                addItem(page, item, note);
             }
         }
     }
     return page.take();
+}
+
+std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
+                     const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return showDocument(options.product, resources);
+    case OutputFormat::JsonLines: {
+        std::string lines;
+        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                       &DocResourceParser::isProductInstalled);
+        return lines;
+    }
+    case OutputFormat::Text: break;
+    }
+    return pageOf(options, resources, setup);
 }
 
 } // namespace
@@ -71,16 +107,12 @@ Answer runShow(const Options& options, const PageSetup& setup) {
 
     Answer answer;
     if (!options.names.empty()) {
-        std::set<std::u16string> found;
-        keepOnly(options.names, resources, found);
-        for (const std::u16string& href : missingKeys(options.names, std::move(found)))
-            answer.complaints.push_back(
-                fmt::format("no item {} in {}", quoted(href), quoted(options.product)));
+        answer.complaints = complaintsAbout(options, resources);
+        keepOnly(options.names, resources);
     }
     if (!answer.complaints.empty())
         answer.status = ExitStatus::NotFound;
-    answer.output = options.format == OutputFormat::Json ? showDocument(options.product, resources)
-                                                         : pageOf(resources, setup);
+    answer.output = outputOf(options, resources, setup);
     return answer;
 }
 

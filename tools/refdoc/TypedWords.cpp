@@ -40,7 +40,7 @@ public:
         typed_.word = word;
         const std::size_t equals = word.find('=');
         if (!typed_.option && !typed_.isAfterDashes && word.starts_with("--") &&
-            equals != word.npos) {
+            equals != std::string_view::npos) {
             typed_.option = find(word.substr(0, equals));
             typed_.word = word.substr(equals + 1);
         }
@@ -58,7 +58,7 @@ private:
             return;
         typed_.options.push_back(word);
         if (option->kind != ValueKind::None && !option->isValueOptional &&
-            word.find('=') == word.npos)
+            word.find('=') == std::string_view::npos)
             typed_.option = option;
     }
 

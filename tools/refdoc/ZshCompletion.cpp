@@ -22,8 +22,8 @@ _{0}_ask() {{
 }}
 )";
 
-// The text in a specification of _arguments, which stands between single quotes.
-std::string inSpecification(std::string_view text) {
+// The text in a rule of _arguments, which stands between single quotes.
+std::string inRule(std::string_view text) {
     std::string result;
     for (const char letter : text) {
         if (letter == '\'')
@@ -46,8 +46,8 @@ std::string actionOf(const CommandTable& table, const OptionEntry& option) {
     return fmt::format("({})", fmt::join(option.choices, " "));
 }
 
-std::string specificationOf(const CommandTable& table, const OptionEntry& option) {
-    const std::string help = inSpecification(option.help);
+std::string ruleOf(const CommandTable& table, const OptionEntry& option) {
+    const std::string help = inRule(option.help);
     if (!option.shortName.empty())
         return fmt::format("'({0} {1})'{{{0},{1}}}'[{2}]'", option.shortName, option.name, help);
     const std::string excluded =
@@ -57,23 +57,23 @@ std::string specificationOf(const CommandTable& table, const OptionEntry& option
     // "*": it may be given again; "=-" and "::": a value follows after "=" only, or none.
     return fmt::format("'{}{}{}{}[{}]{}:{}:{}'", option.isList ? "*" : "", excluded, option.name,
                        option.isValueOptional ? "=-" : "=", help, option.isValueOptional ? ":" : "",
-                       inSpecification(option.placeholder), actionOf(table, option));
+                       inRule(option.placeholder), actionOf(table, option));
 }
 
-std::string specificationsOf(const CommandTable& table, const std::vector<OptionEntry>& options) {
-    std::string specifications;
+std::string rulesOf(const CommandTable& table, const std::vector<OptionEntry>& options) {
+    std::string rules;
     for (const OptionEntry& option : options)
-        specifications += fmt::format("        {}\n", specificationOf(table, option));
-    return specifications;
+        rules += fmt::format("        {}\n", ruleOf(table, option));
+    return rules;
 }
 
 // The options of single commands join once the command's name has been typed.
-std::string commandSpecifications(const CommandTable& table) {
+std::string commandRules(const CommandTable& table) {
     std::string script;
     for (const CommandEntry& command : table.commands) {
         if (!command.options.empty())
-            script += fmt::format("    (( ${{typed[(I){}]}} )) && specifications+=(\n{}    )\n",
-                                  command.name, specificationsOf(table, command.options));
+            script += fmt::format("    (( ${{typed[(I){}]}} )) && rules+=(\n{}    )\n",
+                                  command.name, rulesOf(table, command.options));
     }
     return script;
 }
@@ -85,17 +85,17 @@ std::string zshCompletion(const CommandTable& table) {
                        "# zsh completion of {0}; generated, do not edit\n"
                        "{1}\n"
                        "_{0}() {{\n"
-                       "    local -a typed specifications\n"
+                       "    local -a typed rules\n"
                        "    typed=(\"${{(@Q)words[1,CURRENT-1]}}\" \"${{(Q)PREFIX}}\")\n"
-                       "    specifications=(\n"
+                       "    rules=(\n"
                        "{2}"
                        "    )\n"
                        "{3}"
-                       "    _arguments -S \"${{(@)specifications}}\" '*:word:_{0}_ask'\n"
+                       "    _arguments -S \"${{(@)rules}}\" '*:word:_{0}_ask'\n"
                        "}}\n\n"
                        "_{0} \"$@\"\n",
                        table.program, fmt::format(fmt::runtime(kAsk), table.program),
-                       specificationsOf(table, table.options), commandSpecifications(table));
+                       rulesOf(table, table.options), commandRules(table));
 }
 
 } // namespace refdoc

@@ -4,6 +4,7 @@
 #include "tools/refdoc/Completion.hpp"
 #include "tools/refdoc/DisplayText.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
+#include "tools/refdoc/LanguageNote.hpp"
 #include "tools/refdoc/LogToStderr.hpp"
 #include "tools/refdoc/LookupCommand.hpp"
 #include "tools/refdoc/Options.hpp"
@@ -18,8 +19,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -44,7 +47,11 @@ Answer runCommand(const Options& options) {
     const platform::OutputDevice device = platform::askStandardOutput();
     const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());
     Answer answer = runWith(options, setup);
-    if (options.format == OutputFormat::Text && options.mayPage && isLong(answer.output, device))
+    if (options.format != OutputFormat::Text)
+        return answer;
+    if (std::optional<std::string> note = unsupportedLanguageNote(options))
+        answer.complaints.insert(answer.complaints.begin(), std::move(*note));
+    if (options.mayPage && isLong(answer.output, device))
         answer.pager = choosePager(readPagerEnvironment());
     return answer;
 }

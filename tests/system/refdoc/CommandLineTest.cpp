@@ -21,10 +21,26 @@ TEST(CommandLineTest, HelpGoesToStandardOutputAndNamesEachCommandAndOption) {
     const Outcome outcome = runProgram({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    for (const char* word :
-         {"show", "lookup", "products", "--install DIR", "--root DIR", "--support-folder DIR",
-          "--lang L", "--langs L,L,...", "--installed N,N,...", "--support-packages N,N,...",
-          "--json", "--color", "auto", "always", "never", "--verbose", "--version", "--help"})
+    for (const char* word : {"show",
+                             "lookup",
+                             "products",
+                             "--install DIR",
+                             "--root DIR",
+                             "--support-folder DIR",
+                             "--lang L",
+                             "--langs L,L,...",
+                             "--installed N,N,...",
+                             "--support-packages N,N,...",
+                             "--json",
+                             "--jsonl",
+                             "--no-pager",
+                             "--color",
+                             "auto",
+                             "always",
+                             "never",
+                             "--verbose",
+                             "--version",
+                             "--help"})
         EXPECT_THAT(outcome.out, HasSubstr(word));
 }
 
@@ -57,7 +73,14 @@ TEST(CommandLineTest, WrongUsageIsOneLineOnStandardErrorAndStatus2) {
                   (Outcome{2, "", "refdoc: " + complaint + "; see refdoc --help\n"}));
 }
 
-class CommandLineOrderTest : public RefdocTest {};
+class CommandLineOrderTest : public RefdocTest {
+protected:
+    // The line about a name while the index is empty.
+    static std::string noEntry(const std::string& name) {
+        return "refdoc: no entry \"" + name +
+               "\" in the lookup index; --install or --root names another folder\n";
+    }
+};
 
 TEST_F(CommandLineOrderTest, GlobalOptionsStandBeforeOrAfterTheCommandAndItsNames) {
     addResource("Orchard", section("orchard", R"({"href": "a.html", "refpurpose": "English"})"));
@@ -83,7 +106,7 @@ TEST_F(CommandLineOrderTest, NamesMayLookLikeCommandsOrLists) {
     const Arguments names{"show", "[a,b]", "[]", "{}", "%%", "++", "-", "", "\x1f"};
     std::string lines;
     for (const std::string& name : names)
-        lines += "refdoc: no entry \"" + (name == "\x1f" ? "␟" : name) + "\" in the lookup index\n";
+        lines += noEntry(name == "\x1f" ? "␟" : name);
     Arguments arguments{"lookup"};
     arguments.insert(arguments.end(), names.begin(), names.end());
     EXPECT_EQ(run(arguments), (Outcome{1, "", lines}));
@@ -91,10 +114,7 @@ TEST_F(CommandLineOrderTest, NamesMayLookLikeCommandsOrLists) {
 
 TEST_F(CommandLineOrderTest, AfterTwoDashesEveryWordIsAName) {
     EXPECT_EQ(run({"lookup", "--", "--json", "--", "-x"}),
-              (Outcome{1, "",
-                       "refdoc: no entry \"--json\" in the lookup index\n"
-                       "refdoc: no entry \"--\" in the lookup index\n"
-                       "refdoc: no entry \"-x\" in the lookup index\n"}));
+              (Outcome{1, "", noEntry("--json") + noEntry("--") + noEntry("-x")}));
     EXPECT_THAT(run({"show", "--", "--help"}).err,
                 StartsWith("refdoc: no resources for \"--help\"; tried "));
 }

@@ -24,6 +24,7 @@ protected:
         add("packages/help/docCatalog/referenceapi/Kit.json", section("kit", ""));
         addLookup("P", section("p", R"({"name": "graft", "href": "a", "refpurpose": "Join\ttrees"},
                                        {"name": "gra\nft", "href": "a", "refpurpose": "b"},
+                                       {"name": "gra\u009bft", "href": "a", "refpurpose": "b"},
                                        {"name": "接続", "href": "a", "refpurpose": "c"})"));
     }
 
@@ -63,9 +64,9 @@ TEST_F(CompletionTest, OffersTheLinksOfTheProductThatWasTyped) {
 }
 
 TEST_F(CompletionTest, OffersNamesOfTheIndexThatALineCanCarry) {
-    EXPECT_EQ(completions({"lookup", ""}), "graft\tJoin trees\n接続\tc\n");
+    EXPECT_EQ(completions({"lookup", ""}), "graft\tJoin␉trees\n接続\tc\n");
     EXPECT_EQ(completions({"lookup", "接"}), "接続\tc\n");
-    EXPECT_EQ(completions({"lookup", "other", "gra"}), "graft\tJoin trees\n");
+    EXPECT_EQ(completions({"lookup", "other", "gra"}), "graft\tJoin␉trees\n");
 }
 
 TEST_F(CompletionTest, OffersLanguagesAndChoicesAsValues) {

@@ -58,7 +58,8 @@ TEST_F(FailureTest, AnInstallFolderThatIsNotThereIsAnEmptyInstallation) {
     EXPECT_EQ(runProgram({"--install", path("nowhere"), "lookup"}),
               (Outcome{0, "",
                        "refdoc: no lookup entries in " +
-                           path("nowhere/help/docCatalog/referenceapi_lookup") + "\n"}));
+                           path("nowhere/help/docCatalog/referenceapi_lookup") +
+                           "; --install or --root names another folder\n"}));
 }
 
 } // namespace

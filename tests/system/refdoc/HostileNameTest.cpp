@@ -67,8 +67,8 @@ TEST_F(HostileNameTest, AHugeNameIsLookedUpInAHugeIndex) {
     const Outcome outcome = run({"lookup", std::string(10000, 'n'), "nane77"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, StartsWith("refdoc: no entry \"nnnn"));
-    EXPECT_THAT(outcome.err, HasSubstr("no entry \"nane77\" in the lookup index; near names: "
-                                       "\"name77\", \"name17\", \"name177\"\n"));
+    EXPECT_THAT(outcome.err, HasSubstr("no entry \"nane77\" in the lookup index; did you mean "
+                                       "\"name77\", \"name17\" or \"name177\"?\n"));
 }
 
 TEST_F(HostileNameTest, JsonKeepsTheProductsNameInOneDocument) {

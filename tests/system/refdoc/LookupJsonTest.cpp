@@ -72,7 +72,7 @@ TEST_F(LookupJsonTest, WithNamesKeepsOnlyThemAndTheirSections) {
 TEST_F(LookupJsonTest, UnknownNamesAreStatus1WithOneDocument) {
     const Outcome some = run({"--json", "lookup", "graft", "pres"});
     EXPECT_EQ(some.status, 1);
-    EXPECT_EQ(some.err, "refdoc: no entry \"pres\" in the lookup index; near names: \"press\"\n");
+    EXPECT_EQ(some.err, "refdoc: no entry \"pres\" in the lookup index; did you mean \"press\"?\n");
     expectDocument(some.out, orchard(kGraft), "");
     const Outcome none = run({"--json", "lookup", "zzz"});
     EXPECT_EQ(none.status, 1);

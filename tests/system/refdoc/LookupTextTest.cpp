@@ -52,15 +52,16 @@ cellar name  cellar  not installed
 
 TEST_F(LookupTextTest, EachUnknownNameIsALineWithNearNames) {
     const Outcome outcome = run({"lookup", "prun", "press", "Graft", "zzz", "prun"});
-    EXPECT_EQ(outcome, (Outcome{1,
-                                "cellar name  cellar  not installed\n"
-                                "  press  command  Make juice  Cellar  press.html  "
-                                "deprecated, not installed\n",
-                                "refdoc: no entry \"prun\" in the lookup index; near names: "
-                                "\"prune\"\n"
-                                "refdoc: no entry \"Graft\" in the lookup index; near names: "
-                                "\"graft\"\n"
-                                "refdoc: no entry \"zzz\" in the lookup index\n"}));
+    EXPECT_EQ(outcome,
+              (Outcome{1,
+                       "cellar name  cellar  not installed\n"
+                       "  press  command  Make juice  Cellar  press.html  "
+                       "deprecated, not installed\n",
+                       "refdoc: no entry \"prun\" in the lookup index; did you mean "
+                       "\"prune\"?\n"
+                       "refdoc: no entry \"Graft\" in the lookup index; did you mean "
+                       "\"graft\"?\n"
+                       "refdoc: no entry \"zzz\" in the lookup index; see refdoc lookup\n"}));
 }
 
 TEST_F(LookupTextTest, AtMostThreeNearNamesAreGivenTheNearestFirst) {
@@ -69,8 +70,8 @@ TEST_F(LookupTextTest, AtMostThreeNearNamesAreGivenTheNearestFirst) {
                                          {"name": "prunet", "href": "a", "refpurpose": "b"},
                                          {"name": "brune", "href": "a", "refpurpose": "b"})"));
     EXPECT_EQ(run({"lookup", "prunex"}).err,
-              "refdoc: no entry \"prunex\" in the lookup index; near names: \"prune\", \"pruner\", "
-              "\"prunes\"\n");
+              "refdoc: no entry \"prunex\" in the lookup index; did you mean \"prune\", \"pruner\" "
+              "or \"prunes\"?\n");
 }
 
 TEST_F(LookupTextTest, ARecordStaysOnItsLineWhateverItsTextsHold) {
@@ -86,7 +87,8 @@ class EmptyIndexTest : public RefdocTest {};
 TEST_F(EmptyIndexTest, IsStatus0WithANote) {
     EXPECT_EQ(run({"lookup"}), (Outcome{0, "",
                                         "refdoc: no lookup entries in " +
-                                            path("help/docCatalog/referenceapi_lookup") + "\n"}));
+                                            path("help/docCatalog/referenceapi_lookup") +
+                                            "; --install or --root names another folder\n"}));
 }
 
 TEST_F(EmptyIndexTest, IsStatus0InJsonToo) {
@@ -96,7 +98,9 @@ TEST_F(EmptyIndexTest, IsStatus0InJsonToo) {
 
 TEST_F(EmptyIndexTest, HasNoName) {
     EXPECT_EQ(run({"lookup", "graft"}),
-              (Outcome{1, "", "refdoc: no entry \"graft\" in the lookup index\n"}));
+              (Outcome{1, "",
+                       "refdoc: no entry \"graft\" in the lookup index; --install or --root "
+                       "names another folder\n"}));
 }
 
 } // namespace

@@ -88,7 +88,7 @@ TEST(ShellFilesTest, ZshKnowsTheOptionsAndWhichCommandTheyBelongTo) {
     const std::string script = zshCompletion(kGardener);
     EXPECT_THAT(script, HasSubstr("'--plot=[Where \\[it'\\''s\\] done\\: here]:DIR:_files -/'\n"));
     EXPECT_THAT(script, HasSubstr("'(-h --help)'{-h,--help}'[Help]'\n"));
-    EXPECT_THAT(script, HasSubstr("(( ${typed[(I)water]} )) && specifications+=(\n"
+    EXPECT_THAT(script, HasSubstr("(( ${typed[(I)water]} )) && rules+=(\n"
                                   "        '--can=[Which can]:FILE:_files -/'\n"
                                   "        '--gently[Slowly]'\n    )\n"));
 }

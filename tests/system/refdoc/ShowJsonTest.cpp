@@ -151,7 +151,7 @@ TEST_F(ShowJsonTest, MissingHrefsAreStatus1WithTheRestOfTheDocument) {
     addResource("P", section("p", R"({"href": "a.html", "refpurpose": "b"})"));
     const Outcome whole = run({"--json", "show", "P"});
     EXPECT_EQ(run({"--json", "show", "P", "a.html", "x"}),
-              (Outcome{1, whole.out, "refdoc: no item \"x\" in \"P\"\n"}));
+              (Outcome{1, whole.out, "refdoc: no item \"x\" in \"P\"; see refdoc show \"P\"\n"}));
 }
 
 TEST_F(ShowJsonTest, TextsAreWellFormedUtf8WhateverTheFileHolds) {

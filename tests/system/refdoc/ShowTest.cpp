@@ -3,6 +3,7 @@
 namespace refdoc_tests {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -10,6 +11,9 @@ class ShowTest : public RefdocTest {
 protected:
     static constexpr const char* kGraft = R"({"href": "graft.html", "refpurpose": "Join trees"})";
     static constexpr const char* kPrune = R"({"href": "prune.html", "refpurpose": "Cut back"})";
+
+    // The end of a complaint while there is no product at all.
+    static constexpr const char* kNoProducts = "; --install or --root names another folder\n";
 
     std::string tried(const std::string& files) const {
         return path("help/docCatalog/referenceapi") + " (" + files + "), " +
@@ -36,21 +40,22 @@ TEST_F(ShowTest, PrintsTheProductOfTheReferenceRoot) {
 TEST_F(ShowTest, AMissingProductIsOneLineWithTheFoldersAndFilesThatWereTried) {
     EXPECT_EQ(run({"show", "Orchard"}), (Outcome{1, "",
                                                  "refdoc: no resources for \"Orchard\"; tried " +
-                                                     tried("Orchard.json") + "\n"}));
+                                                     tried("Orchard.json") + kNoProducts}));
 }
 
 TEST_F(ShowTest, AMissingProductNamesTheLanguageFilesThatWereTried) {
     EXPECT_EQ(run({"--lang", "de", "show", "Orchard"}),
               (Outcome{1, "",
                        "refdoc: no resources for \"Orchard\"; tried " +
-                           tried("Orchard.json, Orchard_de.json") + "\n"}));
+                           tried("Orchard.json, Orchard_de.json") + kNoProducts}));
 }
 
 TEST_F(ShowTest, AMissingProductNamesTheSupportFolderAsItStands) {
-    EXPECT_EQ(run({"--root", "no/root", "--support-folder", "no/support", "show", "P"}),
-              (Outcome{1, "",
-                       "refdoc: no resources for \"P\"; tried no/root/docCatalog/referenceapi "
-                       "(P.json), no/support (P.json)\n"}));
+    EXPECT_EQ(
+        run({"--root", "no/root", "--support-folder", "no/support", "show", "P"}),
+        (Outcome{1, "",
+                 "refdoc: no resources for \"P\"; tried no/root/docCatalog/referenceapi "
+                 "(P.json), no/support (P.json); --install or --root names another folder\n"}));
 }
 
 TEST_F(ShowTest, AMalformedFileIsAsGoodAsAMissingOne) {
@@ -121,15 +126,44 @@ TEST_F(ShowTest, EachMissingHrefIsALineAndTheOthersAreShown) {
     addResource("Orchard", section("orchard", kGraft));
     const Outcome outcome = run({"show", "Orchard", "a.html", "graft.html", "b.html", "a.html"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "refdoc: no item \"a.html\" in \"Orchard\"\n"
-                           "refdoc: no item \"b.html\" in \"Orchard\"\n");
+    EXPECT_EQ(outcome.err,
+              "refdoc: no item \"a.html\" in \"Orchard\"; see refdoc show \"Orchard\"\n"
+              "refdoc: no item \"b.html\" in \"Orchard\"; see refdoc show \"Orchard\"\n");
     EXPECT_THAT(outcome.out, HasSubstr("Join trees"));
 }
 
 TEST_F(ShowTest, NoHrefFoundLeavesNothingToPrint) {
     addResource("Orchard", section("orchard", kGraft));
-    EXPECT_EQ(run({"show", "Orchard", "a.html"}),
-              (Outcome{1, "", "refdoc: no item \"a.html\" in \"Orchard\"\n"}));
+    EXPECT_EQ(
+        run({"show", "Orchard", "a.html"}),
+        (Outcome{1, "",
+                 "refdoc: no item \"a.html\" in \"Orchard\"; see refdoc show \"Orchard\"\n"}));
+}
+
+TEST_F(ShowTest, AMissingProductIsFollowedByTheProductsThatMayBeMeant) {
+    addResource("Orchard", section("orchard", kGraft));
+    add("support/Kit.json", section("kit", kGraft));
+    const auto complaint = [&](const char* product) {
+        return run({"--support-folder", path("support"), "show", product}).err;
+    };
+    EXPECT_THAT(complaint("orchrad"), EndsWith("); did you mean \"Orchard\"?\n"));
+    EXPECT_THAT(complaint("Kid"), EndsWith("); did you mean \"Kit\"?\n"));
+    EXPECT_THAT(complaint("Vineyard"), EndsWith("); see refdoc products\n"));
+}
+
+TEST_F(ShowTest, AMissingHrefIsFollowedByTheLinksThatMayBeMeant) {
+    addResource("P", section("p", R"({"href": "ref/graft.html#way", "refpurpose": "a",
+                                      "refentity": [{"type": "method", "name": "tree.join"}]},
+                                     {"href": "ref/prune.html", "refpurpose": "b"},
+                                     {"href": "old/prune.html", "refpurpose": "c"})"));
+    const auto complaint = [&](const char* href) { return run({"show", "P", href}).err; };
+    EXPECT_THAT(complaint("Tree.Join"), EndsWith("; did you mean \"ref/graft.html#way\"?\n"));
+    EXPECT_THAT(complaint("graft"), EndsWith("; did you mean \"ref/graft.html#way\"?\n"));
+    EXPECT_THAT(complaint("new/prune.html"),
+                EndsWith("; did you mean \"old/prune.html\" or \"ref/prune.html\"?\n"));
+    EXPECT_THAT(complaint("rfe/prone.html"), EndsWith("; did you mean \"ref/prune.html\"?\n"));
+    EXPECT_THAT(complaint("grafd"), EndsWith("; did you mean \"ref/graft.html#way\"?\n"));
+    EXPECT_THAT(complaint("sow.html"), EndsWith("; see refdoc show \"P\"\n"));
 }
 
 TEST_F(ShowTest, AProductWithoutItemsIsFound) {
