@@ -149,10 +149,16 @@ private:
         } else if (entry.kind == ValueKind::None) {
             CLI::Option* flag = app.add_flag(names, help);
             if (!entry.excludes.empty())
-                flag->excludes(app.get_option(std::string(entry.excludes)));
+                flag->excludes(optionOf(app, std::string(entry.excludes)));
         } else {
             addTextOption(app, entry, names, help);
         }
+    }
+
+    // An option of the command, or one that all commands have.
+    CLI::Option* optionOf(CLI::App& app, const std::string& name) {
+        CLI::Option* option = app.get_option_no_throw(name);
+        return option ? option : app_.get_option(name);
     }
 
     void addTextOption(CLI::App& app, const OptionEntry& entry, const std::string& names,

@@ -57,7 +57,11 @@ std::vector<OptionEntry> globalOptions() {
 }
 
 std::vector<OptionEntry> checkOptions() {
-    return {{"--sarif", "", ValueKind::None, "Print a SARIF 2.1.0 document"},
+    return {{.name = "--sarif",
+             .placeholder = "",
+             .kind = ValueKind::None,
+             .help = "Print a SARIF 2.1.0 document",
+             .excludes = "--json"},
             {"--baseline", "FILE", ValueKind::File,
              "Report only what is not in this former output of --json or --sarif"},
             {.name = "--werror",

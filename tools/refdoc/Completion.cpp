@@ -8,7 +8,6 @@
 #include "tools/refdoc/Options.hpp"
 #include "tools/refdoc/ProductNames.hpp"
 #include "tools/refdoc/TypedWords.hpp"
-#include "tools/refdoc/Words.hpp"
 #include "tools/refdoc/check/Rules.hpp"
 
 #include <algorithm>

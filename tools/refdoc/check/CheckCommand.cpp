@@ -87,9 +87,8 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Option
                       const PageSetup& setup, const PathNames& names) {
     if (options.check.isSarif)
         return sarifReport(findings, names.base());
-    if (options.format == OutputFormat::Json)
-        return jsonReport(findings);
-    return textReport(findings, setup.color);
+    return options.format == OutputFormat::Text ? textReport(findings, setup.color)
+                                                : jsonReport(findings);
 }
 
 } // namespace

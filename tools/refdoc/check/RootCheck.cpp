@@ -123,8 +123,8 @@ private:
         std::vector<std::pair<const SourceFile*, const FileAccount*>> files;
         for (const auto& [file, account] : readFiles_)
             files.emplace_back(&file, &account);
-        std::ranges::stable_partition(files,
-                                      [](const auto& file) { return !file.second->isTranslation; });
+        std::stable_partition(files.begin(), files.end(),
+                              [](const auto& file) { return !file.second->isTranslation; });
         return files;
     }
 

@@ -71,6 +71,12 @@ TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
     EXPECT_EQ(fingerprints.size(), rules().size());
 }
 
+TEST_F(ReportFormatTest, AReportHasOneFormat) {
+    EXPECT_EQ(check({".", "--json", "--sarif"}),
+              (Outcome{2, "", "refdoc: --json excludes --sarif; see refdoc --help\n"}));
+    EXPECT_EQ(check({".", "--jsonl"}).out, check({".", "--json"}).out);
+}
+
 TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
     EXPECT_THAT(check({".", "--color", "always"}).out,
                 testing::HasSubstr("\x1b[31merror\x1b[0m: the key \"refpurpose\""));
