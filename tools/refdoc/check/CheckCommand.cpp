@@ -3,10 +3,10 @@
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
 #include "tools/refdoc/NearNames.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 #include "tools/refdoc/check/Progress.hpp"
 #include "tools/refdoc/check/ReportFormats.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
-#include "tools/refdoc/check/SourceTexts.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 
 #include <fmt/format.h>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 #include "tools/refdoc/check/Finding.hpp"
 #include "tools/refdoc/check/Questions.hpp"
-#include "tools/refdoc/check/SourceTexts.hpp"
 
 #include <vector>
 

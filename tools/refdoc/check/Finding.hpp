@@ -1,10 +1,9 @@
 #pragma once
 
 #include "docparser/parsing/TextPlaces.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 #include "tools/refdoc/check/Rules.hpp"
 
-#include <compare>
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,15 +11,6 @@
 namespace refdoc::check {
 
 using reference::docparser::TextPlace;
-
-/// A file, or an entry of a package.
-struct SourceFile {
-    std::u16string path{};
-    std::u16string entry{};     ///< empty: the file itself
-    std::size_t occurrence = 0; ///< which of the package's entries of this name
-
-    auto operator<=>(const SourceFile&) const = default;
-};
 
 /// Where something stands: a file as a whole, a value of its text, or a place of its text.
 struct Spot {

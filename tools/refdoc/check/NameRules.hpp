@@ -1,8 +1,8 @@
 #pragma once
 
 #include "docparser/LoadAccount.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 #include "tools/refdoc/check/Finding.hpp"
-#include "tools/refdoc/check/SourceTexts.hpp"
 
 #include <set>
 #include <string>

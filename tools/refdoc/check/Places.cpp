@@ -1,6 +1,6 @@
 #include "tools/refdoc/check/Places.hpp"
 
-#include "tools/refdoc/check/SourceTexts.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 
 #include <map>
 #include <string>

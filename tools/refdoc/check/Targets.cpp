@@ -3,11 +3,11 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/HostOverrides.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 #include "tools/refdoc/Words.hpp"
 #include "tools/refdoc/check/FileRoot.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/SchemaWalker.hpp"
-#include "tools/refdoc/check/SourceTexts.hpp"
 
 #include <boost/json/parse.hpp>
 

@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/SourceTexts.hpp"
+#include "tools/refdoc/SourceTexts.hpp"
 
 #include "platform/except/Completes.hpp"
 #include "platform/package/ContentSource.hpp"
@@ -16,7 +16,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace refdoc::check {
+namespace refdoc {
 
 namespace {
 
@@ -111,4 +111,4 @@ SourceTexts::OpenPackage& SourceTexts::open(const std::u16string& path) {
     return *package_;
 }
 
-} // namespace refdoc::check
+} // namespace refdoc

@@ -1,13 +1,21 @@
 #pragma once
 
-#include "tools/refdoc/check/Finding.hpp"
-
+#include <compare>
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-namespace refdoc::check {
+namespace refdoc {
+
+/// A file, or an entry of a package.
+struct SourceFile {
+    std::u16string path{};
+    std::u16string entry{};     ///< empty: the file itself
+    std::size_t occurrence = 0; ///< which of the package's entries of this name
+
+    auto operator<=>(const SourceFile&) const = default;
+};
 
 /// Reads the texts of files and of package entries. Keeps the package that was read last open.
 class SourceTexts {
@@ -33,4 +41,4 @@ private:
     std::unique_ptr<OpenPackage> package_;
 };
 
-} // namespace refdoc::check
+} // namespace refdoc
