@@ -24,8 +24,8 @@ struct ValuePlace {
 
 /// What keeps a text from being JSON.
 struct SyntaxProblem {
-    TextPlace place;
-    std::string reason;
+    TextPlace place;    ///< where the parser gave up
+    std::string reason; ///< why, in its words
 
     bool operator==(const SyntaxProblem&) const = default;
 };
