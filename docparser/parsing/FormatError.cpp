@@ -1,8 +1,9 @@
 #include "docparser/parsing/FormatError.hpp"
 
+#include "docparser/parsing/TextPlaces.hpp"
+
 #include <boost/json/value.hpp>
 
-#include <string_view>
 #include <utility>
 
 namespace reference::docparser {
@@ -10,20 +11,6 @@ namespace reference::docparser {
 namespace json = boost::json;
 
 namespace {
-
-// A key as a JSON pointer writes it.
-std::string escape(std::string_view key) {
-    std::string token;
-    for (const char character : key) {
-        if (character == '~')
-            token += "~0";
-        else if (character == '/')
-            token += "~1";
-        else
-            token += character;
-    }
-    return token;
-}
 
 // Extends `pointer` to the place below `value` and returns true, or leaves it as it was. The
 // parser's limit on nesting bounds the recursion.
@@ -40,7 +27,7 @@ bool findPlace(const json::value& value, const void* place, std::string& pointer
     };
     if (const json::object* object = value.if_object()) {
         for (const json::key_value_pair& member : *object) {
-            if (descend(member.value(), escape(member.key())))
+            if (descend(member.value(), pointerToken(member.key())))
                 return true;
         }
     }

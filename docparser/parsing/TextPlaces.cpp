@@ -189,6 +189,19 @@ private:
 
 } // namespace
 
+std::string pointerToken(std::string_view key) {
+    std::string token;
+    for (const char character : key) {
+        if (character == '~')
+            token += "~0";
+        else if (character == '/')
+            token += "~1";
+        else
+            token += character;
+    }
+    return token;
+}
+
 TextPlace placeOfOffset(std::string_view text, std::size_t offset) {
     return LineCounter(text).placeOf(offset);
 }

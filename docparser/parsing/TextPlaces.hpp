@@ -30,6 +30,9 @@ struct SyntaxProblem {
     bool operator==(const SyntaxProblem&) const = default;
 };
 
+/// A key as a JSON pointer writes it: '~' as "~0" and '/' as "~1".
+DOCPARSER_EXPORT std::string pointerToken(std::string_view key);
+
 /// The place of a byte of a text.
 /// \param offset  at most the text's length
 /// Cost: linear in the offset.

@@ -1,5 +1,6 @@
 #include "tools/refdoc/check/SchemaWalker.hpp"
 
+#include "docparser/parsing/TextPlaces.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/NearNames.hpp"
 
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string_view>
 
 namespace refdoc::check {
 
@@ -14,6 +16,7 @@ namespace json = boost::json;
 
 using fl::i18n::to_string;
 using fl::i18n::to_ustring;
+using reference::docparser::pointerToken;
 
 namespace {
 
@@ -212,7 +215,7 @@ private:
         std::string identity;
         for (const Step& step : steps_) {
             const std::string name = step.value ? nameOf(*step.value) : std::string(step.key);
-            pointer += '/' + (step.value ? std::to_string(step.index) : escapedToken(step.key));
+            pointer += '/' + (step.value ? std::to_string(step.index) : pointerToken(step.key));
             identity += '/' + name;
         }
         identity.append("/").append(detail);
@@ -226,19 +229,6 @@ private:
 };
 
 } // namespace
-
-std::string escapedToken(std::string_view key) {
-    std::string token;
-    for (const char character : key) {
-        if (character == '~')
-            token += "~0";
-        else if (character == '/')
-            token += "~1";
-        else
-            token += character;
-    }
-    return token;
-}
 
 std::vector<ContentFinding> walkDocument(const Schema& schema, const json::value& document) {
     std::vector<ContentFinding> findings;

@@ -6,7 +6,6 @@
 #include <boost/json/value.hpp>
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace refdoc::check {
@@ -23,8 +22,5 @@ struct ContentFinding {
 /// Walks over a whole document, in its order. Cost: a test or two for each value; messages and
 /// pointers are made for findings only.
 std::vector<ContentFinding> walkDocument(const Schema& schema, const boost::json::value& document);
-
-/// A key as a JSON pointer writes it (RFC 6901).
-std::string escapedToken(std::string_view key);
 
 } // namespace refdoc::check
