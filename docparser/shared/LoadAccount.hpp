@@ -120,7 +120,8 @@ struct FileAccount {
 /// decided before.
 ///
 /// Cost: with no scope on the thread, one test of a thread-local variable a file at most; with one,
-/// memory for the account, and a second pass over the text of a malformed file.
+/// memory for the account, a copy of the text that is being read, and a second pass over it when it
+/// is malformed. Should memory end while the account is written, the call ends with std::bad_alloc.
 struct DOCPARSER_EXPORT LoadAccount {
     std::vector<FileAccount> files{}; ///< in the order of the decisions
 

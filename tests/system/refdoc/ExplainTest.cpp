@@ -364,21 +364,5 @@ TEST_F(EmptyExplainTest, ControlCharactersOfNamesAndPathsStayVisible) {
     EXPECT_THAT(explain({"Odd\x1b"}).out, HasSubstr("Odd␛"));
 }
 
-// As README.md shows it.
-TEST(ExplainSamples, TellWhereATranslatedItemComesFrom) {
-    const Outcome outcome = runProgram(
-        {"--install", "samples", "--lang", "de", "explain", "Orchard", "ref/smooth.html"},
-        {.folder = SAMPLES_FOLDER "/.."});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, testing::EndsWith(R"(
-  ref/smooth.html
-    from      samples/help/docCatalog/referenceapi/Orchard_de.json:135:5
-              Zeitreihe mit einem gleitenden Fenster glätten
-    dropped   samples/help/docCatalog/referenceapi/Orchard.json:385:5
-              Smooth a series with a moving window
-              replaced: the translation has the href, in Orchard_de.json
-)"));
-}
-
 } // namespace
 } // namespace refdoc_tests
