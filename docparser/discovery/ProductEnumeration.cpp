@@ -1,6 +1,7 @@
 #include "docparser/discovery/ProductEnumeration.hpp"
 
 #include "docparser/discovery/FileNames.hpp"
+#include "docparser/shared/Accounting.hpp"
 #include "docparser/shared/Constants.hpp"
 #include "platform/except/Completes.hpp"
 #include "platform/path/DirectoryIterator.hpp"
@@ -27,10 +28,7 @@ ProductLists findProducts(const std::u16string& root,
     ProductLists products;
     const auto skip = [&](const fl::filesystem::directory_iterator& file, Fate fate) {
         if (account)
-            account->files.push_back({.role = FileRole::Lookup,
-                                      .path = file.full_pathname().string(),
-                                      .isTranslation = fate == Fate::SkippedLanguage,
-                                      .fate = fate});
+            noteSkipped(*account, file.full_pathname().string(), {}, fate);
     };
     // A folder that vanishes or can't be read ends the walk; what was found before is of use.
     foundation::core::except::completes([&] {

@@ -2,6 +2,7 @@
 
 #include "docparser/discovery/FileNames.hpp"
 #include "docparser/discovery/ProductEnumeration.hpp"
+#include "docparser/shared/Accounting.hpp"
 #include "platform/path/Path.hpp"
 
 #include <utility>
@@ -31,11 +32,7 @@ ZipPackage::findProducts(bool isNonEnglishLocale, const std::vector<std::u16stri
 
     const auto skip = [&](const opc::qorservices::FileSystemEntry& leaf, Fate fate) {
         if (account)
-            account->files.push_back({.role = FileRole::Lookup,
-                                      .path = path_,
-                                      .entry = leaf.getName(),
-                                      .isTranslation = fate == Fate::SkippedLanguage,
-                                      .fate = fate});
+            noteSkipped(*account, path_, leaf.getName(), fate);
     };
 
     std::vector<ProductZipData> products;

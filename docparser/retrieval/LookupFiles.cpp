@@ -5,6 +5,7 @@
 #include "docparser/retrieval/LookupAccount.hpp"
 #include "docparser/retrieval/LookupProducts.hpp"
 #include "docparser/retrieval/LookupZips.hpp"
+#include "docparser/shared/Accounting.hpp"
 
 #include <optional>
 #include <utility>

@@ -6,6 +6,7 @@
 #include "docparser/retrieval/FileReport.hpp"
 #include "docparser/retrieval/OverlayAccount.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
+#include "docparser/shared/Accounting.hpp"
 #include "docparser/shared/Constants.hpp"
 #include "platform/except/Completes.hpp"
 #include "platform/path/Path.hpp"

@@ -1,5 +1,7 @@
 #include "docparser/shared/LoadAccount.hpp"
 
+#include "docparser/shared/Accounting.hpp"
+
 #include <utility>
 
 namespace reference::docparser {
@@ -15,6 +17,15 @@ LoadAccount::Scope::Scope(LoadAccount& account) noexcept
 
 LoadAccount::Scope::~Scope() {
     accountOfThread = outer_;
+}
+
+void noteSkipped(LoadAccount& account, std::u16string path, std::u16string entry, Fate fate) {
+    FileAccount& file = account.files.emplace_back();
+    file.role = FileRole::Lookup;
+    file.path = std::move(path);
+    file.entry = std::move(entry);
+    file.isTranslation = fate == Fate::SkippedLanguage;
+    file.fate = fate;
 }
 
 LoadAccount* currentLoadAccount() noexcept {

@@ -140,7 +140,4 @@ struct DOCPARSER_EXPORT LoadAccount {
     };
 };
 
-/// The account in force on this thread, null without a scope.
-LoadAccount* currentLoadAccount() noexcept;
-
 } // namespace reference::docparser

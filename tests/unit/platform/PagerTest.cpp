@@ -3,6 +3,7 @@
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -38,6 +39,17 @@ TEST(PagerTest, ACommandThatReadsNothingHasShownTheText) {
 TEST(PagerTest, ACommandThatCannotBeRunHasNot) {
     EXPECT_FALSE(showThroughPager("/nowhere/pager 2>/dev/null", "x"));
     EXPECT_FALSE(showThroughPager("/ 2>/dev/null", "x"));
+}
+
+TEST(PagerTest, WithoutADescriptorLeftNothingHasBeenShown) {
+    struct rlimit before {};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    struct rlimit none = before;
+    none.rlim_cur = 0;
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const bool isShown = showThroughPager("true", "x");
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_FALSE(isShown);
 }
 
 TEST(PagerTest, SignalsAreTreatedAsBeforeOnceItHasEnded) {

@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace reference::docparser {
 namespace {
@@ -72,6 +73,43 @@ TEST(FileReport, SectionsOfAFileThatFailedStayUnused) {
     report.sections()->push_back({.key = u"orchard", .fate = SectionFate::Unused});
     report.conclude(std::make_exception_ptr(std::bad_alloc()));
     EXPECT_EQ(account.files.at(0).sections.at(0).fate, SectionFate::Unused);
+}
+
+// Each of the others differs from the account in one field, in the order of the fields.
+template <class Account>
+void expectEachFieldCounts(const Account& account, const std::vector<Account>& others) {
+    EXPECT_TRUE(account == Account(account));
+    for (std::size_t field = 0; field < others.size(); ++field)
+        EXPECT_FALSE(account == others[field]) << "field " << field;
+}
+
+TEST(LoadAccountEquality, EachFieldOfARecordCounts) {
+    expectEachFieldCounts<RecordAccount>({}, {{.name = u"graft"},
+                                              {.href = u"graft.html"},
+                                              {.fate = RecordFate::Replaced},
+                                              {.file = 1},
+                                              {.winner = 1}});
+}
+
+TEST(LoadAccountEquality, EachFieldOfASectionCounts) {
+    expectEachFieldCounts<SectionAccount>({}, {{.key = u"orchard"},
+                                               {.pointer = "/supportPackages/0"},
+                                               {.fate = SectionFate::Merged},
+                                               {.isInstalled = true},
+                                               {.other = 1},
+                                               {.records = {{}}}});
+}
+
+TEST(LoadAccountEquality, EachFieldOfAFileCounts) {
+    expectEachFieldCounts<FileAccount>({}, {{.role = FileRole::Package},
+                                            {.path = u"P.json"},
+                                            {.entry = u"E.json"},
+                                            {.isTranslation = true},
+                                            {.fate = Fate::Missing},
+                                            {.reason = "gone"},
+                                            {.pointer = "/refItems"},
+                                            {.place = TextPlace()},
+                                            {.sections = {{}}}});
 }
 
 } // namespace
