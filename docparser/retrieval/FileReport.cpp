@@ -6,6 +6,7 @@
 
 #include <boost/system/system_error.hpp>
 
+#include <algorithm>
 #include <new>
 #include <system_error>
 #include <utility>
@@ -91,6 +92,10 @@ void FileReport::setMalformed(std::string reason) {
     account.fate = Fate::Malformed;
     account.reason = std::move(reason);
     account.sections.clear();
+}
+
+SectionAccount& sectionAccountOf(FileAccount& file, const std::u16string& key) {
+    return *std::ranges::find(file.sections, key, &SectionAccount::key);
 }
 
 } // namespace reference::docparser

@@ -46,4 +46,8 @@ private:
     std::string text_;
 };
 
+/// The section of a file that has the key: the first one, for those that follow were dropped when
+/// the file was read. There is one.
+SectionAccount& sectionAccountOf(FileAccount& file, const std::u16string& key);
+
 } // namespace reference::docparser

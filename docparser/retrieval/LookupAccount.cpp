@@ -1,6 +1,5 @@
 #include "docparser/retrieval/LookupAccount.hpp"
 
-#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -10,11 +9,6 @@ namespace reference::docparser {
 using property::RefItemLookup;
 
 namespace {
-
-SectionAccount& sectionAccount(FileReport& report, const std::u16string& key) {
-    // The first of its key: those that follow were dropped when the file was read.
-    return *std::ranges::find(report.file().sections, key, &SectionAccount::key);
-}
 
 // Decides about the records of one name that both sections had, which are still all there.
 class NameDecisions {
@@ -54,7 +48,7 @@ private:
 void LookupAccount::placed(FileReport& report, const std::u16string& key, bool isInstalled,
                            const Items& items) {
     sectionOf(key, isInstalled) = {report.index(), originsOf(items, report.index())};
-    SectionAccount& section = sectionAccount(report, key);
+    SectionAccount& section = sectionAccountOf(report.file(), key);
     section.fate = SectionFate::New;
     section.isInstalled = isInstalled;
     section.other = report.index();
@@ -65,7 +59,7 @@ void LookupAccount::merged(FileReport& report, const std::u16string& key, bool i
                            const std::function<void()>& merge) {
     Section& known = sectionOf(key, isInstalled);
     Section under{report.index(), originsOf(isOver ? target : source, report.index())};
-    SectionAccount& section = sectionAccount(report, key);
+    SectionAccount& section = sectionAccountOf(report.file(), key);
     section.fate = isOver ? SectionFate::Overlay : SectionFate::Merged;
     section.isInstalled = isInstalled;
     section.other = known.owner;

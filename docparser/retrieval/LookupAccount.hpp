@@ -64,4 +64,9 @@ private:
     std::map<std::u16string, Section> notInstalled_;
 };
 
+/// The account that the readers of a retrieval tell; null when nobody asks.
+inline LoadAccount* loadAccountOf(const LookupReadContext& context) noexcept {
+    return context.account ? &context.account->account() : nullptr;
+}
+
 } // namespace reference::docparser

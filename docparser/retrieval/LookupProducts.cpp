@@ -58,16 +58,12 @@ void readLookup(const Product& product, const LookupReadContext& context, FileRe
     }));
 }
 
-LoadAccount* filesOf(const LookupReadContext& context) {
-    return context.account ? &context.account->account() : nullptr;
-}
-
 } // namespace
 
 void readFolderLookups(const std::vector<ProductPathData>& products,
                        const LookupReadContext& context, LookupResults& result) {
     for (const ProductPathData& product : products) {
-        FileReport report(filesOf(context), FileRole::Lookup, product.getFullPath(), {},
+        FileReport report(loadAccountOf(context), FileRole::Lookup, product.getFullPath(), {},
                           product.isNonEnglishLocale());
         readLookup(product, context, report, result);
     }
@@ -77,8 +73,8 @@ void readZipPackageLookups(const std::vector<ProductZipData>& products,
                            const std::u16string& package, const LookupReadContext& context,
                            LookupResults& result) {
     for (const ProductZipData& product : products) {
-        FileReport report(filesOf(context), FileRole::Lookup, package, product.getEntry().getName(),
-                          product.isNonEnglishLocale());
+        FileReport report(loadAccountOf(context), FileRole::Lookup, package,
+                          product.getEntry().getName(), product.isNonEnglishLocale());
         readLookup(product, context, report, result);
     }
 }

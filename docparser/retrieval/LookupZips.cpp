@@ -14,7 +14,7 @@ LookupResults readZipLookups(const std::vector<ProductPathData>& zipPackages,
     LookupResults result;
     const opc::FileSystemOpsSelector selector(
         storage::microservicestoragesystem::GetStorageSystemReference());
-    LoadAccount* const account = context.account ? &context.account->account() : nullptr;
+    LoadAccount* const account = loadAccountOf(context);
     for (const ProductPathData& zipFile : zipPackages) {
         FileReport report(account, FileRole::Package, zipFile.getFullPath(), {},
                           zipFile.isNonEnglishLocale());

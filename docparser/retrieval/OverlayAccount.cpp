@@ -1,13 +1,8 @@
 #include "docparser/retrieval/OverlayAccount.hpp"
 
-#include <algorithm>
+#include "docparser/retrieval/FileReport.hpp"
 
 namespace reference::docparser {
-
-SectionAccount& OverlayAccount::sectionOf(const std::u16string& key) {
-    // The first of its key: those that follow were dropped when the file was read.
-    return *std::ranges::find(account_->files.back().sections, key, &SectionAccount::key);
-}
 
 OverlayAccount::OverlayAccount(LoadAccount* account) noexcept : account_(account) {
     if (!account)
@@ -22,7 +17,7 @@ OverlayAccount::OverlayAccount(LoadAccount* account) noexcept : account_(account
 void OverlayAccount::added(const std::u16string& key) {
     if (!account_)
         return;
-    SectionAccount& section = sectionOf(key);
+    SectionAccount& section = sectionAccountOf(account_->files.back(), key);
     section.fate = SectionFate::New;
     section.other = account_->files.size() - 1;
 }
@@ -34,7 +29,7 @@ void OverlayAccount::overlaid(const std::u16string& key,
     const std::size_t translated = account_->files.size() - 1;
     const std::size_t english = translated - 1;
     account_->files.back().fate = Fate::Overlay;
-    SectionAccount& section = sectionOf(key);
+    SectionAccount& section = sectionAccountOf(account_->files.back(), key);
     section.fate = SectionFate::Overlay;
     section.other = english;
     for (const auto& [href, items] : replaced)

@@ -22,8 +22,6 @@ public:
     void overlaid(const std::u16string& key, const DocResource<property::RefItem>::Items& replaced);
 
 private:
-    SectionAccount& sectionOf(const std::u16string& key);
-
     LoadAccount* account_;
 };
 
