@@ -1,10 +1,10 @@
 #include "platform/InstallationManifest.hpp"
 
 #include "platform/ReadLimits.hpp"
-#include "platform/except/NonStopArithmetic.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/Path.hpp"
 #include "platform/path/RegularFile.hpp"
+#include "platform/system/NonStopArithmetic.hpp"
 
 #include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
@@ -134,7 +134,7 @@ std::string describePosition(std::string_view text, std::size_t offset) {
 json::value parseText(std::string_view text) {
     json::parser parser;
     json::error_code error;
-    const foundation::core::except::NonStopArithmetic nonStop;
+    const platform::NonStopArithmetic nonStop;
     const std::size_t consumed = parser.write(text.data(), text.size(), error);
     if (error)
         throw std::runtime_error(describePosition(text, consumed) + ": " + error.message());

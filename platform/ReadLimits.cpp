@@ -12,6 +12,9 @@ constinit std::atomic<std::uint64_t> packageBytes{ReadLimits{}.packageBytes};
 
 } // namespace
 
+// Out of line, so that one library holds the type's identity and every other can catch it.
+LimitError::~LimitError() = default;
+
 void setReadLimits(const ReadLimits& limits) noexcept {
     fileBytes.store(limits.fileBytes, std::memory_order_relaxed);
     entryBytes.store(limits.entryBytes, std::memory_order_relaxed);

@@ -3,6 +3,7 @@
 #include "platform/Export.hpp"
 
 #include <cstdint>
+#include <stdexcept>
 
 namespace platform {
 
@@ -19,6 +20,13 @@ struct ReadLimits {
     std::uint64_t packageBytes = std::uint64_t{4} << 30;
 
     bool operator==(const ReadLimits&) const = default;
+};
+
+/// A read was refused because of a limit; what() says which, without a final period.
+class DOCPARSER_PLATFORM_EXPORT LimitError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+    ~LimitError() override;
 };
 
 /// Sets the limits of the whole process for the reads that start from now on. Any thread may call;

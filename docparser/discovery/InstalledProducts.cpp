@@ -1,7 +1,7 @@
 #include "docparser/discovery/InstalledProducts.hpp"
 
 #include "docparser/shared/Constants.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "platform/install/InstalledPackages.hpp"
 #include "platform/path/Path.hpp"
@@ -37,7 +37,7 @@ SupportPackages findHardwareSupportPackages(const std::u16string& folder) {
 
     SupportPackages packages;
     // A query that fails leaves the host without support packages, not without documentation.
-    foundation::core::except::completes([&] {
+    platform::ignoreFailure([&] {
         packages = install::product_impl::utils::getInstalledHardwareSupportPackages(root.string());
     });
     return packages;

@@ -3,7 +3,7 @@
 #include "docparser/discovery/FileNames.hpp"
 #include "docparser/shared/Accounting.hpp"
 #include "docparser/shared/Constants.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/path/DirectoryIterator.hpp"
 #include "platform/path/Path.hpp"
 
@@ -31,7 +31,7 @@ ProductLists findProducts(const std::u16string& root,
             noteSkipped(*account, file.full_pathname().string(), {}, fate);
     };
     // A folder that vanishes or can't be read ends the walk; what was found before is of use.
-    foundation::core::except::completes([&] {
+    platform::ignoreFailure([&] {
         if (root.empty())
             return;
         fl::filesystem::directory_iterator file(fl::filesystem::make_native_form(root), u"*");

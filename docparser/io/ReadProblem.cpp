@@ -1,7 +1,7 @@
 #include "docparser/io/ReadProblem.hpp"
 
+#include "platform/ReadLimits.hpp"
 #include "platform/except/IException.hpp"
-#include "platform/package/PackageError.hpp"
 #include "platform/path/Path.hpp"
 #include "platform/path/RegularFile.hpp"
 
@@ -15,9 +15,7 @@ ReadProblem problemOf(const std::exception_ptr& failure) {
         std::rethrow_exception(failure);
     } catch (const std::bad_alloc&) {
         return {Fate::Failed, "there is not enough memory"};
-    } catch (const FileLimitError& error) {
-        return {Fate::OverLimit, error.what()};
-    } catch (const opc::PackageLimitError& error) {
+    } catch (const platform::LimitError& error) {
         return {Fate::OverLimit, error.what()};
     } catch (const std::exception& error) {
         return {Fate::Unreadable, error.what()};

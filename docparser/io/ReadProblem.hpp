@@ -3,7 +3,6 @@
 #include "docparser/shared/LoadAccount.hpp"
 
 #include <exception>
-#include <stdexcept>
 #include <string>
 
 namespace reference::docparser {
@@ -12,12 +11,6 @@ namespace reference::docparser {
 struct ReadProblem {
     Fate fate = Fate::Used; ///< Used: there is no problem
     std::string reason;     ///< for people, in UTF-8; may be empty
-};
-
-/// A file that is larger than platform::readLimits() allows.
-class FileLimitError final : public std::length_error {
-public:
-    using std::length_error::length_error;
 };
 
 /// What a failed step says of the file that it was to read: Unreadable, OverLimit, or Failed where

@@ -1,8 +1,8 @@
 #include "docparser/io/ResourceFileReader.hpp"
 
 #include "docparser/shared/DiagnosticChannel.hpp"
+#include "platform/Failure.hpp"
 #include "platform/ReadLimits.hpp"
-#include "platform/except/Completes.hpp"
 #include "platform/path/FileStream.hpp"
 #include "platform/path/Path.hpp"
 
@@ -16,7 +16,7 @@ void readWhole(fl::filesystem::ifstream& stream, std::string& text) {
     stream.seekg(0, std::ios::end);
     const std::streamoff size = stream.tellg();
     if (size > 0 && static_cast<std::uint64_t>(size) > platform::readLimits().fileBytes)
-        throw FileLimitError("it is larger than the limit");
+        throw platform::LimitError("it is larger than the limit");
     // A size that is not known is negative and fails here, as more than a text can hold.
     text.resize(static_cast<std::size_t>(size));
     stream.seekg(0, std::ios::beg);
@@ -34,8 +34,7 @@ std::string readFile(const std::u16string& path, ReadProblem* problem) {
         return text;
     }
     // An empty text fails in the parser, so that the caller tries the next place.
-    const std::exception_ptr failure =
-        foundation::core::except::failureOf([&] { readWhole(stream, text); });
+    const std::exception_ptr failure = platform::failureOf([&] { readWhole(stream, text); });
     if (failure) {
         docParserLog().write(foundation::log::kSeverityProblem,
                              "Problem reading JSON file: ", path);

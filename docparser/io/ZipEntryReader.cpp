@@ -1,7 +1,7 @@
 #include "docparser/io/ZipEntryReader.hpp"
 
 #include "docparser/shared/DiagnosticChannel.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/package/ContentSource.hpp"
 #include "platform/package/StreamHelper.hpp"
 
@@ -13,7 +13,7 @@ std::string openAndReadFile(const ProductZipData& product, ReadProblem* problem)
     docParserLog().write(kSeverityTrace, "Reading file: ", product.getName());
     std::string text;
     // An empty text fails in the parser, so that this product alone is left out.
-    const std::exception_ptr failure = foundation::core::except::failureOf([&] {
+    const std::exception_ptr failure = platform::failureOf([&] {
         const auto source = product.getFileSystemManager().getFileContentSource(
             product.getEntry(), opc::TransformMode::Decoded);
         const auto stream = source->openInputStream();

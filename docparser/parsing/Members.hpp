@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docparser/parsing/JsonAccess.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 
 #include <algorithm>
 #include <array>
@@ -72,7 +72,7 @@ public:
     typename E::Value word(std::size_t slot) const {
         typename E::Value result = E::getDefaultValue();
         if (slots_[slot])
-            foundation::core::except::completes(
+            platform::ignoreFailure(
                 [&] { result = E::stringToEnum(std::string_view(slots_[slot]->as_string())); });
         return result;
     }

@@ -5,7 +5,7 @@
 #include "docparser/retrieval/FileReport.hpp"
 #include "docparser/retrieval/LookupAccount.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 
 #include <utility>
 
@@ -49,7 +49,7 @@ void readLookup(const Product& product, const LookupReadContext& context, FileRe
                 LookupResults& result) {
     const std::u16string name = ownName(product, context.localeSuffix);
     // A product that is missing or damaged is left out; the others are served.
-    report.conclude(foundation::core::except::failureOf([&] {
+    report.conclude(platform::failureOf([&] {
         std::string text = openAndReadFile(product, report.problem());
         report.keepText(text);
         LookupMap sections = context.parseLookupText(std::move(text), name, report.sections());

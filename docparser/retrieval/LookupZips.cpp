@@ -4,7 +4,7 @@
 #include "docparser/retrieval/FileReport.hpp"
 #include "docparser/retrieval/LookupAccount.hpp"
 #include "docparser/retrieval/LookupProducts.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/package/StorageSystem.hpp"
 
 namespace reference::docparser {
@@ -19,7 +19,7 @@ LookupResults readZipLookups(const std::vector<ProductPathData>& zipPackages,
         FileReport report(account, FileRole::Package, zipFile.getFullPath(), {},
                           zipFile.isNonEnglishLocale());
         // A broken package costs its own products; what they had merged already stays.
-        const std::exception_ptr failure = foundation::core::except::failureOf([&] {
+        const std::exception_ptr failure = platform::failureOf([&] {
             ZipPackage package(zipFile.getFullPath(), selector);
             const std::vector<ProductZipData> products =
                 package.findProducts(zipFile.isNonEnglishLocale(), context.supportedLocales,

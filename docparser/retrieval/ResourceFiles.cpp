@@ -8,15 +8,15 @@
 #include "docparser/retrieval/ResourceText.hpp"
 #include "docparser/shared/Accounting.hpp"
 #include "docparser/shared/Constants.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/path/Path.hpp"
 
 #include <utility>
 
 namespace reference::docparser {
 
-using foundation::core::except::completes;
-using foundation::core::except::failureOf;
+using platform::failureOf;
+using platform::ignoreFailure;
 using property::RefItem;
 
 namespace {
@@ -77,7 +77,7 @@ std::optional<ResourceMap<RefItem>> getResourceDataAtRoot(const std::u16string& 
     if (!resources)
         return translated;
     // Should memory end halfway, the sections overlaid so far stay.
-    completes([&] { overlay(*translated, *resources, OverlayAccount(currentLoadAccount())); });
+    ignoreFailure([&] { overlay(*translated, *resources, OverlayAccount(currentLoadAccount())); });
     return resources;
 }
 

@@ -4,7 +4,7 @@
 #include "docparser/parsing/JsonAccess.hpp"
 #include "docparser/parsing/RefItem.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
-#include "platform/except/NonStopArithmetic.hpp"
+#include "platform/system/NonStopArithmetic.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
@@ -21,7 +21,7 @@ namespace {
 constexpr std::size_t kFirstBlockBytes = 1024;
 
 json::value parseDocument(const std::string& text, json::monotonic_resource& arena) {
-    const foundation::core::except::NonStopArithmetic nonStop;
+    const platform::NonStopArithmetic nonStop;
     return json::parse(text, &arena);
 }
 

@@ -2,8 +2,7 @@
 
 namespace opc {
 
-// Out of line, so that one library holds the types' identities and every other can catch them.
+// Out of line, so that one library holds the type's identity and every other can catch it.
 PackageError::~PackageError() = default;
-PackageLimitError::~PackageLimitError() = default;
 
 } // namespace opc

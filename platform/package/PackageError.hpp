@@ -15,11 +15,4 @@ public:
     ~PackageError() override;
 };
 
-/// An entry that would take more memory than platform::readLimits() allows.
-class DOCPARSER_PLATFORM_EXPORT PackageLimitError : public PackageError {
-public:
-    using PackageError::PackageError;
-    ~PackageLimitError() override;
-};
-
 } // namespace opc

@@ -1,6 +1,6 @@
 #include "platform/package/ZipArchive.hpp"
 
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
 
 #include <algorithm>
@@ -52,7 +52,7 @@ std::vector<FlaggedEntry> ZipArchive::flaggedEntries() {
     source_.file().allowReading(kLongestDirectory);
     // A directory that cannot be read to its end stays refused, for the reason that libzip gave.
     static_cast<void>(
-        foundation::core::except::completes([&] { flagged = findFlaggedEntries(source_.file()); }));
+        platform::ignoreFailure([&] { flagged = findFlaggedEntries(source_.file()); }));
     return flagged;
 }
 

@@ -42,7 +42,7 @@ std::size_t ZipEntryStream::read(char* room, std::size_t length) {
     }
     const auto count = static_cast<std::uint64_t>(answer);
     if (count > affordable)
-        fail<PackageLimitError>("it is larger than the limit");
+        fail<platform::LimitError>("it is larger than the limit");
     deliveredBytes_ += count;
     archive_->countDelivered(count);
     if (deliveredBytes_ > description_.size)

@@ -1,6 +1,6 @@
 #include "tools/refdoc/SourceTexts.hpp"
 
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/package/ContentSource.hpp"
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/InputStream.hpp"
@@ -80,7 +80,7 @@ SourceTexts::~SourceTexts() = default;
 std::string SourceTexts::read(const SourceFile& file) {
     std::string text;
     // What went away since the library read it, or can't be read twice, has no places to show.
-    foundation::core::except::completes([&] {
+    platform::ignoreFailure([&] {
         text =
             file.entry.empty() ? readFile(file.path, std::nullopt) : readEntry(file, std::nullopt);
     });
@@ -90,7 +90,7 @@ std::string SourceTexts::read(const SourceFile& file) {
 std::string SourceTexts::readStart(const SourceFile& file) {
     std::string text;
     // What can't be read looks like nothing.
-    foundation::core::except::completes([&] {
+    platform::ignoreFailure([&] {
         text =
             file.entry.empty() ? readFile(file.path, kStartLength) : readEntry(file, kStartLength);
     });

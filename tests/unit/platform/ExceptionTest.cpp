@@ -1,4 +1,4 @@
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/except/IException.hpp"
 
 #include <boost/exception/diagnostic_information.hpp>
@@ -118,57 +118,6 @@ TEST(ExceptionTest, ComesBackWholeFromBoostsExceptionPointer) {
         EXPECT_EQ(*fileNameOf(failure), "orchard.json");
     }
 }
-
-TEST(CompletesTest, IsTrueForAStepThatRunsToItsEnd) {
-    int runs = 0;
-    EXPECT_TRUE(completes([&] { ++runs; }));
-    EXPECT_TRUE(completes([&] { return ++runs < 0; })) << "what the step returns is not looked at";
-    EXPECT_EQ(runs, 2);
-}
-
-TEST(CompletesTest, IsFalseForAStepThatThrowsAnything) {
-    EXPECT_FALSE(completes([] { throw std::runtime_error("a branch broke"); }));
-    EXPECT_FALSE(completes([] { throw PruningFailure(1); }));
-    EXPECT_FALSE(completes([] { throw 1; }));
-}
-
-TEST(CompletesTest, UnwindsTheStepThatThrows) {
-    const auto kept = std::make_shared<int>(1);
-    EXPECT_FALSE(completes([&] {
-        const std::shared_ptr<int> shared = kept;
-        throw shared.use_count();
-    }));
-    EXPECT_EQ(kept.use_count(), 1);
-}
-
-TEST(CompletesTest, CallsAStepThatCanBeMovedOnly) {
-    EXPECT_TRUE(completes([owned = std::make_unique<int>(1)]() mutable { owned.reset(); }));
-}
-
-#ifdef __linux__
-// Waits inside a step for what never comes; only a cancellation ends it.
-void* waitInAStep(void* pipeEnd) {
-    completes([&] {
-        char byte = 0;
-        while (::read(*static_cast<int*>(pipeEnd), &byte, 1) != 0) {
-        }
-    });
-    return nullptr;
-}
-
-TEST(CompletesTest, LetsTheCancellationOfItsThreadPass) {
-    int ends[2] = {-1, -1};
-    ASSERT_EQ(::pipe(ends), 0);
-    pthread_t thread = {};
-    ASSERT_EQ(::pthread_create(&thread, nullptr, &waitInAStep, &ends[0]), 0);
-    ASSERT_EQ(::pthread_cancel(thread), 0);
-    void* result = nullptr;
-    ASSERT_EQ(::pthread_join(thread, &result), 0);
-    EXPECT_EQ(result, PTHREAD_CANCELED);
-    ::close(ends[0]);
-    ::close(ends[1]);
-}
-#endif
 
 } // namespace
 

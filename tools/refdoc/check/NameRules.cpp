@@ -1,7 +1,7 @@
 #include "tools/refdoc/check/NameRules.hpp"
 
 #include "docparser/DocResourceParser.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/DirectoryIterator.hpp"
 #include "platform/path/Path.hpp"
@@ -213,7 +213,7 @@ std::set<NamedFile> listResourceFolder(const std::u16string& folder) {
         read.insert(file.getFullPath());
     std::set<NamedFile> files;
     // A folder that can't be read has no files to speak of.
-    foundation::core::except::completes([&] {
+    platform::ignoreFailure([&] {
         fl::filesystem::directory_iterator file(fl::filesystem::make_native_form(folder), u"*");
         for (; file.is_open(); file.increment()) {
             const std::u16string path = file.full_pathname().string();

@@ -2,7 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/parsing/TextPlaces.hpp"
-#include "platform/except/Completes.hpp"
+#include "platform/Failure.hpp"
 
 #include <boost/json/parse.hpp>
 
@@ -12,7 +12,7 @@ namespace refdoc {
 
 namespace json = boost::json;
 using namespace reference::docparser;
-using foundation::core::except::completes;
+using platform::ignoreFailure;
 using Tools = DocResourceParser::ParsingTools;
 
 namespace {
@@ -72,7 +72,7 @@ std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
     if (!text)
         return sections;
     // What the library could read fails here only if it is not the same text any more.
-    completes([&] {
+    ignoreFailure([&] {
         const json::value document = json::parse(*text);
         for (SourceSection& section : sections)
             readRecords(document, file.role, key, section);

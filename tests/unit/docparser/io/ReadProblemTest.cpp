@@ -1,6 +1,7 @@
 #include "docparser/io/ReadProblem.hpp"
 
 #include "docparser/DocParserException.hpp"
+#include "platform/ReadLimits.hpp"
 #include "platform/package/PackageError.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -33,8 +34,7 @@ Problem problemOfOpeningAt(const std::u16string& path,
 TEST(ReadProblem, TellsWhatKeptAFileFromBeingRead) {
     EXPECT_EQ(problemAfter(std::runtime_error("no disk")), Problem(Fate::Unreadable, "no disk"));
     EXPECT_EQ(problemAfter(opc::PackageError("bad entry")), Problem(Fate::Unreadable, "bad entry"));
-    EXPECT_EQ(problemAfter(FileLimitError("too large")), Problem(Fate::OverLimit, "too large"));
-    EXPECT_EQ(problemAfter(opc::PackageLimitError("too large")),
+    EXPECT_EQ(problemAfter(platform::LimitError("too large")),
               Problem(Fate::OverLimit, "too large"));
     EXPECT_EQ(problemAfter(std::bad_alloc()), Problem(Fate::Failed, "there is not enough memory"));
     EXPECT_EQ(problemAfter(5), Problem(Fate::Unreadable, ""));
