@@ -3,8 +3,8 @@
 #include "platform/ReadLimits.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/Path.hpp"
-#include "platform/path/RegularFile.hpp"
 #include "platform/system/NonStopArithmetic.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
@@ -142,7 +142,7 @@ json::value parseText(std::string_view text) {
 }
 
 std::string readText(const std::filesystem::path& name) {
-    const auto file = fl::filesystem::RegularFile::open(name);
+    const auto file = RegularFile::open(name);
     if (!file)
         throw std::runtime_error("it is not a file that can be read");
     const std::uint64_t size = file->size();

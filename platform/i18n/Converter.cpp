@@ -35,16 +35,16 @@ constexpr bool isLowSurrogate(char16_t unit) noexcept {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// Calls fill(room) with room for `length` units and makes the text of as many as it returns.
+// Calls fill(buffer) with a buffer of `length` units and makes the text of as many as it returns.
 // The string is constructed once, with its exact size.
 template <class Fill>
 std::u16string makeText(std::size_t length, Fill fill) {
     if (length <= kStackUnits) {
-        std::array<char16_t, kStackUnits> room;
-        return {room.data(), fill(room.data())};
+        std::array<char16_t, kStackUnits> buffer;
+        return {buffer.data(), fill(buffer.data())};
     }
-    const auto room = std::make_unique_for_overwrite<char16_t[]>(length);
-    return {room.get(), fill(room.get())};
+    const auto buffer = std::make_unique_for_overwrite<char16_t[]>(length);
+    return {buffer.get(), fill(buffer.get())};
 }
 
 char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
@@ -157,8 +157,8 @@ codecvt_string_to_ustring::codecvt_string_to_ustring(std::string_view encoding,
 }
 
 std::u16string codecvt_string_to_ustring::convert(const char* text, std::size_t length) const {
-    return makeText(length, [&](char16_t* room) {
-        return decode({text, length}, room, replaceIllFormed_);
+    return makeText(length, [&](char16_t* buffer) {
+        return decode({text, length}, buffer, replaceIllFormed_);
     });
 }
 
@@ -166,8 +166,8 @@ std::u16string codecvt_ascii_to_ustring::convert(const char* text, std::size_t l
     const std::span bytes(text, length);
     if (strict_ && !std::ranges::all_of(bytes, isAscii))
         throw std::range_error("a byte above 0x7F where ASCII was expected");
-    return makeText(length, [&](char16_t* room) {
-        std::ranges::transform(bytes, room, widen);
+    return makeText(length, [&](char16_t* buffer) {
+        std::ranges::transform(bytes, buffer, widen);
         return length;
     });
 }
@@ -190,8 +190,9 @@ std::string to_string(std::u16string_view text) {
 }
 
 std::u16string to_ustring(std::string_view text) {
-    return makeText(text.size(),
-                    [&](char16_t* room) { return decode(text, room, /*replaceIllFormed=*/true); });
+    return makeText(text.size(), [&](char16_t* buffer) {
+        return decode(text, buffer, /*replaceIllFormed=*/true);
+    });
 }
 
 bool is_well_formed(std::u16string_view text) noexcept {

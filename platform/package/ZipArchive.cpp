@@ -17,7 +17,7 @@ constexpr std::uint64_t kLongestDirectory = std::uint64_t{8} << 20;
 
 } // namespace
 
-ZipArchive::ZipArchive(fl::filesystem::RegularFile file, std::u16string_view path)
+ZipArchive::ZipArchive(platform::RegularFile file, std::u16string_view path)
     : source_(std::move(file)), path_(fl::i18n::to_string(path)) {}
 
 void ZipArchive::open() {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Export.hpp"
-#include "platform/path/Folder.hpp"
 #include "platform/path/Path.hpp"
+#include "platform/system/Folder.hpp"
 
 #include <optional>
 #include <string_view>
@@ -37,8 +37,8 @@ public:
 
 private:
     path folder_;
-    std::optional<Folder> entries_; // empty when the folder can't be read
-    std::optional<path> name_;      // of the entry; empty when the walk is over
+    std::optional<platform::Folder> entries_; // empty when the folder can't be read
+    std::optional<path> name_;                // of the entry; empty when the walk is over
 };
 
 } // namespace fl::filesystem

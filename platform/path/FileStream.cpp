@@ -4,12 +4,13 @@
 
 namespace fl::filesystem {
 
-file_buffer::file_buffer(const native_string& file) : file_(RegularFile::open(file)) {}
+file_buffer::file_buffer(const platform::NativePath& file)
+    : file_(platform::RegularFile::open(file)) {}
 
-std::streamsize file_buffer::xsgetn(char* room, std::streamsize length) {
+std::streamsize file_buffer::xsgetn(char* buffer, std::streamsize length) {
     if (!file_ || length <= 0)
         return 0;
-    const std::size_t count = file_->readAt(position_, room, static_cast<std::size_t>(length));
+    const std::size_t count = file_->readAt(position_, buffer, static_cast<std::size_t>(length));
     position_ += count;
     return static_cast<std::streamsize>(count);
 }
@@ -47,7 +48,8 @@ file_buffer::pos_type file_buffer::seekpos(pos_type position, std::ios_base::ope
     return seekoff(off_type(position), std::ios_base::beg, mode);
 }
 
-basic_ifstream<char>::basic_ifstream(const native_string& file, std::ios_base::openmode, share_mode)
+basic_ifstream<char>::basic_ifstream(const platform::NativePath& file, std::ios_base::openmode,
+                                     share_mode)
     : std::istream(nullptr), buffer_(file) {
     // Setting the buffer clears the state, so a stream that is not open fails after it.
     rdbuf(&buffer_);

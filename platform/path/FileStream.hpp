@@ -2,7 +2,7 @@
 
 #include "platform/Export.hpp"
 #include "platform/path/Path.hpp"
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <istream>
 #include <optional>
@@ -20,14 +20,14 @@ enum class share_mode {
 class DOCPARSER_PLATFORM_EXPORT file_buffer : public std::streambuf {
 public:
     /// Opens the file as RegularFile::open() does; is_open() tells whether it could.
-    explicit file_buffer(const native_string& file);
+    explicit file_buffer(const platform::NativePath& file);
 
     /// Whether there is a file to read.
     bool is_open() const noexcept { return file_.has_value(); }
 
 protected:
-    /// Reads straight into `room` until it is full or the file ends; how many bytes came.
-    std::streamsize xsgetn(char* room, std::streamsize length) override;
+    /// Reads straight into `buffer` until it is full or the file ends; how many bytes came.
+    std::streamsize xsgetn(char* buffer, std::streamsize length) override;
     /// The next byte, which stays the next.
     int_type underflow() override;
     /// The next byte, which is taken.
@@ -40,7 +40,7 @@ protected:
     pos_type seekpos(pos_type position, std::ios_base::openmode mode) override;
 
 private:
-    std::optional<RegularFile> file_;
+    std::optional<platform::RegularFile> file_;
     std::uint64_t position_ = 0;
 };
 
@@ -58,7 +58,8 @@ public:
     /// Opens `file` when it is a regular file that may be read; otherwise the stream is not open.
     /// \param mode   std::ios::in with std::ios::binary
     /// \param share  what other openers may do meanwhile
-    basic_ifstream(const native_string& file, std::ios_base::openmode mode, share_mode share);
+    basic_ifstream(const platform::NativePath& file, std::ios_base::openmode mode,
+                   share_mode share);
     ~basic_ifstream() override;
 
     /// Whether there is a file to read.

@@ -77,7 +77,7 @@ path make_native_form(path file, bool) {
     return text;
 }
 
-native_string make_native_access_form_with_cleanup_i18n(const path& file) {
+platform::NativePath make_native_access_form_with_cleanup_i18n(const path& file) {
     const std::u16string& text = file.string();
     if (text.find(u'\0') != std::u16string::npos)
         throw std::system_error(std::make_error_code(std::errc::invalid_argument),
@@ -92,7 +92,7 @@ native_string make_native_access_form_with_cleanup_i18n(const path& file) {
 #endif
 }
 
-path from_native_access_form(const native_string& file) {
+path from_native_access_form(const platform::NativePath& file) {
 #ifdef _WIN32
     return std::u16string(file.begin(), file.end());
 #else

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Export.hpp"
+#include "platform/system/NativePath.hpp"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -75,17 +75,14 @@ DOCPARSER_PLATFORM_EXPORT path remove_filename(const path& file);
 /// \param isName  true when the text is a single name rather than a path; the form is the same
 DOCPARSER_PLATFORM_EXPORT path make_native_form(path file, bool isName = false);
 
-/// A path as the system's calls take it: bytes in UTF-8, or UTF-16 on Windows. It is a plain string
-/// because a std::filesystem::path takes itself apart on each construction.
-using native_string = std::filesystem::path::string_type;
-
 /// The path as the system's calls take it.
 /// \throws std::system_error  the text holds NUL (errc::invalid_argument), which would name another
 ///                            file than it says, or an unpaired surrogate where paths are bytes
 ///                            (errc::illegal_byte_sequence)
-DOCPARSER_PLATFORM_EXPORT native_string make_native_access_form_with_cleanup_i18n(const path& file);
+DOCPARSER_PLATFORM_EXPORT platform::NativePath
+make_native_access_form_with_cleanup_i18n(const path& file);
 
 /// The UTF-16 text of a path of the system; what is no valid text becomes U+FFFD.
-DOCPARSER_PLATFORM_EXPORT path from_native_access_form(const native_string& file);
+DOCPARSER_PLATFORM_EXPORT path from_native_access_form(const platform::NativePath& file);
 
 } // namespace fl::filesystem

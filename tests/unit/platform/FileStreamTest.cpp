@@ -1,7 +1,7 @@
 #include "platform/path/FileStream.hpp"
 
 #include "platform/path/Path.hpp"
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/RegularFile.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <fcntl.h>
@@ -27,6 +27,7 @@ namespace fl::filesystem {
 namespace {
 
 using docparser_tests::TemporaryFolder;
+using platform::RegularFile;
 using std::string;
 
 ifstream openStream(const std::filesystem::path& file) {

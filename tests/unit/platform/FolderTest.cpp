@@ -1,4 +1,4 @@
-#include "platform/path/Folder.hpp"
+#include "platform/system/Folder.hpp"
 
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace fl::filesystem {
+namespace platform {
 namespace {
 
 using docparser_tests::TemporaryFolder;
@@ -56,4 +56,4 @@ TEST(FolderTest, APathWithNulNamesNoFolder) {
 }
 
 } // namespace
-} // namespace fl::filesystem
+} // namespace platform

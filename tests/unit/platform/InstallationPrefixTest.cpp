@@ -1,4 +1,4 @@
-#include "platform/InstallationPrefix.hpp"
+#include "platform/system/InstallationPrefix.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Answers in place of the loader, so it is a program of its own.
-#include "platform/InstallationPrefix.hpp"
+#include "platform/system/InstallationPrefix.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <dlfcn.h>

@@ -1,8 +1,8 @@
-#include "platform/except/Cancellation.hpp"
+#include "platform/system/Cancellation.hpp"
 
 #include <pthread.h>
 
-namespace foundation::core::except {
+namespace platform {
 
 CancellationHold::CancellationHold() noexcept {
     ::pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before_);
@@ -17,4 +17,4 @@ void letCancellationPass() {
     ::pthread_testcancel();
 }
 
-} // namespace foundation::core::except
+} // namespace platform

@@ -1,5 +1,5 @@
-#include "platform/InstallationPrefix.hpp"
 #include "platform/path/Path.hpp"
+#include "platform/system/InstallationPrefix.hpp"
 
 #include <dlfcn.h>
 
@@ -7,10 +7,10 @@ namespace platform {
 
 namespace {
 
-// Any object of this library tells the loader which library is meant.
+// The loader identifies this library by the address of any of its objects.
 constexpr char kAnchor = 0;
 
-// The folder that this library lies in; empty when the loader does not tell.
+// The folder of this library; empty if the loader does not report it.
 std::filesystem::path ownFolder() {
     Dl_info info = {};
     if (::dladdr(&kAnchor, &info) == 0 || info.dli_fname == nullptr)

@@ -1,5 +1,5 @@
-#include "platform/except/Cancellation.hpp"
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/Cancellation.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -9,11 +9,9 @@
 #include <system_error>
 #include <utility>
 
-namespace fl::filesystem {
+namespace platform {
 
 namespace {
-
-using foundation::core::except::CancellationHold;
 
 constexpr std::intptr_t kNoHandle = -1;
 
@@ -25,7 +23,7 @@ int descriptor(std::intptr_t handle) noexcept {
     throw std::system_error(errno, std::generic_category(), what);
 }
 
-// Makes a call into the system again for as long as a signal interrupts it.
+// Repeats a system call for as long as signals interrupt it.
 template <class Call>
 auto uninterrupted(Call call) {
     auto result = call();
@@ -35,7 +33,7 @@ auto uninterrupted(Call call) {
 }
 
 int openDescriptor(const char* file) noexcept {
-    // Without O_NONBLOCK the opening of a pipe waits for a writer.
+    // Without O_NONBLOCK, opening a pipe would wait for a writer.
     return uninterrupted(
         [&] { return ::open(file, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY); });
 }
@@ -47,22 +45,22 @@ bool isRegular(int file) noexcept {
 
 } // namespace
 
-FileKind kindOf(const native_string& file) noexcept {
-    // The system would stop at NUL and take the name for that of another file.
+FileType fileTypeOf(const NativePath& file) noexcept {
+    // The system would read the path only up to the NUL and examine another file.
     if (file.find('\0') != std::string::npos)
-        return FileKind::Missing;
+        return FileType::Missing;
     struct stat status = {};
     if (uninterrupted([&] { return ::stat(file.c_str(), &status); }) != 0)
-        return FileKind::Missing;
-    return S_ISREG(status.st_mode) ? FileKind::Regular : FileKind::Other;
+        return FileType::Missing;
+    return S_ISREG(status.st_mode) ? FileType::Regular : FileType::Other;
 }
 
-std::optional<RegularFile> RegularFile::open(const native_string& file) noexcept {
-    // Nothing can be unwound from here; the first read lets a cancellation pass.
+std::optional<RegularFile> RegularFile::open(const NativePath& file) noexcept {
+    // This function cannot be unwound; the first read is a cancellation point.
     const CancellationHold hold;
-    // A device may act on being opened, so its kind is asked before and, should the name have
-    // come to mean another file in between, after.
-    if (kindOf(file) != FileKind::Regular)
+    // Opening a device may have side effects, so the type is checked before, and again after in
+    // case the path has been given to another file meanwhile.
+    if (fileTypeOf(file) != FileType::Regular)
         return std::nullopt;
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)
@@ -84,7 +82,7 @@ RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
 RegularFile::~RegularFile() {
     if (handle_ == kNoHandle)
         return;
-    // A thread that ended here would end its process, as a destructor cannot be unwound.
+    // A destructor cannot be unwound: a cancellation here would end the process.
     const CancellationHold hold;
     ::close(descriptor(handle_));
 }
@@ -96,12 +94,12 @@ std::uint64_t RegularFile::size() const {
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t length) const {
+std::size_t RegularFile::readAt(std::uint64_t offset, char* buffer, std::size_t length) const {
     std::size_t done = 0;
     while (done < length) {
-        const auto place = static_cast<off_t>(offset + done);
+        const auto position = static_cast<off_t>(offset + done);
         const ssize_t count = uninterrupted(
-            [&] { return ::pread(descriptor(handle_), room + done, length - done, place); });
+            [&] { return ::pread(descriptor(handle_), buffer + done, length - done, position); });
         if (count < 0)
             throwLastError("a file could not be read");
         if (count == 0)
@@ -111,4 +109,4 @@ std::size_t RegularFile::readAt(std::uint64_t offset, char* room, std::size_t le
     return done;
 }
 
-} // namespace fl::filesystem
+} // namespace platform

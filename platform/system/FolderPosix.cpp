@@ -1,4 +1,4 @@
-#include "platform/path/Folder.hpp"
+#include "platform/system/Folder.hpp"
 
 #include <dirent.h>
 
@@ -7,12 +7,12 @@
 #include <string_view>
 #include <system_error>
 
-namespace fl::filesystem {
+namespace platform {
 
 namespace {
 
-// What a call into the system returns once no signal interrupts it; null when it fails or, with
-// errno 0, when there is no more.
+// Repeats a system call that a signal interrupted and returns its result; null if it fails or, with
+// errno 0, if there are no more names.
 template <class Call>
 auto uninterrupted(Call call) {
     do {
@@ -29,8 +29,8 @@ void Folder::Close::operator()(void* handle) const noexcept {
     ::closedir(static_cast<DIR*>(handle));
 }
 
-std::optional<Folder> Folder::open(const native_string& folder) noexcept {
-    // The system would stop at NUL and take the name for that of another folder.
+std::optional<Folder> Folder::open(const NativePath& folder) noexcept {
+    // The system would read the path only up to the NUL and open another folder.
     if (folder.find('\0') != std::string::npos)
         return std::nullopt;
     DIR* const opened = uninterrupted([&] { return ::opendir(folder.c_str()); });
@@ -39,16 +39,16 @@ std::optional<Folder> Folder::open(const native_string& folder) noexcept {
     return Folder(opened);
 }
 
-std::optional<native_string> Folder::next() {
+std::optional<NativePath> Folder::next() {
     DIR* const folder = static_cast<DIR*>(handle_.get());
     while (const dirent* const entry = uninterrupted([&] { return ::readdir(folder); })) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..")
-            return native_string(name);
+            return NativePath(name);
     }
     if (errno != 0)
         throw std::system_error(errno, std::generic_category(), "a folder could not be read");
     return std::nullopt;
 }
 
-} // namespace fl::filesystem
+} // namespace platform
