@@ -15,6 +15,7 @@
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 namespace platform {
@@ -79,6 +80,14 @@ struct Node {
     }
 };
 
+// The families of an application's own catalogue may need more than a name; the manifest has none
+// then.
+template <class Family>
+void appendFamily(std::vector<Family>& families, std::string name) {
+    if constexpr (std::is_constructible_v<Family, std::string>)
+        families.emplace_back(std::move(name));
+}
+
 std::shared_ptr<const TopLevelDocProduct> readProduct(const Node& product) {
     std::string displayName = product.optionalString("displayName");
     std::string helpLocation = product.optionalString("helpLocation");
@@ -88,7 +97,7 @@ std::shared_ptr<const TopLevelDocProduct> readProduct(const Node& product) {
     std::string availability = product.optionalString("availability");
     std::vector<ProductFamily> families;
     product.ifPresent("families", [&](const Node& list) {
-        list.forEach([&](const Node& family) { families.emplace_back(family.asString()); });
+        list.forEach([&](const Node& family) { appendFamily(families, family.asString()); });
     });
     return std::make_shared<const TopLevelDocProduct>(
         std::move(displayName), std::move(helpLocation), std::move(shortName), std::move(baseCode),
