@@ -1,6 +1,6 @@
-// The UTF-8 decoder gives what ICU gives: one U+FFFD for each maximal ill-formed sequence.
+// Compares the UTF-8 decoder with ICU: one U+FFFD for each maximal ill-formed sequence.
 
-#include "platform/i18n/Converter.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@
 #include <sstream>
 #endif
 
-namespace fl::i18n {
+namespace platform {
 
 namespace {
 
@@ -74,20 +74,21 @@ string hex(std::string_view bytes) {
 
 class Utf8DecoderTest : public testing::Test {
 protected:
-    // Compares the decoder with ICU on one text, as quickly as millions of them want it.
+    // Compares the decoder with ICU on one string. Called millions of times, so it reports nothing
+    // that agrees.
     void compare(std::string_view bytes) {
-        if (utf8_.convert(bytes.data(), bytes.size()) != icu_.convert(bytes))
+        if (toUtf16(bytes) != icu_.convert(bytes))
             addDifference(bytes);
     }
 
-    // Compares on the text alone and on the text between two characters.
+    // Compares on a string alone and on the string between two characters.
     void compareAloneAndEmbedded(std::string_view bytes) {
         compare(bytes);
         embedded_.assign(1, 'A').append(bytes).append(1, 'z');
         compare(embedded_);
     }
 
-    // Compares on every text of `length` bytes out of a set.
+    // Compares on every string of `length` bytes of a set.
     void compareCombinations(std::string_view set, std::size_t length) {
         std::vector<std::size_t> choice(length, 0);
         string bytes(length, set.front());
@@ -103,11 +104,11 @@ protected:
     }
 
     ~Utf8DecoderTest() override {
-        EXPECT_THAT(differences_, testing::IsEmpty()) << "the first texts that ICU reads otherwise";
+        EXPECT_THAT(differences_, testing::IsEmpty())
+            << "the first strings that ICU decodes differently";
     }
 
     IcuUtf8 icu_;
-    codecvt_string_to_ustring utf8_{"utf8", /*replaceIllFormed=*/true};
 
 private:
     void addDifference(std::string_view bytes) {
@@ -120,13 +121,13 @@ private:
     string embedded_;
 };
 
-// The first and the last byte of each class that the well-formed sequences tell apart, and 'A'.
+// The first and the last byte of each class that well-formed sequences distinguish, and 'A'.
 constexpr std::string_view kClassEnds(
     "\x00\x41\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3"
     "\xF4\xF5\xFF",
     25);
 
-// The bytes beside those.
+// The bytes next to those.
 constexpr std::string_view
     kNeighbours("\x01\x7E\x81\x8E\x91\x9E\xA1\xBE\xC3\xDE\xE2\xEB\xF2\xF6\xF7\xF8\xFB\xFC\xFD\xFE",
                 20);
@@ -134,16 +135,16 @@ constexpr std::string_view
 // One byte of each class.
 constexpr std::string_view kClasses("\x41\x85\x95\xAA\xC1\xD0\xE0\xE5\xED\xEF\xF0\xF2\xF4\xF8", 14);
 
-TEST_F(Utf8DecoderTest, AgreesWithIcuThatAnIllFormedSequenceEndsBeforeTheNextCharacter) {
+TEST_F(Utf8DecoderTest, EndsAnIllFormedSequenceBeforeTheNextCharacterAsIcuDoes) {
     EXPECT_EQ(icu_.convert("\xE3"
                            "A"),
               u"\uFFFDA");
-    EXPECT_EQ(to_ustring("\xE3"
-                         "A"),
+    EXPECT_EQ(toUtf16("\xE3"
+                      "A"),
               u"\uFFFDA");
 }
 
-TEST_F(Utf8DecoderTest, AgreesWithBothOfIcusDecodersOnMaximalSequences) {
+TEST_F(Utf8DecoderTest, AgreesWithBothDecodersOfIcuOnMaximalSequences) {
     const u16string replaced = u"\uFFFD\uFFFD\uFFFDA\uFFFDA\uFFFD\uFFFDA\uFFFD";
     const std::string_view bytes = "\xC0\xAF\xE1\x80"
                                    "A\xF1\x80\x80"
@@ -153,7 +154,7 @@ TEST_F(Utf8DecoderTest, AgreesWithBothOfIcusDecodersOnMaximalSequences) {
         icu::StringPiece(bytes.data(), static_cast<std::int32_t>(bytes.size())));
     EXPECT_EQ(icu_.convert(bytes), replaced);
     EXPECT_EQ(u16string(whole.getBuffer(), static_cast<std::size_t>(whole.length())), replaced);
-    EXPECT_EQ(to_ustring(bytes), replaced);
+    EXPECT_EQ(toUtf16(bytes), replaced);
 }
 
 TEST_F(Utf8DecoderTest, AgreesWithIcuOnEveryOneAndTwoBytes) {
@@ -201,21 +202,21 @@ TEST_F(Utf8DecoderTest, DecodesEveryCodePointAndEncodesItAgain) {
         U8_APPEND_UNSAFE(bytesOfOne, byteCount, codePoint);
         const u16string one(unitsOfOne.data(), unitCount);
         const string encoded(bytesOfOne.begin(), bytesOfOne.begin() + byteCount);
-        ASSERT_EQ(to_ustring(encoded), one) << codePoint;
-        ASSERT_EQ(to_string(one), encoded) << codePoint;
-        ASSERT_TRUE(is_well_formed(std::string_view(encoded))) << codePoint;
+        ASSERT_EQ(toUtf16(encoded), one) << codePoint;
+        ASSERT_EQ(toUtf8(one), encoded) << codePoint;
+        ASSERT_TRUE(isWellFormedUtf8(encoded)) << codePoint;
         units += one;
         bytes += encoded;
     }
-    EXPECT_EQ(to_ustring(bytes), units);
-    EXPECT_EQ(to_string(units), bytes);
+    EXPECT_EQ(toUtf16(bytes), units);
+    EXPECT_EQ(toUtf8(units), bytes);
 }
 
 TEST_F(Utf8DecoderTest, AgreesWithIcuOnRandomMixtures) {
     constexpr std::array<std::string_view, 8> pieces{"plain text ",      "\xC3\xA9", "\xE6\x9D\xB1",
                                                      "\xF0\x9F\x8C\xB3", "\xE6\x9D", "\xF0\x9F",
                                                      "\xED\xA0\x80",     "\xFF"};
-    std::mt19937 random(20240229); // any fixed seed: the same texts at each run
+    std::mt19937 random(20240229); // fixed, so that each run compares the same strings
     for (int round = 0; round < 20'000; ++round) {
         string bytes;
         const std::size_t length = round % 100 == 0 ? 3000 : random() % 40;
@@ -277,8 +278,8 @@ TEST(SharedUtfCasesTest, DecodesEachUtf8SequenceOfTheTable) {
         const std::vector<string> fields = split(line, '\t');
         ASSERT_EQ(fields.size(), 3u) << line;
         const string bytes = bytesOfHex(fields[0]);
-        EXPECT_EQ(to_ustring(bytes), unitsOfHex(fields[2])) << line;
-        EXPECT_EQ(is_well_formed(std::string_view(bytes)), fields[1] == "1") << line;
+        EXPECT_EQ(toUtf16(bytes), unitsOfHex(fields[2])) << line;
+        EXPECT_EQ(isWellFormedUtf8(bytes), fields[1] == "1") << line;
     }
 }
 
@@ -289,18 +290,18 @@ TEST(SharedUtfCasesTest, EncodesEachUtf16SequenceOfTheTable) {
         const std::vector<string> fields = split(line, '\t');
         ASSERT_EQ(fields.size(), 3u) << line;
         const u16string units = unitsOfHex(fields[0]);
-        EXPECT_EQ(to_string(units), bytesOfHex(fields[2])) << line;
-        EXPECT_EQ(is_well_formed(units), fields[1] == "1") << line;
+        EXPECT_EQ(toUtf8(units), bytesOfHex(fields[2])) << line;
+        EXPECT_EQ(isWellFormedUtf16(units), fields[1] == "1") << line;
     }
 }
 
 struct ReplacementCase {
     string bytes;
-    string expected; // once each ill-formed sequence is replaced; UTF-8
+    string expected; // UTF-8, with each ill-formed sequence replaced
 };
 
-// Takes the fields of a line "number:kind:bytes[:bytes when skipping:bytes when replacing]"; empty
-// for a line of another form.
+// Reads the fields of a line "number:kind:bytes[:bytes when skipping:bytes when replacing]"; empty
+// if the line has another form.
 std::optional<ReplacementCase> readCase(const std::vector<string>& fields) {
     if (fields.size() < 3)
         return std::nullopt;
@@ -314,14 +315,14 @@ std::optional<ReplacementCase> readCase(const std::vector<string>& fields) {
     return std::nullopt;
 }
 
-TEST(SharedUtfCasesTest, ReplacesAsEachDecoderTestCaseSays) {
+TEST(SharedUtfCasesTest, ReplacesAsEachDecoderTestCaseExpects) {
     int cases = 0;
     for (const string& line : linesOf("utf/utf8tests/utf8tests.txt")) {
         const auto one = readCase(split(line, ':'));
         if (!one)
             continue;
         ++cases;
-        EXPECT_EQ(to_string(to_ustring(one->bytes)), one->expected) << line;
+        EXPECT_EQ(toUtf8(toUtf16(one->bytes)), one->expected) << line;
     }
     EXPECT_EQ(cases, 222);
 }
@@ -330,4 +331,4 @@ TEST(SharedUtfCasesTest, ReplacesAsEachDecoderTestCaseSays) {
 
 } // namespace
 
-} // namespace fl::i18n
+} // namespace platform

@@ -1,4 +1,4 @@
-#include "platform/support/SupportPackageRootReader.hpp"
+#include "platform/supportpackage/SupportPackageRootReader.hpp"
 
 #include "platform/HostServices.hpp"
 

@@ -23,7 +23,7 @@ std::vector<std::string> namesIn(Folder folder) {
     return names;
 }
 
-TEST(FolderTest, ListsFilesAndFoldersButNotWhatIsInThem) {
+TEST(FolderTest, ListsItsEntriesButNotThoseOfSubfolders) {
     const TemporaryFolder folder;
     folder.write("Orchard.json", "{}");
     folder.write(".hidden", "");
@@ -32,7 +32,7 @@ TEST(FolderTest, ListsFilesAndFoldersButNotWhatIsInThem) {
                 UnorderedElementsAre("Orchard.json", ".hidden", "sub"));
 }
 
-TEST(FolderTest, AnEmptyFolderHasNoNames) {
+TEST(FolderTest, ListsNothingIfEmpty) {
     const TemporaryFolder folder;
     EXPECT_THAT(namesIn(Folder::open(folder.path()).value()), IsEmpty());
 }
@@ -44,13 +44,13 @@ TEST(FolderTest, StaysAtItsEnd) {
     EXPECT_FALSE(listing.next());
 }
 
-TEST(FolderTest, IsNotOpenedWhenItIsMissingOrAFile) {
+TEST(FolderTest, DoesNotOpenMissingFoldersAndFiles) {
     const TemporaryFolder folder;
     EXPECT_FALSE(Folder::open(folder.path() / "missing"));
     EXPECT_FALSE(Folder::open(folder.write("Orchard.json", "{}")));
 }
 
-TEST(FolderTest, APathWithNulNamesNoFolder) {
+TEST(FolderTest, DoesNotOpenTheFolderBeforeANulInThePath) {
     const TemporaryFolder folder;
     EXPECT_FALSE(Folder::open(folder.path().string() + std::string("\0rest", 5)));
 }

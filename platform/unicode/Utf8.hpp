@@ -4,24 +4,25 @@
 #include <cstdint>
 #include <string_view>
 
-namespace fl::i18n {
+namespace platform {
 
-/// What one step of decoding UTF-8 took from the text.
+/// One decoded sequence of UTF-8.
 struct DecodedSequence {
-    char32_t codePoint; ///< U+FFFD for an ill-formed sequence
-    std::size_t length; ///< bytes that belong to it, 1 to 4
+    char32_t codePoint; ///< U+FFFD if the sequence is ill-formed
+    std::size_t length; ///< in bytes, 1 to 4
     bool isWellFormed;
 };
 
-/// What a lead byte promises. The range of the second byte shuts out overlong forms, surrogates and
-/// what lies above U+10FFFF; every later byte is any of 80..BF.
+/// What a lead byte requires of the sequence that it starts. The range of the second byte excludes
+/// overlong forms, surrogates and values above U+10FFFF; later bytes may be any of 80..BF.
 struct Utf8Lead {
-    std::size_t length; ///< of the whole sequence; 0: no sequence starts with this byte
+    std::size_t length; ///< of the sequence in bytes; 0: no sequence starts with this byte
     std::uint8_t payload;
     std::uint8_t secondMin;
     std::uint8_t secondMax;
 };
 
+/// Returns what a byte requires as the first of a sequence.
 constexpr Utf8Lead classifyUtf8Lead(std::uint8_t byte) noexcept {
     const auto payload = [&](int mask) { return static_cast<std::uint8_t>(byte & mask); };
     if (byte < 0x80)
@@ -43,11 +44,11 @@ constexpr Utf8Lead classifyUtf8Lead(std::uint8_t byte) noexcept {
     return {0, 0, 0, 0};
 }
 
-/// Decodes the sequence at the start of `text`, which is not empty. Inline, since it is the inner
-/// loop of reading any text but English.
+/// Decodes the sequence at the start of a string. Inline, because this is the inner loop of reading
+/// any language but English.
 ///
-/// An ill-formed sequence is maximal: its bytes are those that some well-formed sequence starts
-/// with, one byte at the least. E3 41 is the ill-formed E3 and then an A.
+/// An ill-formed sequence is maximal: the longest prefix of a well-formed sequence, and at least
+/// one byte. E3 41 is the ill-formed sequence E3, followed by an A. \param text  not empty
 constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     constexpr char32_t kReplacement = 0xFFFD;
     const auto byteAt = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
@@ -66,4 +67,4 @@ constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     return {codePoint, lead.length, true};
 }
 
-} // namespace fl::i18n
+} // namespace platform

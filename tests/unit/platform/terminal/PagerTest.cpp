@@ -22,7 +22,7 @@ std::string readFile(const std::string& file) {
     return std::string{std::istreambuf_iterator<char>(stream), {}};
 }
 
-TEST(PagerTest, TheCommandGetsTheWholeTextOnStandardInput) {
+TEST(PagerTest, PassesTheWholeTextToStandardInput) {
     const TemporaryFolder folder;
     const std::string file = (folder.path() / "copy").string();
     const std::string text(1'000'000, 'x'); // more than a pipe holds
@@ -30,18 +30,18 @@ TEST(PagerTest, TheCommandGetsTheWholeTextOnStandardInput) {
     EXPECT_EQ(readFile(file), text);
 }
 
-TEST(PagerTest, ACommandThatReadsNothingHasShownTheText) {
+TEST(PagerTest, SucceedsIfTheCommandReadsNothing) {
     EXPECT_TRUE(showThroughPager("true", std::string(1'000'000, 'x')));
     EXPECT_TRUE(showThroughPager("exit 3", "x"));
     EXPECT_TRUE(showThroughPager("kill -TERM $$", "x"));
 }
 
-TEST(PagerTest, ACommandThatCannotBeRunHasNot) {
+TEST(PagerTest, FailsIfTheCommandCannotBeRun) {
     EXPECT_FALSE(showThroughPager("/nowhere/pager 2>/dev/null", "x"));
     EXPECT_FALSE(showThroughPager("/ 2>/dev/null", "x"));
 }
 
-TEST(PagerTest, WithoutADescriptorLeftNothingHasBeenShown) {
+TEST(PagerTest, FailsIfNoFileDescriptorIsLeft) {
     struct rlimit before {};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
     struct rlimit none = before;
@@ -52,7 +52,7 @@ TEST(PagerTest, WithoutADescriptorLeftNothingHasBeenShown) {
     EXPECT_FALSE(isShown);
 }
 
-TEST(PagerTest, SignalsAreTreatedAsBeforeOnceItHasEnded) {
+TEST(PagerTest, RestoresTheHandlingOfSignals) {
     struct sigaction before {};
     ASSERT_EQ(sigaction(SIGINT, nullptr, &before), 0);
     EXPECT_TRUE(showThroughPager("true", "x"));
@@ -61,7 +61,7 @@ TEST(PagerTest, SignalsAreTreatedAsBeforeOnceItHasEnded) {
     EXPECT_EQ(after.sa_handler, before.sa_handler);
 }
 
-TEST(PagerTest, ProgramsAreLookedForInTheFoldersOfPath) {
+TEST(PagerTest, FindsProgramsInTheFoldersOfPath) {
     EXPECT_TRUE(isProgramInstalled("sh"));
     EXPECT_FALSE(isProgramInstalled("no-program-has-this-name"));
 }

@@ -8,11 +8,11 @@ namespace {
 
 struct TreeCase {
     const char* libraryFolder;
-    const char* place;
-    const char* root; // null: the library lies in no installed tree
+    const char* relativeFolder;
+    const char* root; // null: the library is not in an installed tree
 };
 
-TEST(InstallationPrefixTest, IsTheLibraryFolderWithoutItsPlaceInAnInstalledTree) {
+TEST(InstallationPrefixTest, IsTheLibraryFolderWithoutTheLibrarysRelativeFolder) {
     constexpr TreeCase cases[] = {
         {"/usr/lib", "lib", "/usr"},
         {"/opt/docs/lib64", "lib64", "/opt/docs"},
@@ -29,19 +29,20 @@ TEST(InstallationPrefixTest, IsTheLibraryFolderWithoutItsPlaceInAnInstalledTree)
         {"/usr", ".", "/usr"},
     };
     for (const TreeCase& one : cases) {
-        const auto root = rootOfInstalledTree(one.libraryFolder, one.place);
-        EXPECT_EQ(root.has_value(), one.root != nullptr) << one.libraryFolder << ' ' << one.place;
+        const auto root = rootOfInstalledTree(one.libraryFolder, one.relativeFolder);
+        EXPECT_EQ(root.has_value(), one.root != nullptr)
+            << one.libraryFolder << ' ' << one.relativeFolder;
         EXPECT_EQ(root.value_or(""), one.root == nullptr ? "" : one.root) << one.libraryFolder;
     }
 }
 
-TEST(InstallationPrefixTest, DoesNotMoveWithALibraryThatWasBuiltForAnAbsoluteFolder) {
+TEST(InstallationPrefixTest, IsUnknownIfTheLibraryWasBuiltForAnAbsoluteFolder) {
     EXPECT_FALSE(rootOfInstalledTree("/opt/lib", "/opt/lib"));
     EXPECT_FALSE(rootOfInstalledTree("/opt/lib", "/"));
     EXPECT_FALSE(rootOfInstalledTree("/", "/"));
 }
 
-TEST(InstallationPrefixTest, IsNotTakenFromAnUnknownLibraryFolder) {
+TEST(InstallationPrefixTest, IsUnknownIfTheLibraryFolderIsNotAbsolute) {
     EXPECT_FALSE(rootOfInstalledTree("", "lib"));
     EXPECT_FALSE(rootOfInstalledTree("", ""));
     EXPECT_FALSE(rootOfInstalledTree("lib", "lib"));

@@ -1,4 +1,3 @@
-#include "platform/Failure.hpp"
 #include "platform/except/IException.hpp"
 
 #include <boost/exception/diagnostic_information.hpp>
@@ -9,15 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <type_traits>
 #include <utility>
-
-#ifdef __linux__
-#include <pthread.h>
-#include <unistd.h>
-#endif
 
 namespace foundation::core::except {
 
@@ -49,7 +42,7 @@ bool isCaughtAs() {
     }
 }
 
-TEST(ExceptionTest, IsCaughtAsItselfAndAsEachOfItsBases) {
+TEST(ExceptionTest, CanBeCaughtAsItselfAndAsEachBase) {
     EXPECT_TRUE(isCaughtAs<PruningFailure>());
     EXPECT_TRUE(isCaughtAs<IInternalException>());
     EXPECT_TRUE(isCaughtAs<IException>());
@@ -61,7 +54,7 @@ static_assert(!std::is_base_of_v<std::exception, IException>);
 static_assert(std::has_virtual_destructor_v<IException>);
 static_assert(std::is_abstract_v<IInternalException>);
 
-TEST(ExceptionTest, SaysWhatItIsThroughItsBase) {
+TEST(ExceptionTest, ReturnsItsTextThroughItsBase) {
     const PruningFailure failure(1);
     EXPECT_STREQ(static_cast<const IException&>(failure).what(), "PruningFailure");
 }
@@ -70,7 +63,7 @@ const std::string* fileNameOf(const boost::exception& failure) {
     return boost::get_error_info<boost::errinfo_file_name>(failure);
 }
 
-TEST(ExceptionTest, CopiesAndMovesShareTheErrorInformation) {
+TEST(ExceptionTest, SharesErrorInformationWithCopies) {
     PruningFailure failure(2);
     failure << boost::errinfo_file_name("orchard.json");
 
@@ -92,7 +85,7 @@ TEST(ExceptionTest, CopiesAndMovesShareTheErrorInformation) {
     EXPECT_EQ(fileNameOf(moveAssigned), information);
 }
 
-TEST(ExceptionTest, ErrorInformationOutlivesTheExceptionThatItWasAddedTo) {
+TEST(ExceptionTest, KeepsErrorInformationOfADestroyedOriginal) {
     auto failure = std::make_unique<PruningFailure>(2);
     *failure << boost::errinfo_file_name("orchard.json");
     const PruningFailure copied(*failure);
@@ -101,7 +94,7 @@ TEST(ExceptionTest, ErrorInformationOutlivesTheExceptionThatItWasAddedTo) {
     EXPECT_EQ(*fileNameOf(copied), "orchard.json");
 }
 
-TEST(ExceptionTest, ComesBackWholeFromBoostsExceptionPointer) {
+TEST(ExceptionTest, SurvivesAnExceptionPointer) {
     boost::exception_ptr kept;
     try {
         PruningFailure failure(7);

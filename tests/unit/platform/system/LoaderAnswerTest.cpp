@@ -1,4 +1,4 @@
-// Answers in place of the loader, so it is a program of its own.
+// Replaces the loader's dladdr(), so it is a program of its own.
 #include "platform/system/InstallationPrefix.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-// What the loader tells: whether it knows the library, and the library's file.
+// The answer of the loader: whether it knows the library, and the file of the library.
 int answer = 0;
 const char* libraryFile = nullptr;
 
@@ -28,7 +28,7 @@ using docparser_tests::TemporaryFolder;
 
 const std::u16string kBuiltFor = u"/the/prefix/built/for";
 
-TEST(LoaderAnswerTest, TheLibrarysFileTellsTheTreeThatItIsInstalledIn) {
+TEST(LoaderAnswerTest, DerivesThePrefixFromTheFileOfTheLibrary) {
     const TemporaryFolder folder;
     const std::string file = folder.write("lib/libdocparser_platform.so", "").string();
     answer = 1;
@@ -36,19 +36,19 @@ TEST(LoaderAnswerTest, TheLibrarysFileTellsTheTreeThatItIsInstalledIn) {
     EXPECT_EQ(installationPrefix(), folder.u16());
 }
 
-TEST(LoaderAnswerTest, ALibraryThatTheLoaderDoesNotKnowHasThePrefixThatItWasBuiltFor) {
+TEST(LoaderAnswerTest, UsesTheConfiguredPrefixIfTheLoaderDoesNotKnowTheLibrary) {
     answer = 0;
     libraryFile = nullptr;
     EXPECT_EQ(installationPrefix(), kBuiltFor);
 }
 
-TEST(LoaderAnswerTest, ALibraryWithoutAFileHasThePrefixThatItWasBuiltFor) {
+TEST(LoaderAnswerTest, UsesTheConfiguredPrefixIfTheLibraryHasNoFile) {
     answer = 1;
     libraryFile = nullptr;
     EXPECT_EQ(installationPrefix(), kBuiltFor);
 }
 
-TEST(LoaderAnswerTest, ALibraryWhoseFileIsGoneHasThePrefixThatItWasBuiltFor) {
+TEST(LoaderAnswerTest, UsesTheConfiguredPrefixIfTheFileWasRemoved) {
     const TemporaryFolder folder;
     const std::string file = (folder.path() / "lib/libdocparser_platform.so").string();
     answer = 1;

@@ -15,7 +15,7 @@ namespace {
 using docparser_tests::TemporaryFolder;
 using testing::UnorderedElementsAre;
 
-TEST(DirectoryIteratorTest, ListsEachEntryWithItsNameAndItsPath) {
+TEST(DirectoryIteratorTest, ListsEachEntryWithNameAndPath) {
     const TemporaryFolder folder;
     folder.write("Orchard.json", "{}");
     folder.write("sub/Meadow.json", "{}");
@@ -28,12 +28,12 @@ TEST(DirectoryIteratorTest, ListsEachEntryWithItsNameAndItsPath) {
     EXPECT_THAT(names, UnorderedElementsAre(u"Orchard.json", u"sub"));
 }
 
-TEST(DirectoryIteratorTest, ListsNothingOfAFolderThatIsMissing) {
+TEST(DirectoryIteratorTest, ListsNothingIfTheFolderIsMissing) {
     const TemporaryFolder folder;
     EXPECT_FALSE(directory_iterator(path(folder.u16() + u"/missing"), u"*").is_open());
 }
 
-TEST(DirectoryIteratorTest, RefusesEveryPatternButTheOneForAllNames) {
+TEST(DirectoryIteratorTest, RefusesEveryPatternExceptTheOneForAllNames) {
     const TemporaryFolder folder;
     folder.write("Orchard.json", "{}");
     for (const std::u16string pattern : {u"", u"*.json", u"Orchard.json", u"**"})
