@@ -24,10 +24,24 @@ const Converters& converters() {
 
 [[maybe_unused]] const Converters& builtAtLoad = converters();
 
-[[noreturn]] void throwWrongKind(const json::value& value, std::string_view expected) {
-    const auto found = json::to_string(value.kind());
-    throw FormatError(&value, std::string(expected) + " expected, " +
-                                  std::string(found.data(), found.size()) + " found");
+std::string_view describe(json::kind type) {
+    switch (type) {
+    case json::kind::object: return "an object";
+    case json::kind::array: return "an array";
+    case json::kind::string: return "a string";
+    case json::kind::bool_: return "a Boolean";
+    case json::kind::null: return "null";
+    case json::kind::int64:
+    case json::kind::uint64:
+    case json::kind::double_: break;
+    }
+    return "a number";
+}
+
+[[noreturn]] void throwWrongType(const json::value& value, json::kind expected) {
+    std::string reason("expected ");
+    reason.append(describe(expected)).append(", found ").append(describe(value.kind()));
+    throw FormatError(&value, std::move(reason));
 }
 
 } // namespace
@@ -53,23 +67,23 @@ std::u16string getFluStringWithFallback(const json::object& object, const std::s
 }
 
 std::string_view getJsonString(const json::value& value) {
-    const json::string* text = value.if_string();
-    if (!text)
-        throwWrongKind(value, "string");
-    return *text;
+    const json::string* string = value.if_string();
+    if (!string)
+        throwWrongType(value, json::kind::string);
+    return *string;
 }
 
 const json::object& getJsonObject(const json::value& value) {
     const json::object* object = value.if_object();
     if (!object)
-        throwWrongKind(value, "object");
+        throwWrongType(value, json::kind::object);
     return *object;
 }
 
 const json::array& getJsonArray(const json::value& value) {
     const json::array* array = value.if_array();
     if (!array)
-        throwWrongKind(value, "array");
+        throwWrongType(value, json::kind::array);
     return *array;
 }
 

@@ -32,7 +32,7 @@ void findMembers(const json::object& object, std::span<const std::string_view> k
 }
 
 void throwMissingKey(const json::object& object, std::string_view key) {
-    throw FormatError(&object, "the key \"" + std::string(key) + "\" is missing");
+    throw FormatError(&object, "the required key \"" + std::string(key) + "\" is missing");
 }
 
 std::vector<std::u16string> readTexts(const json::value* list, StringParsingType type) {
