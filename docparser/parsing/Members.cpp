@@ -15,7 +15,8 @@ const json::value& getRequired(const json::object& object, std::string_view key)
 
 void findMembers(const json::object& object, std::span<const std::string_view> keys,
                  const json::value** slots) noexcept {
-    // Files mostly write the keys in the format's order, so the search goes on behind the last hit.
+    // Most files have the keys in the order of the format, so each search starts after the last
+    // match.
     std::size_t next = 0;
     for (const json::key_value_pair& member : object) {
         const std::string_view key = member.key();
