@@ -1,7 +1,6 @@
 #include "docparser/parsing/ItemPartReaders.hpp"
 
 #include "docparser/parsing/Members.hpp"
-#include "platform/i18n/Converter.hpp"
 
 #include <string_view>
 #include <utility>
@@ -14,23 +13,12 @@ using enum StringParsingType;
 
 namespace {
 
-// A link to a place on the item's page: href, "#" and the anchor, in one allocation.
-// \param htmlid  the anchor; null when the element has none
-std::u16string makeAnchor(const std::u16string& href, const json::value* htmlid) {
-    const std::string_view anchor = htmlid ? getJsonString(*htmlid) : std::string_view();
+// Returns the link to an anchor on the item's page, in one allocation.
+std::u16string makeLink(const std::u16string& href, std::u16string_view separator,
+                        const std::u16string& anchor) {
     std::u16string link;
-    link.reserve(href.size() + 1 + anchor.size());
-    link.append(href).append(1, u'#');
-    fl::i18n::append_ascii(link, anchor);
-    return link;
-}
-
-// The link to a property of a class, which is formed from its name, in one allocation.
-std::u16string makePropertyAnchor(const std::u16string& href, const std::u16string& name) {
-    constexpr std::u16string_view kSeparator = u"#prop_";
-    std::u16string link;
-    link.reserve(href.size() + kSeparator.size() + name.size());
-    link.append(href).append(kSeparator).append(name);
+    link.reserve(href.size() + separator.size() + anchor.size());
+    link.append(href).append(separator).append(anchor);
     return link;
 }
 
@@ -49,7 +37,7 @@ ObjectInfo makeObjectInfo(std::u16string name, const json::value& purpose,
 
 ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,
                           StringParsingType nameType) {
-    std::u16string link = makeAnchor(href, argument.value<"htmlid">());
+    std::u16string link = makeLink(href, u"#", argument.optionalText<"htmlid">(Ascii));
     std::u16string name = argument.text<"name">(nameType);
     return makeObjectInfo(std::move(name), argument.required<"purpose">(),
                           argument.value<"value">(), std::move(link));
@@ -95,7 +83,7 @@ std::vector<ClassProperty> readClassProperties(const json::value* classproperty,
                                                       std::vector<ClassProperty>& properties) {
         const Property property(element);
         std::u16string name = property.text<"name">(nameType);
-        std::u16string link = makePropertyAnchor(href, name);
+        std::u16string link = makeLink(href, u"#prop_", name);
         ObjectInfo objectInfo = makeObjectInfo(std::move(name), property.required<"purpose">(),
                                                property.value<"value">(), std::move(link));
         properties.emplace_back(std::move(objectInfo), property.optionalText<"defaultvalue">(Utf8));

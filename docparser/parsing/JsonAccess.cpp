@@ -2,7 +2,7 @@
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/parsing/Members.hpp"
-#include "platform/i18n/Converter.hpp"
+#include "docparser/parsing/StringConverters.hpp"
 
 #include <string_view>
 
@@ -12,17 +12,19 @@ namespace json = boost::json;
 
 namespace {
 
-struct Converters {
-    fl::i18n::codecvt_string_to_ustring utf8{"utf8", /*replaceIllFormed=*/true};
+struct ApplicationConverters {
     fl::i18n::codecvt_ascii_to_ustring ascii{/*strict=*/false};
+    fl::i18n::codecvt_string_to_ustring utf8{"utf8", /*replaceIllFormed=*/true};
+    StringConverters both{ascii, utf8};
 };
 
-const Converters& converters() {
-    static const Converters instance;
-    return instance;
+const StringConverters& converters() {
+    static const ApplicationConverters instance;
+    return instance.both;
 }
 
-[[maybe_unused]] const Converters& builtAtLoad = converters();
+// Creates the converters when the library is loaded.
+[[maybe_unused]] const StringConverters& createdAtLoad = converters();
 
 std::string_view describe(json::kind type) {
     switch (type) {
@@ -47,12 +49,7 @@ std::string_view describe(json::kind type) {
 } // namespace
 
 std::u16string getFluString(const json::value& value, StringParsingType type) {
-    const std::string_view text = getJsonString(value);
-    // The UTF-8 converter widens runs of ASCII as it meets them: no scan need choose between the
-    // two.
-    if (type == StringParsingType::Ascii)
-        return converters().ascii.convert(text.data(), text.size());
-    return converters().utf8.convert(text.data(), text.size());
+    return converters().convert(getJsonString(value), type);
 }
 
 std::u16string getFluString(const json::object& object, const std::string& key,
