@@ -163,13 +163,10 @@ std::u16string codecvt_string_to_ustring::convert(const char* text, std::size_t 
 }
 
 std::u16string codecvt_ascii_to_ustring::convert(const char* text, std::size_t length) const {
-    const std::span bytes(text, length);
-    if (strict_ && !std::ranges::all_of(bytes, isAscii))
+    const std::span bytes(reinterpret_cast<const unsigned char*>(text), length);
+    if (strict_ && std::ranges::any_of(bytes, [](unsigned char byte) { return byte > 0x7F; }))
         throw std::range_error("a byte above 0x7F where ASCII was expected");
-    return makeText(length, [&](char16_t* room) {
-        std::ranges::transform(bytes, room, widen);
-        return length;
-    });
+    return {bytes.begin(), bytes.end()};
 }
 
 void append_ascii(std::u16string& text, std::string_view bytes) {
