@@ -177,7 +177,7 @@ TEST_F(LoadAccountTest, GivesPointerAndPositionOfWhatBreaksTheFormat) {
            "{\"productName\": \"O\", \"baseCode\": \"OR\", \"helpFolder\": \"o\",\n"
            "\"helpLocation\": \"o\", \"refItems\": [\n  {\"href\": 1, \"refpurpose\": \"x\"}]}");
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(),
-                "Orchard.json malformed 3:12 /refItems/0/href (string expected, int64 found)");
+                "Orchard.json malformed 3:12 /refItems/0/href (expected a string, found a number)");
 }
 
 TEST_F(LoadAccountTest, CallsAnEmptyFileMalformed) {
