@@ -38,6 +38,8 @@ std::optional<std::string> readLeaf(opc::qorservices::FileSystemManager& manager
         return opc::StreamHelper::readAll(*source->openInputStream());
     } catch (const opc::PackageError&) {
         return std::nullopt;
+    } catch (const platform::LimitError&) {
+        return std::nullopt;
     }
 }
 

@@ -8,12 +8,21 @@
 
 namespace opc::detail {
 
+namespace {
+
+constexpr std::string_view kOverLimit = "it is larger than the limit";
+
+} // namespace
+
 ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
     : archive_(std::move(archive)),
       index_(index),
       limits_(platform::readLimits()),
       description_(archive_->entryDescription(index)),
-      entry_(archive_->openEntry(index)) {}
+      entry_(archive_->openEntry(index)) {
+    if (description_.size > affordableBytes())
+        fail<platform::LimitError>(kOverLimit);
+}
 
 template <class Error>
 void ZipEntryStream::fail(std::string_view reason) {
@@ -42,7 +51,7 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     }
     const auto count = static_cast<std::uint64_t>(answer);
     if (count > affordable)
-        fail<platform::LimitError>("it is larger than the limit");
+        fail<platform::LimitError>(kOverLimit);
     deliveredBytes_ += count;
     archive_->countDelivered(count);
     if (deliveredBytes_ > description_.size)

@@ -15,7 +15,8 @@ class ZipEntryStream final : public InputStream {
 public:
     /// \param archive  an open package
     /// \param index    the entry's place in it
-    /// \throws PackageError  see ZipArchive::openEntry
+    /// \throws PackageError          see ZipArchive::openEntry
+    /// \throws platform::LimitError  the package states more bytes than the limits allow
     ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index);
 
     std::size_t read(char* buffer, std::size_t length) override;

@@ -1,3 +1,4 @@
+#include "platform/ReadLimits.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
@@ -40,7 +41,7 @@ std::vector<DamagedEntry> damagedEntries() {
          {.name = "x", .content = kText, .method = kDeflated, .size = length + 1},
          "smaller than the package says"},
         {"deflated, claimed much longer",
-         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 60},
+         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
          "smaller than the package says"},
         {"deflated, claimed shorter",
          {.name = "x", .content = kText, .method = kDeflated, .size = length - 1},
@@ -136,6 +137,8 @@ void expectNothingFalse(const std::u16string& path) {
                 EXPECT_TRUE(text == kText || text == "stored" || text.empty()) << text;
             } catch (const opc::PackageError&) {
                 // A damaged entry is to be refused.
+            } catch (const platform::LimitError&) {
+                // So is one whose damaged size is beyond the limit.
             }
         }
     } catch (const opc::PackageError&) {

@@ -53,12 +53,12 @@ protected:
     std::filesystem::path folder;
 };
 
-/// What the PackageError says that the call throws; a failure of the test if it throws none.
-template <class Call>
+/// The message of the `Error` that the call throws. Fails the test if the call throws none.
+template <class Error = opc::PackageError, class Call>
 std::string messageOf(Call&& call) {
     try {
         std::forward<Call>(call)();
-    } catch (const opc::PackageError& error) {
+    } catch (const Error& error) {
         return error.what();
     }
     ADD_FAILURE() << "nothing was thrown";
