@@ -3,7 +3,6 @@
 #include "platform/Export.hpp"
 
 #include <cstddef>
-#include <cstdint>
 
 namespace opc {
 
@@ -23,10 +22,6 @@ public:
     /// \returns       how many came; 0 at the end, or when `length` is 0
     /// \throws PackageError  the content is damaged, cannot be read or passes a limit
     virtual std::size_t read(char* buffer, std::size_t length) = 0;
-
-    /// How many bytes there are in all, as the package claims. A guess to size a buffer by, once it
-    /// has been cut to something affordable.
-    virtual std::uint64_t claimedSize() const noexcept = 0;
 
 protected:
     InputStream() = default;

@@ -20,7 +20,6 @@ public:
     ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index);
 
     std::size_t read(char* buffer, std::size_t length) override;
-    std::uint64_t claimedSize() const noexcept override { return description_.size; }
 
 private:
     std::uint64_t affordableBytes() const noexcept;

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <memory>
-#include <sstream>
 
 namespace docparser_tests {
 
@@ -53,7 +52,7 @@ TEST_F(PackageContentTest, ContentHoldsEveryByteValue) {
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"a", bytes), Pair(u"b", bytes)));
 }
 
-TEST_F(PackageContentTest, EntriesOfTextsLongerThanTheFirstStepComeWhole) {
+TEST_F(PackageContentTest, LongEntriesAreReadWhole) {
     for (const std::size_t length : {std::size_t{16 * 1024}, std::size_t{1024 * 1024},
                                      std::size_t{1024 * 1024 + 1}, std::size_t{5'000'000}}) {
         const std::string text = sampleText(length);
@@ -176,8 +175,8 @@ TEST_F(PackageContentTest, AContentSourceOpensAsManyStreamsAsAreAskedFor) {
     OpenPackage package = open({.entries = {{.name = "a", .content = "text"}}});
     const auto source =
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded);
-    EXPECT_EQ(opc::StreamHelper::readAll(*source->openInputStream()), "text");
-    EXPECT_EQ(opc::StreamHelper::readAll(*source->openInputStream()), "text");
+    EXPECT_EQ(readWhole(*source->openInputStream()), "text");
+    EXPECT_EQ(readWhole(*source->openInputStream()), "text");
 }
 
 TEST_F(PackageContentTest, AStreamAtItsEndStaysThere) {
@@ -185,22 +184,11 @@ TEST_F(PackageContentTest, AStreamAtItsEndStaysThere) {
     const auto stream =
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
             ->openInputStream();
-    EXPECT_EQ(stream->claimedSize(), 4U);
     std::array<char, 4> buffer;
     EXPECT_EQ(stream->read(buffer.data(), 0), 0U);
     EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 4U);
     EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 0U);
     EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 0U);
-}
-
-TEST_F(PackageContentTest, AnEntryIsCopiedToAnOutputStream) {
-    const std::string text = sampleText(100'000);
-    OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = kDeflated}}});
-    std::stringstream output;
-    const auto source =
-        package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded);
-    EXPECT_TRUE(opc::StreamHelper::copyStreamToStream(*source->openInputStream(), output));
-    EXPECT_TRUE(output.str() == text);
 }
 
 TEST_F(PackageContentTest, AnotherTransformModeIsRefused) {

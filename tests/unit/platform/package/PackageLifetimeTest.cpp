@@ -92,7 +92,7 @@ TEST_F(PackageLifetimeTest, TheObjectsMayGoInAnyOrder) {
     manager.reset();
     const auto stream = source->openInputStream();
     source.reset();
-    EXPECT_EQ(opc::StreamHelper::readAll(*stream), "second");
+    EXPECT_EQ(readWhole(*stream), "second");
 }
 
 TEST_F(PackageLifetimeTest, AStreamThatWasNotReadToItsEndLeavesNothingOpen) {
@@ -138,7 +138,7 @@ TEST_F(PackageLifetimeTest, OneSelectorServesPackagesOnManyThreads) {
                 package.open(opc::OpenMode::ReadOnly);
                 const auto source = manager.getFileContentSource(
                     manager.getAllLeafs().elements().at(1), opc::TransformMode::Decoded);
-                text = opc::StreamHelper::readAll(*source->openInputStream());
+                text = readWhole(*source->openInputStream());
             }
         });
     }

@@ -2,7 +2,6 @@
 
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/PackageError.hpp"
-#include "platform/package/StreamHelper.hpp"
 #include "tests/support/ZipBytes.hpp"
 
 #include <gtest/gtest.h>
@@ -17,6 +16,9 @@ namespace docparser_tests {
 
 /// A name and a content.
 using NamedText = std::pair<std::u16string, std::string>;
+
+/// The rest of a stream.
+std::string readWhole(opc::InputStream& stream);
 
 /// A package opened in the order of a caller that walks through packages.
 struct OpenPackage {
