@@ -3,7 +3,6 @@
 #include "platform/Failure.hpp"
 #include "platform/package/ContentSource.hpp"
 #include "platform/package/FileSystemManager.hpp"
-#include "platform/package/InputStream.hpp"
 #include "platform/package/Package.hpp"
 #include "platform/package/StorageSystem.hpp"
 #include "platform/package/StreamHelper.hpp"

@@ -14,21 +14,21 @@
 
 namespace docparser_tests {
 
-/// A name and a content.
+/// The name and content of an entry.
 using NamedText = std::pair<std::u16string, std::string>;
 
 /// The rest of a stream.
 std::string readWhole(opc::InputStream& stream);
 
-/// A package opened in the order of a caller that walks through packages.
+/// An open package, with the objects that a caller constructs for it, in the usual order.
 struct OpenPackage {
     explicit OpenPackage(const std::u16string& path);
 
     std::vector<opc::qorservices::FileSystemEntry> leaves() const;
     std::vector<std::u16string> leafNames() const;
     std::string read(const opc::qorservices::FileSystemEntry& entry);
-    /// The content of the leaf at a place.
-    std::string read(std::size_t place) { return read(leaves().at(place)); }
+    /// The content of the leaf at a position.
+    std::string read(std::size_t position) { return read(leaves().at(position)); }
     /// Every leaf with its content, in the package's order.
     std::vector<NamedText> contents();
 
@@ -38,13 +38,13 @@ struct OpenPackage {
     opc::qorservices::FileSystemManager manager;
 };
 
-/// A folder of the test's own, removed with all that is in it.
+/// Gives each test a temporary folder.
 class PackageTest : public testing::Test {
 protected:
     PackageTest();
     ~PackageTest() override;
 
-    /// Writes a file and gives its path.
+    /// Writes a file and returns its path.
     std::u16string write(std::string_view name, std::string_view bytes) const;
     std::u16string write(std::string_view bytes) const { return write("package.zip", bytes); }
     std::u16string path(std::string_view name) const;
@@ -67,7 +67,7 @@ std::string messageOf(Call&& call) {
     return {};
 }
 
-/// A text that compresses, and in which no two places look alike for long.
+/// A compressible string without long repetitions.
 std::string sampleText(std::size_t length);
 
 } // namespace docparser_tests

@@ -1,6 +1,6 @@
 #include "platform/package/StreamHelper.hpp"
 
-#include "platform/package/InputStream.hpp"
+#include "platform/package/ContentSource.hpp"
 #include "platform/package/PackageError.hpp"
 
 #include <gtest/gtest.h>

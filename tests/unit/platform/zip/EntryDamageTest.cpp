@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
 
-class PackageDamageTest : public PackageTest {};
+class EntryDamageTest : public PackageTest {};
 
 const std::string kText = "{\"name\": \"graft\", \"purpose\": \"Join two trees, join two trees\"}";
 
@@ -79,7 +79,7 @@ std::vector<DamagedEntry> damagedEntries() {
     };
 }
 
-TEST_F(PackageDamageTest, ADamagedEntryThrowsAndCostsNoOther) {
+TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
     for (const DamagedEntry& damage : damagedEntries()) {
         SCOPED_TRACE(damage.what);
         OpenPackage package = open({.entries = {{.name = "before.json", .content = "before"},
@@ -95,7 +95,7 @@ TEST_F(PackageDamageTest, ADamagedEntryThrowsAndCostsNoOther) {
     }
 }
 
-TEST_F(PackageDamageTest, AReadOfTheExactSizeDoesNotHideAWrongChecksum) {
+TEST_F(EntryDamageTest, ReadingExactlyTheSizeDoesNotHideAWrongChecksum) {
     OpenPackage package = open({.entries = {{.name = "a", .content = kText, .crc = 1}}});
     const auto stream =
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
@@ -107,7 +107,7 @@ TEST_F(PackageDamageTest, AReadOfTheExactSizeDoesNotHideAWrongChecksum) {
                 HasSubstr("it has failed before"));
 }
 
-TEST_F(PackageDamageTest, TheHeaderBeforeTheBytesDecidesNothing) {
+TEST_F(EntryDamageTest, IgnoresTheNameInTheLocalHeader) {
     OpenPackage package =
         open({.entries = {{.name = "a.json", .content = "text", .localName = "other.txt"}}});
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"a.json", "text")));
@@ -146,7 +146,7 @@ void expectNothingFalse(const std::u16string& path) {
     }
 }
 
-TEST_F(PackageDamageTest, APackageCutAtAnyByteIsRefused) {
+TEST_F(EntryDamageTest, RefusesAPackageCutAtAnyByte) {
     const std::string whole = smallPackage().build();
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::u16string cut = write(std::string_view(whole).substr(0, length));
@@ -154,7 +154,7 @@ TEST_F(PackageDamageTest, APackageCutAtAnyByteIsRefused) {
     }
 }
 
-TEST_F(PackageDamageTest, AnyByteChangedYieldsNothingFalse) {
+TEST_F(EntryDamageTest, NoChangedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
     for (std::size_t place = 0; place < whole.size(); ++place) {
         for (const int mask : {0x01, 0x80, 0xFF}) {
@@ -166,7 +166,7 @@ TEST_F(PackageDamageTest, AnyByteChangedYieldsNothingFalse) {
     }
 }
 
-TEST_F(PackageDamageTest, AnyByteMissingOrDoubledYieldsNothingFalse) {
+TEST_F(EntryDamageTest, NoMissingOrRepeatedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
     for (std::size_t place = 0; place < whole.size(); ++place) {
         SCOPED_TRACE(place);

@@ -12,16 +12,16 @@ using testing::EndsWith;
 
 constexpr const char* kOverLimit = "cannot be delivered: it is larger than the limit";
 
-class PackageLimitTest : public PackageTest {
+class EntryLimitTest : public PackageTest {
 protected:
-    ~PackageLimitTest() override { platform::setReadLimits({}); }
+    ~EntryLimitTest() override { platform::setReadLimits({}); }
 
     static void setLimits(std::uint64_t entryBytes, std::uint64_t packageBytes) {
         platform::setReadLimits({.entryBytes = entryBytes, .packageBytes = packageBytes});
     }
 };
 
-TEST_F(PackageLimitTest, ReadsAnEntryThatIsExactlyAsLongAsTheLimit) {
+TEST_F(EntryLimitTest, ReadsAnEntryThatIsExactlyAsLongAsTheLimit) {
     const std::string text = sampleText(50'000);
     for (const std::uint16_t method : {kStored, kDeflated}) {
         OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = method}}});
@@ -34,7 +34,7 @@ TEST_F(PackageLimitTest, ReadsAnEntryThatIsExactlyAsLongAsTheLimit) {
     }
 }
 
-TEST_F(PackageLimitTest, AnEntryThatStatesMoreThanALimitIsRefusedWhenItIsOpened) {
+TEST_F(EntryLimitTest, EntryThatStatesMoreThanALimitIsRefusedWhenItIsOpened) {
     const std::string text = sampleText(50'000);
     OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = kDeflated}}});
     const auto source =
@@ -45,7 +45,7 @@ TEST_F(PackageLimitTest, AnEntryThatStatesMoreThanALimitIsRefusedWhenItIsOpened)
     EXPECT_THAT(messageOf<LimitError>([&] { source->openInputStream(); }), EndsWith(kOverLimit));
 }
 
-TEST_F(PackageLimitTest, AnEntryThatUnderstatesItsSizeIsStoppedAtTheStatedSize) {
+TEST_F(EntryLimitTest, EntryThatUnderstatesItsSizeStopsAtTheStatedSize) {
     OpenPackage package = open({.entries = {{.name = "bomb",
                                              .content = std::string(64 << 20, '\0'),
                                              .method = kDeflated,
@@ -59,7 +59,7 @@ TEST_F(PackageLimitTest, AnEntryThatUnderstatesItsSizeIsStoppedAtTheStatedSize) 
                 EndsWith("it is larger than the package says"));
 }
 
-TEST_F(PackageLimitTest, ALimitThatIsReachedWhileAnEntryIsReadStopsIt) {
+TEST_F(EntryLimitTest, LimitReachedWhileAnEntryIsReadStopsIt) {
     const std::string text = sampleText(1000);
     setLimits(1000, 1500);
     OpenPackage package =
@@ -73,7 +73,7 @@ TEST_F(PackageLimitTest, ALimitThatIsReachedWhileAnEntryIsReadStopsIt) {
                 EndsWith(kOverLimit));
 }
 
-TEST_F(PackageLimitTest, AllEntriesOfAPackageShareOneLimit) {
+TEST_F(EntryLimitTest, EntriesOfAPackageShareOneLimit) {
     ZipBytes zip;
     for (int i = 0; i < 10; ++i)
         zip.entries.push_back(
@@ -87,7 +87,7 @@ TEST_F(PackageLimitTest, AllEntriesOfAPackageShareOneLimit) {
     EXPECT_EQ(OpenPackage(path("package.zip")).read(9).size(), 1000U);
 }
 
-TEST_F(PackageLimitTest, EntriesThatShareTheirBytesCountEachTime) {
+TEST_F(EntryLimitTest, EntriesThatShareTheirBytesCountEachTime) {
     const std::string text(100'000, 'x');
     ZipBytes zip{.entries = {{.name = "0", .content = text, .method = kDeflated}}};
     for (int i = 1; i < 100; ++i)
@@ -106,7 +106,7 @@ TEST_F(PackageLimitTest, EntriesThatShareTheirBytesCountEachTime) {
         EXPECT_THROW(package.read(leaves[i]), LimitError) << i;
 }
 
-TEST_F(PackageLimitTest, ReadsAnEmptyEntryWhenTheLimitOfThePackageIsUsedUp) {
+TEST_F(EntryLimitTest, ReadsAnEmptyEntryWhenTheLimitOfThePackageIsUsedUp) {
     setLimits(10, 4);
     OpenPackage package =
         open({.entries = {
@@ -116,7 +116,7 @@ TEST_F(PackageLimitTest, ReadsAnEmptyEntryWhenTheLimitOfThePackageIsUsedUp) {
     EXPECT_THROW(package.read(2), LimitError);
 }
 
-TEST_F(PackageLimitTest, TheLargestNumberIsNoLimit) {
+TEST_F(EntryLimitTest, LargestNumberMeansNoLimit) {
     setLimits(~std::uint64_t{0}, ~std::uint64_t{0});
     OpenPackage package = open({.entries = {{.name = "a", .content = "text"}}});
     EXPECT_EQ(package.read(0), "text");
