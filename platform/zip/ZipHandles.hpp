@@ -4,14 +4,14 @@
 
 #include <memory>
 
-namespace opc::detail {
+namespace platform::zip {
 
 struct ZipDiscard {
     void operator()(zip_t* archive) const noexcept { zip_discard(archive); }
 };
 
 struct ZipFileClose {
-    // What closing could report has been reported by the read that came before.
+    // The result is ignored: the last read has already reported every failure.
     void operator()(zip_file_t* file) const noexcept { zip_fclose(file); }
 };
 
@@ -19,14 +19,14 @@ struct ZipSourceFree {
     void operator()(zip_source_t* source) const noexcept { zip_source_free(source); }
 };
 
-/// An archive that is closed without being written.
+/// An archive; closed without being written.
 using ZipHandle = std::unique_ptr<zip_t, ZipDiscard>;
-/// An open entry; to be closed before its archive.
+/// An open entry; must be closed before its archive.
 using ZipFileHandle = std::unique_ptr<zip_file_t, ZipFileClose>;
-/// A source that no archive has taken over.
+/// A source that no archive owns yet.
 using ZipSourceHandle = std::unique_ptr<zip_source_t, ZipSourceFree>;
 
-/// Error information of libzip, with the text that it may have allocated.
+/// An error of libzip, with the message that libzip may have allocated for it.
 class ZipErrorInfo {
 public:
     ZipErrorInfo() noexcept { zip_error_init(&error_); }
@@ -35,10 +35,10 @@ public:
     ZipErrorInfo& operator=(const ZipErrorInfo&) = delete;
 
     zip_error_t* get() noexcept { return &error_; }
-    const char* text() noexcept { return zip_error_strerror(&error_); }
+    const char* message() noexcept { return zip_error_strerror(&error_); }
 
 private:
     zip_error_t error_;
 };
 
-} // namespace opc::detail
+} // namespace platform::zip

@@ -1,3 +1,4 @@
+#include "platform/ReadLimits.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
@@ -10,7 +11,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
 
-class PackageDamageTest : public PackageTest {};
+class EntryDamageTest : public PackageTest {};
 
 const std::string kText = "{\"name\": \"graft\", \"purpose\": \"Join two trees, join two trees\"}";
 
@@ -40,7 +41,7 @@ std::vector<DamagedEntry> damagedEntries() {
          {.name = "x", .content = kText, .method = kDeflated, .size = length + 1},
          "smaller than the package says"},
         {"deflated, claimed much longer",
-         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 60},
+         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
          "smaller than the package says"},
         {"deflated, claimed shorter",
          {.name = "x", .content = kText, .method = kDeflated, .size = length - 1},
@@ -78,7 +79,7 @@ std::vector<DamagedEntry> damagedEntries() {
     };
 }
 
-TEST_F(PackageDamageTest, ADamagedEntryThrowsAndCostsNoOther) {
+TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
     for (const DamagedEntry& damage : damagedEntries()) {
         SCOPED_TRACE(damage.what);
         OpenPackage package = open({.entries = {{.name = "before.json", .content = "before"},
@@ -94,7 +95,7 @@ TEST_F(PackageDamageTest, ADamagedEntryThrowsAndCostsNoOther) {
     }
 }
 
-TEST_F(PackageDamageTest, AReadOfTheExactSizeDoesNotHideAWrongChecksum) {
+TEST_F(EntryDamageTest, ReadingExactlyTheSizeDoesNotHideAWrongChecksum) {
     OpenPackage package = open({.entries = {{.name = "a", .content = kText, .crc = 1}}});
     const auto stream =
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
@@ -106,7 +107,7 @@ TEST_F(PackageDamageTest, AReadOfTheExactSizeDoesNotHideAWrongChecksum) {
                 HasSubstr("it has failed before"));
 }
 
-TEST_F(PackageDamageTest, TheHeaderBeforeTheBytesDecidesNothing) {
+TEST_F(EntryDamageTest, IgnoresTheNameInTheLocalHeader) {
     OpenPackage package =
         open({.entries = {{.name = "a.json", .content = "text", .localName = "other.txt"}}});
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"a.json", "text")));
@@ -136,6 +137,8 @@ void expectNothingFalse(const std::u16string& path) {
                 EXPECT_TRUE(text == kText || text == "stored" || text.empty()) << text;
             } catch (const opc::PackageError&) {
                 // A damaged entry is to be refused.
+            } catch (const platform::LimitError&) {
+                // So is one whose damaged size is beyond the limit.
             }
         }
     } catch (const opc::PackageError&) {
@@ -143,7 +146,7 @@ void expectNothingFalse(const std::u16string& path) {
     }
 }
 
-TEST_F(PackageDamageTest, APackageCutAtAnyByteIsRefused) {
+TEST_F(EntryDamageTest, RefusesAPackageCutAtAnyByte) {
     const std::string whole = smallPackage().build();
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::u16string cut = write(std::string_view(whole).substr(0, length));
@@ -151,7 +154,7 @@ TEST_F(PackageDamageTest, APackageCutAtAnyByteIsRefused) {
     }
 }
 
-TEST_F(PackageDamageTest, AnyByteChangedYieldsNothingFalse) {
+TEST_F(EntryDamageTest, NoChangedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
     for (std::size_t place = 0; place < whole.size(); ++place) {
         for (const int mask : {0x01, 0x80, 0xFF}) {
@@ -163,7 +166,7 @@ TEST_F(PackageDamageTest, AnyByteChangedYieldsNothingFalse) {
     }
 }
 
-TEST_F(PackageDamageTest, AnyByteMissingOrDoubledYieldsNothingFalse) {
+TEST_F(EntryDamageTest, NoMissingOrRepeatedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
     for (std::size_t place = 0; place < whole.size(); ++place) {
         SCOPED_TRACE(place);

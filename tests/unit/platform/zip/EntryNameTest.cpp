@@ -13,7 +13,7 @@ using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::Pair;
 
-class PackageNameTest : public PackageTest {
+class EntryNameTest : public PackageTest {
 protected:
     std::vector<std::u16string> baseNames(const ZipBytes& zip) const {
         std::vector<std::u16string> names;
@@ -38,7 +38,7 @@ std::u16string fromCp437(std::string bytes) {
     return text;
 }
 
-TEST_F(PackageNameTest, FoldersAndPackagingMetadataAreNoLeaves) {
+TEST_F(EntryNameTest, FoldersAndPackagingMetadataAreNotLeaves) {
     const OpenPackage package = open({.entries = {{.name = "[Content_Types].xml"},
                                                   {.name = "_rels/"},
                                                   {.name = "_rels/.rels"},
@@ -51,7 +51,7 @@ TEST_F(PackageNameTest, FoldersAndPackagingMetadataAreNoLeaves) {
     EXPECT_THAT(package.leafNames(), ElementsAre(u"en/P.json"));
 }
 
-TEST_F(PackageNameTest, WhatOnlyLooksLikePackagingMetadataIsALeaf) {
+TEST_F(EntryNameTest, NamesThatOnlyResemblePackagingMetadataAreLeaves) {
     ZipBytes zip;
     std::vector<std::u16string> names;
     for (const char* name :
@@ -63,7 +63,7 @@ TEST_F(PackageNameTest, WhatOnlyLooksLikePackagingMetadataIsALeaf) {
     EXPECT_EQ(open(zip).leafNames(), names);
 }
 
-TEST_F(PackageNameTest, TheBaseNameIsWhatFollowsTheLastSeparator) {
+TEST_F(EntryNameTest, BaseNameFollowsTheLastSeparator) {
     EXPECT_THAT(baseNames({.entries = {{.name = "P.json"},
                                        {.name = "a/b/Q.json"},
                                        {.name = "a\\b\\R.json"},
@@ -79,13 +79,13 @@ TEST_F(PackageNameTest, TheBaseNameIsWhatFollowsTheLastSeparator) {
                             u"V.json", u"W.json", u"..", u"X.json", u""));
 }
 
-TEST_F(PackageNameTest, Utf8NamesAreReadWithTheFlagAndWithout) {
+TEST_F(EntryNameTest, DecodesUtf8WithAndWithoutTheFlag) {
     const std::string name = "\xE6\xA3\x9A/\xF0\x9F\x8D\x8F\xC3\xA9.json";
     EXPECT_THAT(baseNames({.entries = {{.name = name, .flags = kUtf8Flag}, {.name = name}}}),
                 ElementsAre(u"\U0001F34F\u00E9.json", u"\U0001F34F\u00E9.json"));
 }
 
-TEST_F(PackageNameTest, UnflaggedNamesThatAreNoUtf8AreCp437) {
+TEST_F(EntryNameTest, DecodesUnflaggedNamesThatAreNotUtf8AsCp437) {
     std::string bytes = "x";
     for (int value = 0x80; value < 0x100; ++value)
         bytes += static_cast<char>(value);
@@ -93,13 +93,13 @@ TEST_F(PackageNameTest, UnflaggedNamesThatAreNoUtf8AreCp437) {
                 ElementsAre(fromCp437(bytes), u"caf\u00E9.json"));
 }
 
-TEST_F(PackageNameTest, UnflaggedNamesOfForbiddenUtf8FormsAreCp437) {
+TEST_F(EntryNameTest, DecodesUnflaggedForbiddenUtf8AsCp437) {
     // A surrogate and an overlong form: shaped like UTF-8, but no characters.
     EXPECT_THAT(open({.entries = {{.name = "a\xED\xA0\x80"}, {.name = "b\xC0\x80"}}}).leafNames(),
                 ElementsAre(fromCp437("a\xED\xA0\x80"), fromCp437("b\xC0\x80")));
 }
 
-TEST_F(PackageNameTest, AnIllFormedFlaggedNameIsRepairedAndCostsNoOtherEntry) {
+TEST_F(EntryNameTest, ReplacesIllFormedSequencesOfAFlaggedNameAndListsAllEntries) {
     for (const bool isZip64 : {false, true}) {
         OpenPackage package = open(
             {.entries = {{.name = "caf\x82.json", .content = "unflagged"},
@@ -115,7 +115,7 @@ TEST_F(PackageNameTest, AnIllFormedFlaggedNameIsRepairedAndCostsNoOtherEntry) {
     }
 }
 
-TEST_F(PackageNameTest, AnIllFormedFlaggedNameIsRepairedInALongDirectory) {
+TEST_F(EntryNameTest, ReplacesIllFormedSequencesInALongDirectory) {
     ZipBytes zip;
     for (int i = 0; i < 3000; ++i)
         zip.entries.push_back({.name = "entry number " + std::to_string(i)});
@@ -128,19 +128,19 @@ TEST_F(PackageNameTest, AnIllFormedFlaggedNameIsRepairedInALongDirectory) {
     EXPECT_EQ(leaves[2999].getName(), u"entry number 2999");
 }
 
-TEST_F(PackageNameTest, FlaggedNamesOfForbiddenUtf8FormsAreRepaired) {
+TEST_F(EntryNameTest, ReplacesForbiddenUtf8InFlaggedNames) {
     EXPECT_THAT(open({.entries = {{.name = "a\xED\xA0\x80", .flags = kUtf8Flag},
                                   {.name = "b\xC0\x80", .flags = kUtf8Flag}}})
                     .leafNames(),
                 ElementsAre(u"a\uFFFD\uFFFD\uFFFD", u"b\uFFFD\uFFFD"));
 }
 
-TEST_F(PackageNameTest, FlaggedNamesWithControlCharactersAreTakenAsTheyAre) {
+TEST_F(EntryNameTest, KeepsControlCharactersOfFlaggedNames) {
     EXPECT_THAT(open({.entries = {{.name = "a\x01\xC3\xA9", .flags = kUtf8Flag}}}).leafNames(),
                 ElementsAre(u"a\u0001\u00E9"));
 }
 
-TEST_F(PackageNameTest, AnIllFormedFlaggedCommentCostsNothing) {
+TEST_F(EntryNameTest, IllFormedFlaggedCommentHasNoEffect) {
     OpenPackage package = open({.entries = {{.name = "\xC3\xA9.json",
                                              .content = "text",
                                              .flags = kUtf8Flag,
@@ -148,7 +148,7 @@ TEST_F(PackageNameTest, AnIllFormedFlaggedCommentCostsNothing) {
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"\u00E9.json", "text")));
 }
 
-TEST_F(PackageNameTest, ABrokenDirectoryWithIllFormedNamesIsStillRefused) {
+TEST_F(EntryNameTest, StillRefusesADamagedDirectoryWithIllFormedNames) {
     const ZipEntryBytes entry{.name = "\xFF.json", .flags = kUtf8Flag};
     EXPECT_THROW(open({.entries = {entry}, .directorySize = 40}), opc::PackageError);
     EXPECT_THROW(open({.entries = {entry}, .directoryOffset = 3}), opc::PackageError);
@@ -157,18 +157,18 @@ TEST_F(PackageNameTest, ABrokenDirectoryWithIllFormedNamesIsStillRefused) {
     EXPECT_THROW(open({.entries = {entry, {.name = "b", .extra = "abc"}}}), opc::PackageError);
 }
 
-TEST_F(PackageNameTest, NulInANameIsASpace) {
+TEST_F(EntryNameTest, NulInANameBecomesASpace) {
     EXPECT_THAT(open({.entries = {{.name = "a\0b.json"s}}}).leafNames(), ElementsAre(u"a b.json"));
 }
 
-TEST_F(PackageNameTest, AUnicodePathFieldReplacesAnUnflaggedName) {
+TEST_F(EntryNameTest, UnicodePathFieldReplacesAnUnflaggedName) {
     const std::string field = "\1" + littleEndian(crcOf("x.json"), 4) + "\xC3\xA9.json";
     EXPECT_THAT(
         open({.entries = {{.name = "x.json", .extra = extraField(0x7075, field)}}}).leafNames(),
         ElementsAre(u"\u00E9.json"));
 }
 
-TEST_F(PackageNameTest, TheLongestNameIsListedWhole) {
+TEST_F(EntryNameTest, ListsTheLongestNameWhole) {
     const std::string name(0xFFFF, 'n');
     EXPECT_THAT(open({.entries = {{.name = name}}}).leafNames(),
                 ElementsAre(std::u16string(0xFFFF, u'n')));

@@ -1,6 +1,6 @@
-#include "platform/package/EntryName.hpp"
+#include "platform/zip/EntryName.hpp"
 
-namespace opc::detail {
+namespace platform::zip {
 
 namespace {
 
@@ -9,7 +9,7 @@ constexpr std::u16string_view kSeparators = u"/\\";
 } // namespace
 
 std::u16string_view baseNameOf(std::u16string_view entryName) noexcept {
-    // Without a separator the last one is at npos, and what follows it is the whole name.
+    // Without a separator the search returns npos; npos + 1 is 0, the start of the name.
     return entryName.substr(entryName.find_last_of(kSeparators) + 1);
 }
 
@@ -27,4 +27,4 @@ bool isPackagingMetadata(std::u16string_view entryName) noexcept {
     return baseNameOf(folder) == u"_rels";
 }
 
-} // namespace opc::detail
+} // namespace platform::zip

@@ -1,10 +1,11 @@
-#include "platform/package/PackageFile.hpp"
+#include "platform/zip/PackageFile.hpp"
+
+#include "platform/ReadLimits.hpp"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
-namespace opc::detail {
+namespace platform::zip {
 
 namespace {
 
@@ -12,7 +13,7 @@ constexpr std::size_t kBlockSize = std::size_t{32} << 10;
 
 } // namespace
 
-PackageFile::PackageFile(platform::RegularFile file)
+PackageFile::PackageFile(RegularFile file)
     : file_(std::move(file)),
       size_(file_.size()),
       block_(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
@@ -30,11 +31,11 @@ std::size_t PackageFile::read(std::uint64_t offset, char* buffer, std::size_t le
 }
 
 void PackageFile::takeFromAllowance(std::size_t length) {
-    if (allowed_ == kUnlimited)
+    if (allowance_ == kUnlimited)
         return;
-    if (length > allowed_)
-        throw std::length_error("its directory is too long");
-    allowed_ -= length;
+    if (length > allowance_)
+        throw LimitError("its directory takes more reads than the limit allows");
+    allowance_ -= length;
 }
 
 std::size_t PackageFile::readOnce(std::uint64_t offset, char* buffer, std::size_t length) {
@@ -42,7 +43,7 @@ std::size_t PackageFile::readOnce(std::uint64_t offset, char* buffer, std::size_
     if (!isInBlock && length >= kBlockSize)
         return file_.readAt(offset, buffer, length);
     if (!isInBlock) {
-        blockLength_ = 0; // should the read throw
+        blockLength_ = 0; // the block stays empty if the read throws
         blockLength_ = file_.readAt(offset, block_.get(), kBlockSize);
         blockOffset_ = offset;
     }
@@ -52,4 +53,4 @@ std::size_t PackageFile::readOnce(std::uint64_t offset, char* buffer, std::size_
     return count;
 }
 
-} // namespace opc::detail
+} // namespace platform::zip

@@ -1,13 +1,12 @@
-#include "platform/package/ZipSource.hpp"
+#include "platform/zip/ZipSource.hpp"
 
 #include "platform/system/Cancellation.hpp"
 
 #include <algorithm>
 #include <exception>
-#include <new>
 #include <utility>
 
-namespace opc::detail {
+namespace platform::zip {
 
 namespace {
 
@@ -22,7 +21,7 @@ ZipHandle ZipSource::openArchive(ZipErrorInfo& error, const std::vector<FlaggedE
     hidden_ = &hidden;
     ZipHandle archive(zip_open_from_source(source.get(), ZIP_RDONLY, error.get()));
     hidden_ = nullptr;
-    // The source is the archive's once there is one; after a failure it is still the handle's.
+    // An opened archive owns the source; after a failure the handle still does.
     if (archive)
         static_cast<void>(source.release());
     return archive;
@@ -42,8 +41,8 @@ zip_int64_t ZipSource::serve(void* data, zip_uint64_t length, zip_source_cmd_t c
     case ZIP_SOURCE_STAT: return describe(*static_cast<zip_stat_t*>(data));
     case ZIP_SOURCE_ERROR: return zip_error_to_data(error_.get(), data, length);
     case ZIP_SOURCE_CLOSE:
-    case ZIP_SOURCE_FREE:         // the file is closed with this object
-    case ZIP_SOURCE_ACCEPT_EMPTY: // no: an empty file is no archive
+    case ZIP_SOURCE_FREE:         // the destructor closes the file
+    case ZIP_SOURCE_ACCEPT_EMPTY: // no: an empty file is not an archive
         return 0;
     case ZIP_SOURCE_SUPPORTS:
         return zip_source_make_command_bitmap(ZIP_SOURCE_OPEN, ZIP_SOURCE_READ, ZIP_SOURCE_CLOSE,
@@ -55,28 +54,18 @@ zip_int64_t ZipSource::serve(void* data, zip_uint64_t length, zip_source_cmd_t c
 }
 
 zip_int64_t ZipSource::read(char* buffer, std::size_t length) {
-    // libzip would not give back what it holds, were its frames unwound. The stream of the entry
-    // lets a cancellation pass between two reads.
-    const platform::CancellationHold hold;
+    // Unwinding the frames of libzip would leak what they hold, so neither a cancellation nor an
+    // exception may pass through them. ZipEntryStream lets a cancellation pass between two reads.
+    const CancellationHold hold;
     try {
         const std::size_t count = file_.read(position_, buffer, length);
         clearHiddenFlags(buffer, count);
         position_ += count;
         return static_cast<zip_int64_t>(count);
-    } catch (const std::exception& failure) {
-        noteReadFailure(failure.what());
+    } catch (const std::exception&) {
+        readFailure_ = std::current_exception();
         zip_error_set(error_.get(), ZIP_ER_READ, 0);
         return kFailed;
-    }
-}
-
-void ZipSource::noteReadFailure(const char* reason) noexcept {
-    try {
-        readFailure_ = reason;
-    } catch (const std::bad_alloc&) {
-        // Through libzip no exception may go. It knows itself that a read has failed, and that
-        // has to do.
-        readFailure_.clear();
     }
 }
 
@@ -107,4 +96,4 @@ void ZipSource::clearHiddenFlags(char* bytes, std::size_t length) const {
     }
 }
 
-} // namespace opc::detail
+} // namespace platform::zip

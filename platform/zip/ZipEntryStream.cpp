@@ -1,4 +1,4 @@
-#include "platform/package/ZipEntryStream.hpp"
+#include "platform/zip/ZipEntryStream.hpp"
 
 #include "platform/system/Cancellation.hpp"
 
@@ -6,14 +6,23 @@
 #include <string>
 #include <utility>
 
-namespace opc::detail {
+namespace platform::zip {
+
+namespace {
+
+constexpr std::string_view kOverLimit = "it is larger than the limit";
+
+} // namespace
 
 ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
     : archive_(std::move(archive)),
       index_(index),
-      limits_(platform::readLimits()),
+      limits_(readLimits()),
       description_(archive_->entryDescription(index)),
-      entry_(archive_->openEntry(index)) {}
+      entry_(archive_->openEntry(index)) {
+    if (description_.size > affordableBytes())
+        fail<LimitError>(kOverLimit);
+}
 
 template <class Error>
 void ZipEntryStream::fail(std::string_view reason) {
@@ -28,10 +37,9 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     if (!entry_)
         fail("it has failed before");
 
-    platform::letCancellationPass();
+    letCancellationPass();
     const std::uint64_t affordable = affordableBytes();
-    // One byte more than can be afforded tells an entry that ends at the limit from one that does
-    // not, and no more than that byte is read in vain.
+    // Asking for one byte beyond the limit tells an entry that ends there from a longer one.
     const std::uint64_t asked = affordable < length ? affordable + 1 : length;
     const zip_int64_t answer = zip_fread(entry_.get(), buffer, asked);
     if (answer < 0)
@@ -42,7 +50,7 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     }
     const auto count = static_cast<std::uint64_t>(answer);
     if (count > affordable)
-        fail<platform::LimitError>("it is larger than the limit");
+        fail<LimitError>(kOverLimit);
     deliveredBytes_ += count;
     archive_->countDelivered(count);
     if (deliveredBytes_ > description_.size)
@@ -61,11 +69,11 @@ std::uint64_t ZipEntryStream::affordableBytes() const noexcept {
 void ZipEntryStream::finish() {
     if (deliveredBytes_ != description_.size)
         fail("it is smaller than the package says");
-    // libzip checks no checksum where the package says that nothing is stored.
+    // libzip does not check the checksum of an entry whose stated stored size is 0.
     if (deliveredBytes_ == 0 && (description_.valid & ZIP_STAT_CRC) != 0 && description_.crc != 0)
         fail("its checksum is wrong");
     isComplete_ = true;
     entry_.reset();
 }
 
-} // namespace opc::detail
+} // namespace platform::zip
