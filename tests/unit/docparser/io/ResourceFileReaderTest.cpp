@@ -14,10 +14,14 @@ namespace {
 using docparser_tests::LogCapture;
 using docparser_tests::LogLine;
 using docparser_tests::TemporaryFolder;
+using testing::ElementsAre;
 
 class ResourceFileReader : public testing::Test {
 protected:
     static std::string read(const std::u16string& path) { return openAndReadFile(path); }
+    static LogLine readingLine(const std::string& path) {
+        return {"referenceApi::docparser", 16, "Reading file: " + path};
+    }
 
     // What is read from a file that holds these bytes.
     std::string readBack(const std::string& bytes) const {
@@ -47,12 +51,19 @@ TEST_F(ResourceFileReader, LogsThePathWhetherOrNotTheFileCanBeRead) {
     const LogCapture log;
     read(folder.u16() + u"/Orchard.json");
     read(folder.u16() + u"/Missing.json");
-    const auto line = [](const std::string& file) {
-        return LogLine{"referenceApi::docparser", 16, "Reading file: " + file};
-    };
-    EXPECT_THAT(log.lines(),
-                testing::ElementsAre(line(path), line(folder.path().string() + "/Missing.json")));
+    EXPECT_THAT(log.lines(), ElementsAre(readingLine(path),
+                                         readingLine(folder.path().string() + "/Missing.json")));
 }
+
+#ifdef __linux__
+TEST_F(ResourceFileReader, ReturnsAnEmptyStringForFilesWithoutASize) {
+    for (const std::string path : {"/proc/self/maps", "/proc/self/mem"}) {
+        const LogCapture log;
+        EXPECT_EQ(read(std::u16string(path.begin(), path.end())), "");
+        EXPECT_THAT(log.lines(), ElementsAre(readingLine(path)));
+    }
+}
+#endif
 
 } // namespace
 } // namespace reference::docparser
