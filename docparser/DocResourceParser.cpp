@@ -33,8 +33,8 @@ ResourceMap<RefItem> DocResourceParser::getResourceFile(const std::u16string& pr
     if (auto resources = getResourceDataAtRoot(product, *supportPackageFolder))
         return *std::move(resources);
 
-    docParserLog().write(foundation::log::kSeverityProblem,
-                         "DocParserException thrown in getResourceFile for product: ", product);
+    writeDiagnostic(kProblemSeverity,
+                    "DocParserException thrown in getResourceFile for product: ", product);
     throw DocParserException(product);
 }
 

@@ -3,7 +3,7 @@
 #include "platform/ReadLimits.hpp"
 #include "platform/except/IException.hpp"
 #include "platform/path/Path.hpp"
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <new>
 #include <system_error>
@@ -27,13 +27,13 @@ ReadProblem problemOf(const std::exception_ptr& failure) {
 }
 
 ReadProblem problemOfOpening(const std::u16string& path, const std::exception_ptr& failure) {
-    using fl::filesystem::FileKind;
+    using platform::FileType;
     try {
-        switch (fl::filesystem::kindOf(
-            fl::filesystem::make_native_access_form_with_cleanup_i18n(path))) {
-        case FileKind::Missing: return {Fate::Missing, {}};
-        case FileKind::Other: return {Fate::NotRegular, {}};
-        case FileKind::Regular: break;
+        switch (
+            platform::fileTypeOf(fl::filesystem::make_native_access_form_with_cleanup_i18n(path))) {
+        case FileType::Missing: return {Fate::Missing, {}};
+        case FileType::Other: return {Fate::NotRegular, {}};
+        case FileType::Regular: break;
         }
     } catch (const std::system_error& error) {
         // The path can be that of no file.

@@ -36,8 +36,7 @@ std::string readFile(const std::u16string& path, ReadProblem* problem) {
     // An empty text fails in the parser, so that the caller tries the next place.
     const std::exception_ptr failure = platform::failureOf([&] { readWhole(stream, text); });
     if (failure) {
-        docParserLog().write(foundation::log::kSeverityProblem,
-                             "Problem reading JSON file: ", path);
+        writeDiagnostic(kProblemSeverity, "Problem reading JSON file: ", path);
         if (problem)
             *problem = problemOf(failure);
     }
@@ -47,7 +46,7 @@ std::string readFile(const std::u16string& path, ReadProblem* problem) {
 } // namespace
 
 std::string openAndReadFile(const std::u16string& path, ReadProblem* problem) {
-    docParserLog().write(foundation::log::kSeverityTrace, "Reading file: ", path);
+    writeDiagnostic(kTraceSeverity, "Reading file: ", path);
     return readFile(path, problem);
 }
 

@@ -7,10 +7,8 @@
 
 namespace reference::docparser {
 
-using foundation::log::kSeverityTrace;
-
 std::string openAndReadFile(const ProductZipData& product, ReadProblem* problem) {
-    docParserLog().write(kSeverityTrace, "Reading file: ", product.getName());
+    writeDiagnostic(kTraceSeverity, "Reading file: ", product.getName());
     std::string text;
     // An empty text fails in the parser, so that this product alone is left out.
     const std::exception_ptr failure = platform::failureOf([&] {
@@ -20,7 +18,7 @@ std::string openAndReadFile(const ProductZipData& product, ReadProblem* problem)
         text = opc::StreamHelper::readAll(*stream);
     });
     if (failure) {
-        docParserLog().write(kSeverityTrace, "Error reading file: ", product.getName());
+        writeDiagnostic(kTraceSeverity, "Error reading file: ", product.getName());
         if (problem)
             *problem = problemOf(failure);
     }

@@ -16,7 +16,7 @@ public:
         storage::microservicestoragesystem::StorageSystemReference storage);
 
     /// Opens a regular file for reading; throws as StorageSystem::openForReading does.
-    fl::filesystem::RegularFile openForReading(const std::u16string& path) const;
+    platform::RegularFile openForReading(const std::u16string& path) const;
 
 private:
     storage::microservicestoragesystem::StorageSystemReference storage_;

@@ -18,11 +18,11 @@ public:
     ///
     /// Only the 0 at the end says that the content was right: bytes that came before a throw are
     /// of no use. After a throw every further read throws too.
-    /// \param room    where they go
+    /// \param buffer  where they go
     /// \param length  how many there is room for
     /// \returns       how many came; 0 at the end, or when `length` is 0
     /// \throws PackageError  the content is damaged, cannot be read or passes a limit
-    virtual std::size_t read(char* room, std::size_t length) = 0;
+    virtual std::size_t read(char* buffer, std::size_t length) = 0;
 
     /// How many bytes there are in all, as the package claims. A guess to size a buffer by, once it
     /// has been cut to something affordable.

@@ -12,16 +12,16 @@ constexpr std::size_t kBlockSize = std::size_t{32} << 10;
 
 } // namespace
 
-PackageFile::PackageFile(fl::filesystem::RegularFile file)
+PackageFile::PackageFile(platform::RegularFile file)
     : file_(std::move(file)),
       size_(file_.size()),
       block_(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
 
-std::size_t PackageFile::read(std::uint64_t offset, char* room, std::size_t length) {
+std::size_t PackageFile::read(std::uint64_t offset, char* buffer, std::size_t length) {
     takeFromAllowance(length);
     std::size_t done = 0;
     while (done < length) {
-        const std::size_t count = readOnce(offset + done, room + done, length - done);
+        const std::size_t count = readOnce(offset + done, buffer + done, length - done);
         if (count == 0)
             break;
         done += count;
@@ -37,10 +37,10 @@ void PackageFile::takeFromAllowance(std::size_t length) {
     allowed_ -= length;
 }
 
-std::size_t PackageFile::readOnce(std::uint64_t offset, char* room, std::size_t length) {
+std::size_t PackageFile::readOnce(std::uint64_t offset, char* buffer, std::size_t length) {
     const bool isInBlock = offset >= blockOffset_ && offset - blockOffset_ < blockLength_;
     if (!isInBlock && length >= kBlockSize)
-        return file_.readAt(offset, room, length);
+        return file_.readAt(offset, buffer, length);
     if (!isInBlock) {
         blockLength_ = 0; // should the read throw
         blockLength_ = file_.readAt(offset, block_.get(), kBlockSize);
@@ -48,7 +48,7 @@ std::size_t PackageFile::readOnce(std::uint64_t offset, char* room, std::size_t 
     }
     const auto begin = static_cast<std::size_t>(offset - blockOffset_);
     const std::size_t count = std::min(length, blockLength_ - begin);
-    std::copy_n(block_.get() + begin, count, room);
+    std::copy_n(block_.get() + begin, count, buffer);
     return count;
 }
 

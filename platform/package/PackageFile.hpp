@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace opc::detail {
 class PackageFile {
 public:
     /// \throws std::system_error  the system does not tell the file's size
-    explicit PackageFile(fl::filesystem::RegularFile file);
+    explicit PackageFile(platform::RegularFile file);
 
     /// The size that the file had when it was opened, in bytes.
     std::uint64_t size() const noexcept { return size_; }
@@ -22,7 +22,7 @@ public:
     /// Reads `length` bytes from a place of the file, fewer when it ends before.
     /// \throws std::system_error  the system could not read
     /// \throws std::length_error  more than allowReading() granted
-    std::size_t read(std::uint64_t offset, char* room, std::size_t length);
+    std::size_t read(std::uint64_t offset, char* buffer, std::size_t length);
 
     /// Grants so many bytes to the reads from now on, all together.
     void allowReading(std::uint64_t bytes) noexcept { allowed_ = bytes; }
@@ -31,9 +31,9 @@ public:
 
 private:
     void takeFromAllowance(std::size_t length);
-    std::size_t readOnce(std::uint64_t offset, char* room, std::size_t length);
+    std::size_t readOnce(std::uint64_t offset, char* buffer, std::size_t length);
 
-    fl::filesystem::RegularFile file_;
+    platform::RegularFile file_;
     std::uint64_t size_;
     std::uint64_t allowed_ = kUnlimited;
     std::unique_ptr<char[]> block_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Export.hpp"
-#include "platform/path/RegularFile.hpp"
+#include "platform/system/RegularFile.hpp"
 
 #include <memory>
 #include <string>
@@ -15,7 +15,7 @@ public:
     /// \param path  in UTF-16, as the foundation path library spells paths
     /// \throws opc::PackageError  there is no such regular file, or it may not be read
     /// \throws std::system_error  the path has no form that the system takes
-    fl::filesystem::RegularFile openForReading(const std::u16string& path) const;
+    platform::RegularFile openForReading(const std::u16string& path) const;
 };
 
 /// A share in the storage system, which lives as long as anyone holds one.

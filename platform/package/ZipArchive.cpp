@@ -2,6 +2,7 @@
 
 #include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -17,7 +18,7 @@ constexpr std::uint64_t kLongestDirectory = std::uint64_t{8} << 20;
 
 } // namespace
 
-ZipArchive::ZipArchive(fl::filesystem::RegularFile file, std::u16string_view path)
+ZipArchive::ZipArchive(platform::RegularFile file, std::u16string_view path)
     : source_(std::move(file)), path_(fl::i18n::to_string(path)) {}
 
 void ZipArchive::open() {
@@ -70,7 +71,7 @@ const char* ZipArchive::rawName(std::uint64_t index) const noexcept {
 std::u16string ZipArchive::entryName(std::uint64_t index) {
     const char* const raw = rawName(index);
     const bool isHidden = std::ranges::binary_search(hidden_, index, {}, &FlaggedEntry::index);
-    if (isHidden || fl::i18n::is_well_formed(std::string_view(raw)))
+    if (isHidden || platform::isWellFormedUtf8(raw))
         return fl::i18n::to_ustring(raw);
     // What libzip takes for UTF-8 comes back as it is, from CP437 it is converted.
     const char* const converted = zip_get_name(archive_.get(), index, ZIP_FL_ENC_STRICT);

@@ -17,7 +17,7 @@ public:
     /// \param file  the package's file
     /// \param path  its path, for messages
     /// \throws std::system_error  the system does not tell the file's size
-    ZipArchive(fl::filesystem::RegularFile file, std::u16string_view path);
+    ZipArchive(platform::RegularFile file, std::u16string_view path);
 
     /// Reads the directory; nothing happens when it has been read before.
     /// \throws PackageError  the file is no zip, or a broken one

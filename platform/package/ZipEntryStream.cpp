@@ -1,6 +1,6 @@
 #include "platform/package/ZipEntryStream.hpp"
 
-#include "platform/except/Cancellation.hpp"
+#include "platform/system/Cancellation.hpp"
 
 #include <algorithm>
 #include <string>
@@ -22,18 +22,18 @@ void ZipEntryStream::fail(std::string_view reason) {
     throw failure;
 }
 
-std::size_t ZipEntryStream::read(char* room, std::size_t length) {
+std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     if (isComplete_ || length == 0)
         return 0;
     if (!entry_)
         fail("it has failed before");
 
-    foundation::core::except::letCancellationPass();
+    platform::letCancellationPass();
     const std::uint64_t affordable = affordableBytes();
     // One byte more than can be afforded tells an entry that ends at the limit from one that does
     // not, and no more than that byte is read in vain.
     const std::uint64_t asked = affordable < length ? affordable + 1 : length;
-    const zip_int64_t answer = zip_fread(entry_.get(), room, asked);
+    const zip_int64_t answer = zip_fread(entry_.get(), buffer, asked);
     if (answer < 0)
         fail(zip_file_strerror(entry_.get()));
     if (answer == 0) {

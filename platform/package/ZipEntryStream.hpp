@@ -18,7 +18,7 @@ public:
     /// \throws PackageError  see ZipArchive::openEntry
     ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index);
 
-    std::size_t read(char* room, std::size_t length) override;
+    std::size_t read(char* buffer, std::size_t length) override;
     std::uint64_t claimedSize() const noexcept override { return description_.size; }
 
 private:

@@ -1,6 +1,6 @@
 #include "platform/package/ZipSource.hpp"
 
-#include "platform/except/Cancellation.hpp"
+#include "platform/system/Cancellation.hpp"
 
 #include <algorithm>
 #include <exception>
@@ -54,13 +54,13 @@ zip_int64_t ZipSource::serve(void* data, zip_uint64_t length, zip_source_cmd_t c
     }
 }
 
-zip_int64_t ZipSource::read(char* room, std::size_t length) {
+zip_int64_t ZipSource::read(char* buffer, std::size_t length) {
     // libzip would not give back what it holds, were its frames unwound. The stream of the entry
     // lets a cancellation pass between two reads.
-    const foundation::core::except::CancellationHold hold;
+    const platform::CancellationHold hold;
     try {
-        const std::size_t count = file_.read(position_, room, length);
-        clearHiddenFlags(room, count);
+        const std::size_t count = file_.read(position_, buffer, length);
+        clearHiddenFlags(buffer, count);
         position_ += count;
         return static_cast<zip_int64_t>(count);
     } catch (const std::exception& failure) {

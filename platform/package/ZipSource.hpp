@@ -18,7 +18,7 @@ namespace opc::detail {
 class ZipSource {
 public:
     /// \throws std::system_error  the system does not tell the file's size
-    explicit ZipSource(fl::filesystem::RegularFile file) : file_(std::move(file)) {}
+    explicit ZipSource(platform::RegularFile file) : file_(std::move(file)) {}
     ZipSource(const ZipSource&) = delete;
     ZipSource& operator=(const ZipSource&) = delete;
 
@@ -37,7 +37,7 @@ public:
 private:
     static zip_int64_t serve(void* self, void* data, zip_uint64_t length, zip_source_cmd_t command);
     zip_int64_t serve(void* data, zip_uint64_t length, zip_source_cmd_t command);
-    zip_int64_t read(char* room, std::size_t length);
+    zip_int64_t read(char* buffer, std::size_t length);
     void noteReadFailure(const char* reason) noexcept;
     zip_int64_t seek(void* target, zip_uint64_t length);
     zip_int64_t describe(zip_stat_t& description) const;

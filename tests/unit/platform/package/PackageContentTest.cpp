@@ -159,12 +159,12 @@ TEST_F(PackageContentTest, TwoStreamsAreReadByTurns) {
         streams[i] =
             package.manager.getFileContentSource(leaves[i % 2], opc::TransformMode::Decoded)
                 ->openInputStream();
-    std::array<char, 777> room;
+    std::array<char, 777> buffer;
     for (bool isGoing = true; isGoing;) {
         isGoing = false;
         for (std::size_t i = 0; i < streams.size(); ++i) {
-            const std::size_t count = streams[i]->read(room.data(), room.size());
-            texts[i].append(room.data(), count);
+            const std::size_t count = streams[i]->read(buffer.data(), buffer.size());
+            texts[i].append(buffer.data(), count);
             isGoing = isGoing || count > 0;
         }
     }
@@ -186,11 +186,11 @@ TEST_F(PackageContentTest, AStreamAtItsEndStaysThere) {
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
             ->openInputStream();
     EXPECT_EQ(stream->claimedSize(), 4U);
-    std::array<char, 4> room;
-    EXPECT_EQ(stream->read(room.data(), 0), 0U);
-    EXPECT_EQ(stream->read(room.data(), room.size()), 4U);
-    EXPECT_EQ(stream->read(room.data(), room.size()), 0U);
-    EXPECT_EQ(stream->read(room.data(), room.size()), 0U);
+    std::array<char, 4> buffer;
+    EXPECT_EQ(stream->read(buffer.data(), 0), 0U);
+    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 4U);
+    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 0U);
+    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 0U);
 }
 
 TEST_F(PackageContentTest, AnEntryIsCopiedToAnOutputStream) {

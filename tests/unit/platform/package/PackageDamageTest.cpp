@@ -99,10 +99,10 @@ TEST_F(PackageDamageTest, AReadOfTheExactSizeDoesNotHideAWrongChecksum) {
     const auto stream =
         package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
             ->openInputStream();
-    std::string room(kText.size(), '\0');
-    EXPECT_EQ(stream->read(room.data(), room.size()), room.size());
-    EXPECT_THROW(stream->read(room.data(), room.size()), opc::PackageError);
-    EXPECT_THAT(messageOf([&] { stream->read(room.data(), room.size()); }),
+    std::string buffer(kText.size(), '\0');
+    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), buffer.size());
+    EXPECT_THROW(stream->read(buffer.data(), buffer.size()), opc::PackageError);
+    EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), buffer.size()); }),
                 HasSubstr("it has failed before"));
 }
 

@@ -20,12 +20,12 @@ public:
     TextStream(std::string text, std::uint64_t claim, std::size_t piece, bool failsAtEnd = false)
         : text_(std::move(text)), claim_(claim), piece_(piece), failsAtEnd_(failsAtEnd) {}
 
-    std::size_t read(char* room, std::size_t length) override {
+    std::size_t read(char* buffer, std::size_t length) override {
         mostAskedFor = std::max(mostAskedFor, length);
         const std::size_t count = std::min({length, piece_, text_.size() - given_});
         if (count == 0 && failsAtEnd_)
             throw opc::PackageError("damaged");
-        std::copy_n(text_.data() + given_, count, room);
+        std::copy_n(text_.data() + given_, count, buffer);
         given_ += count;
         return count;
     }
