@@ -1,7 +1,6 @@
 #include "tests/support/Cancellation.hpp"
 
 #include "docparser/io/ResourceFileReader.hpp"
-#include "docparser/io/ZipEntryReader.hpp"
 #include "docparser/io/ZipPackage.hpp"
 #include "platform/package/StorageSystem.hpp"
 #include "tests/support/TemporaryFolder.hpp"
@@ -36,7 +35,7 @@ TEST_F(CancelledReading, ThreadEndsInTheReadingOfAFile) {
     const auto openBefore = openFiles();
     EXPECT_TRUE(isCancelledIn([&] {
         cancelThisThread();
-        openAndReadFile(path);
+        openAndReadFile(path, unobserved);
     }));
     EXPECT_EQ(openFiles(), openBefore);
 }
@@ -50,9 +49,10 @@ TEST_F(CancelledReading, ThreadEndsInTheReadingOfAnEntry) {
         const opc::FileSystemOpsSelector selector(
             storage::microservicestoragesystem::GetStorageSystemReference());
         ZipPackage package(path, selector);
-        const auto products = package.findProducts(/*isNonEnglishLocale=*/false, {}, u"_en");
+        const auto products =
+            package.findProducts(/*isNonEnglishLocale=*/false, {}, u"_en", unobserved);
         cancelThisThread();
-        openAndReadFile(products.at(0));
+        openAndReadFile(products.at(0), unobserved);
     }));
     EXPECT_EQ(openFiles(), openBefore);
 }

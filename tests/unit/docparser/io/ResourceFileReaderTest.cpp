@@ -18,7 +18,9 @@ using testing::ElementsAre;
 
 class ResourceFileReader : public testing::Test {
 protected:
-    static std::string read(const std::u16string& path) { return openAndReadFile(path, unobserved); }
+    static std::string read(const std::u16string& path) {
+        return openAndReadFile(path, unobserved);
+    }
     static LogLine readingLine(const std::string& path) {
         return {"referenceApi::docparser", 16, "Reading file: " + path};
     }

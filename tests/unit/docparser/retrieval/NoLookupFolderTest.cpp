@@ -60,10 +60,10 @@ TEST(NoLookupFolder, NoFolderIsListed) {
 
     const auto parse = [](auto&&...) -> LookupMap { throw std::logic_error("a file was parsed"); };
     const auto isInstalled = [](const std::u16string&) { return true; };
-    EXPECT_EQ(collectLookupFiles(u"", parse, isInstalled), LookupResults());
+    EXPECT_EQ(collectLookupFiles(u"", parse, isInstalled, unobserved), LookupResults());
     EXPECT_FALSE(watch.hasSeenOpening());
 
-    EXPECT_EQ(findProducts(u".", {}, u"_en").jsonProducts.size(), 1U);
+    EXPECT_EQ(findProducts(u".", {}, u"_en", unobserved).jsonProducts.size(), 1U);
     EXPECT_TRUE(watch.hasSeenOpening()) << "the watch does not notice a listing";
 }
 
