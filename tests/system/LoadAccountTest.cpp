@@ -249,13 +249,13 @@ TEST_F(LoadAccountTest, ListsSkippedFilesBeforeFilesThatAreRead) {
 }
 
 TEST_F(LoadAccountTest, ListsPackagesBeforeTheirEntries) {
-    addLookup("P.zip", packageOf({{"lookup/A.json", orchard({}).str()},
+    addLookup("P.zip", packageOf({{"A.json", orchard({}).str()},
                                   {"A_ja.json", "{}"},
                                   {"notes.txt", ""},
                                   {"B.json", "{"}}));
     EXPECT_THAT(lines(accountOfLookups()),
                 ElementsAre("P.zip used", "P.zip!A_ja.json skipped-language",
-                            "P.zip!notes.txt skipped-name", "P.zip!lookup/A.json used",
+                            "P.zip!notes.txt skipped-name", "P.zip!A.json used",
                             "P.zip!B.json malformed 1:2 (incomplete JSON)"));
 }
 
