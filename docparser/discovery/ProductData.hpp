@@ -13,7 +13,8 @@ namespace reference::docparser {
 class DOCPARSER_EXPORT ProductData {
 public:
     /// \param name              the stem of the file name, with its locale suffix: "P_ja"
-    /// \param nonEnglishLocale  whether the stem ends with the suffix of a language other than English
+    /// \param nonEnglishLocale  whether the stem ends with the suffix of a language other than
+    /// English
     ProductData(std::u16string name, bool nonEnglishLocale)
         : name_(std::move(name)), nonEnglishLocale_(nonEnglishLocale) {}
 
