@@ -1,5 +1,6 @@
 #include "platform/InstallationManifest.hpp"
 
+#include "platform/LineCounter.hpp"
 #include "platform/ReadLimits.hpp"
 #include "platform/system/NativePath.hpp"
 #include "platform/system/NonStopArithmetic.hpp"
@@ -9,7 +10,6 @@
 #include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
@@ -132,11 +132,8 @@ std::u16string readFolder(const Node& node, const std::u16string& installFolder)
 
 // Returns the position of a byte as "line 3, column 7"; columns count characters.
 std::string describePosition(std::string_view text, std::size_t offset) {
-    const std::string_view before = text.substr(0, offset);
-    const std::string_view line = before.substr(before.rfind('\n') + 1);
-    const auto startsCharacter = [](char byte) { return (byte & 0xC0) != 0x80; };
-    return "line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", column " +
-           std::to_string(std::ranges::count_if(line, startsCharacter) + 1);
+    const LineAndColumn position = LineCounter(text).positionOf(offset);
+    return "line " + std::to_string(position.line) + ", column " + std::to_string(position.column);
 }
 
 json::value parseJson(std::string_view text) {

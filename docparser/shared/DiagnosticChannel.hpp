@@ -12,9 +12,10 @@ inline constexpr int kProblemSeverity = 512;
 
 /// Writes `prefix` followed by `subject` to the library's one diagnostic channel,
 /// "referenceApi::docparser". Nothing is formed if the severity is disabled or the logging core
-/// does not want the record. Any thread may call, also before the library's static initialisers
-/// have run. \param prefix   ASCII \param subject  written as UTF-8 \throws whatever the logging
-/// core or a sink throws for an enabled severity
+/// does not want the record. Any thread may call, also before static initialisers have run.
+/// \param prefix   ASCII
+/// \param subject  written as UTF-8
+/// \throws whatever the logging core or a sink throws for an enabled severity
 void writeDiagnostic(int severity, std::string_view prefix, const std::u16string& subject);
 
 } // namespace reference::docparser

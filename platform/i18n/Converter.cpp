@@ -9,18 +9,6 @@
 
 namespace fl::i18n {
 
-namespace {
-
-constexpr bool isAscii(char byte) noexcept {
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
-constexpr char16_t widen(char byte) noexcept {
-    return static_cast<unsigned char>(byte);
-}
-
-} // namespace
-
 codecvt_string_to_ustring::codecvt_string_to_ustring(std::string_view encoding,
                                                      bool replaceIllFormed)
     : replaceIllFormed_(replaceIllFormed) {
@@ -36,19 +24,10 @@ std::u16string codecvt_string_to_ustring::convert(const char* text, std::size_t 
 }
 
 std::u16string codecvt_ascii_to_ustring::convert(const char* text, std::size_t length) const {
-    const std::span bytes(text, length);
-    if (strict_ && !std::ranges::all_of(bytes, isAscii))
+    const std::span bytes(reinterpret_cast<const unsigned char*>(text), length);
+    if (strict_ && std::ranges::any_of(bytes, [](unsigned char byte) { return byte > 0x7F; }))
         throw std::range_error("a byte above 0x7F where ASCII was expected");
-    return platform::makeUtf16String(length, [&](char16_t* buffer) {
-        std::ranges::transform(bytes, buffer, widen);
-        return length;
-    });
-}
-
-void append_ascii(std::u16string& text, std::string_view bytes) {
-    const std::size_t length = text.size();
-    text.resize(length + bytes.size());
-    std::ranges::transform(bytes, text.data() + length, widen);
+    return {bytes.begin(), bytes.end()};
 }
 
 std::string to_string(std::u16string_view text) {

@@ -53,9 +53,6 @@ private:
     bool strict_;
 };
 
-/// Appends bytes to a string, each as the code unit of the same value.
-DOCPARSER_PLATFORM_EXPORT void append_ascii(std::u16string& text, std::string_view bytes);
-
 /// Converts UTF-16 to UTF-8; each unpaired surrogate becomes one U+FFFD.
 DOCPARSER_PLATFORM_EXPORT std::string to_string(std::u16string_view text);
 

@@ -48,7 +48,8 @@ constexpr Utf8Lead classifyUtf8Lead(std::uint8_t byte) noexcept {
 /// any language but English.
 ///
 /// An ill-formed sequence is maximal: the longest prefix of a well-formed sequence, and at least
-/// one byte. E3 41 is the ill-formed sequence E3, followed by an A. \param text  not empty
+/// one byte. E3 41 is the ill-formed sequence E3, followed by an A.
+/// \param text  not empty
 constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     constexpr char32_t kReplacement = 0xFFFD;
     const auto byteAt = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
