@@ -1,7 +1,7 @@
 #include "platform/HostServices.hpp"
 
 #include "platform/InstallationManifest.hpp"
-#include "platform/InstallationPrefix.hpp"
+#include "platform/system/InstallationPrefix.hpp"
 
 #include <mutex>
 #include <utility>

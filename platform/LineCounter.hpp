@@ -20,8 +20,8 @@ public:
     explicit LineCounter(std::string_view text) noexcept : text_(text) {}
 
     /// Returns the position of a byte; of a byte within a code point, the position of the code
-    /// point. An offset past the end of the text means the end. \param offset  at least the offset
-    /// of the previous call, so that the text is read only once
+    /// point. An offset past the end of the text means the end.
+    /// \param offset  at least that of the previous call, so that the text is read only once
     LineAndColumn positionOf(std::size_t offset) noexcept {
         for (; offset_ < offset && offset_ < text_.size(); ++offset_) {
             if (text_[offset_] == '\n') {

@@ -32,7 +32,8 @@ struct DOCPARSER_EXPORT RefEntityType {
         Keyword
     };
     /// Returns the value of a word, "function" for Function. Words are lower case and match
-    /// exactly. \throws std::invalid_argument  the word is unknown; what() contains it
+    /// exactly.
+    /// \throws std::invalid_argument  the word is unknown; what() contains it
     static Value stringToEnum(std::string_view word);
     /// Returns the value for an absent or unknown word.
     static Value getDefaultValue() noexcept { return Function; }

@@ -21,7 +21,8 @@ public:
 
     /// Converts a string with the ASCII converter if the type is Ascii, or if it is Utf8 and every
     /// byte is in 0x01..0x7E; otherwise with the UTF-8 converter. Most strings need no decoding,
-    /// and widening is faster. \throws whatever the converter throws
+    /// and widening is faster.
+    /// \throws whatever the converter throws
     std::u16string convert(std::string_view bytes, StringParsingType type) const;
 
 private:

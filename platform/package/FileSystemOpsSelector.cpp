@@ -12,8 +12,7 @@ FileSystemOpsSelector::FileSystemOpsSelector(
         throw std::invalid_argument("no storage system to take file operations from");
 }
 
-fl::filesystem::RegularFile
-FileSystemOpsSelector::openForReading(const std::u16string& path) const {
+platform::RegularFile FileSystemOpsSelector::openForReading(const std::u16string& path) const {
     return storage_->openForReading(path);
 }
 

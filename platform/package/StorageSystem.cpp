@@ -9,8 +9,8 @@
 
 namespace storage::microservicestoragesystem {
 
-fl::filesystem::RegularFile StorageSystem::openForReading(const std::u16string& path) const {
-    using fl::filesystem::RegularFile;
+platform::RegularFile StorageSystem::openForReading(const std::u16string& path) const {
+    using platform::RegularFile;
     std::optional<RegularFile> file =
         RegularFile::open(fl::filesystem::make_native_access_form_with_cleanup_i18n(path));
     if (!file)

@@ -8,15 +8,15 @@ directory_iterator::directory_iterator(const path& folder, std::u16string_view p
     : folder_(folder) {
     if (pattern != u"*")
         throw std::invalid_argument("a directory iterator lists all names or none");
-    entries_ = Folder::open(make_native_access_form_with_cleanup_i18n(folder));
+    entries_ = platform::Folder::open(make_native_access_form_with_cleanup_i18n(folder));
     if (entries_)
         increment();
 }
 
 void directory_iterator::increment() {
-    name_.reset(); // should the folder no longer be readable
-    if (const std::optional<native_string> name = entries_->next())
-        name_ = from_native_access_form(*name);
+    name_.reset(); // the iteration ends if next() throws
+    if (const std::optional<platform::NativePath> name = entries_->next())
+        name_ = platform::fromNativePath(*name);
 }
 
 path directory_iterator::full_pathname() const {

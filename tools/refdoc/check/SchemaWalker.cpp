@@ -195,8 +195,8 @@ private:
         if (!isBytes || isAscii(text))
             return;
         const std::string_view beyond = firstBeyondAscii(text);
-        std::u16string garbled;
-        fl::i18n::append_ascii(garbled, beyond);
+        const fl::i18n::codecvt_ascii_to_ustring ascii(/*strict=*/false);
+        const std::u16string garbled = ascii.convert(beyond.data(), beyond.size());
         add(RuleId::NotAscii, /*isAtKey=*/false,
             fmt::format("the text is read as ASCII, and \"{}\" becomes \"{}\"", beyond,
                         to_string(garbled)));

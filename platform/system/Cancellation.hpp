@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/SeamExport.hpp"
+
+namespace platform {
+
+/// Defers the cancellation of the calling thread during its life; a cancellation that is requested
+/// meanwhile takes effect at a later cancellation point.
+///
+/// For code that cannot be unwound: the closing of a file in a destructor, and the stack frames of
+/// a library written in C, which would leak its memory.
+class DOCPARSER_SEAM_EXPORT CancellationHold {
+public:
+    CancellationHold() noexcept;
+    ~CancellationHold();
+    CancellationHold(const CancellationHold&) = delete;
+    CancellationHold& operator=(const CancellationHold&) = delete;
+
+private:
+    int before_ = 0; // the system's previous cancellation state
+};
+
+/// Unwinds and ends the calling thread if its cancellation has been requested and nothing defers
+/// it; returns otherwise.
+DOCPARSER_SEAM_EXPORT void letCancellationPass();
+
+} // namespace platform
