@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 
 #include <cstdint>
 #include <stdexcept>
@@ -27,7 +27,7 @@ struct ReadLimits {
 };
 
 /// A read was refused because of a limit. what() names the limit, without a final period.
-class DOCPARSER_PLATFORM_EXPORT LimitError : public std::runtime_error {
+class DOCPARSER_SEAM_EXPORT LimitError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
     ~LimitError() override;
@@ -35,9 +35,9 @@ public:
 
 /// Sets the limits of the process for all reads that start afterwards. Thread-safe; a read that
 /// starts during the call may use some of the old and some of the new limits.
-DOCPARSER_PLATFORM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
+DOCPARSER_SEAM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
 
 /// Returns the current limits. Thread-safe.
-DOCPARSER_PLATFORM_EXPORT ReadLimits readLimits() noexcept;
+DOCPARSER_SEAM_EXPORT ReadLimits readLimits() noexcept;
 
 } // namespace platform

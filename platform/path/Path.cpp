@@ -1,22 +1,21 @@
 #include "platform/path/Path.hpp"
 
-#include "platform/i18n/Converter.hpp"
-
 #include <algorithm>
-#include <system_error>
 
 namespace fl::filesystem {
 
 namespace {
 
-// Where the name behind the last separator starts.
+using platform::isPathSeparator;
+
+// Returns the position after the last separator.
 std::size_t nameStart(std::u16string_view text) noexcept {
-    const auto separator = std::find_if(text.rbegin(), text.rend(), is_separator);
+    const auto separator = std::find_if(text.rbegin(), text.rend(), isPathSeparator);
     return static_cast<std::size_t>(text.rend() - separator);
 }
 
 std::u16string_view withoutTrailingSeparators(std::u16string_view text) noexcept {
-    while (!text.empty() && is_separator(text.back()))
+    while (!text.empty() && isPathSeparator(text.back()))
         text.remove_suffix(1);
     return text;
 }
@@ -36,20 +35,7 @@ path path::filename() const {
 }
 
 path path::operator/(std::u16string_view component) const {
-    const bool endsWithSeparator = !text_.empty() && is_separator(text_.back());
-    std::u16string joined;
-    joined.reserve(text_.size() + 1 + component.size());
-    joined += text_;
-    if (!endsWithSeparator)
-        joined += PATHNAME_SEPARATOR;
-    joined += component;
-    return joined;
-}
-
-path& path::operator/=(std::u16string_view component) {
-    // Joined apart from the path, of which the component may be a part.
-    *this = *this / component;
-    return *this;
+    return platform::joinPath(text_, component);
 }
 
 std::u16string extract_extension(const path& file) {
@@ -78,26 +64,7 @@ path make_native_form(path file, bool) {
 }
 
 platform::NativePath make_native_access_form_with_cleanup_i18n(const path& file) {
-    const std::u16string& text = file.string();
-    if (text.find(u'\0') != std::u16string::npos)
-        throw std::system_error(std::make_error_code(std::errc::invalid_argument),
-                                "a path holds NUL");
-#ifdef _WIN32
-    return {text.begin(), text.end()};
-#else
-    if (!i18n::is_well_formed(text))
-        throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence),
-                                "a path holds an unpaired surrogate");
-    return i18n::to_string(text);
-#endif
-}
-
-path from_native_access_form(const platform::NativePath& file) {
-#ifdef _WIN32
-    return std::u16string(file.begin(), file.end());
-#else
-    return i18n::to_ustring(file);
-#endif
+    return platform::toNativePath(file.string());
 }
 
 } // namespace fl::filesystem

@@ -2,7 +2,7 @@
 
 #include "platform/Failure.hpp"
 #include "platform/ReadLimits.hpp"
-#include "platform/i18n/Converter.hpp"
+#include "platform/unicode/Transcoding.hpp"
 #include "platform/zip/DirectoryCheck.hpp"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ std::string messageOf(const std::exception_ptr& failure) {
 } // namespace
 
 ZipArchive::ZipArchive(RegularFile file, std::u16string_view path)
-    : source_(std::move(file)), path_(fl::i18n::to_string(path)) {}
+    : source_(std::move(file)), path_(toUtf8(path)) {}
 
 void ZipArchive::open() {
     if (archive_)
@@ -104,13 +104,13 @@ const char* ZipArchive::rawName(std::uint64_t index) const noexcept {
 std::u16string ZipArchive::entryName(std::uint64_t index) {
     const char* const raw = rawName(index);
     const bool isHidden = std::ranges::binary_search(hidden_, index, {}, &FlaggedEntry::index);
-    if (isHidden || fl::i18n::is_well_formed(std::string_view(raw)))
-        return fl::i18n::to_ustring(raw);
+    if (isHidden || isWellFormedUtf8(raw))
+        return toUtf16(raw);
     // libzip returns UTF-8 unchanged and converts CP437 to UTF-8.
     const char* const converted = zip_get_name(archive_.get(), index, ZIP_FL_ENC_STRICT);
     if (!converted)
         throw ZipError(entryFailure(index, zip_strerror(archive_.get())));
-    return fl::i18n::to_ustring(converted);
+    return toUtf16(converted);
 }
 
 zip_stat_t ZipArchive::entryDescription(std::uint64_t index) {
@@ -138,7 +138,7 @@ ZipFileHandle ZipArchive::openEntry(std::uint64_t index) {
 std::string ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {
     const std::exception_ptr readFailure = source_.takeReadFailure();
     // The raw name, because libzip may have no other.
-    const std::string name = fl::i18n::to_string(fl::i18n::to_ustring(rawName(index)));
+    const std::string name = toUtf8(toUtf16(rawName(index)));
     return "entry " + std::to_string(index) + " \"" + name + "\" of the package \"" + path_ +
            "\" cannot be delivered: " +
            (readFailure ? messageOf(readFailure) : std::string(reason));

@@ -1,7 +1,9 @@
 #include "tests/system/SystemTest.hpp"
 
 #include "docparser/DocParserException.hpp"
+#include "tests/support/Records.hpp"
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace docparser_tests {
@@ -15,6 +17,19 @@ const std::filesystem::path kLookupFolder = "root/docCatalog/referenceapi_lookup
 const std::filesystem::path kSupportFolder = "support/help/docCatalog/referenceapi";
 
 } // namespace
+
+bool isObserved() {
+    return std::getenv("DOCPARSER_TEST_OBSERVED") != nullptr;
+}
+
+ObservedThread::ObservedThread() {
+    if (isObserved())
+        scope_.emplace(account_);
+}
+
+ObservedThread::~ObservedThread() {
+    EXPECT_TRUE(account_.isComplete);
+}
 
 SystemTest::SystemTest() : maskBefore_(foundation::log::severityMask()) {
     for (const auto& below : {kApiFolder, kLookupFolder, kSupportFolder})
@@ -76,8 +91,7 @@ HeaderInfo header(const std::u16string& helpFolder, const std::u16string& produc
 }
 
 RefItem record(const std::u16string& href, const std::u16string& refPurpose) {
-    return {href, {}, u"", refPurpose, u"", u"", {u"", u""}, DeprecationStatus::None,
-            {},   {}, {},  {},         {},  {},  {},         {}};
+    return makeRefItem({.href = href, .refPurpose = refPurpose});
 }
 
 RefItemLookup lookupRecord(const std::u16string& name, const std::u16string& href,
