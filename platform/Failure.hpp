@@ -7,9 +7,8 @@ namespace platform {
 
 /// Runs a step whose failure the caller handles as a value.
 ///
-/// The exception that the step throws goes no further; say at the call why that is right. The
-/// cancellation of the thread, which travels as an exception on some systems, is not a failure and
-/// passes through.
+/// No exception of the step passes; a comment at the call says why that is right. The cancellation
+/// of the thread, which unwinds like an exception on some systems, is not a failure and does pass.
 /// \param step  called once, without arguments
 /// \returns     the exception that the step threw; null if it returned
 template <class Step>
@@ -18,7 +17,7 @@ template <class Step>
         std::forward<Step>(step)();
         return nullptr;
     } catch (...) {
-        // A thread that is being cancelled unwinds without a C++ exception: none is current.
+        // A cancelled thread unwinds without a C++ exception, so there is no current exception.
         std::exception_ptr failure = std::current_exception();
         if (!failure)
             throw;
@@ -26,7 +25,7 @@ template <class Step>
     }
 }
 
-/// Runs a step and drops the exception that it throws, as failureOf() does.
+/// Runs a step and ignores the exception that it throws, under the rules of failureOf().
 template <class Step>
 void ignoreFailure(Step&& step) {
     static_cast<void>(failureOf(std::forward<Step>(step)));

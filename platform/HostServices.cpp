@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-// Built on first use, so that the static initialisers of any other library may already ask.
+// Constructed on first use, because the static initialisers of other libraries may ask already.
 struct Current {
     std::mutex mutex; // guards services; never held while the services are asked
     std::shared_ptr<const HostServices> services = defaultHostServices();
@@ -36,7 +36,7 @@ void setHostServices(std::shared_ptr<const HostServices> services) {
         services = defaultHostServices();
     Current& state = current();
     const std::lock_guard lock(state.mutex);
-    // The services that were in force end after the lock: their destructor is the host's code.
+    // The old services are destroyed after the lock is released: their destructor is host code.
     state.services.swap(services);
 }
 

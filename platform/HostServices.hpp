@@ -10,57 +10,59 @@
 
 namespace platform {
 
-/// What only the host application can know: the one seam between it and the libraries here.
+/// What only the host application knows: its folder, language, installed products and support
+/// packages.
 ///
-/// The answers are asked for at each use, on whatever thread needs them and several at a time: an
-/// implementation is thread-safe, and keeps what takes long to find. Some are asked for under a
-/// lock of whoever asks; an answer that called the asking operation would wait for itself. It may
-/// throw; the header of each operation that asks says where that ends.
+/// Each function is called whenever its answer is needed, on any thread and on several at a time.
+/// An implementation is thread-safe and caches answers that take long to find. Some functions are
+/// called while the caller holds a lock: an implementation that called the same operation of the
+/// library would deadlock. It may throw; the header of each operation says what happens then.
 ///
-/// All texts are UTF-16 but those of the products, which are UTF-8.
+/// All strings are UTF-16, except those of the products, which are UTF-8.
 class DOCPARSER_SEAM_EXPORT HostServices {
 public:
     virtual ~HostServices();
 
-    /// The folder that the application is installed in. fl::filesystem::get_install_path() asks the
-    /// default services for it, and no other ones.
+    /// Returns the folder that the application is installed in. fl::filesystem::get_install_path()
+    /// always asks the default services for it.
     virtual std::u16string installPath() const = 0;
 
-    /// The language that documentation is shown in: "en", "ja", "zh_CN", ... It is spelled as the
-    /// names of the files spell it.
+    /// Returns the language that documentation is shown in, spelled as in file names: "en", "ja",
+    /// "zh_CN".
     virtual std::u16string docLanguage() const = 0;
 
-    /// Every language that documentation can be shown in, English included, in any order. What
-    /// makes a file a translation is a name that ends in "_" and one of these but English.
+    /// Returns all languages that documentation can be shown in, English included, in any order. A
+    /// file is a translation if its name ends in "_" and one of these except English.
     virtual std::vector<std::u16string> supportedDocLanguages() const = 0;
 
-    /// The installed products that stand at the top level of the documentation. Asked for
-    /// often: the objects are best made beforehand, so that only their pointers are copied here.
-    /// Null pointers are left out.
+    /// Returns the installed products at the top level of the documentation. Called often, so an
+    /// implementation should make the objects once and copy only the pointers. Null pointers are
+    /// ignored.
     virtual std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
     installedTopLevelDocProducts() const = 0;
 
-    /// The folder that support packages are installed in; empty when there is none. It need not
-    /// exist, and a separator at its end makes no difference. Whoever asks keeps the answer.
+    /// Returns the folder that support packages are installed in; empty if there is none. The
+    /// folder need not exist, and a separator at its end is ignored. The library caches the answer.
     virtual std::u16string supportPackageRoot() const = 0;
 
-    /// The hardware support packages that are installed under a support-package root, by the keys
-    /// of their sections. Whoever asks keeps the answer; a failure counts as no packages.
+    /// Returns the section keys of the hardware support packages that are installed under a
+    /// support-package root. The library caches the answer; an exception counts as no packages.
     /// \param root  the folder, without a separator at its end
     virtual std::unordered_set<std::u16string>
     installedHardwareSupportPackages(const std::u16string& root) const = 0;
 };
 
-/// Makes `services` the answers of the whole process; null goes back to the default, an
-/// InstallationManifest of the folder that this library is installed in.
+/// Sets the services of the whole process. Null restores the default, an InstallationManifest of
+/// the folder that this library is installed in.
 ///
-/// Calls under way keep the services that they began with. Any thread may call.
+/// Calls in progress keep the services that they started with. Any thread may call.
 DOCPARSER_SEAM_EXPORT void setHostServices(std::shared_ptr<const HostServices> services);
 
-/// The services in force, never null; the caller keeps them alive as long as it holds the pointer.
+/// Returns the current services, never null; they live at least as long as the pointer.
 DOCPARSER_SEAM_EXPORT std::shared_ptr<const HostServices> hostServices();
 
-/// The services that are in force until a host sets its own, always the same object.
+/// Returns the services that are used until the host application sets its own; always the same
+/// object.
 DOCPARSER_SEAM_EXPORT std::shared_ptr<const HostServices> defaultHostServices();
 
 } // namespace platform

@@ -13,29 +13,28 @@ namespace platform {
 
 /// Host services that read their answers from `installation.json` in an install folder.
 ///
-/// The file is one JSON object; all its keys are optional and unknown keys are left alone:
+/// The file holds one JSON object. All keys are optional; unknown keys are ignored:
 ///
-/// | key                       | kind             | absent          |
+/// | key                       | type             | default         |
 /// |---------------------------|------------------|-----------------|
 /// | "docLanguage"             | string           | "en"            |
-/// | "supportedDocLanguages"   | array of strings | "en" alone      |
-/// | "topLevelProducts"        | array of objects | no product      |
-/// | "supportPackageRoot"      | string           | no such folder  |
-/// | "hardwareSupportPackages" | array of strings | no package      |
+/// | "supportedDocLanguages"   | array of strings | "en" only       |
+/// | "topLevelProducts"        | array of objects | no products     |
+/// | "supportPackageRoot"      | string           | no folder       |
+/// | "hardwareSupportPackages" | array of strings | no packages     |
 ///
 /// A product has a "shortName" and may have "displayName", "helpLocation", "baseCode",
 /// "altShortName", "availability" (strings) and "families" (array of strings). A relative
-/// "supportPackageRoot" starts at the install folder; an empty one is as good as none. Of a key
-/// that stands twice in an object the last counts.
+/// "supportPackageRoot" is relative to the install folder; an empty one means no folder. If a key
+/// occurs twice in an object, the last one is used.
 ///
-/// Without the file there is English alone and nothing is installed. The file is read at the first
-/// question, once; the product objects are the same at each call. While it is malformed, can't be
-/// read or is larger than ReadLimits::fileBytes, each question but installPath() reads it anew and
-/// throws std::runtime_error, whose text names the file and the line and column, or the key.
+/// Without the file, English is the only language and nothing is installed. The file is read once,
+/// at the first question; each call returns the same product objects. While the file is malformed,
+/// unreadable or larger than ReadLimits::fileBytes, every question except installPath() reads it
+/// again and throws std::runtime_error, which names the file and the line and column, or the key.
 class DOCPARSER_SEAM_EXPORT InstallationManifest final : public HostServices {
 public:
-    /// \param installFolder  the folder that holds the manifest; not touched before the first
-    ///                       question
+    /// \param installFolder  the folder of the manifest; not accessed before the first question
     explicit InstallationManifest(std::u16string installFolder);
     ~InstallationManifest() override;
 
@@ -46,7 +45,7 @@ public:
     installedTopLevelDocProducts() const override;
     std::u16string supportPackageRoot() const override;
 
-    /// The packages that the manifest names, whatever the root.
+    /// Returns the packages that the manifest lists; `root` is ignored.
     std::unordered_set<std::u16string>
     installedHardwareSupportPackages(const std::u16string& root) const override;
 

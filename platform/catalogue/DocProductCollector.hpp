@@ -8,24 +8,24 @@
 
 namespace docproduct {
 
-/// The installed products of the documentation, as the catalogue hands them out.
+/// The installed products, as the catalogue returns them.
 using TopLevelDocProducts = std::vector<std::shared_ptr<const TopLevelDocProduct>>;
 
-/// The catalogue's view of the installed products: the host's answer, asked for at each use.
+/// The catalogue of the installed products. Keeps none itself; each call asks the host application.
 class DOCPARSER_PLATFORM_EXPORT DocProductCache {
 public:
-    /// The products that the host names now, in its order.
-    /// \throws whatever the host throws
+    /// Returns the products that the host application reports, in its order, without null pointers.
+    /// \throws whatever the host application throws
     std::shared_ptr<const TopLevelDocProducts> getTopLevelDocProducts() const;
 };
 
-/// Hands out the process's one catalogue.
+/// Gives access to the catalogue of the process.
 class DOCPARSER_PLATFORM_EXPORT DocProductCacheManager {
 public:
-    /// The one manager of the process; it lives as long. Any thread may call.
+    /// Returns the only manager, which lives as long as the process. Any thread may call.
     static DocProductCacheManager& getInstance();
 
-    /// The catalogue; it lives as long as the process.
+    /// Returns the catalogue, which lives as long as the process.
     const DocProductCache& getDocProductCache() const noexcept { return cache_; }
 
 private:
@@ -34,12 +34,12 @@ private:
     DocProductCache cache_;
 };
 
-/// Questions to a catalogue.
+/// Queries a catalogue.
 class DOCPARSER_PLATFORM_EXPORT DocProductCollector {
 public:
-    /// The installed products at the top level of the documentation, never null, in the host's
-    /// order and without null elements.
-    /// \throws whatever the host throws
+    /// Returns the installed products at the top level of the documentation, in the order of the
+    /// host application. Neither the list nor an element is null.
+    /// \throws whatever the host application throws
     static std::shared_ptr<const TopLevelDocProducts>
     getInstalledTopLevelDocProducts(const DocProductCache& cache);
 };

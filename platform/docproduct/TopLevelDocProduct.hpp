@@ -6,13 +6,13 @@
 
 namespace docproduct {
 
-/// A family that products are grouped under in the documentation, by its name (UTF-8).
+/// A family that groups products in the documentation.
 class ProductFamily {
 public:
-    /// \param name  UTF-8
+    /// \param name  the display name, UTF-8
     explicit ProductFamily(std::string name) : name_(std::move(name)) {}
 
-    /// The name that people read, UTF-8.
+    /// Returns the display name, UTF-8.
     const std::string& getName() const noexcept { return name_; }
 
     bool operator==(const ProductFamily&) const = default;
@@ -21,10 +21,10 @@ private:
     std::string name_;
 };
 
-/// What the documentation catalogue knows of any product; every text is UTF-8 and may be empty.
+/// The data of a product in the documentation catalogue. All strings are UTF-8 and may be empty.
 class DocProduct {
 public:
-    /// Takes every text; only `shortName` matters to the parser.
+    /// The parser uses only `shortName`.
     DocProduct(std::string displayName, std::string helpLocation, std::string shortName,
                std::string baseCode, std::string altShortName, std::string availability)
         : displayName_(std::move(displayName)),
@@ -34,17 +34,17 @@ public:
           altShortName_(std::move(altShortName)),
           availability_(std::move(availability)) {}
 
-    /// The name that people read.
+    /// Returns the display name.
     const std::string& getDisplayName() const noexcept { return displayName_; }
-    /// Where the product's pages lie below the help folder.
+    /// Returns the folder of the product's pages, relative to the help folder.
     const std::string& getHelpLocation() const noexcept { return helpLocation_; }
-    /// The name that identifies the product; compared byte for byte.
+    /// Returns the name that identifies the product; compared byte by byte.
     const std::string& getShortName() const noexcept { return shortName_; }
-    /// The code that licences and installers use for the product.
+    /// Returns the code that licences and installers use for the product.
     const std::string& getBaseCode() const noexcept { return baseCode_; }
-    /// A second name that the product goes by.
+    /// Returns an alternative short name.
     const std::string& getAltShortName() const noexcept { return altShortName_; }
-    /// Where the product can be used, in the catalogue's words.
+    /// Returns where the product can be used, in the terms of the catalogue.
     const std::string& getAvailability() const noexcept { return availability_; }
 
     bool operator==(const DocProduct&) const = default;
@@ -65,11 +65,10 @@ private:
     std::string availability_;
 };
 
-/// A product that stands at the top level of the documentation and belongs to some families.
+/// A product at the top level of the documentation.
 class TopLevelDocProduct final : public DocProduct {
 public:
-    /// Takes every field. Only `shortName` matters to the parser; a host leaves empty what it does
-    /// not need itself.
+    /// The parser uses only `shortName`; a host application may leave the rest empty.
     TopLevelDocProduct(std::string displayName, std::string helpLocation, std::string shortName,
                        std::string baseCode, std::string altShortName, std::string availability,
                        std::vector<ProductFamily> families)
@@ -77,7 +76,7 @@ public:
                      std::move(baseCode), std::move(altShortName), std::move(availability)),
           families_(std::move(families)) {}
 
-    /// The families that the product is grouped under, in the host's order; may be empty.
+    /// Returns the families of the product in the order of the host application; may be empty.
     const std::vector<ProductFamily>& getFamilies() const noexcept { return families_; }
 
     bool operator==(const TopLevelDocProduct&) const = default;

@@ -6,10 +6,10 @@
 
 namespace foundation::core::except {
 
-/// Root of the application's exceptions: an object that Boost.Exception can clone and rethrow.
+/// Root of the application's exceptions, which Boost.Exception can clone and rethrow.
 ///
-/// It does not derive from std::exception; catch it, one of its bases, or the type that was thrown.
-/// Copying shares the error-information record of boost::exception, which is reference counted.
+/// Not derived from std::exception: catch this type, one of its bases, or the type that was thrown.
+/// Copies share the error information of boost::exception, which is reference counted.
 class DOCPARSER_PLATFORM_EXPORT IException : public boost::exception_detail::clone_base,
                                              public boost::exception {
 public:
@@ -20,11 +20,11 @@ public:
     IException& operator=(IException&&) = default;
     ~IException() noexcept override;
 
-    /// A fixed text that names the kind of failure; it lives as long as the exception.
+    /// Returns a fixed string that names the type of failure; it lives as long as the exception.
     virtual const char* what() const noexcept = 0;
 };
 
-/// Base of the exceptions that a component throws for its own findings.
+/// Base of the exceptions by which a component reports its own failures.
 class DOCPARSER_PLATFORM_EXPORT IInternalException : public IException {
 public:
     IInternalException() = default;

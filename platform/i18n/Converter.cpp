@@ -1,7 +1,6 @@
 #include "platform/i18n/Converter.hpp"
 
 #include "platform/unicode/Transcoding.hpp"
-#include "platform/unicode/Utf16String.hpp"
 
 #include <algorithm>
 #include <span>

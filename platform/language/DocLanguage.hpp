@@ -7,19 +7,19 @@
 
 namespace doclanguage {
 
-/// The documentation language service: which language documentation is shown in.
+/// The documentation language service.
 ///
-/// It keeps no state; the host is asked at each call, and whatever it throws passes through.
+/// Keeps no state; each call asks the host application and passes its exceptions on.
 class DOCPARSER_PLATFORM_EXPORT DocLanguage {
 public:
-    /// The one service of the process; it lives as long. Any thread may call.
+    /// Returns the only service, which lives as long as the process. Any thread may call.
     static DocLanguage& getInstance();
 
-    /// The code of the current documentation language, just as the host spells it ("en").
+    /// Returns the current documentation language as the host application spells it: "en".
     std::u16string getDocLanguage() const;
 
-    /// The codes of all languages that documentation can be shown in, English included, in the
-    /// host's order.
+    /// Returns all languages that documentation can be shown in, English included, in the order of
+    /// the host application.
     std::vector<std::u16string> getSupportedDocLanguages() const;
 
 private:

@@ -6,11 +6,11 @@
 
 namespace supportpackage {
 
-/// Tells where support packages are installed.
+/// Reports where support packages are installed.
 class DOCPARSER_PLATFORM_EXPORT SupportPackageRootReader {
 public:
-    /// The support-package root in UTF-16, which may be empty or not exist; it is never created.
-    /// \throws whatever the host throws
+    /// Returns the support-package root, which may be empty; the folder is never created.
+    /// \throws whatever the host application throws
     std::u16string getSupportPackageRootNoCreate() const;
 };
 

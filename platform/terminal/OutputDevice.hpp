@@ -6,17 +6,17 @@
 
 namespace platform {
 
-/// What a stream of the process is connected to.
+/// The device that an output stream of the process is connected to.
 struct OutputDevice {
-    bool isTerminal = false; ///< false for files and pipes, and when it is closed
-    std::size_t columns = 0; ///< width of the terminal; 0 when there is none or it does not tell
-    std::size_t rows = 0;    ///< its height; 0 likewise
+    bool isTerminal = false; ///< false for files and pipes, and if the stream is closed
+    std::size_t columns = 0; ///< width of the terminal; 0 if unknown or not a terminal
+    std::size_t rows = 0;    ///< height of the terminal; 0 if unknown or not a terminal
 };
 
-/// Asks the system what standard output is connected to.
+/// Returns the device of standard output.
 DOCPARSER_SEAM_EXPORT OutputDevice askStandardOutput() noexcept;
 
-/// Asks the system what standard error is connected to.
+/// Returns the device of standard error.
 DOCPARSER_SEAM_EXPORT OutputDevice askStandardError() noexcept;
 
 } // namespace platform

@@ -17,10 +17,10 @@ namespace platform {
 
 namespace {
 
-constexpr int kCommandNotRun = 126;   // a shell's status: found, but no program
-constexpr int kCommandNotFound = 127; // a shell's status
+constexpr int kCommandNotRun = 126;   // exit status of a shell: found, but not executable
+constexpr int kCommandNotFound = 127; // exit status of a shell
 
-// Ignores a signal as long as this object lives.
+// Ignores a signal during its life.
 class IgnoredSignal {
 public:
     explicit IgnoredSignal(int number) : number_(number) {
@@ -37,7 +37,7 @@ private:
     struct sigaction before_ {};
 };
 
-// The two ends of a pipe, closed when a new program is started.
+// A pipe that child processes do not inherit.
 class Pipe {
 public:
     Pipe() {
@@ -67,7 +67,7 @@ private:
     std::array<int, 2> ends_{};
 };
 
-// The variables of this process, and LESS unless it is among them.
+// Returns the environment of this process, with LESS added unless it is set.
 std::vector<char*> pagerEnvironment() {
     static char lessOptions[] = "LESS=FRX";
     std::vector<char*> variables;
@@ -88,7 +88,7 @@ std::optional<pid_t> startShell(const std::string& command, int standardInput) {
         posix_spawn_file_actions_destroy(&actions);
         return std::nullopt;
     }
-    // What this process ignores meanwhile is the pager's to handle.
+    // The pager handles the signals that this process ignores meanwhile.
     sigset_t defaults;
     sigemptyset(&defaults);
     for (const int number : {SIGPIPE, SIGINT, SIGQUIT})
@@ -110,7 +110,7 @@ std::optional<pid_t> startShell(const std::string& command, int standardInput) {
     return error == 0 ? std::optional(child) : std::nullopt;
 }
 
-// Until everything is written or the reader is gone.
+// Writes until everything is written or the reader has closed its end.
 void writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t written = ::write(descriptor, text.data(), text.size());

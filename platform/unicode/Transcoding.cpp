@@ -1,6 +1,5 @@
 #include "platform/unicode/Transcoding.hpp"
 
-#include "platform/unicode/Utf16String.hpp"
 #include "platform/unicode/Utf8.hpp"
 
 #include <algorithm>
@@ -8,12 +7,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 namespace platform {
 
 namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
+
+// Longer strings are decoded on the heap, so that threads with small stacks can convert them.
+constexpr std::size_t kStackUnits = 1024;
 
 constexpr bool isAscii(char byte) noexcept {
     return static_cast<unsigned char>(byte) < 0x80;
@@ -131,8 +134,14 @@ Utf16Sequence decodeUtf16(std::u16string_view text) noexcept {
 } // namespace
 
 std::u16string toUtf16(std::string_view text) {
-    // UTF-16 never has more units than UTF-8 has bytes, replacement characters included.
-    return makeUtf16String(text.size(), [&](char16_t* buffer) { return decode(text, buffer); });
+    // UTF-16 never has more units than UTF-8 has bytes, replacement characters included. The string
+    // is constructed once, with its exact size.
+    if (text.size() <= kStackUnits) {
+        std::array<char16_t, kStackUnits> buffer;
+        return {buffer.data(), decode(text, buffer.data())};
+    }
+    const auto buffer = std::make_unique_for_overwrite<char16_t[]>(text.size());
+    return {buffer.get(), decode(text, buffer.get())};
 }
 
 std::string toUtf8(std::u16string_view text) {
