@@ -7,7 +7,7 @@
 namespace docparser_tests {
 
 /// Makes allocations of the calling thread fail, and keeps account of the others, while it lives:
-/// malloc, calloc, realloc and operator new, whoever calls them, the C library included. Other
+/// malloc, calloc, realloc and operator new, also if the C library calls them. Other
 /// threads are left alone.
 ///
 /// A program that links this has those functions replaced. One object a thread at a time.

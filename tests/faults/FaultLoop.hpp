@@ -36,7 +36,7 @@ struct Operation {
     std::function<void()> restore;
 };
 
-/// libzip 1.7 loses what it had made of an entry's source when memory ends in the midst of it.
+/// libzip 1.7 leaks part of an entry's source if an allocation fails while it creates the source.
 inline constexpr std::size_t kMostLeakedByLibzip = 1;
 
 /// How many files the process has open.

@@ -99,7 +99,7 @@ protected:
         addLookup("Packed.zip", zip.build());
     }
 
-    // Numbers that are read under a key that nobody asks for, up to beyond the machine's.
+    // Numbers under a key that no reader knows, some beyond the range of double.
     static inline const std::string kNumbers =
         "[0.1,1e308,1e400,-1e400,1e-400,5e-324,2.2250738585072014e-308,1.7976931348623159e308,"
         "0e400,18446744073709551616,-9223372036854775809," +

@@ -64,31 +64,31 @@ protected:
     }
 };
 
-TEST_F(Locales, EverySupportedLanguageButEnglishHasASuffixInTheServicesOrder) {
+TEST_F(Locales, GivesEachSupportedLanguageExceptEnglishASuffixInTheServicesOrder) {
     host(u"en", {u"en", u"ja", u"zh_CN"});
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_ja", u"_zh_CN"));
 }
 
-TEST_F(Locales, LanguagesThatTheServiceRepeatsAreKeptAndNotSorted) {
+TEST_F(Locales, KeepsRepeatedLanguagesUnsorted) {
     host(u"en", {u"ja", u"en", u"ja"});
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_ja", u"_ja"));
     host(u"en", {u"zh", u"en", u"de", u"en", u"ja"});
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_zh", u"_de", u"_ja"));
 }
 
-TEST_F(Locales, EnglishAloneLeavesNoSuffix) {
+TEST_F(Locales, GivesNoSuffixForEnglishAlone) {
     host(u"en", {u"en"});
     EXPECT_THAT(Tools::getSupportedDocLocales(), IsEmpty());
     host(u"en", {});
     EXPECT_THAT(Tools::getSupportedDocLocales(), IsEmpty());
 }
 
-TEST_F(Locales, OnlyTheExactEnIsEnglish) {
+TEST_F(Locales, TreatsOnlyExactlyEnAsEnglish) {
     host(u"en", {u"EN", u"en_US", u"en", u"", u" en"});
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_EN", u"_en_US", u"_", u"_ en"));
 }
 
-TEST_F(Locales, TheCurrentLanguageIsWhatTheServiceSaysToTheLetter) {
+TEST_F(Locales, ReturnsTheCurrentLanguageExactlyAsTheServiceReportsIt) {
     for (const char16_t* language : {u"ja", u"en", u"EN", u"zh_CN", u""}) {
         host(language, {});
         EXPECT_EQ(Tools::getCurrentLocale(), language);
@@ -96,7 +96,7 @@ TEST_F(Locales, TheCurrentLanguageIsWhatTheServiceSaysToTheLetter) {
     }
 }
 
-TEST_F(Locales, TheServiceIsAskedAtEachCall) {
+TEST_F(Locales, AsksTheServiceOnEachCall) {
     host(u"ja", {u"ja"});
     EXPECT_EQ(Tools::getCurrentLocale(), u"ja");
     host(u"de", {u"de"});
@@ -104,13 +104,13 @@ TEST_F(Locales, TheServiceIsAskedAtEachCall) {
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_de"));
 }
 
-TEST_F(Locales, FailuresOfTheServiceReachTheCaller) {
+TEST_F(Locales, LetsFailuresOfTheServiceReachTheCaller) {
     platform::setHostServices(std::make_shared<SpeechlessHost>());
     EXPECT_THROW(Tools::getCurrentLocale(), std::domain_error);
     EXPECT_THROW(Tools::getSupportedDocLocales(), std::domain_error);
 }
 
-TEST_F(Locales, ASuffixIsTheSeparatorAndTheLanguageEnglishIncluded) {
+TEST_F(Locales, MakesASuffixOfSeparatorAndLanguageEvenForEnglish) {
     EXPECT_EQ(makeLocaleSuffix(u"de"), u"_de");
     EXPECT_EQ(makeLocaleSuffix(u"en"), u"_en");
     EXPECT_EQ(makeLocaleSuffix(u""), u"_");

@@ -22,7 +22,7 @@ static_assert(isCopiedButNeverAssigned<ProductPathData>);
 static_assert(std::is_base_of_v<ProductData, ProductPathData>);
 static_assert(!std::is_polymorphic_v<ProductData> && !std::is_polymorphic_v<ProductPathData>);
 
-TEST(ProductData, KeepsTheNameAndTheFlagThatItIsGiven) {
+TEST(ProductData, KeepsNameAndFlag) {
     const ProductData translated(u"P_ja", true);
     EXPECT_EQ(translated.getName(), u"P_ja");
     EXPECT_TRUE(translated.isNonEnglishLocale());
@@ -33,14 +33,14 @@ TEST(ProductData, KeepsTheNameAndTheFlagThatItIsGiven) {
     EXPECT_FALSE(english.isNonEnglishLocale());
 }
 
-TEST(ProductPathData, KeepsTheFullPathAsWell) {
+TEST(ProductPathData, KeepsTheFullPath) {
     const ProductPathData product(u"P", false, u"/folder/P.json");
     EXPECT_EQ(product.getName(), u"P");
     EXPECT_FALSE(product.isNonEnglishLocale());
     EXPECT_EQ(product.getFullPath(), u"/folder/P.json");
 }
 
-TEST(ProductPathData, CopiesAndMovedRecordsAreEqualAndTheSourceKeepsItsValues) {
+TEST(ProductPathData, KeepsItsValuesWhenItIsCopiedOrMoved) {
     ProductPathData source(u"P_ja", true, u"/folder/P_ja.json");
     const ProductPathData copy(source);
     const ProductPathData moved(std::move(source));
@@ -51,7 +51,7 @@ TEST(ProductPathData, CopiesAndMovedRecordsAreEqualAndTheSourceKeepsItsValues) {
     }
 }
 
-TEST(ProductPathData, MovesTheTextsThatItsConstructorTakes) {
+TEST(ProductPathData, MovesTheStringsOfItsConstructor) {
     std::u16string name(100, u'n');
     std::u16string fullPath(100, u'p');
     const char16_t* const nameCharacters = name.data();

@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(TwoProducts, EnglishAndCurrentFilesAreListedAndThoseOfOtherLanguagesLeftOut) {
+TEST_F(TwoProducts, ListEnglishAndCurrentFilesOnly) {
     const ProductLists products = find({u"_ja", u"_de"}, u"_ja");
     EXPECT_THAT(products.jsonProducts,
                 UnorderedElementsAre(product(u"P", false, path(u"P.json")),
@@ -62,13 +62,13 @@ TEST_F(TwoProducts, EnglishAndCurrentFilesAreListedAndThoseOfOtherLanguagesLeftO
                                      product(u"Q_ja", true, path(u"Q_ja.zip"))));
 }
 
-TEST_F(TwoProducts, WithEnglishCurrentEveryTranslationIsLeftOut) {
+TEST_F(TwoProducts, ListNoTranslationIfEnglishIsCurrent) {
     const ProductLists products = find({u"_ja", u"_de"}, u"_en");
     EXPECT_THAT(products.jsonProducts, UnorderedElementsAre(product(u"P", false, path(u"P.json"))));
     EXPECT_THAT(products.zipProducts, UnorderedElementsAre(product(u"Q", false, path(u"Q.zip"))));
 }
 
-TEST_F(TwoProducts, WithoutSuffixesEveryValidFileIsEnglishWhateverTheCurrentLanguage) {
+TEST_F(TwoProducts, AreAllEnglishWithoutSuffixes) {
     for (const char16_t* current : {u"_ja", u"_en", u""}) {
         const ProductLists products = find({}, current);
         EXPECT_THAT(products.jsonProducts,
@@ -81,7 +81,7 @@ TEST_F(TwoProducts, WithoutSuffixesEveryValidFileIsEnglishWhateverTheCurrentLang
     }
 }
 
-TEST_F(TwoProducts, AnEmptySuffixMarksEveryFileSoThatOnlyTheCurrentLanguageIsKept) {
+TEST_F(TwoProducts, AreAllTranslationsWithAnEmptySuffix) {
     const ProductLists products = find({u""}, u"_ja");
     EXPECT_THAT(products.jsonProducts,
                 UnorderedElementsAre(product(u"P_ja", true, path(u"P_ja.json"))));
@@ -89,25 +89,25 @@ TEST_F(TwoProducts, AnEmptySuffixMarksEveryFileSoThatOnlyTheCurrentLanguageIsKep
                 UnorderedElementsAre(product(u"Q_ja", true, path(u"Q_ja.zip"))));
 }
 
-TEST_F(ProductEnumeration, AFileMarkedEnIsAnEnglishProductOfThatName) {
+TEST_F(ProductEnumeration, TreatsTheSuffixEnAsPartOfAnEnglishName) {
     add({u"P_en.json"});
     EXPECT_THAT(find({u"_ja"}, u"_en").jsonProducts,
                 UnorderedElementsAre(product(u"P_en", false, path(u"P_en.json"))));
 }
 
-TEST_F(ProductEnumeration, AStemWithTwoSuffixesIsKeptWhenItEndsWithTheCurrentOne) {
+TEST_F(ProductEnumeration, KeepsAStemWithTwoSuffixesIfItEndsWithTheCurrentOne) {
     add({u"P_de_ja.json", u"P_ja_de.json"});
     EXPECT_THAT(find({u"_ja", u"_de"}, u"_ja").jsonProducts,
                 UnorderedElementsAre(product(u"P_de_ja", true, path(u"P_de_ja.json"))));
 }
 
-TEST_F(ProductEnumeration, FoldersOfAValidNameAreListedLikeFiles) {
+TEST_F(ProductEnumeration, ListsFoldersWithAValidNameLikeFiles) {
     std::filesystem::create_directory(folder_.path() / "x.json");
     EXPECT_THAT(find({}, u"_en").jsonProducts,
                 UnorderedElementsAre(product(u"x", false, path(u"x.json"))));
 }
 
-TEST_F(ProductEnumeration, NamesAreComparedToTheLetter) {
+TEST_F(ProductEnumeration, ComparesNamesExactly) {
     add({u"P.JSON", u"Q.Zip", u"P_JA.json", u"archive.tar.zip"});
     const ProductLists products = find({u"_ja"}, u"_en");
     EXPECT_THAT(products.jsonProducts,
@@ -116,7 +116,7 @@ TEST_F(ProductEnumeration, NamesAreComparedToTheLetter) {
                 UnorderedElementsAre(product(u"archive.tar", false, path(u"archive.tar.zip"))));
 }
 
-TEST_F(ProductEnumeration, NamesBeyondAsciiAndEmptyStemsAreListed) {
+TEST_F(ProductEnumeration, ListsNamesBeyondAsciiAndEmptyStems) {
     add({u"\u00E9\U0001F333_ja.json", u".json", u".zip"});
     const ProductLists products = find({u"_ja"}, u"_ja");
     EXPECT_THAT(products.jsonProducts,
@@ -126,7 +126,7 @@ TEST_F(ProductEnumeration, NamesBeyondAsciiAndEmptyStemsAreListed) {
     EXPECT_THAT(products.zipProducts, UnorderedElementsAre(product(u"", false, path(u".zip"))));
 }
 
-TEST_F(ProductEnumeration, ANameThatIsNoValidTextIsListedWithReplacementsAndEndsNoWalk) {
+TEST_F(ProductEnumeration, ListsAnIllFormedNameWithReplacementsAndGoesOn) {
     add({u"before.json", u"later.json"});
     folder_.write("bad\xFF\xE3.json", "");
     EXPECT_THAT(
@@ -136,7 +136,7 @@ TEST_F(ProductEnumeration, ANameThatIsNoValidTextIsListedWithReplacementsAndEnds
                              product(u"later", false, path(u"later.json"))));
 }
 
-TEST_F(ProductEnumeration, AFolderThatIsMissingEmptyOrNoFolderHasNoProducts) {
+TEST_F(ProductEnumeration, FindsNothingInAFolderThatIsMissingEmptyOrNotAFolder) {
     folder_.write("file.json", "");
     std::filesystem::create_directory(folder_.path() / "empty");
     std::u16string withNul = folder_.u16();

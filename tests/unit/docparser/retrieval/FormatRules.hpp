@@ -11,7 +11,7 @@
 
 namespace docparser_tests {
 
-/// What JSON the format puts under a key.
+/// The JSON type that the format requires for a key.
 enum class Kind {
     Text,
     Word, ///< of an enumeration; anything else means its default
@@ -20,21 +20,21 @@ enum class Kind {
     Anything ///< only the key counts
 };
 
-/// Whether a place of the format may be left out.
+/// Whether a value of the format may be missing.
 enum class Presence {
     Required,
     Optional,
     Element ///< one of an array, which may well be shorter
 };
 
-/// How a text is read.
+/// How a string is converted.
 enum class Reading {
     Ascii,
     Utf8,
     Name ///< decoded where the item documents a component, else widened
 };
 
-/// What the format says of one place of its sample document.
+/// What the format says about one position of its sample document.
 template <class Record>
 struct FormatRule {
     /// What the parsed sample has of the place: a text, a word's number, how many records.
@@ -50,13 +50,13 @@ struct FormatRule {
 
     std::string pointer() const { return parent + '/' + key; }
 
-    /// What the field is when the file does not say.
+    /// The value of the field if the key is missing.
     std::u16string fallback() const {
         return kind == Kind::Text || kind == Kind::Object ? u"" : u"0";
     }
 };
 
-/// The rules of a format, gathered place by place.
+/// The rules of a format, one per position.
 template <class Record>
 class FormatRules {
 public:
@@ -74,7 +74,7 @@ public:
         rules_.push_back(
             {std::move(parent), std::move(key), kind, presence, Reading::Utf8, std::move(field)});
     }
-    /// A place that holds an element of an array.
+    /// The position of an element of an array.
     void element(std::string array, std::string number) {
         other(std::move(array), std::move(number), Kind::Object, Presence::Element, nullptr);
     }

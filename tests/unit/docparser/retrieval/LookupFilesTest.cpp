@@ -10,7 +10,7 @@
 namespace reference::docparser {
 namespace {
 
-// A host that fails whatever it is asked.
+// A host whose every service fails.
 class SilentHost final : public platform::HostServices {
 public:
     std::u16string installPath() const override { throw asked(); }

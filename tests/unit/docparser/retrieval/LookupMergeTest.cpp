@@ -49,7 +49,7 @@ TEST(LookupMerge, MovesNamesThatTheTargetLacksWithAllRecords) {
                                     Pair(u"c", ElementsAre(record(u"2", u"s")))));
 }
 
-TEST(LookupMerge, NamesAreCaseSensitive) {
+TEST(LookupMerge, ComparesNamesExactly) {
     Items target{{u"Graft", {record(u"1", u"t")}}};
     Items source{{u"graft", {record(u"2", u"s"), record(u"3", u"s")}}};
     mergeLookupItems(target, source, unobserved);
@@ -58,18 +58,18 @@ TEST(LookupMerge, NamesAreCaseSensitive) {
                             Pair(u"graft", ElementsAre(record(u"2", u"s"), record(u"3", u"s")))));
 }
 
-TEST(LookupMerge, WithAsManyRecordsAsTheSourceTheTargetStaysAsItIs) {
+TEST(LookupMerge, KeepsATargetWithAsManyRecordsAsTheSource) {
     EXPECT_EQ(merged({record(u"1", u"t")}, {record(u"2", u"s")}), u"1:t ");
     EXPECT_EQ(
         merged({record(u"1", u"t"), record(u"2", u"t")}, {record(u"3", u"s"), record(u"4", u"s")}),
         u"1:t 2:t ");
 }
 
-TEST(LookupMerge, WithMoreRecordsThanTheSourceTheTargetStaysAsItIs) {
+TEST(LookupMerge, KeepsATargetWithMoreRecordsThanTheSource) {
     EXPECT_EQ(merged({record(u"1", u"t"), record(u"1", u"t")}, {record(u"2", u"s")}), u"1:t 1:t ");
 }
 
-TEST(LookupMerge, WithFewerRecordsTheTargetGetsThoseOfNewHrefsBehindItsOwn) {
+TEST(LookupMerge, AppendsRecordsWithNewHrefsToATargetWithFewerRecords) {
     EXPECT_EQ(merged({record(u"2", u"t")}, {record(u"1", u"s"), record(u"2", u"s")}), u"2:t 1:s ");
     EXPECT_EQ(
         merged({record(u"9", u"t")}, {record(u"3", u"s"), record(u"1", u"s"), record(u"2", u"s")}),
@@ -77,7 +77,7 @@ TEST(LookupMerge, WithFewerRecordsTheTargetGetsThoseOfNewHrefsBehindItsOwn) {
     EXPECT_EQ(merged({record(u"1", u"t")}, {record(u"1", u"s"), record(u"1", u"s2")}), u"1:t ");
 }
 
-TEST(LookupMerge, OfTheSourcesRecordsOfOneHrefTheFirstIsAppended) {
+TEST(LookupMerge, AppendsOnlyFirstSourceRecordPerHref) {
     EXPECT_EQ(merged({record(u"1", u"t")}, {record(u"2", u"first"), record(u"2", u"second")}),
               u"1:t 2:first ");
     EXPECT_EQ(
@@ -86,13 +86,13 @@ TEST(LookupMerge, OfTheSourcesRecordsOfOneHrefTheFirstIsAppended) {
         u"1:t 2:a 3:b ");
 }
 
-TEST(LookupMerge, HrefsOfTheTargetThatRepeatStay) {
+TEST(LookupMerge, KeepsRepeatedHrefsOfTheTarget) {
     EXPECT_EQ(merged({record(u"1", u"t"), record(u"1", u"u")},
                      {record(u"1", u"s"), record(u"2", u"s"), record(u"2", u"s")}),
               u"1:t 1:u 2:s ");
 }
 
-TEST(LookupMerge, HrefsAreComparedToTheLetter) {
+TEST(LookupMerge, ComparesHrefsExactly) {
     EXPECT_EQ(
         merged({record(u"a.html", u"t")}, {record(u"A.html", u"s"), record(u"a.html#", u"s")}),
         u"a.html:t A.html:s a.html#:s ");
@@ -109,7 +109,7 @@ TEST(LookupMerge, AnEmptySideChangesNothing) {
     EXPECT_EQ(none, full);
 }
 
-// The merge rule word by word, without regard to cost.
+// The merge rule as plainly as possible, regardless of cost.
 void mergeWordByWord(Items& target, const Items& source) {
     for (const auto& [name, records] : source) {
         const auto [entry, isNew] = target.try_emplace(name, records);
@@ -148,7 +148,7 @@ private:
     std::mt19937 generator_{20'240'117};
 };
 
-TEST(LookupMerge, AgreesWithTheRuleTakenWordByWord) {
+TEST(LookupMerge, AgreesWithAPlainVersionOfTheRule) {
     RandomItems random;
     for (int round = 0; round < 20'000; ++round) {
         Items target = random.next();
@@ -160,7 +160,7 @@ TEST(LookupMerge, AgreesWithTheRuleTakenWordByWord) {
     }
 }
 
-TEST(LookupMerge, NamesComeOverByMovingAndWithoutACopy) {
+TEST(LookupMerge, MovesNamesWithoutCopying) {
     Items target{{u"a", {record(u"1", u"t")}}};
     Items source{{std::u16string(100, u'n'), {record(std::u16string(100, u'h'), u"s")}}};
     const char16_t* const name = source.begin()->first.data();
@@ -176,7 +176,7 @@ TEST(LookupMerge, NamesComeOverByMovingAndWithoutACopy) {
     EXPECT_EQ(movedRecords.front().getHref().data(), href);
 }
 
-TEST(LookupMerge, RecordsThatAreAppendedAreCopiesAndTheTargetsOwnAreMoved) {
+TEST(LookupMerge, CopiesAppendedRecordsAndMovesThoseOfTheTarget) {
     const std::u16string purpose(100, u'p');
     Items target{{u"n", {record(u"1", purpose)}}};
     Items source{{u"n", {record(u"2", purpose), record(u"3", purpose)}}};
@@ -188,7 +188,7 @@ TEST(LookupMerge, RecordsThatAreAppendedAreCopiesAndTheTargetsOwnAreMoved) {
     EXPECT_THAT(source.at(u"n"), ElementsAre(record(u"2", purpose), record(u"3", purpose)));
 }
 
-TEST(LookupMerge, ManyRecordsOfOneNameAreMergedInOnePass) {
+TEST(LookupMerge, MergesManyRecordsOfOneNameInOnePass) {
     constexpr unsigned kCount = 50'000;
     const auto href = [](unsigned number) {
         const std::string digits = std::to_string(number);

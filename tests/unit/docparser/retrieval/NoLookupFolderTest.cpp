@@ -30,7 +30,7 @@ private:
     std::filesystem::path before_;
 };
 
-// Tells whether a folder, or a file in it, has been opened since the object was made.
+// Notices whether a folder, or a file in it, is opened during the object's life.
 class FolderWatch {
 public:
     explicit FolderWatch(const std::filesystem::path& folder)
@@ -52,7 +52,7 @@ private:
 };
 
 // An empty path could be taken for the working folder, which has a lookup file here.
-TEST(NoLookupFolder, NoFolderIsListed) {
+TEST(NoLookupFolder, ListsNoFolder) {
     const TemporaryFolder folder;
     folder.write("Orchard.json", "{}");
     const WorkingFolder working(folder.path());

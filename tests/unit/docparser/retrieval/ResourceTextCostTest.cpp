@@ -1,4 +1,4 @@
-// What hostile files may cost: memory in proportion to the text, never to what it announces.
+// The cost of hostile files: memory proportional to their size, never to what they announce.
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/parsing/ItemParser.hpp"
@@ -47,23 +47,23 @@ std::vector<Input> readBlocks(std::size_t blocks, std::size_t pairsInEach) {
     return sections.at(u"f").items.at(u"h").at(0).getInputs();
 }
 
-TEST(ResourceTextCost, MemoryGrowsInProportionToTheBlocksOfNameValuePairs) {
+TEST(ResourceTextCost, MemoryIsProportionalToTheBlocksOfNameValuePairs) {
     const AllocationCount few;
     EXPECT_EQ(readBlocks(500, 20).size(), 10'000U);
     const std::size_t fewBytes = few.bytes();
     const AllocationCount many;
     EXPECT_EQ(readBlocks(2'000, 20).size(), 40'000U);
-    // Four times the blocks; making room anew for each of them would cost sixteen times as much.
+    // Four times the blocks; reallocating for each of them would cost sixteen times as much.
     EXPECT_LT(many.bytes(), 8 * fewBytes);
 }
 
-TEST(ResourceTextCost, ManyBlocksOfNameValuePairsAreAllRead) {
+TEST(ResourceTextCost, ReadsManyBlocksOfNameValuePairs) {
     const std::vector<Input> inputs = readBlocks(100'000, 1);
     EXPECT_EQ(inputs.size(), 100'000U);
     EXPECT_TRUE(inputs.back().getIsNameValuePair());
 }
 
-// How much a list of a million elements that are no records costs beyond parsing the text.
+// How much a list of a million elements that are not records costs in addition to parsing.
 void expectNoRoomMadeFor(const std::string& member, const std::string& pointer) {
     const std::string text = itemWith(member);
     const AllocationCount bare;
@@ -85,7 +85,7 @@ void expectNoRoomMadeFor(const std::string& member, const std::string& pointer) 
     EXPECT_LT(whole.bytes(), bareBytes + text.size() + 2'000'000);
 }
 
-TEST(ResourceTextCost, NoRoomIsMadeForAMillionElementsThatAreNoRecords) {
+TEST(ResourceTextCost, ReservesNoMemoryForAMillionElementsThatAreNotRecords) {
     const std::string zeros = repeat("0", 1'000'000);
     for (const std::string key : {"refentity", "syntaxgroup", "inputs", "inputgroup", "outputs",
                                   "classpropertygroup", "seealso", "examples", "parameters"}) {
@@ -94,7 +94,7 @@ TEST(ResourceTextCost, NoRoomIsMadeForAMillionElementsThatAreNoRecords) {
     }
 }
 
-TEST(ResourceTextCost, NoRoomIsMadeForAMillionPairsThatAreNoRecords) {
+TEST(ResourceTextCost, ReservesNoMemoryForAMillionPairsThatAreNotRecords) {
     const std::string zeros = repeat("0", 1'000'000);
     expectNoRoomMadeFor(R"("inputs": [{"namevaluepairs": )" + zeros + "}]",
                         "/refItems/0/inputs/0/namevaluepairs/0");
@@ -104,7 +104,7 @@ TEST(ResourceTextCost, NoRoomIsMadeForAMillionPairsThatAreNoRecords) {
                         "/refItems/0/inputgroup/0/inputs/0");
 }
 
-TEST(ResourceTextCost, AnObjectOfManyUnknownKeysIsReadInOnePass) {
+TEST(ResourceTextCost, ReadsAnObjectWithManyUnknownKeysInOnePass) {
     std::string member = R"("k0": 0)";
     for (int i = 1; i < 100'000; ++i)
         member += R"(, "k)" + std::to_string(i) + R"(": 0)";

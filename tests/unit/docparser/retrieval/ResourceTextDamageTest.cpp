@@ -1,4 +1,4 @@
-// Valid files of both formats, cut and changed at every byte: each is read or refused, no more.
+// Valid files of both formats, truncated and changed at every byte: each is read or refused.
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
@@ -29,7 +29,7 @@ protected:
         return parseResourceText<Record>(text, u"p", Format::kParseSection, unobserved);
     }
 
-    // A failure must say where in the document it is; a result must be whole.
+    // A failure must give its position in the document; a result must be complete.
     static void expectReadOrRefused(const std::string& text) {
         try {
             for (const auto& [key, section] : parse(text)) {

@@ -1,4 +1,4 @@
-// The rules of both formats, place by place: what is required, what kind, how texts are read.
+// The rules of both formats: which keys are required, their types, how strings are converted.
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
@@ -79,7 +79,7 @@ TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleHasARule) {
         EXPECT_EQ(places.erase(rule.pointer()), 1U) << rule.pointer();
     for (const std::string& pointer : TypeParam::unread())
         places.erase(pointer);
-    // The support package's item is there to tell the sections apart; its keys are the main one's.
+    // The item of the support package only tells the sections apart; its keys are the same.
     std::erase_if(places, [](const std::string& pointer) {
         return pointer.starts_with("/supportPackages/0/refItems/0/");
     });

@@ -44,7 +44,7 @@ std::vector<std::u16string> keysOf(const ResourceMap<RefItem>& sections) {
     return keys;
 }
 
-TEST(ResourceText, TheMainSectionIsKeyedByHelpFolderAndPackagesByBaseCode) {
+TEST(ResourceText, KeysTheMainSectionByHelpFolderAndPackagesByBaseCode) {
     const auto sections = parse(
         withPackages('{' + section("folder2", "zeta") + "},{" + section("folder3", "alpha") + '}'));
     EXPECT_THAT(keysOf(sections), ElementsAre(u"alpha", u"folder", u"zeta"));
@@ -56,14 +56,14 @@ TEST(ResourceText, TheMainSectionIsKeyedByHelpFolderAndPackagesByBaseCode) {
               HeaderInfo(u"", u"", u"n", u"zeta", u"folder2", u"l", u"p"));
 }
 
-TEST(ResourceText, OfTwoPackagesWithOneBaseCodeTheFirstIsKept) {
+TEST(ResourceText, KeepsTheFirstOfTwoPackagesWithTheSameBaseCode) {
     const auto sections = parse(
         withPackages('{' + section("first", "pack") + "},{" + section("second", "pack") + '}'));
     EXPECT_THAT(keysOf(sections), ElementsAre(u"folder", u"pack"));
     EXPECT_EQ(sections.at(u"pack").header.getHelpFolder(), u"first");
 }
 
-TEST(ResourceText, APackageWhoseBaseCodeIsTheHelpFolderOfTheMainSectionIsDropped) {
+TEST(ResourceText, DropsAPackageWhoseBaseCodeIsTheHelpFolderOfTheMainSection) {
     const auto sections = parse(withPackages(
         '{' + section("other", "folder", R"([{"href": "a", "refpurpose": ""}])") + '}'));
     EXPECT_THAT(keysOf(sections), ElementsAre(u"folder"));
@@ -71,13 +71,13 @@ TEST(ResourceText, APackageWhoseBaseCodeIsTheHelpFolderOfTheMainSectionIsDropped
     EXPECT_TRUE(sections.at(u"folder").items.empty());
 }
 
-TEST(ResourceText, ThePackagesOfAPackageAreNotLookedAt) {
+TEST(ResourceText, IgnoresPackagesWithinAPackage) {
     const auto sections = parse(withPackages(
         '{' + section("f", "pack") + R"(, "supportPackages": [{)" + section("g", "inner") + "}]}"));
     EXPECT_THAT(keysOf(sections), ElementsAre(u"folder", u"pack"));
 }
 
-TEST(ResourceText, ADamagedPackageCostsTheWholeFileEvenOneThatWouldBeDropped) {
+TEST(ResourceText, RefusesTheFileForADamagedPackageEvenIfThatWouldBeDropped) {
     const std::string damaged = "{" + section("f", "folder", "5") + "}";
     try {
         parse(withPackages('{' + section("f", "pack") + "}," + damaged));
@@ -88,7 +88,7 @@ TEST(ResourceText, ADamagedPackageCostsTheWholeFileEvenOneThatWouldBeDropped) {
     }
 }
 
-TEST(ResourceText, TheProductGoesIntoEveryHeaderAsItStands) {
+TEST(ResourceText, CopiesTheProductIntoEveryHeader) {
     for (const std::u16string product : {u"Orchard", u"", u"\u6A39/..\\ "}) {
         const auto sections =
             parseResourceText<RefItemLookup>(withPackages('{' + section("f", "pack") + '}'),
@@ -98,7 +98,7 @@ TEST(ResourceText, TheProductGoesIntoEveryHeaderAsItStands) {
     }
 }
 
-TEST(ResourceText, OfAKeyThatAnObjectRepeatsTheLastValueCounts) {
+TEST(ResourceText, UsesTheLastValueOfARepeatedKey) {
     const auto sections =
         parse(R"({"helpFolder": 5, )" +
               section("folder", "code",
@@ -108,7 +108,7 @@ TEST(ResourceText, OfAKeyThatAnObjectRepeatsTheLastValueCounts) {
     EXPECT_EQ(sections.at(u"folder").items.at(u"a").at(0).getRefPurpose(), u"last");
 }
 
-TEST(ResourceText, EscapesAreResolvedBeforeTheTextIsRead) {
+TEST(ResourceText, ResolvesEscapesBeforeStringsAreConverted) {
     const auto sections = parse('{' +
                                 section("folder", "code",
                                         R"([{"href": "\u00e9\t", "refpurpose":
@@ -118,18 +118,18 @@ TEST(ResourceText, EscapesAreResolvedBeforeTheTextIsRead) {
               std::u16string(u"\u00E9\U0001F333\0\"/", 6));
 }
 
-// --- what is no JSON
+// --- invalid JSON
 
 void expectNoJson(const std::string& text) {
     EXPECT_THROW(parse(text), boost::system::system_error) << text.substr(0, 40);
 }
 
-TEST(ResourceText, AnEmptyOrBlankTextIsNoJson) {
+TEST(ResourceText, RefusesAnEmptyOrBlankString) {
     expectNoJson("");
     expectNoJson(" \n\t\r");
 }
 
-TEST(ResourceText, WhatStandsAroundTheDocumentIsNoJson) {
+TEST(ResourceText, RefusesCharactersAroundTheDocument) {
     const std::string good = '{' + section("folder", "code") + '}';
     EXPECT_NO_THROW(parse(" \r\n\t" + good + "\n \t\r"));
     expectNoJson("\xEF\xBB\xBF" + good);
@@ -138,7 +138,7 @@ TEST(ResourceText, WhatStandsAroundTheDocumentIsNoJson) {
     expectNoJson(good + good);
 }
 
-TEST(ResourceText, CommentsAndTrailingCommasAndBadTextAreNoJson) {
+TEST(ResourceText, RefusesCommentsTrailingCommasAndIllFormedUtf8) {
     const auto withValue = [](const std::string& value) {
         return '{' + section("folder", "code") + R"(, "x": )" + value + '}';
     };
@@ -155,15 +155,15 @@ std::string nested(std::size_t depth) {
            std::string(depth - 1, ']') + '}';
 }
 
-TEST(ResourceText, NestingOf32LevelsIsReadAndOf33IsNot) {
+TEST(ResourceText, AcceptsNestingOf32LevelsAndRefuses33) {
     EXPECT_NO_THROW(parse(nested(32)));
     expectNoJson(nested(33));
     expectNoJson(std::string(1'000'000, '['));
 }
 
-// --- the section parser's part
+// --- the section parser
 
-TEST(ResourceText, WhateverTheSectionParserThrowsPassesThrough) {
+TEST(ResourceText, LetsExceptionsOfTheSectionParserPass) {
     const SectionParser<RefItem> failing = [](const json::value&,
                                               const std::u16string&) -> DocResource<RefItem> {
         throw std::domain_error("no section today");
@@ -171,7 +171,7 @@ TEST(ResourceText, WhateverTheSectionParserThrowsPassesThrough) {
     EXPECT_THROW(parseResourceText<RefItem>("{}", u"p", failing, unobserved), std::domain_error);
 }
 
-TEST(ResourceText, TheRootMustBeAnObjectWhateverTheSectionParserSays) {
+TEST(ResourceText, RefusesARootThatIsNotAnObject) {
     const SectionParser<RefItem> easy = [](const json::value&, const std::u16string&) {
         return DocResource<RefItem>{HeaderInfo(u"", u"", u"", u"", u"f", u"", u""), {}};
     };
@@ -180,7 +180,7 @@ TEST(ResourceText, TheRootMustBeAnObjectWhateverTheSectionParserSays) {
     EXPECT_THROW(parseResourceText<RefItem>("[]", u"p", easy, unobserved), FormatError);
 }
 
-// What the parser below handed out last.
+// What the parser below returned last.
 const std::vector<RefItemLookup>* handedOut = nullptr;
 const char16_t* handedOutCharacters = nullptr;
 
@@ -192,7 +192,7 @@ DocResource<RefItemLookup> parseAndRemember(const json::value& document,
     return result;
 }
 
-TEST(ResourceText, ItemsAreMovedIntoTheResultAndNotCopied) {
+TEST(ResourceText, MovesItemsIntoTheResult) {
     const std::string name(100, 'n');
     const auto sections = parseResourceText<RefItemLookup>(
         '{' +
