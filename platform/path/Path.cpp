@@ -1,9 +1,6 @@
 #include "platform/path/Path.hpp"
 
-#include "platform/i18n/Converter.hpp"
-
 #include <algorithm>
-#include <system_error>
 
 namespace fl::filesystem {
 
@@ -75,29 +72,6 @@ path make_native_form(path file, bool) {
     std::u16string text = file.string();
     std::ranges::replace(text, u'/', PATHNAME_SEPARATOR);
     return text;
-}
-
-platform::NativePath make_native_access_form_with_cleanup_i18n(const path& file) {
-    const std::u16string& text = file.string();
-    if (text.find(u'\0') != std::u16string::npos)
-        throw std::system_error(std::make_error_code(std::errc::invalid_argument),
-                                "a path holds NUL");
-#ifdef _WIN32
-    return {text.begin(), text.end()};
-#else
-    if (!i18n::is_well_formed(text))
-        throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence),
-                                "a path holds an unpaired surrogate");
-    return i18n::to_string(text);
-#endif
-}
-
-path from_native_access_form(const platform::NativePath& file) {
-#ifdef _WIN32
-    return std::u16string(file.begin(), file.end());
-#else
-    return i18n::to_ustring(file);
-#endif
 }
 
 } // namespace fl::filesystem

@@ -23,7 +23,7 @@ public:
     std::optional<NativePath> next();
 
 private:
-    struct Close {
+    struct DOCPARSER_PLATFORM_EXPORT Close {
         void operator()(void* handle) const noexcept;
     };
 
