@@ -125,7 +125,7 @@ public:
     static void clearSupportPackageCaches();
 
     /// The constants of the file names, and what reads the values of a parsed resource file.
-    class ParsingTools {
+    class DOCPARSER_EXPORT ParsingTools {
     public:
         /// How the bytes of a string become UTF-16.
         using StringParsingType = docparser::StringParsingType;

@@ -57,6 +57,7 @@ windows_packages=(
     ninja-build
     pkg-config
     dpkg-dev
+    clang-14
     wine64
     locales
     python3

@@ -45,6 +45,14 @@ unpack() {
 #
 # Builds a CMake project for Windows beside its sources; without targets it is installed as well.
 cross_build() {
+    local log=$1.log
+    if ! run_cross_build "$@" >"$log" 2>&1; then
+        cat "$log" >&2
+        return 1
+    fi
+}
+
+run_cross_build() {
     local source=$1 prefix=$2 options=()
     shift 2
     while [ $# -gt 0 ] && [ "$1" != -- ]; do
@@ -60,11 +68,13 @@ cross_build() {
     if [ $# -gt 0 ]; then
         cmake --build "$source-build" --target "$@" -- --quiet
     else
-        cmake --build "$source-build" --target install -- --quiet >/dev/null
+        cmake --build "$source-build" --target install -- --quiet
     fi
 }
 
-# A CMake package of one Boost library: write_boost_package PREFIX NAME
+# write_boost_package PREFIX NAME [NAME-OF-ANOTHER]
+#
+# A CMake package of one Boost library; programs that use its headers call the other one as well.
 write_boost_package() {
     local folder=$1/lib/cmake/boost_$2-1.81.0
     mkdir -p "$folder"
@@ -83,7 +93,8 @@ if(NOT TARGET Boost::$2)
         IMPORTED_IMPLIB \${import_library})
     target_compile_definitions(Boost::$2 INTERFACE
         BOOST_ALL_NO_LIB BOOST_ALL_DYN_LINK BOOST_LOG_WITHOUT_WCHAR_T)
-    target_link_libraries(Boost::$2 INTERFACE Boost::headers)
+    file(GLOB others \${prefix}/lib/libboost_${3-$2}-*.dll.a)
+    target_link_libraries(Boost::$2 INTERFACE \${others} Boost::headers)
 endif()
 CONFIG
     cat >"$folder/boost_$2-config-version.cmake" <<VERSION
@@ -98,7 +109,7 @@ VERSION
 build_boost() {
     local archives=$1 prefix=$2 source=$3/boost
     unpack "$archives"/boost1.81_*.orig.tar.xz "$source" --wildcards --no-wildcards-match-slash \
-        boost/CMakeLists.txt boost/tools/cmake \
+        boost/CMakeLists.txt boost/LICENSE_1_0.txt boost/tools/cmake \
         'boost/libs/*/'{CMakeLists.txt,include,src,build,config,cmake} \
         boost/libs/numeric/conversion/{CMakeLists.txt,include}
     cross_build "$source" "$prefix" \
@@ -112,7 +123,7 @@ build_boost() {
     cp "$source-build"/stage/bin/*.dll "$prefix/bin/"
     cp "$source-build"/stage/lib/*.dll.a "$prefix/lib/"
     write_boost_package "$prefix" json
-    write_boost_package "$prefix" log
+    write_boost_package "$prefix" log thread
 }
 
 build_libzip() {
@@ -144,6 +155,18 @@ copy_compiler_dlls() {
     done
 }
 
+# The licences of all that goes into the ZIP package.
+copy_licences() {
+    local prefix=$1 source=$2 package
+    mkdir -p "$prefix/licences"
+    cp "$source/boost/LICENSE_1_0.txt" "$prefix/licences/boost.txt"
+    cp "$source/libzip/LICENSE" "$prefix/licences/libzip.txt"
+    cp "$source/fmt/LICENSE.rst" "$prefix/licences/fmt.txt"
+    for package in libz-mingw-w64-dev gcc-mingw-w64-base mingw-w64-x86-64-dev; do
+        cp "/usr/share/doc/$package/copyright" "$prefix/licences/$package.txt"
+    done
+}
+
 # Builds the dependencies unless the cache has them, and names their folder to CMake.
 provide_windows_dependencies() {
     DOCPARSER_WINDOWS_DEPENDENCIES=$(windows_dependencies_folder)
@@ -166,6 +189,33 @@ provide_windows_dependencies() {
     cross_build "$scratch/googletest" "$prefix"
     copy_headers "$prefix"
     copy_compiler_dlls "$prefix"
+    copy_licences "$prefix" "$scratch"
     rm -rf "$scratch"
     touch "$prefix/complete"
+}
+
+# Makes Wine's folder in a build folder, before many programs ask for it at once.
+wine_environment() {
+    export WINEPREFIX=$project_folder/$1/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+    if [ ! -e "$WINEPREFIX/system.reg" ]; then
+        say "Preparing Wine in $1/wine"
+        /usr/lib/wine/wine64 wineboot --init >/dev/null 2>&1
+        stop_wine
+    fi
+}
+
+# Waits until Wine's server of this WINEPREFIX has ended; it keeps the locale that it started with.
+stop_wine() {
+    /usr/lib/wine/wineserver64 --kill || true
+    /usr/lib/wine/wineserver64 --wait || true
+}
+
+# Generates a locale unless the system has it.
+generate_locale() {
+    local name=$1
+    if locale --all-locales | grep --quiet --ignore-case --line-regexp "${name/UTF-8/utf8}"; then
+        return
+    fi
+    say "Generating the locale $name"
+    as_root localedef --inputfile="${name%.*}" --charmap=UTF-8 "$name"
 }

@@ -3,6 +3,7 @@
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/PackageError.hpp"
 #include "platform/package/StreamHelper.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 #include "tests/support/ZipBytes.hpp"
 
 #include <gtest/gtest.h>
@@ -39,9 +40,6 @@ struct OpenPackage {
 /// A folder of the test's own, removed with all that is in it.
 class PackageTest : public testing::Test {
 protected:
-    PackageTest();
-    ~PackageTest() override;
-
     /// Writes a file and gives its path.
     std::u16string write(std::string_view name, std::string_view bytes) const;
     std::u16string write(std::string_view bytes) const { return write("package.zip", bytes); }
@@ -50,7 +48,8 @@ protected:
     OpenPackage open(const ZipBytes& zip) const { return OpenPackage(write(zip.build())); }
     OpenPackage open(std::string_view bytes) const { return OpenPackage(write(bytes)); }
 
-    std::filesystem::path folder;
+    const TemporaryFolder temporaryFolder;
+    const std::filesystem::path& folder = temporaryFolder.path();
 };
 
 /// What the PackageError says that the call throws; a failure of the test if it throws none.
