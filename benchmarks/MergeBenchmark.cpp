@@ -39,7 +39,7 @@ void mergeNames(benchmark::State& state) {
             Items target = makeItems(state.range(0), 0);
             Items source = makeItems(state.range(0), 1);
             state.ResumeTiming();
-            mergeLookupItems(target, source);
+            mergeLookupItems(target, source, reference::docparser::unobserved);
             state.PauseTiming();
         }
         state.ResumeTiming();

@@ -2,6 +2,7 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/Settings.hpp"
+#include "docparser/account/RetrievalRecording.hpp"
 #include "docparser/discovery/Locales.hpp"
 #include "docparser/discovery/ProductEnumeration.hpp"
 #include "docparser/parsing/HeaderParser.hpp"
@@ -25,27 +26,31 @@ using Tools = DocResourceParser::ParsingTools;
 // --- retrieval
 
 ResourceMap<RefItem> DocResourceParser::getResourceFile(const std::u16string& product) {
+    RetrievalRecording recording;
+    RetrievalObserver& observer = recording.observer();
     const std::shared_ptr<const ReferenceRoots> roots = getReferenceRoots();
-    if (auto resources = getResourceDataAtRoot(product, roots->referenceApiFolder))
+    if (auto resources = getResourceDataAtRoot(product, roots->referenceApiFolder, observer))
         return *std::move(resources);
 
     const std::shared_ptr<const std::u16string> supportPackageFolder = getSupportPackageRoot();
-    if (auto resources = getResourceDataAtRoot(product, *supportPackageFolder))
+    if (auto resources = getResourceDataAtRoot(product, *supportPackageFolder, observer))
         return *std::move(resources);
 
-    docParserLog().write(foundation::log::kSeverityProblem,
-                         "DocParserException thrown in getResourceFile for product: ", product);
+    writeDiagnostic(foundation::log::kSeverityProblem,
+                    "DocParserException thrown in getResourceFile for product: ", product);
     throw DocParserException(product);
 }
 
 ParsingResults<ResourceMap<RefItemLookup>> DocResourceParser::getResourceLookupFiles() {
+    RetrievalRecording recording;
     const std::shared_ptr<const ReferenceRoots> roots = getReferenceRoots();
     const auto parseLookupText = [](std::string text, const std::u16string& product,
-                                    SectionList* list) {
+                                    RetrievalObserver& observer) {
         return parseResourceText<RefItemLookup>(std::move(text), product, parseRefItemLookupSection,
-                                                list);
+                                                observer);
     };
-    return collectLookupFiles(roots->lookupFolder, parseLookupText, isProductInstalled);
+    return collectLookupFiles(roots->lookupFolder, parseLookupText, isProductInstalled,
+                              recording.observer());
 }
 
 // --- discovery
@@ -53,7 +58,7 @@ ParsingResults<ResourceMap<RefItemLookup>> DocResourceParser::getResourceLookupF
 ProductLists DocResourceParser::getAllProducts(const std::u16string& root,
                                                const std::vector<std::u16string>& localeSuffixes,
                                                const std::u16string& currentLocaleSuffix) {
-    return findProducts(root, localeSuffixes, currentLocaleSuffix);
+    return findProducts(root, localeSuffixes, currentLocaleSuffix, unobserved);
 }
 
 std::shared_ptr<const TopLevelProducts> DocResourceParser::getTopLevelProducts() {

@@ -15,11 +15,8 @@ std::shared_ptr<const ReferenceRoots> makeRoots(std::u16string root) {
 
 // The default reference root: a fact of the installation, taken once.
 const std::u16string& defaultReferenceRoot() {
-    static const std::u16string root = [] {
-        std::u16string folder = fl::filesystem::get_install_path();
-        folder.append(1, kPathSeparator).append(kHelpFolder);
-        return folder;
-    }();
+    static const std::u16string root =
+        folderBelow(fl::filesystem::get_install_path(), kReferenceRootLevels);
     return root;
 }
 
@@ -95,8 +92,8 @@ void Settings::setTestProducts(const std::vector<std::u16string>& topLevelNames,
 }
 
 void Settings::restoreDefaults() {
-    // All at once: were the first two held while a query for packages is waited for, nobody could
-    // take the roots meanwhile, the query itself included.
+    // All at once: waiting for a package query while holding the first two would keep the query
+    // itself from reading the roots.
     const std::scoped_lock lock(settingsMutex_, productsMutex_, supportPackageMutex_);
     currentRoots_ = makeRoots(defaultReferenceRoot());
     topLevelProductsProvider_ = getCatalogueProducts;

@@ -33,7 +33,7 @@ const GeneratedProduct kProduct{"copperbridge", /*seed=*/4711, /*itemCount=*/600
 template <class T>
 Workload parsing(std::string text, SectionParser<T> parseSection) {
     return [text = std::move(text), parseSection] {
-        return parseResourceText<T>(text, u"copperbridge", parseSection).size();
+        return parseResourceText<T>(text, u"copperbridge", parseSection, unobserved).size();
     };
 }
 

@@ -116,7 +116,7 @@ private:
             return;
         if (isTranslated)
             std::swap(entry->second, section);
-        mergeLookupItems(entry->second.items, section.items);
+        mergeLookupItems(entry->second.items, section.items, unobserved);
     }
 
     const LookupSettings& settings_;

@@ -5,7 +5,6 @@
 #include "docparser/discovery/Locales.hpp"
 #include "docparser/discovery/ProductEnumeration.hpp"
 #include "docparser/io/ResourceFileReader.hpp"
-#include "docparser/io/ZipEntryReader.hpp"
 #include "docparser/io/ZipPackage.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 #include "platform/package/StorageSystem.hpp"
@@ -66,10 +65,10 @@ std::vector<Row> fullParts(const std::shared_ptr<const Corpus>& corpus) {
         return (corpus->fullFolder() / unit.product).concat(".json").u16string();
     };
     const auto readOnly = [](const Unit<Result>&, const std::u16string& file) {
-        return openAndReadFile(file);
+        return openAndReadFile(file, unobserved);
     };
     const auto whole = [](const Unit<Result>& unit, const std::u16string& file) {
-        return readFullText(openAndReadFile(file), unit.product);
+        return readFullText(openAndReadFile(file, unobserved), unit.product);
     };
     const Group<Result> group("full/parts", load, [fileOf, whole](const Unit<Result>& unit) {
         return whole(unit, fileOf(unit));
@@ -88,13 +87,13 @@ using LookupUnit = Unit<LookupResults>;
 // What a retrieval finds in the lookup folder.
 ProductLists walk(const Corpus& corpus) {
     return findProducts(corpus.lookupFolder().u16string(), getSupportedDocLocales(),
-                        makeLocaleSuffix(getCurrentLocale()));
+                        makeLocaleSuffix(getCurrentLocale()), unobserved);
 }
 
 std::size_t readFolderProducts(const LookupUnit&, const ProductLists& products) {
     std::size_t bytes = 0;
     for (const ProductPathData& product : products.jsonProducts)
-        bytes += openAndReadFile(product).size();
+        bytes += openAndReadFile(product, unobserved).size();
     return bytes;
 }
 
@@ -106,8 +105,8 @@ std::size_t inflatePackages(const LookupUnit&, const ProductLists& products) {
         ZipPackage package(zipFile.getFullPath(), selector);
         for (const ProductZipData& product :
              package.findProducts(zipFile.isNonEnglishLocale(), getSupportedDocLocales(),
-                                  makeLocaleSuffix(getCurrentLocale())))
-            bytes += openAndReadFile(product).size();
+                                  makeLocaleSuffix(getCurrentLocale()), unobserved))
+            bytes += openAndReadFile(product, unobserved).size();
     }
     return bytes;
 }
@@ -118,7 +117,7 @@ LookupMap mergeAll(const LookupUnit&, std::vector<DocResource<RefItemLookup>> se
         std::u16string key = section.header.getHelpFolder();
         const auto [entry, isNew] = result.try_emplace(std::move(key), std::move(section));
         if (!isNew)
-            mergeLookupItems(entry->second.items, section.items);
+            mergeLookupItems(entry->second.items, section.items, unobserved);
     }
     return result;
 }

@@ -20,13 +20,14 @@ struct TextReader {
 
 inline ResourceMap<property::RefItem> readFullText(std::string text,
                                                    const std::u16string& product) {
-    return parseResourceText<property::RefItem>(std::move(text), product, parseRefItemSection);
+    return parseResourceText<property::RefItem>(std::move(text), product, parseRefItemSection,
+                                                unobserved);
 }
 
 inline ResourceMap<property::RefItemLookup> readLookupText(std::string text,
                                                            const std::u16string& product) {
     return parseResourceText<property::RefItemLookup>(std::move(text), product,
-                                                      parseRefItemLookupSection);
+                                                      parseRefItemLookupSection, unobserved);
 }
 
 /// The other JSON libraries, the fastest to be expected first.

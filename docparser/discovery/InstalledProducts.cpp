@@ -22,21 +22,17 @@ std::shared_ptr<const TopLevelProducts> getCatalogueProducts() {
 }
 
 std::u16string findSupportPackageFolder() {
-    std::u16string folder =
-        supportpackage::SupportPackageRootReader().getSupportPackageRootNoCreate();
-    for (const std::u16string_view level : {kHelpFolder, kDocCatalogFolder, kReferenceApiFolder})
-        folder.append(1, kPathSeparator).append(level);
-    return folder;
+    return folderBelow(supportpackage::SupportPackageRootReader().getSupportPackageRootNoCreate(),
+                       kSupportPackageLevels);
 }
 
 SupportPackages findHardwareSupportPackages(const std::u16string& folder) {
     fl::filesystem::path root = fl::filesystem::make_native_form(folder);
-    constexpr int kLevelsBelowRoot = 3; // "help", "docCatalog" and "referenceapi"
-    for (int level = 0; level < kLevelsBelowRoot; ++level)
+    for (std::size_t level = 0; level < kSupportPackageLevels.size(); ++level)
         root = fl::filesystem::remove_filename(root);
 
     SupportPackages packages;
-    // A query that fails leaves the host without support packages, not without documentation.
+    // A failing query costs the host its support packages, but not its documentation.
     platform::ignoreFailure([&] {
         packages = install::product_impl::utils::getInstalledHardwareSupportPackages(root.string());
     });

@@ -1,58 +1,94 @@
 #include "docparser/io/ResourceFileReader.hpp"
 
+#include "docparser/io/ZipPackage.hpp"
 #include "docparser/shared/DiagnosticChannel.hpp"
 #include "platform/Failure.hpp"
 #include "platform/ReadLimits.hpp"
+#include "platform/package/ContentSource.hpp"
+#include "platform/package/StreamHelper.hpp"
 #include "platform/path/FileStream.hpp"
 #include "platform/path/Path.hpp"
 
 #include <ios>
+#include <sstream>
+#include <utility>
 
 namespace reference::docparser {
 
 namespace {
 
-void readWhole(fl::filesystem::ifstream& stream, std::string& text) {
-    stream.seekg(0, std::ios::end);
-    const std::streamoff size = stream.tellg();
-    if (size > 0 && static_cast<std::uint64_t>(size) > platform::readLimits().fileBytes)
-        throw platform::LimitError("it is larger than the limit");
-    // A size that is not known is negative and fails here, as more than a text can hold.
-    text.resize(static_cast<std::size_t>(size));
-    stream.seekg(0, std::ios::beg);
-    stream.read(text.data(), size);
+using foundation::log::kSeverityProblem;
+using foundation::log::kSeverityTrace;
+
+void announceReading(const std::u16string& subject) {
+    writeDiagnostic(kSeverityTrace, "Reading file: ", subject);
 }
 
-std::string readFile(const std::u16string& path, ReadProblem* problem) {
-    std::string text;
-    fl::filesystem::ifstream stream(fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
-                                    std::ios::in | std::ios::binary,
-                                    fl::filesystem::share_mode::deny_none);
-    if (!stream.is_open()) {
-        if (problem)
-            *problem = problemOfOpening(path, nullptr);
-        return text;
-    }
-    // An empty text fails in the parser, so that the caller tries the next place.
-    const std::exception_ptr failure = platform::failureOf([&] { readWhole(stream, text); });
-    if (failure) {
-        docParserLog().write(foundation::log::kSeverityProblem,
-                             "Problem reading JSON file: ", path);
-        if (problem)
-            *problem = problemOf(failure);
-    }
-    return text;
+void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
+    stream.seekg(0, std::ios::end);
+    const std::streamoff size = stream.tellg();
+    const std::uint64_t limit = platform::readLimits().fileBytes;
+    if (size > 0 && static_cast<std::uint64_t>(size) > limit)
+        throw platform::LimitError("the file is larger than the limit of " + std::to_string(limit) +
+                                   " bytes");
+    // An unknown size is negative and fails here, as more than a string can hold.
+    content.resize(static_cast<std::size_t>(size));
+    stream.seekg(0, std::ios::beg);
+    stream.read(content.data(), size);
 }
 
 } // namespace
 
-std::string openAndReadFile(const std::u16string& path, ReadProblem* problem) {
-    docParserLog().write(foundation::log::kSeverityTrace, "Reading file: ", path);
-    return readFile(path, problem);
+std::string openAndReadFile(const std::u16string& path, RetrievalObserver& observer) {
+    announceReading(path);
+    std::string content;
+    fl::filesystem::ifstream stream(fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
+                                    std::ios::in | std::ios::binary,
+                                    fl::filesystem::share_mode::deny_none);
+    if (!stream.is_open()) {
+        observer.readFailed(nullptr);
+        return content;
+    }
+    // The caller needs no exception: the parser refuses what was not read.
+    if (const auto failure = platform::failureOf([&] { readWhole(stream, content); })) {
+        observer.readFailed(failure);
+        writeDiagnostic(kSeverityProblem, "Problem reading JSON file: ", path);
+    }
+    return content;
 }
 
-std::string openAndReadFile(const ProductPathData& product, ReadProblem* problem) {
-    return openAndReadFile(product.getFullPath(), problem);
+std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& observer) {
+    return openAndReadFile(product.getFullPath(), observer);
+}
+
+std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer) {
+    announceReading(product.getName());
+    std::string content;
+    // The caller needs no exception: the parser refuses the empty string.
+    const auto failure = platform::failureOf([&] {
+        std::ostringstream stream;
+        // A failed allocation is reported as such rather than as a stream that does not take bytes.
+        stream.exceptions(std::ios::badbit);
+        {
+            const auto source = product.getFileSystemManager().getFileContentSource(
+                product.getEntry(), opc::TransformMode(1));
+            opc::StreamHelper::copyStreamToStream(*source->openInputStream(), stream);
+        }
+        content = std::move(stream).str();
+    });
+    if (failure) {
+        observer.readFailed(failure);
+        writeDiagnostic(kSeverityTrace, "Error reading file: ", product.getName());
+    }
+    return content;
+}
+
+const std::u16string& fileNameOf(const ProductPathData& product) {
+    return product.getFullPath();
+}
+
+const std::u16string& fileNameOf(const ProductZipData& product) {
+    return entryNameOf(product.getEntry());
 }
 
 } // namespace reference::docparser

@@ -1,30 +1,44 @@
 #pragma once
 
 #include "docparser/discovery/ProductData.hpp"
-#include "docparser/io/ReadProblem.hpp"
+#include "docparser/discovery/ProductZipData.hpp"
+#include "docparser/shared/RetrievalObserver.hpp"
 
 #include <string>
 
 namespace reference::docparser {
 
-// Reading one resource file whole. The bytes come as they are stored: a byte-order mark and line
-// ends stay, and nothing is decoded.
+// Reads one resource file completely. The bytes are returned as they are stored: a byte-order mark
+// and CR LF stay, and nothing is decoded.
 //
-// A missing file is an empty text, and so is a folder, a pipe, a socket or a device that bears the
-// file's name: none of them is opened, so none can block. A file that is there but cannot be read,
-// or is larger than platform::readLimits() allows, is logged as "Problem reading JSON file: " at
-// severity 512; the text is then empty, or holds zero bytes where a read failed halfway.
-//
-// Each call logs "Reading file: " at severity 16 before it touches the disk. No lock is held
-// while a file is read. Cost: one allocation of the file's size and one read.
+// A file that cannot be read is an empty string, which the parser refuses, so that the caller tries
+// the next location; the reason goes to the observer. Each call logs "Reading file: " at severity
+// 16 before it touches the file. No lock is held while a file is read.
 
-/// \param path     the file
-/// \param problem  where to say why the text is not the file's; null: nobody asks
-/// \throws std::system_error  the path cannot name a file: it holds NUL or an unpaired surrogate
-std::string openAndReadFile(const std::u16string& path, ReadProblem* problem = nullptr);
+/// Reads a file, with one allocation of the file's size and one read.
+///
+/// A folder, pipe, socket or device that has the file's name counts as a missing file: it is never
+/// opened, so it cannot block. A file that exists but cannot be read, or is larger than
+/// platform::readLimits() allows, is logged as "Problem reading JSON file: " at severity 512; the
+/// string is then empty, or holds zero bytes where a read failed halfway.
+/// \throws std::system_error  `path` cannot name a file: it contains NUL or an unpaired surrogate
+std::string openAndReadFile(const std::u16string& path, RetrievalObserver& observer);
 
-/// Reads the file of a product that lies in a folder.
-/// \throws std::system_error  as above
-std::string openAndReadFile(const ProductPathData& product, ReadProblem* problem = nullptr);
+/// Reads the file of a product in a folder, as above.
+std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& observer);
+
+/// Reads the entry of a product in an open package.
+///
+/// An entry that cannot be delivered completely, because it is damaged, encrypted or larger than
+/// platform::readLimits() allows, is an empty string. It is logged as "Error reading file: " and
+/// the product's name, at severity 16.
+std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer);
+
+/// Returns the path of a product's file, for the observer.
+const std::u16string& fileNameOf(const ProductPathData& product);
+
+/// Returns the name of a product's entry, for the observer: with its folders if the package library
+/// tells them, else the base name.
+const std::u16string& fileNameOf(const ProductZipData& product);
 
 } // namespace reference::docparser

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docparser/discovery/ProductZipData.hpp"
-#include "docparser/shared/LoadAccount.hpp"
+#include "docparser/shared/RetrievalObserver.hpp"
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/FileSystemOpsSelector.hpp"
 #include "platform/package/Package.hpp"
@@ -12,34 +12,44 @@
 
 namespace reference::docparser {
 
-/// A zip package, open for reading as long as this lives.
+/// Returns an entry's name including its folders.
+///
+/// The application's package library only has to know the base name, which is all that decides
+/// about an entry; if it knows no other, the base name stands for the whole name.
+template <class Entry>
+const std::u16string& entryNameOf(const Entry& entry) {
+    if constexpr (requires { entry.getName(); })
+        return entry.getName();
+    else
+        return entry.getBaseName();
+}
+
+/// A zip package, open for reading during the object's life.
 class ZipPackage {
 public:
     /// \param zipFile   the package's path
     /// \param selector  the file operations, shared by all packages of one retrieval
-    /// \throws std::exception  there is no such file, or it is no package
+    /// \throws std::exception  the file does not exist or is not a package
     ZipPackage(const std::u16string& zipFile, const opc::FileSystemOpsSelector& selector);
 
     ZipPackage(const ZipPackage&) = delete;
     ZipPackage& operator=(const ZipPackage&) = delete;
 
-    /// The package's product files, in its order; each is valid while the package is open.
+    /// Returns the package's product files in the package's order; each is valid while the package
+    /// is open.
     ///
-    /// Entries count by their base names, as files in a folder do, and those of other languages
-    /// than the current one are left out. In a package of one entry the package's own name says
-    /// whether the entry is a translation, whatever the entry is called.
+    /// Entries are chosen by their base names, like files in a folder. The one entry of a package
+    /// is a translation exactly if the package is, whatever the entry is called.
     /// \param isNonEnglishLocale   whether the package's own name is that of a translation
-    /// \param localeSuffixes       what marks a translated entry of several
-    /// \param currentLocaleSuffix  the mark of the translations to keep
-    /// \param account  where to tell of the entries that are left out; null: nobody asks
-    /// \throws std::exception  the entries can't be listed
+    /// \param localeSuffixes       the suffixes that mark a translation
+    /// \param currentLocaleSuffix  the suffix of the translations to keep
+    /// \throws std::exception  the entries cannot be listed
     std::vector<ProductZipData> findProducts(bool isNonEnglishLocale,
                                              const std::vector<std::u16string>& localeSuffixes,
                                              const std::u16string& currentLocaleSuffix,
-                                             LoadAccount* account = nullptr);
+                                             RetrievalObserver& observer);
 
 private:
-    std::u16string path_;
     opc::zippackage::ZipPhysicalPackage physical_;
     opc::model::Package package_;
     opc::qorservices::FileSystemManager manager_;

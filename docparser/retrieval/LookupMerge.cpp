@@ -1,36 +1,56 @@
 #include "docparser/retrieval/LookupMerge.hpp"
 
+#include <cstddef>
 #include <string_view>
 #include <unordered_set>
 
 namespace reference::docparser {
 
 using property::RefItemLookup;
+using Items = DocResource<RefItemLookup>::Items;
 
 namespace {
 
-void appendNewHrefs(std::vector<RefItemLookup>& target, const std::vector<RefItemLookup>& source) {
-    // With room for all, no record moves and the views of their hrefs stay good.
+void moveNewNames(Items& target, Items& source, RetrievalObserver& observer) {
+    for (auto next = source.begin(); next != source.end();) {
+        const auto entry = next++;
+        const auto position = target.lower_bound(entry->first);
+        if (position != target.end() && position->first == entry->first)
+            continue;
+        observer.nameAdded(entry->first, entry->second);
+        target.insert(position, source.extract(entry));
+    }
+}
+
+void appendNewHrefs(const std::u16string& name, std::vector<RefItemLookup>& target,
+                    const std::vector<RefItemLookup>& source, RetrievalObserver& observer) {
+    // The reserve keeps the records in place, so that the views of their hrefs stay valid.
     target.reserve(target.size() + source.size());
     std::unordered_set<std::u16string_view> hrefs;
     for (const RefItemLookup& record : target)
         hrefs.insert(record.getHref());
-    for (const RefItemLookup& record : source) {
-        if (!hrefs.contains(record.getHref()))
-            hrefs.insert(target.emplace_back(record).getHref());
+    for (std::size_t index = 0; index < source.size(); ++index) {
+        if (hrefs.contains(source[index].getHref())) {
+            observer.recordDropped(name, target, source, index);
+            continue;
+        }
+        hrefs.insert(target.emplace_back(source[index]).getHref());
+        observer.recordAppended(name, target, source, index);
     }
 }
 
 } // namespace
 
-void mergeLookupItems(DocResource<RefItemLookup>::Items& target,
-                      DocResource<RefItemLookup>::Items& source) {
-    target.merge(source);
-    // What is left in `source` are the names that both have.
+void mergeLookupItems(Items& target, Items& source, RetrievalObserver& observer) {
+    moveNewNames(target, source, observer);
     for (const auto& [name, records] : source) {
         std::vector<RefItemLookup>& known = target.at(name);
-        if (known.size() < records.size())
-            appendNewHrefs(known, records);
+        if (known.size() < records.size()) {
+            appendNewHrefs(name, known, records, observer);
+            continue;
+        }
+        for (std::size_t index = 0; index < records.size(); ++index)
+            observer.recordDropped(name, known, records, index);
     }
 }
 

@@ -3,59 +3,55 @@
 #include "docparser/discovery/Locales.hpp"
 #include "docparser/io/ResourceFileReader.hpp"
 #include "docparser/parsing/ItemParser.hpp"
-#include "docparser/retrieval/FileReport.hpp"
-#include "docparser/retrieval/OverlayAccount.hpp"
+#include "docparser/retrieval/FileUse.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
-#include "docparser/shared/Accounting.hpp"
 #include "docparser/shared/Constants.hpp"
-#include "platform/Failure.hpp"
 #include "platform/path/Path.hpp"
 
 #include <utility>
 
 namespace reference::docparser {
 
-using platform::failureOf;
-using platform::ignoreFailure;
 using property::RefItem;
 
 namespace {
 
+using Resources = ResourceMap<RefItem>;
+
 // \param localeSuffix  empty for the English file
-std::optional<ResourceMap<RefItem>> readProductFile(const std::u16string& product,
-                                                    const std::u16string& folder,
-                                                    const std::u16string& localeSuffix) {
+std::u16string filePath(const std::u16string& product, const std::u16string& folder,
+                        const std::u16string& localeSuffix) {
     std::u16string name = product + localeSuffix;
     name += kDotJsonExtension;
-    const fl::filesystem::path file = fl::filesystem::path(folder) / name;
-
-    std::optional<ResourceMap<RefItem>> sections;
-    FileReport report(currentLoadAccount(), FileRole::Resources, file.string(), {},
-                      !localeSuffix.empty());
-    // A damaged file is as good as a missing one: the caller tries the next place.
-    report.conclude(failureOf([&] {
-        std::string text = openAndReadFile(file.string(), report.problem());
-        report.keepText(text);
-        sections = parseResourceText<RefItem>(std::move(text), product, parseRefItemSection,
-                                              report.sections());
-    }));
-    return sections;
+    return (fl::filesystem::path(folder) / name).string();
 }
 
-// Puts the sections of the language file over the English ones. Items are moved from map to map;
-// only a section that the language file alone has is copied.
-void overlay(ResourceMap<RefItem>& translated, ResourceMap<RefItem>& english,
-             OverlayAccount account) {
+Resources readProductFile(const std::u16string& file, const std::u16string& product,
+                          RetrievalObserver& observer) {
+    return parseResourceText<RefItem>(openAndReadFile(file, observer), product, parseRefItemSection,
+                                      observer);
+}
+
+void useAlone(Resources& sections, std::optional<Resources>& result, RetrievalObserver& observer) {
+    for (const auto& [key, section] : sections)
+        observer.sectionPlaced(key, SectionFate::New, /*isInstalled=*/false);
+    result = std::move(sections);
+}
+
+// Places the sections of the language file on top of the English ones. Items are moved from map to
+// map; only a section that the English file lacks is copied.
+void overlay(Resources& translated, Resources& english, RetrievalObserver& observer) {
     for (auto& [key, section] : translated) {
-        const auto found = english.find(key);
-        if (found == english.end()) {
-            english.emplace(key, section);
-            account.added(key);
+        const auto [found, isNew] = english.try_emplace(key, section);
+        if (isNew) {
+            observer.sectionPlaced(key, SectionFate::New, /*isInstalled=*/false);
             continue;
         }
         DocResource<RefItem>& target = found->second;
+        observer.sectionPlaced(key, SectionFate::Overlay, /*isInstalled=*/false);
         section.items.merge(target.items);
-        account.overlaid(key, target.items);
+        for (const auto& [href, items] : target.items)
+            observer.itemReplaced(href);
         target.header = std::move(section.header);
         target.items = std::move(section.items);
     }
@@ -63,21 +59,28 @@ void overlay(ResourceMap<RefItem>& translated, ResourceMap<RefItem>& english,
 
 } // namespace
 
-std::optional<ResourceMap<RefItem>> getResourceDataAtRoot(const std::u16string& product,
-                                                          const std::u16string& folder) {
-    std::optional<ResourceMap<RefItem>> resources = readProductFile(product, folder, {});
+std::optional<Resources> getResourceDataAtRoot(const std::u16string& product,
+                                               const std::u16string& folder,
+                                               RetrievalObserver& observer) {
+    std::optional<Resources> resources;
+    const std::u16string englishFile = filePath(product, folder, {});
+    useFile(FileRole::Resources, englishFile, /*isTranslation=*/false, observer, [&] {
+        Resources sections = readProductFile(englishFile, product, observer);
+        useAlone(sections, resources, observer);
+    });
+
     const std::u16string language = getCurrentLocale();
     if (language == kEnglish)
         return resources;
 
-    std::optional<ResourceMap<RefItem>> translated =
-        readProductFile(product, folder, makeLocaleSuffix(language));
-    if (!translated)
-        return resources;
-    if (!resources)
-        return translated;
-    // Should memory end halfway, the sections overlaid so far stay.
-    ignoreFailure([&] { overlay(*translated, *resources, OverlayAccount(currentLoadAccount())); });
+    const std::u16string languageFile = filePath(product, folder, makeLocaleSuffix(language));
+    useFile(FileRole::Resources, languageFile, /*isTranslation=*/true, observer, [&] {
+        Resources sections = readProductFile(languageFile, product, observer);
+        if (resources)
+            overlay(sections, *resources, observer);
+        else
+            useAlone(sections, resources, observer);
+    });
     return resources;
 }
 

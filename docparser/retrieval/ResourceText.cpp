@@ -25,26 +25,20 @@ json::value parseDocument(const std::string& text, json::monotonic_resource& are
     return json::parse(text, &arena);
 }
 
-// Lists one section more; they come in file order, the main section first.
-void listSection(SectionList* list, const std::u16string& key, bool isNew) {
-    if (!list)
-        return;
-    std::string pointer;
-    if (!list->empty())
-        pointer = "/supportPackages/" + std::to_string(list->size() - 1);
-    list->push_back({.key = key,
-                     .pointer = std::move(pointer),
-                     .fate = isNew ? SectionFate::Unused : SectionFate::KeyTaken});
+template <class T>
+void insertSection(ResourceMap<T>& sections, std::u16string key, DocResource<T> section,
+                   RetrievalObserver& observer) {
+    const auto [entry, isNew] = sections.try_emplace(std::move(key), std::move(section));
+    observer.sectionFound(entry->first, isNew);
 }
 
 template <class T>
 ResourceMap<T> readSections(const json::value& root, const std::u16string& product,
-                            SectionParser<T> parseSection, SectionList* list) {
+                            SectionParser<T> parseSection, RetrievalObserver& observer) {
     ResourceMap<T> sections;
     DocResource<T> mainSection = parseSection(root, product);
     std::u16string helpFolder = mainSection.header.getHelpFolder();
-    const auto main = sections.try_emplace(std::move(helpFolder), std::move(mainSection));
-    listSection(list, main.first->first, main.second);
+    insertSection(sections, std::move(helpFolder), std::move(mainSection), observer);
 
     const json::value* supportPackages = getJsonObject(root).if_contains("supportPackages");
     if (!supportPackages)
@@ -52,8 +46,7 @@ ResourceMap<T> readSections(const json::value& root, const std::u16string& produ
     for (const json::value& element : getJsonArray(*supportPackages)) {
         DocResource<T> section = parseSection(element, product);
         std::u16string baseCode = section.header.getBaseCode();
-        const auto [entry, isNew] = sections.try_emplace(std::move(baseCode), std::move(section));
-        listSection(list, entry->first, isNew);
+        insertSection(sections, std::move(baseCode), std::move(section), observer);
     }
     return sections;
 }
@@ -62,13 +55,14 @@ ResourceMap<T> readSections(const json::value& root, const std::u16string& produ
 
 template <class T>
 ResourceMap<T> parseResourceText(std::string text, const std::u16string& product,
-                                 SectionParser<T> parseSection, SectionList* list) {
+                                 SectionParser<T> parseSection, RetrievalObserver& observer) {
+    observer.fileRead(text);
     json::monotonic_resource arena(kFirstBlockBytes);
     const json::value root = parseDocument(text, arena);
-    // The document has copies of its strings. Assigning an empty text would keep the buffer.
+    // The document has copies of its strings. Assigning an empty string would keep the memory.
     std::string().swap(text);
     try {
-        return readSections(root, product, parseSection, list);
+        return readSections(root, product, parseSection, observer);
     } catch (FormatError& error) {
         error.locate(root);
         throw;
@@ -77,9 +71,9 @@ ResourceMap<T> parseResourceText(std::string text, const std::u16string& product
 
 template ResourceMap<property::RefItem> parseResourceText(std::string, const std::u16string&,
                                                           SectionParser<property::RefItem>,
-                                                          SectionList*);
+                                                          RetrievalObserver&);
 template ResourceMap<property::RefItemLookup>
 parseResourceText(std::string, const std::u16string&, SectionParser<property::RefItemLookup>,
-                  SectionList*);
+                  RetrievalObserver&);
 
 } // namespace reference::docparser

@@ -13,4 +13,8 @@ namespace {
 
 } // namespace
 
+void writeDiagnostic(int severity, std::string_view prefix, const std::u16string& subject) {
+    docParserLog().write(severity, prefix, subject);
+}
+
 } // namespace reference::docparser

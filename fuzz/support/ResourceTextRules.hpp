@@ -59,10 +59,11 @@ void requireReadOrRefused(const std::string& text,
     const std::u16string product = u"Orchard";
     const std::optional<boost::json::value> document = findDocument(text);
     try {
-        const ResourceMap<T> sections = parseResourceText<T>(text, product, parseSection);
+        const ResourceMap<T> sections =
+            parseResourceText<T>(text, product, parseSection, unobserved);
         require(document.has_value(), "text that is no JSON is refused");
         requireSections(sections, product, getKey);
-        require(sections == parseResourceText<T>(text, product, parseSection),
+        require(sections == parseResourceText<T>(text, product, parseSection, unobserved),
                 "a text is read the same each time");
     } catch (const FormatError& error) {
         require(document.has_value(), "text that is no JSON has no place to point to");

@@ -36,14 +36,15 @@ void mergeSections(const std::string& text) {
     using namespace reference::docparser;
     ResourceMap<RefItemLookup> sections;
     try {
-        sections = parseResourceText<RefItemLookup>(text, u"Orchard", parseRefItemLookupSection);
+        sections = parseResourceText<RefItemLookup>(text, u"Orchard", parseRefItemLookupSection,
+                                                    unobserved);
     } catch (const std::exception&) {
         return; // requireReadOrRefused() has seen to it.
     }
     Items target = sections.begin()->second.items;
     Items source = sections.rbegin()->second.items;
     const Items expected = mergeByRule(target, source);
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     docparser_fuzz::require(target == expected, "a merge goes by its rule");
 }
 

@@ -4,8 +4,8 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
-#include "docparser/discovery/FileNames.hpp"
 #include "docparser/discovery/ProductEnumeration.hpp"
+#include "docparser/discovery/ProductSelection.hpp"
 #include "fuzz/support/FuzzHost.hpp"
 #include "fuzz/support/Require.hpp"
 #include "fuzz/support/Target.hpp"
@@ -87,14 +87,14 @@ void checkFileName(const std::u16string& name) {
 }
 
 void checkStem(const std::u16string& stem, const std::u16string& suffix) {
-    using reference::docparser::ProductLocale;
-    const auto locale = reference::docparser::classifyStem(stem, {u"_de", suffix}, suffix);
-    const bool isCurrent = stem.ends_with(suffix);
-    const bool isTranslated = isCurrent || stem.ends_with(u"_de");
-    require(locale == (isCurrent      ? ProductLocale::Current
-                       : isTranslated ? ProductLocale::Other
-                                      : ProductLocale::English),
-            "a stem is sorted by its end");
+    using reference::docparser::Fate;
+    const auto selection =
+        reference::docparser::selectProduct(stem + u".json", {u"_de", suffix}, suffix);
+    const std::u16string& own = selection.stem;
+    const bool isTranslation = own.ends_with(suffix) || own.ends_with(u"_de");
+    require(selection.isNonEnglishLocale == isTranslation, "a suffix marks a translation");
+    require(selection.skipped.has_value() == (isTranslation && !own.ends_with(suffix)),
+            "only translations into other languages are skipped");
 }
 
 void checkFolder(const std::u16string& folder, const std::u16string& suffix) {

@@ -143,6 +143,7 @@ void FaultTest::reset() const {
     DocResourceParser::restoreDefaultSettings();
     DocResourceParser::setReferenceRoot(root());
     host->forgetQuestions();
+    observed.forget();
 }
 
 void FaultTest::writeLookups(const std::vector<std::string>& texts) const {

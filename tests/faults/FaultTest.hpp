@@ -27,7 +27,8 @@ protected:
 
     std::u16string lookupFolder() const;
 
-    /// The settings as each test finds them, and the memory of what the host was asked given back.
+    /// Restores the settings that each test starts with, and releases the memory of the questions
+    /// to the host and of the account.
     void reset() const;
 
     /// An operation that starts and ends with the settings as they were.

@@ -2,7 +2,7 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
-#include "docparser/LoadAccount.hpp"
+#include "docparser/account/LoadAccount.hpp"
 #include "tests/schema/Agreement.hpp"
 #include "tests/schema/DamagedDocuments.hpp"
 #include "tests/support/JsonPlaces.hpp"

@@ -240,10 +240,12 @@ protected:
 
     void work(std::size_t thread, std::chrono::steady_clock::time_point end,
               ProgressWatch& progress) {
+        ObservedThread observedThread;
         Random random(static_cast<unsigned>(thread + 1));
         while (std::chrono::steady_clock::now() < end && !HasFailure()) {
             const std::size_t place = random() % std::size(kSteps);
             (this->*kSteps[place].run)(random);
+            observedThread.forget();
             ++counts_[place];
             progress.step(thread);
         }

@@ -1,6 +1,7 @@
-#include "docparser/LoadAccount.hpp"
+#include "docparser/account/LoadAccount.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "tests/support/LogCallback.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
@@ -32,7 +33,7 @@ std::string nameOf(const FileAccount& file) {
     return file.entry.empty() ? name : name + "!" + to_string(file.entry);
 }
 
-// One line a file: its name, fate and, where there are any, place and reason.
+// One line per file: its name, its fate and, if known, position and reason.
 std::string line(const FileAccount& file) {
     std::string text = nameOf(file) + " " + std::string(toWord(file.fate));
     if (file.place)
@@ -59,7 +60,7 @@ const FileAccount& fileNamed(const LoadAccount& account, const std::string& name
     throw std::out_of_range("the account has no file " + name);
 }
 
-// One line a section: its key, fate, the file that had the key and the place in its own.
+// One line per section: its key, fate, the file that had the key and the pointer in its own file.
 std::vector<std::string> sections(const LoadAccount& account, const std::string& name) {
     std::vector<std::string> result;
     for (const SectionAccount& section : fileNamed(account, name).sections)
@@ -69,7 +70,7 @@ std::vector<std::string> sections(const LoadAccount& account, const std::string&
     return result;
 }
 
-// One line a decision about a record in the first section of a file.
+// One line per decision about a record in the first section of a file.
 std::vector<std::string> records(const LoadAccount& account, const std::string& name) {
     std::vector<std::string> result;
     for (const RecordAccount& record : fileNamed(account, name).sections.at(0).records)
@@ -114,7 +115,7 @@ ResourceText orchard(const std::vector<boost::json::object>& items) {
     return text;
 }
 
-TEST_F(LoadAccountTest, AFileThatIsUsedIsToldWithItsSections) {
+TEST_F(LoadAccountTest, ListsTheSectionsOfAUsedFile) {
     addApi("Orchard.json", ResourceText("orchard").addSupportPackage(ResourceText("hive")).str());
     const LoadAccount account = accountOfProduct(u"Orchard");
     EXPECT_THAT(lines(account), ElementsAre("Orchard.json used"));
@@ -123,7 +124,7 @@ TEST_F(LoadAccountTest, AFileThatIsUsedIsToldWithItsSections) {
                             "hive code new Orchard.json \"/supportPackages/0\""));
 }
 
-TEST_F(LoadAccountTest, ASectionWhoseKeyIsTakenIsTold) {
+TEST_F(LoadAccountTest, ListsASectionWhoseKeyIsTaken) {
     addApi("Orchard.json", ResourceText("orchard")
                                .addSupportPackage(ResourceText("hive"))
                                .addSupportPackage(ResourceText("hive").set("helpFolder", "second"))
@@ -134,7 +135,7 @@ TEST_F(LoadAccountTest, ASectionWhoseKeyIsTakenIsTold) {
                             "hive code key-taken Orchard.json \"/supportPackages/1\""));
 }
 
-TEST_F(LoadAccountTest, AnOverlayTellsWhatItReplaces) {
+TEST_F(LoadAccountTest, ListsWhatAnOverlayReplaces) {
     host->language = u"de";
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", "Join"}, {"old.html", "O"}}));
     addApi("Orchard_de.json", orchard({item("graft.html", "Veredeln"), item("neu.html", "Neu")})
@@ -151,14 +152,14 @@ TEST_F(LoadAccountTest, AnOverlayTellsWhatItReplaces) {
     EXPECT_TRUE(account.files[1].isTranslation);
 }
 
-TEST_F(LoadAccountTest, EachPlaceThatIsTriedIsToldInOrder) {
+TEST_F(LoadAccountTest, ListsEachLocationInTheOrderOfTheAttempts) {
     host->language = u"de";
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")),
                 ElementsAre("Orchard.json missing", "Orchard_de.json missing",
                             "Orchard.json missing", "Orchard_de.json missing"));
 }
 
-TEST_F(LoadAccountTest, TextThatIsNoJsonIsToldWithItsPlace) {
+TEST_F(LoadAccountTest, GivesThePositionOfInvalidJson) {
     addApi("Orchard.json", "{\"productName\": \"é\",\n  \"baseCode\": ü}");
     const LoadAccount account = accountOfProduct(u"Orchard");
     const FileAccount& file = account.files.front();
@@ -171,7 +172,7 @@ TEST_F(LoadAccountTest, TextThatIsNoJsonIsToldWithItsPlace) {
     EXPECT_THAT(file.sections, IsEmpty());
 }
 
-TEST_F(LoadAccountTest, TextThatBreaksTheFormatIsToldWithPointerAndPlace) {
+TEST_F(LoadAccountTest, GivesPointerAndPositionOfWhatBreaksTheFormat) {
     addApi("Orchard.json",
            "{\"productName\": \"O\", \"baseCode\": \"OR\", \"helpFolder\": \"o\",\n"
            "\"helpLocation\": \"o\", \"refItems\": [\n  {\"href\": 1, \"refpurpose\": \"x\"}]}");
@@ -179,35 +180,37 @@ TEST_F(LoadAccountTest, TextThatBreaksTheFormatIsToldWithPointerAndPlace) {
                 "Orchard.json malformed 3:12 /refItems/0/href (string expected, int64 found)");
 }
 
-TEST_F(LoadAccountTest, AnEmptyFileIsMalformed) {
+TEST_F(LoadAccountTest, CallsAnEmptyFileMalformed) {
     addApi("Orchard.json", "");
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(),
                 "Orchard.json malformed 1:1 (the file is empty)");
 }
 
-TEST_F(LoadAccountTest, WhatIsNoRegularFileIsTold) {
+TEST_F(LoadAccountTest, ListsAFolderWithTheNameOfAFile) {
     std::filesystem::create_directories(apiPath("Orchard.json"));
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(), "Orchard.json not-regular");
 }
 
-TEST_F(LoadAccountTest, AFileOverTheLimitIsTold) {
+TEST_F(LoadAccountTest, ListsAFileOverTheLimit) {
     platform::setReadLimits({.fileBytes = 10});
     addApi("Orchard.json", resourceText("orchard", {}));
     addLookup("P.json", orchard({}).str());
     const LoadAccount product = accountOfProduct(u"Orchard");
     const LoadAccount lookup = accountOfLookups();
-    EXPECT_THAT(lines(product).front(), "Orchard.json over-limit (it is larger than the limit)");
-    EXPECT_THAT(lines(lookup), ElementsAre("P.json over-limit (it is larger than the limit)"));
+    EXPECT_THAT(lines(product).front(),
+                "Orchard.json over-limit (the file is larger than the limit of 10 bytes)");
+    EXPECT_THAT(lines(lookup),
+                ElementsAre("P.json over-limit (the file is larger than the limit of 10 bytes)"));
 }
 
-TEST_F(LoadAccountTest, ANameThatIsNoFilesIsMissing) {
+TEST_F(LoadAccountTest, CallsAPathThatCannotNameAFileMissing) {
     const LoadAccount account = accountOfProduct(std::u16string(u"a\0b", 3));
     ASSERT_FALSE(account.files.empty());
     EXPECT_EQ(account.files.front().fate, Fate::Missing);
     EXPECT_FALSE(account.files.front().reason.empty());
 }
 
-TEST_F(LoadAccountTest, WhatTheWalkSkipsIsTold) {
+TEST_F(LoadAccountTest, ListsSkippedFilesBeforeFilesThatAreRead) {
     host->language = u"de";
     addLookup("P.json", orchard({}).str());
     addLookup("P_ja.json", orchard({}).str());
@@ -217,11 +220,10 @@ TEST_F(LoadAccountTest, WhatTheWalkSkipsIsTold) {
     EXPECT_THAT(lines(account),
                 UnorderedElementsAre("P_ja.json skipped-language", "notes.txt skipped-name",
                                      "Q.JSON skipped-name", "P.json used"));
-    // What was skipped is told before what was read.
     EXPECT_EQ(line(account.files.back()), "P.json used");
 }
 
-TEST_F(LoadAccountTest, PackagesAreToldBeforeTheirEntries) {
+TEST_F(LoadAccountTest, ListsPackagesBeforeTheirEntries) {
     addLookup("P.zip", packageOf({{"lookup/A.json", orchard({}).str()},
                                   {"A_ja.json", "{}"},
                                   {"notes.txt", ""},
@@ -232,7 +234,7 @@ TEST_F(LoadAccountTest, PackagesAreToldBeforeTheirEntries) {
                             "P.zip!B.json malformed 1:2 (incomplete JSON)"));
 }
 
-TEST_F(LoadAccountTest, ABrokenPackageIsToldWithItsReason) {
+TEST_F(LoadAccountTest, GivesTheReasonForABrokenPackage) {
     addLookup("P.zip", "no zip");
     std::filesystem::create_directories(lookupPath("Q.zip"));
     const LoadAccount account = accountOfLookups();
@@ -243,7 +245,7 @@ TEST_F(LoadAccountTest, ABrokenPackageIsToldWithItsReason) {
     EXPECT_EQ(fileNamed(account, "Q.zip").fate, Fate::NotRegular);
 }
 
-TEST_F(LoadAccountTest, AnEntryThatCannotBeDeliveredIsToldWithItsReason) {
+TEST_F(LoadAccountTest, GivesTheReasonForAnEntryThatCannotBeDelivered) {
     ZipBytes zip;
     zip.entries.push_back({.name = "A.json", .content = orchard({}).str(), .crc = 1});
     zip.entries.push_back({.name = "B.json", .content = "x", .flags = kEncryptedFlag});
@@ -254,14 +256,14 @@ TEST_F(LoadAccountTest, AnEntryThatCannotBeDeliveredIsToldWithItsReason) {
     EXPECT_THAT(fileNamed(account, "P.zip!B.json").reason, testing::HasSubstr("it is encrypted"));
 }
 
-TEST_F(LoadAccountTest, AnEntryOverTheLimitIsTold) {
+TEST_F(LoadAccountTest, ListsAnEntryOverTheLimit) {
     platform::setReadLimits({.entryBytes = 10});
     addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
     const LoadAccount account = accountOfLookups();
     EXPECT_EQ(fileNamed(account, "P.zip!A.json").fate, Fate::OverLimit);
 }
 
-TEST_F(LoadAccountTest, AMergeTellsWhatWasAddedAndDropped) {
+TEST_F(LoadAccountTest, ListsWhatAMergeAddedAndDropped) {
     // A package is read before plain files, so it is on top.
     addLookup("A.zip", packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join"),
                                                       lookupItem("prune", "p.html", "Cut")})
@@ -284,7 +286,7 @@ TEST_F(LoadAccountTest, AMergeTellsWhatWasAddedAndDropped) {
     EXPECT_EQ(lookups.installed.at(u"orchard").items.at(u"graft").size(), 2U);
 }
 
-TEST_F(LoadAccountTest, ATranslationGoesOverAndTellsWhereEachRecordCameFrom) {
+TEST_F(LoadAccountTest, ListsWhereTheRecordsUnderATranslationCameFrom) {
     host->language = u"de";
     addLookup("A.zip",
               packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
@@ -298,7 +300,7 @@ TEST_F(LoadAccountTest, ATranslationGoesOverAndTellsWhereEachRecordCameFrom) {
                             "prune p.html added-name, from A.zip!B.json, wins A.zip!B.json"));
 }
 
-TEST_F(LoadAccountTest, AFailureOfTheHostIsNoFaultOfTheFile) {
+TEST_F(LoadAccountTest, DoesNotBlameTheFileForAFailureOfTheHost) {
     addLookup("P.json", ResourceText("a").addSupportPackage(ResourceText("b")).str());
     host->onProducts = [asked = 0]() mutable {
         if (++asked == 2)
@@ -310,7 +312,7 @@ TEST_F(LoadAccountTest, AFailureOfTheHostIsNoFaultOfTheFile) {
                 ElementsAre("a new P.json \"\"", "b code unused P.json \"/supportPackages/0\""));
 }
 
-TEST_F(LoadAccountTest, ResultsAreTheSameWithAndWithout) {
+TEST_F(LoadAccountTest, ChangesNoResult) {
     host->language = u"de";
     addLookup("A.zip",
               packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
@@ -329,7 +331,7 @@ TEST_F(LoadAccountTest, ResultsAreTheSameWithAndWithout) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), without);
 }
 
-TEST_F(LoadAccountTest, TheInnermostScopeOfTheThreadIsInForce) {
+TEST_F(LoadAccountTest, UsesTheInnermostScopeOfTheThread) {
     addApi("Orchard.json", resourceText("orchard", {}));
     LoadAccount outer;
     LoadAccount inner;
@@ -345,7 +347,77 @@ TEST_F(LoadAccountTest, TheInnermostScopeOfTheThreadIsInForce) {
     EXPECT_THAT(outer.files, testing::SizeIs(1));
 }
 
-TEST_F(LoadAccountTest, AListOfProductsIsNoRetrieval) {
+// A log sink or a host service may ask the library for another product in the middle of a
+// retrieval.
+class NestedRetrievalTest : public LoadAccountTest {
+protected:
+    NestedRetrievalTest() {
+        addApi("Inner.json", resourceText("hive", {}));
+        addApi("P.json", resourceText("orchard", {{"a.html", "Join"}}));
+        addApi("P_de.json", resourceText("orchard", {{"a.html", "Veredeln"}}));
+    }
+    void SetUp() override {
+        LoadAccountTest::SetUp();
+        host->language = u"de";
+    }
+
+    // Retrieves another product, once.
+    void retrieveInner() {
+        if (!std::exchange(hasRetrieved, true))
+            findResources(u"Inner");
+    }
+    void expectSeparateFiles(const LoadAccount& account) {
+        EXPECT_TRUE(hasRetrieved);
+        EXPECT_TRUE(account.isComplete);
+        EXPECT_THAT(lines(account), ElementsAre("Inner.json used", "Inner_de.json missing",
+                                                "P.json used", "P_de.json overlay"));
+        EXPECT_THAT(sections(account, "P_de.json"), ElementsAre("orchard overlay P.json \"\""));
+        EXPECT_THAT(records(account, "P_de.json"),
+                    ElementsAre("a.html a.html replaced, from P.json, wins P_de.json"));
+    }
+
+    bool hasRetrieved = false;
+};
+
+TEST_F(NestedRetrievalTest, FromALogSinkHasItsOwnFiles) {
+    for (const std::string file : {"P.json", "P_de.json"}) {
+        SCOPED_TRACE(file);
+        hasRetrieved = false;
+        const LogCallback callback([&](const std::string& message) {
+            if (message == "Reading file: " + apiPath(file))
+                retrieveInner();
+        });
+        expectSeparateFiles(accountOfProduct(u"P"));
+    }
+}
+
+TEST_F(NestedRetrievalTest, FromTheLanguageServiceHasItsOwnFiles) {
+    host->onLanguage = [this] { retrieveInner(); };
+    expectSeparateFiles(accountOfProduct(u"P"));
+}
+
+TEST_F(NestedRetrievalTest, FromTheCatalogueHasItsOwnFiles) {
+    addLookup("A.zip",
+              packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
+                         {"B.json", orchard({lookupItem("graft", "g.html", "Cut")}).str()}}));
+    host->onProducts = [this] { retrieveInner(); };
+    const LoadAccount account = accountOfLookups();
+    EXPECT_THAT(lines(account),
+                ElementsAre("Inner.json used", "Inner_de.json missing", "A.zip used",
+                            "A.zip!A.json used", "A.zip!B.json merged"));
+    EXPECT_THAT(records(account, "A.zip!B.json"),
+                ElementsAre("graft g.html dropped-href, from A.zip!B.json, wins A.zip!A.json"));
+}
+
+TEST_F(NestedRetrievalTest, IsKeptIfTheOuterRetrievalThrows) {
+    const LogCallback callback([&](const std::string&) { retrieveInner(); });
+    EXPECT_THAT(lines(accountOfProduct(u"Absent")),
+                ElementsAre("Inner.json used", "Inner_de.json missing", "Absent.json missing",
+                            "Absent_de.json missing", "Absent.json missing",
+                            "Absent_de.json missing"));
+}
+
+TEST_F(LoadAccountTest, DoesNotRecordAListingOfProducts) {
     addLookup("notes.txt", "");
     LoadAccount account;
     const LoadAccount::Scope scope(account);
@@ -354,7 +426,7 @@ TEST_F(LoadAccountTest, AListOfProductsIsNoRetrieval) {
     EXPECT_THAT(account.files, IsEmpty());
 }
 
-TEST(LoadAccountWords, EveryKindHasItsOwnName) {
+TEST(LoadAccountWords, EachFateAndRoleHasAWord) {
     std::vector<std::string_view> words;
     for (int fate = 0; fate <= static_cast<int>(Fate::Failed); ++fate)
         words.push_back(toWord(static_cast<Fate>(fate)));

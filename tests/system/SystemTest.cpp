@@ -2,6 +2,7 @@
 
 #include "docparser/DocParserException.hpp"
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace docparser_tests {
@@ -15,6 +16,19 @@ const std::filesystem::path kLookupFolder = "root/docCatalog/referenceapi_lookup
 const std::filesystem::path kSupportFolder = "support/help/docCatalog/referenceapi";
 
 } // namespace
+
+bool isObserved() {
+    return std::getenv("DOCPARSER_TEST_OBSERVED") != nullptr;
+}
+
+ObservedThread::ObservedThread() {
+    if (isObserved())
+        scope_.emplace(account_);
+}
+
+ObservedThread::~ObservedThread() {
+    EXPECT_TRUE(account_.isComplete);
+}
 
 SystemTest::SystemTest() : maskBefore_(foundation::log::severityMask()) {
     for (const auto& below : {kApiFolder, kLookupFolder, kSupportFolder})

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "docparser/DocResourceParser.hpp"
+#include "docparser/account/LoadAccount.hpp"
 #include "platform/ReadLimits.hpp"
 #include "tests/support/LogCapture.hpp"
 #include "tests/support/ResourceText.hpp"
@@ -31,6 +32,25 @@ using reference::property::RefItemLookup;
 using Resources = ResourceMap<RefItem>;
 using Lookups = ParsingResults<ResourceMap<RefItemLookup>>;
 
+/// Whether retrievals are to report to an account in every test, which must change nothing: ctest
+/// runs these tests both ways.
+bool isObserved();
+
+/// A scope with an account of its own on the calling thread, if isObserved().
+class ObservedThread {
+public:
+    ObservedThread();
+    /// An account that is not complete fails the test.
+    ~ObservedThread();
+
+    /// Empties the account and releases its memory.
+    void forget() { account_ = {}; }
+
+private:
+    reference::docparser::LoadAccount account_;
+    std::optional<reference::docparser::LoadAccount::Scope> scope_;
+};
+
 /// A reference root and a support-package root in a folder of their own, in force together with a
 /// FakeHost. The destructor puts the process-wide settings back.
 class SystemTest : public testing::Test {
@@ -40,6 +60,7 @@ protected:
 
     TemporaryFolder folder;
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
+    mutable ObservedThread observed;
 
     /// The reference root, UTF-16.
     std::u16string root() const;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "docparser/LoadAccount.hpp"
+#include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/check/Finding.hpp"
 #include "tools/refdoc/check/PathNames.hpp"
 #include "tools/refdoc/check/Questions.hpp"

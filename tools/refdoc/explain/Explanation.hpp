@@ -1,6 +1,6 @@
 #pragma once
 
-#include "docparser/LoadAccount.hpp"
+#include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/JsonWriter.hpp"
 #include "tools/refdoc/PageSetup.hpp"
 #include "tools/refdoc/explain/Origins.hpp"

@@ -150,36 +150,5 @@ TEST_F(ProductEnumeration, AFolderThatIsMissingEmptyOrNoFolderHasNoProducts) {
     }
 }
 
-TEST(ClassifyStem, SortsAStemByItsEnd) {
-    struct Case {
-        std::u16string stem;
-        Suffixes suffixes;
-        std::u16string current;
-        ProductLocale expected;
-    };
-    const std::vector<Case> cases = {
-        {u"P", {u"_ja"}, u"_ja", ProductLocale::English},
-        {u"P_ja", {u"_ja"}, u"_ja", ProductLocale::Current},
-        {u"P_ja", {u"_de", u"_ja"}, u"_de", ProductLocale::Other},
-        {u"P_ja", {}, u"_ja", ProductLocale::English},
-        {u"P_en", {u"_ja"}, u"_en", ProductLocale::English},
-        {u"P_JA", {u"_ja"}, u"_ja", ProductLocale::English},
-        {u"P_ja_x", {u"_ja"}, u"_ja", ProductLocale::English},
-        {u"ja", {u"_ja"}, u"_ja", ProductLocale::English}, // shorter than the suffix
-        {u"_ja", {u"_ja"}, u"_ja", ProductLocale::Current},
-        {u"P_de_ja", {u"_ja", u"_de"}, u"_de", ProductLocale::Other},
-        {u"P", {u""}, u"_ja", ProductLocale::Other},
-        {u"P_ja", {u""}, u"_ja", ProductLocale::Current},
-        {u"P", {u""}, u"", ProductLocale::Current},
-        {u"P_zh_CN", {u"_CN", u"_zh_CN"}, u"_zh_CN", ProductLocale::Current},
-        {u"", {u"_ja"}, u"_ja", ProductLocale::English},
-        {u"", {u""}, u"", ProductLocale::Current}};
-    for (const Case& row : cases)
-        EXPECT_EQ(classifyStem(row.stem, row.suffixes, row.current), row.expected)
-            << "stem " << testing::PrintToString(row.stem) << ", suffixes "
-            << testing::PrintToString(row.suffixes) << ", current "
-            << testing::PrintToString(row.current);
-}
-
 } // namespace
 } // namespace docparser_tests

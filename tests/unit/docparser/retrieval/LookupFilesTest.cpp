@@ -10,7 +10,7 @@
 namespace reference::docparser {
 namespace {
 
-// A host that must not be asked.
+// A host that fails whatever it is asked.
 class SilentHost final : public platform::HostServices {
 public:
     std::u16string installPath() const override { throw asked(); }
@@ -36,20 +36,23 @@ protected:
     ~CollectLookupFilesTest() override { platform::setHostServices(nullptr); }
 };
 
-TEST_F(CollectLookupFilesTest, WithoutALookupFolderNothingIsLookedFor) {
-    const auto parse = [](std::string, const std::u16string&, SectionList*) -> LookupMap {
+TEST_F(CollectLookupFilesTest, AsksAndReadsNothingWithoutALookupFolder) {
+    const auto parse = [](std::string, const std::u16string&, RetrievalObserver&) -> LookupMap {
         throw std::logic_error("a text was parsed");
     };
     const auto isInstalled = [](const std::u16string&) -> bool {
         throw std::logic_error("a key was asked for");
     };
-    EXPECT_EQ(collectLookupFiles(u"", parse, isInstalled), LookupResults());
+    EXPECT_EQ(collectLookupFiles(u"", parse, isInstalled, unobserved), LookupResults());
 }
 
-TEST_F(CollectLookupFilesTest, AFailureOfTheLanguageServicePasses) {
-    const auto parse = [](std::string, const std::u16string&, SectionList*) { return LookupMap(); };
+TEST_F(CollectLookupFilesTest, LetsAFailureOfTheLanguageServicePass) {
+    const auto parse = [](std::string, const std::u16string&, RetrievalObserver&) {
+        return LookupMap();
+    };
     const auto isInstalled = [](const std::u16string&) { return true; };
-    EXPECT_THROW(collectLookupFiles(u"/no/such/folder", parse, isInstalled), std::logic_error);
+    EXPECT_THROW(collectLookupFiles(u"/no/such/folder", parse, isInstalled, unobserved),
+                 std::logic_error);
 }
 
 } // namespace

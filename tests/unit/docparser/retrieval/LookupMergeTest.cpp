@@ -32,7 +32,7 @@ RefItemLookup record(std::u16string href, std::u16string purpose) {
 std::u16string merged(const Records& target, const Records& source) {
     Items targetItems{{u"n", target}};
     Items sourceItems{{u"n", source}};
-    mergeLookupItems(targetItems, sourceItems);
+    mergeLookupItems(targetItems, sourceItems, unobserved);
     EXPECT_EQ(targetItems.size(), 1U);
     std::u16string text;
     for (const RefItemLookup& each : targetItems.at(u"n"))
@@ -40,19 +40,19 @@ std::u16string merged(const Records& target, const Records& source) {
     return text;
 }
 
-TEST(LookupMerge, NamesThatTheTargetLacksComeOverWithAllTheirRecords) {
+TEST(LookupMerge, MovesNamesThatTheTargetLacksWithAllRecords) {
     Items target{{u"b", {record(u"1", u"t")}}};
     Items source{{u"a", {record(u"1", u"s"), record(u"1", u"s")}}, {u"c", {record(u"2", u"s")}}};
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     EXPECT_THAT(target, ElementsAre(Pair(u"a", ElementsAre(record(u"1", u"s"), record(u"1", u"s"))),
                                     Pair(u"b", ElementsAre(record(u"1", u"t"))),
                                     Pair(u"c", ElementsAre(record(u"2", u"s")))));
 }
 
-TEST(LookupMerge, NamesAreComparedToTheLetter) {
+TEST(LookupMerge, NamesAreCaseSensitive) {
     Items target{{u"Graft", {record(u"1", u"t")}}};
     Items source{{u"graft", {record(u"2", u"s"), record(u"3", u"s")}}};
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     EXPECT_THAT(target,
                 ElementsAre(Pair(u"Graft", ElementsAre(record(u"1", u"t"))),
                             Pair(u"graft", ElementsAre(record(u"2", u"s"), record(u"3", u"s")))));
@@ -102,10 +102,10 @@ TEST(LookupMerge, AnEmptySideChangesNothing) {
     const Items full{{u"n", {record(u"1", u"t")}}};
     Items target = full;
     Items none;
-    mergeLookupItems(target, none);
+    mergeLookupItems(target, none, unobserved);
     EXPECT_EQ(target, full);
     Items source = full;
-    mergeLookupItems(none, source);
+    mergeLookupItems(none, source, unobserved);
     EXPECT_EQ(none, full);
 }
 
@@ -155,7 +155,7 @@ TEST(LookupMerge, AgreesWithTheRuleTakenWordByWord) {
         Items source = random.next();
         Items expected = target;
         mergeWordByWord(expected, source);
-        mergeLookupItems(target, source);
+        mergeLookupItems(target, source, unobserved);
         ASSERT_EQ(target, expected) << "round " << round;
     }
 }
@@ -168,7 +168,7 @@ TEST(LookupMerge, NamesComeOverByMovingAndWithoutACopy) {
     const char16_t* const href = records->getHref().data();
 
     const AllocationCount count;
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     EXPECT_EQ(count.requests(), 0U);
     const auto& [movedName, movedRecords] = *std::next(target.begin());
     EXPECT_EQ(movedName.data(), name);
@@ -181,7 +181,7 @@ TEST(LookupMerge, RecordsThatAreAppendedAreCopiesAndTheTargetsOwnAreMoved) {
     Items target{{u"n", {record(u"1", purpose)}}};
     Items source{{u"n", {record(u"2", purpose), record(u"3", purpose)}}};
     const char16_t* const own = target.at(u"n").front().getRefPurpose().data();
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     EXPECT_EQ(target.at(u"n").front().getRefPurpose().data(), own);
     EXPECT_THAT(target.at(u"n"),
                 ElementsAre(record(u"1", purpose), record(u"2", purpose), record(u"3", purpose)));
@@ -204,7 +204,7 @@ TEST(LookupMerge, ManyRecordsOfOneNameAreMergedInOnePass) {
     Items source{{u"n", std::move(others)}};
 
     const AllocationCount count;
-    mergeLookupItems(target, source);
+    mergeLookupItems(target, source, unobserved);
     EXPECT_EQ(target.at(u"n").size(), 2 * kCount - 2);
     EXPECT_EQ(target.at(u"n").back().getHref(), href(2 * kCount - 3));
     EXPECT_LT(count.requests(), 4 * kCount);

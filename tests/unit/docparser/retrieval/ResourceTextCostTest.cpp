@@ -36,7 +36,7 @@ std::string repeat(const std::string& element, std::size_t count) {
 }
 
 ResourceMap<RefItem> parse(const std::string& text) {
-    return parseResourceText<RefItem>(text, u"p", parseRefItemSection);
+    return parseResourceText<RefItem>(text, u"p", parseRefItemSection, unobserved);
 }
 
 // The inputs of a file with blocks of name-value pairs.

@@ -26,7 +26,7 @@ protected:
     using Record = typename Format::Record;
 
     static ResourceMap<Record> parse(const std::string& text) {
-        return parseResourceText<Record>(text, u"p", Format::kParseSection);
+        return parseResourceText<Record>(text, u"p", Format::kParseSection, unobserved);
     }
 
     // A failure must say where in the document it is; a result must be whole.

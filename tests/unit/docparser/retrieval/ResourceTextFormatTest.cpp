@@ -35,7 +35,8 @@ protected:
     using Sections = ResourceMap<Record>;
 
     static Sections parse(const json::value& document) {
-        return parseResourceText<Record>(json::serialize(document), u"p", Format::kParseSection);
+        return parseResourceText<Record>(json::serialize(document), u"p", Format::kParseSection,
+                                         unobserved);
     }
 
     static void expectFailure(const json::value& document, const std::string& pointer,

@@ -23,7 +23,7 @@ using testing::ElementsAre;
 using testing::Pair;
 
 ResourceMap<RefItem> parse(const std::string& text) {
-    return parseResourceText<RefItem>(text, u"p", parseRefItemSection);
+    return parseResourceText<RefItem>(text, u"p", parseRefItemSection, unobserved);
 }
 
 // The text of a section without its braces.
@@ -89,8 +89,9 @@ TEST(ResourceText, ADamagedPackageCostsTheWholeFileEvenOneThatWouldBeDropped) {
 
 TEST(ResourceText, TheProductGoesIntoEveryHeaderAsItStands) {
     for (const std::u16string product : {u"Orchard", u"", u"\u6A39/..\\ "}) {
-        const auto sections = parseResourceText<RefItemLookup>(
-            withPackages('{' + section("f", "pack") + '}'), product, parseRefItemLookupSection);
+        const auto sections =
+            parseResourceText<RefItemLookup>(withPackages('{' + section("f", "pack") + '}'),
+                                             product, parseRefItemLookupSection, unobserved);
         EXPECT_EQ(sections.at(u"folder").header.getProduct(), product);
         EXPECT_EQ(sections.at(u"pack").header.getProduct(), product);
     }
@@ -166,15 +167,16 @@ TEST(ResourceText, WhateverTheSectionParserThrowsPassesThrough) {
                                               const std::u16string&) -> DocResource<RefItem> {
         throw std::domain_error("no section today");
     };
-    EXPECT_THROW(parseResourceText<RefItem>("{}", u"p", failing), std::domain_error);
+    EXPECT_THROW(parseResourceText<RefItem>("{}", u"p", failing, unobserved), std::domain_error);
 }
 
 TEST(ResourceText, TheRootMustBeAnObjectWhateverTheSectionParserSays) {
     const SectionParser<RefItem> easy = [](const json::value&, const std::u16string&) {
         return DocResource<RefItem>{HeaderInfo(u"", u"", u"", u"", u"f", u"", u""), {}};
     };
-    EXPECT_THAT(keysOf(parseResourceText<RefItem>("{}", u"p", easy)), ElementsAre(u"f"));
-    EXPECT_THROW(parseResourceText<RefItem>("[]", u"p", easy), FormatError);
+    EXPECT_THAT(keysOf(parseResourceText<RefItem>("{}", u"p", easy, unobserved)),
+                ElementsAre(u"f"));
+    EXPECT_THROW(parseResourceText<RefItem>("[]", u"p", easy, unobserved), FormatError);
 }
 
 // What the parser below handed out last.
@@ -196,7 +198,7 @@ TEST(ResourceText, ItemsAreMovedIntoTheResultAndNotCopied) {
             section("folder", "code",
                     R"([{"name": ")" + name + R"(", "refpurpose": "", "href": ""}])") +
             '}',
-        u"p", parseAndRemember);
+        u"p", parseAndRemember, unobserved);
     const auto& items = sections.at(u"folder").items;
     EXPECT_EQ(&items.begin()->second, handedOut);
     EXPECT_EQ(items.begin()->second.front().getName().data(), handedOutCharacters);

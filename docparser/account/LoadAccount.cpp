@@ -1,6 +1,6 @@
-#include "docparser/shared/LoadAccount.hpp"
+#include "docparser/account/LoadAccount.hpp"
 
-#include "docparser/shared/Accounting.hpp"
+#include "docparser/account/RetrievalRecording.hpp"
 
 #include <utility>
 
@@ -19,17 +19,14 @@ LoadAccount::Scope::~Scope() {
     accountOfThread = outer_;
 }
 
-void noteSkipped(LoadAccount& account, std::u16string path, std::u16string entry, Fate fate) {
-    FileAccount& file = account.files.emplace_back();
-    file.role = FileRole::Lookup;
-    file.path = std::move(path);
-    file.entry = std::move(entry);
-    file.isTranslation = fate == Fate::SkippedLanguage;
-    file.fate = fate;
+RetrievalRecording::RetrievalRecording() noexcept : account_(accountOfThread) {
+    if (account_)
+        recorder_.emplace();
 }
 
-LoadAccount* currentLoadAccount() noexcept {
-    return accountOfThread;
+RetrievalRecording::~RetrievalRecording() {
+    if (account_)
+        recorder_->appendTo(*account_);
 }
 
 std::string_view toWord(Fate fate) noexcept {

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "docparser/shared/RetrievalObserver.hpp"
+#include "platform/Failure.hpp"
+
+#include <string>
+
+namespace reference::docparser {
+
+/// Reads and uses one file, and drops the failure: a damaged file counts as missing, so that the
+/// caller goes on with the next file or location.
+/// \param role, name, isTranslation  see RetrievalObserver::fileConsidered()
+/// \param use  called once, without arguments; what it did before it threw stays
+template <class Use>
+void useFile(FileRole role, const std::u16string& name, bool isTranslation,
+             RetrievalObserver& observer, Use&& use) {
+    observer.fileConsidered(role, name, isTranslation);
+    observer.fileConcluded(platform::failureOf(use));
+}
+
+} // namespace reference::docparser

@@ -1,0 +1,212 @@
+#include "docparser/account/LoadAccount.hpp"
+#include "tests/faults/FaultTest.hpp"
+#include "tests/faults/FileFaults.hpp"
+
+#include <boost/log/attributes/value_extraction.hpp>
+#include <boost/log/core/core.hpp>
+#include <boost/log/core/record_view.hpp>
+#include <boost/log/sinks/basic_sink_backend.hpp>
+#include <boost/log/sinks/sync_frontend.hpp>
+#include <boost/smart_ptr/make_shared_object.hpp>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace docparser_tests {
+namespace {
+
+using reference::docparser::LoadAccount;
+
+// The number of a call that no operation comes to.
+constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
+
+// The log as one string, which takes no memory while faults are in force.
+class LogString {
+public:
+    LogString()
+        : backend_(boost::make_shared<Backend>()),
+          frontend_(boost::make_shared<Frontend>(backend_)) {
+        backend_->text.reserve(1 << 16);
+        boost::log::core::get()->add_sink(frontend_);
+        foundation::log::setSeverityMask(528);
+    }
+    ~LogString() { boost::log::core::get()->remove_sink(frontend_); }
+    LogString(const LogString&) = delete;
+    LogString& operator=(const LogString&) = delete;
+
+    const std::string& text() const { return backend_->text; }
+    void clear() { backend_->text.clear(); }
+
+private:
+    struct Backend
+        : boost::log::sinks::basic_sink_backend<boost::log::sinks::synchronized_feeding> {
+        void consume(const boost::log::record_view& record) {
+            if (const auto message = boost::log::extract<std::string>("Message", record))
+                text.append(*message).append(1, '\n');
+        }
+        std::string text;
+    };
+    using Frontend = boost::log::sinks::synchronous_sink<Backend>;
+
+    boost::shared_ptr<Backend> backend_;
+    boost::shared_ptr<Frontend> frontend_;
+};
+
+// Everything that a caller, a log sink and the host see of one call.
+template <class Result>
+struct Seen {
+    std::optional<Result> result;
+    Ending ending;
+    std::string log;
+    std::vector<std::string> questions;
+
+    bool operator==(const Seen&) const = default;
+
+    friend void PrintTo(const Seen& seen, std::ostream* out) {
+        *out << "ending " << static_cast<int>(seen.ending) << ", questions "
+             << testing::PrintToString(seen.questions) << ", log:\n"
+             << seen.log;
+    }
+};
+
+class ObservedFaultTest : public FaultTest {
+protected:
+    // Runs the operation with the first call failing, then with the second, until none fails, and
+    // returns what differs from a run without a fault, runs in a row that look alike as one.
+    template <class Result, class Arm>
+    std::vector<Seen<Result>> failEach(const std::function<Result()>& act, Arm arm) {
+        const auto attemptAct = [&](auto&& fault) {
+            reset();
+            log_.clear();
+            Outcome<Result> outcome;
+            bool hasFailed = false;
+            {
+                const auto inForce = fault();
+                outcome = attempt(act);
+                hasFailed = inForce.failures() > 0;
+            }
+            return std::pair(Seen<Result>{std::move(outcome.result), outcome.ending, log_.text(),
+                                          host->questions()},
+                             hasFailed);
+        };
+        const Seen<Result> whole = attemptAct([&] { return arm(kNever); }).first;
+        std::vector<Seen<Result>> differing;
+        for (std::size_t nth = 1;; ++nth) {
+            auto [seen, hasFailed] = attemptAct([&] { return arm(nth); });
+            if (!hasFailed)
+                return differing;
+            if (seen != whole && (differing.empty() || seen != differing.back()))
+                differing.push_back(std::move(seen));
+        }
+    }
+
+    // A fault in the library's own calls has the same effect with and without an account, and one
+    // in the account's calls has none.
+    template <class Result, class Arm>
+    void expectSameWithAndWithoutScope(const std::function<Result()>& act, Arm arm) {
+        const std::function<Result()> recorded = [&] {
+            LoadAccount account;
+            const LoadAccount::Scope scope(account);
+            return act();
+        };
+        // What the process makes only once is made before.
+        reset();
+        static_cast<void>(attempt(recorded));
+        const auto without = failEach<Result>(act, arm);
+        const auto with = failEach<Result>(recorded, arm);
+        EXPECT_FALSE(without.empty());
+        EXPECT_EQ(with, without);
+    }
+
+    template <class Result>
+    void failEachAllocationBothWays(const std::function<Result()>& act) {
+        for (const Repetition repetition : {Repetition::Once, Repetition::FromThenOn}) {
+            SCOPED_TRACE(repetition == Repetition::Once ? "once" : "from then on");
+            expectSameWithAndWithoutScope<Result>(
+                act, [&](std::size_t nth) { return AllocationFaults(nth, repetition); });
+        }
+    }
+
+    template <class Result>
+    void failEachFileCallBothWays(const std::function<Result()>& act,
+                                  std::initializer_list<FileCall> calls) {
+        for (const FileCall call : calls) {
+            for (const int error : {EIO, ENOENT}) {
+                SCOPED_TRACE(testing::Message()
+                             << "call " << static_cast<int>(call) << ", error " << error);
+                expectSameWithAndWithoutScope<Result>(act, [&](std::size_t nth) {
+                    return FileFaults(call, error, nth, Repetition::Once);
+                });
+            }
+        }
+    }
+
+    const std::function<Resources()> readResources = [] {
+        return DocResourceParser::getResourceFile(kProduct);
+    };
+    const std::function<Resources()> readSupportResources = [] {
+        return DocResourceParser::getResourceFile(kSupportProduct);
+    };
+    const std::function<Lookups()> readLookups = [] {
+        return DocResourceParser::getResourceLookupFiles();
+    };
+
+private:
+    LogString log_;
+};
+
+TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverAllocationFails) {
+    failEachAllocationBothWays(readResources);
+    failEachAllocationBothWays(readSupportResources);
+}
+
+TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverAllocationFails) {
+    failEachAllocationBothWays(readLookups);
+}
+
+TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverFileCallFails) {
+    const auto calls = {FileCall::Open, FileCall::Status, FileCall::Read};
+    failEachFileCallBothWays(readResources, calls);
+    failEachFileCallBothWays(readSupportResources, calls);
+}
+
+TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverFileCallFails) {
+    failEachFileCallBothWays(readLookups, {FileCall::Open, FileCall::Status, FileCall::Read,
+                                           FileCall::OpenFolder, FileCall::ReadFolder});
+}
+
+TEST_F(ObservedFaultTest, AnAccountThatCannotBeHeldSaysSoAndCostsNoRecords) {
+    const auto accountOf = [&](LoadAccount& account) {
+        const LoadAccount::Scope scope(account);
+        return DocResourceParser::getResourceLookupFiles();
+    };
+    LoadAccount whole;
+    const Lookups expected = accountOf(whole);
+    ASSERT_TRUE(whole.isComplete);
+    std::size_t incomplete = 0;
+    bool hasFailed = true;
+    for (std::size_t nth = 1; hasFailed; ++nth) {
+        reset();
+        LoadAccount account;
+        Outcome<Lookups> outcome;
+        {
+            const AllocationFaults faults(nth, Repetition::Once);
+            outcome = attempt<Lookups>([&] { return accountOf(account); });
+            hasFailed = faults.failures() > 0;
+        }
+        incomplete += account.isComplete ? 0 : 1;
+        // Of the allocations that fail, those of the recording cost the account alone.
+        if (!account.isComplete) {
+            EXPECT_EQ(outcome.result, expected) << "allocation " << nth;
+        }
+    }
+    EXPECT_GT(incomplete, 50U);
+}
+
+} // namespace
+} // namespace docparser_tests
