@@ -22,7 +22,7 @@ std::vector<std::string> FakeHost::questions() const {
 
 long FakeHost::count(std::string_view question) const {
     const std::lock_guard lock(mutex_);
-    return std::ranges::count(questions_, question);
+    return static_cast<long>(std::ranges::count(questions_, question));
 }
 
 void FakeHost::forgetQuestions() {

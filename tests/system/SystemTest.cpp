@@ -33,7 +33,7 @@ ObservedThread::~ObservedThread() {
 SystemTest::SystemTest() : maskBefore_(foundation::log::severityMask()) {
     for (const auto& below : {kApiFolder, kLookupFolder, kSupportFolder})
         std::filesystem::create_directories(folder.path() / below);
-    host->packageRoot = folder.u16() + u"/support";
+    host->packageRoot = folder.u16() + native(u"/support");
     platform::setHostServices(host);
     DocResourceParser::restoreDefaultSettings();
     DocResourceParser::setReferenceRoot(root());
@@ -47,19 +47,19 @@ SystemTest::~SystemTest() {
 }
 
 std::u16string SystemTest::root() const {
-    return folder.u16() + u"/root";
+    return folder.u16() + native(u"/root");
 }
 
 std::string SystemTest::apiPath(std::string_view file) const {
-    return (folder.path() / kApiFolder / file).string();
+    return (folder.path() / kApiFolder / file).make_preferred().string();
 }
 
 std::string SystemTest::supportPath(std::string_view file) const {
-    return (folder.path() / kSupportFolder / file).string();
+    return (folder.path() / kSupportFolder / file).make_preferred().string();
 }
 
 std::string SystemTest::lookupPath(std::string_view file) const {
-    return (folder.path() / kLookupFolder / file).string();
+    return (folder.path() / kLookupFolder / file).make_preferred().string();
 }
 
 void SystemTest::addApi(const std::string& file, std::string_view text) const {

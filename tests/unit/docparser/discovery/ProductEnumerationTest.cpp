@@ -1,6 +1,7 @@
 #include "docparser/discovery/ProductEnumeration.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tests/support/NativeText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -34,7 +35,9 @@ protected:
             folder_.write(name, "");
     }
 
-    std::u16string path(const std::u16string& name) const { return folder_.u16() + u'/' + name; }
+    std::u16string path(const std::u16string& name) const {
+        return folder_.u16() + native(u"/") + name;
+    }
 
     ProductLists find(const Suffixes& suffixes, const std::u16string& current) const {
         return DocResourceParser::getAllProducts(folder_.u16(), suffixes, current);
