@@ -3,7 +3,9 @@
 #include "platform/path/Path.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace docparser_tests {
 
@@ -11,6 +13,23 @@ namespace docparser_tests {
 inline std::u16string native(std::u16string text) {
     std::ranges::replace(text, u'/', fl::filesystem::PATHNAME_SEPARATOR);
     return text;
+}
+
+/// The text with '/' in place of each separator of this system.
+inline std::u16string portable(std::u16string text) {
+    std::ranges::replace(text, fl::filesystem::PATHNAME_SEPARATOR, u'/');
+    return text;
+}
+
+/// The path of a UTF-8 text; on POSIX the bytes may be any.
+inline std::filesystem::path pathOf(std::string_view text) {
+    return std::u8string(text.begin(), text.end());
+}
+
+/// The path as UTF-8 text.
+inline std::string textOf(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
 }
 
 } // namespace docparser_tests

@@ -1,6 +1,7 @@
 #include "tests/system/FakeHost.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "tests/support/NativeText.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -66,7 +67,7 @@ std::u16string FakeHost::supportPackageRoot() const {
 
 std::unordered_set<std::u16string>
 FakeHost::installedHardwareSupportPackages(const std::u16string& root) const {
-    ask("packages below " + fl::i18n::to_string(root), onPackages);
+    ask("packages below " + fl::i18n::to_string(portable(root)), onPackages);
     return packages;
 }
 

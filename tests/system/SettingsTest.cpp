@@ -16,8 +16,8 @@ TEST_F(SettingsTest, AReferenceRootNamesTheTwoFoldersBelowIt) {
     DocResourceParser::setReferenceRoot(u"X");
     const auto roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(roots->root, u"X");
-    EXPECT_EQ(roots->lookupFolder, u"X/docCatalog/referenceapi_lookup");
-    EXPECT_EQ(roots->referenceApiFolder, u"X/docCatalog/referenceapi");
+    EXPECT_EQ(roots->lookupFolder, native(u"X/docCatalog/referenceapi_lookup"));
+    EXPECT_EQ(roots->referenceApiFolder, native(u"X/docCatalog/referenceapi"));
 }
 
 TEST_F(SettingsTest, AReferenceRootIsTakenAsItStands) {

@@ -51,27 +51,27 @@ std::u16string SystemTest::root() const {
 }
 
 std::string SystemTest::apiPath(std::string_view file) const {
-    return (folder.path() / kApiFolder / file).make_preferred().string();
+    return textOf((folder.path() / kApiFolder / pathOf(file)).make_preferred());
 }
 
 std::string SystemTest::supportPath(std::string_view file) const {
-    return (folder.path() / kSupportFolder / file).make_preferred().string();
+    return textOf((folder.path() / kSupportFolder / pathOf(file)).make_preferred());
 }
 
 std::string SystemTest::lookupPath(std::string_view file) const {
-    return (folder.path() / kLookupFolder / file).make_preferred().string();
+    return textOf((folder.path() / kLookupFolder / pathOf(file)).make_preferred());
 }
 
 void SystemTest::addApi(const std::string& file, std::string_view text) const {
-    folder.write(kApiFolder / file, text);
+    folder.write(kApiFolder / pathOf(file), text);
 }
 
 void SystemTest::addSupport(const std::string& file, std::string_view text) const {
-    folder.write(kSupportFolder / file, text);
+    folder.write(kSupportFolder / pathOf(file), text);
 }
 
 void SystemTest::addLookup(const std::string& file, std::string_view text) const {
-    folder.write(kLookupFolder / file, text);
+    folder.write(kLookupFolder / pathOf(file), text);
 }
 
 void SystemTest::setLanguage(const std::u16string& language) const {

@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -68,8 +69,9 @@ TEST_F(HostServicesTest, AreTheDefaultOnesUntilAHostSetsItsOwn) {
     const auto* const manifest =
         dynamic_cast<const InstallationManifest*>(defaultHostServices().get());
     ASSERT_NE(manifest, nullptr);
-    EXPECT_EQ(manifest->installPath(),
-              fl::filesystem::from_native_access_form(PLATFORM_TESTS_INSTALL_PREFIX).string())
+    EXPECT_EQ(manifest->installPath(), fl::filesystem::from_native_access_form(
+                                           std::filesystem::path(PLATFORM_TESTS_INSTALL_PREFIX))
+                                           .string())
         << "a library in a build tree answers with the prefix that it was built for";
 }
 

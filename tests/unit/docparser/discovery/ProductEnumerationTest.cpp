@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "tests/support/NativeText.hpp"
+#include "tests/support/PosixTest.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -129,7 +130,7 @@ TEST_F(ProductEnumeration, NamesBeyondAsciiAndEmptyStemsAreListed) {
     EXPECT_THAT(products.zipProducts, UnorderedElementsAre(product(u"", false, path(u".zip"))));
 }
 
-TEST_F(ProductEnumeration, ANameThatIsNoValidTextIsListedWithReplacementsAndEndsNoWalk) {
+POSIX_TEST_F(ProductEnumeration, ANameThatIsNoValidTextIsListedWithReplacementsAndEndsNoWalk) {
     add({u"before.json", u"later.json"});
     folder_.write("bad\xFF\xE3.json", "");
     EXPECT_THAT(

@@ -1,3 +1,4 @@
+#include "tests/support/PosixTest.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
@@ -138,7 +139,7 @@ TEST_F(PackageContentTest, PackagesMadeByLibzipAreRead) {
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"Obst\u00E4pfel.json", text)));
 }
 
-TEST_F(PackageContentTest, AnAesEncryptedEntryCannotBeDelivered) {
+POSIX_TEST_F(PackageContentTest, AnAesEncryptedEntryCannotBeDelivered) {
     writeWithLibzip((folder / "aes.zip").string(), "a.json", "text", ZIP_CM_DEFLATE,
                     ZIP_EM_AES_256);
     OpenPackage package(path("aes.zip"));
