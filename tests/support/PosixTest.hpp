@@ -7,7 +7,7 @@
 #ifdef _WIN32
 #define POSIX_TEST_F(fixture, name)                                                                \
     class fixture##_##name : public fixture {                                                      \
-        void TestBody() override;                                                                  \
+        [[maybe_unused]] void TestBody() override;                                                 \
     };                                                                                             \
     void fixture##_##name::TestBody()
 #else
