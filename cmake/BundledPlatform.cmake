@@ -1,30 +1,28 @@
 # docparser_bundled_platform(TARGET [EXCEPT FOLDER...])
 #
-# For an application with a platform target of its own (DOCPARSER_PLATFORM): compiles the bundled
-# application libraries into TARGET, but for the folders of platform/ that the application replaces.
-# The replacement defines what the headers of those folders declare.
+# For an application with a platform target of its own (DOCPARSER_PLATFORM): links docparser::seam to
+# TARGET and compiles the bundled application libraries into it, except the folders of platform/ that
+# the application replaces. The application defines what the headers of those folders declare; a header
+# of its own replaces the bundled one if it has the same path in an include folder of TARGET.
 function(docparser_bundled_platform target)
     cmake_parse_arguments(PARSE_ARGV 1 BUNDLED "" "" "EXCEPT")
-    get_target_property(folder docparser_platform SOURCE_DIR)
-    get_target_property(sources docparser_platform SOURCES)
-    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    get_target_property(folder docparser_bundled_objects SOURCE_DIR)
+    get_target_property(files docparser_bundled_objects SOURCES)
     foreach(library IN LISTS BUNDLED_EXCEPT)
-        list(LENGTH sources count_before)
-        list(FILTER sources EXCLUDE REGEX "^${library}/")
-        list(LENGTH sources count)
+        list(LENGTH files count_before)
+        list(FILTER files EXCLUDE REGEX "^${library}/")
+        list(LENGTH files count)
         if(count EQUAL count_before)
-            message(FATAL_ERROR "platform/${library} is no bundled library")
+            message(FATAL_ERROR "platform/${library} is not a bundled library")
         endif()
     endforeach()
-    list(TRANSFORM sources PREPEND ${folder}/)
-    target_sources(${target} PRIVATE ${sources})
+    list(FILTER files INCLUDE REGEX "\\.cpp$")
+    list(TRANSFORM files PREPEND ${folder}/)
+    target_sources(${target} PRIVATE ${files})
 
-    # Like docparser_platform itself; what carries the export macro leaves the application's target.
-    foreach(property INCLUDE_DIRECTORIES COMPILE_DEFINITIONS LINK_LIBRARIES)
-        get_target_property(${property} docparser_platform ${property})
-    endforeach()
-    target_include_directories(${target} PUBLIC ${INCLUDE_DIRECTORIES})
-    target_compile_definitions(${target} PRIVATE ${COMPILE_DEFINITIONS} docparser_platform_EXPORTS)
-    target_compile_features(${target} PUBLIC cxx_std_20)
-    target_link_libraries(${target} PRIVATE ${LINK_LIBRARIES} PUBLIC Boost::headers)
+    # As docparser_bundled_objects; TARGET exports what has the export macro.
+    get_target_property(libraries docparser_bundled_objects LINK_LIBRARIES)
+    get_target_property(definitions docparser_bundled_objects COMPILE_DEFINITIONS)
+    target_compile_definitions(${target} PRIVATE ${definitions})
+    target_link_libraries(${target} PUBLIC docparser::seam Boost::headers PRIVATE ${libraries})
 endfunction()

@@ -1,14 +1,30 @@
-# docparser_room(NAME SOURCES ... [LINK ...])
+# docparser_room_includes(FOLDER PATH...)
 #
-# A room is one folder of the library as an object library. The shared library and the unit tests
-# link the same objects, so hidden functions are tested without being exported.
+# Declares what the headers and sources directly in FOLDER may include, besides each other and the
+# standard library: the files and folders PATH, as #include spells them. The tests rooms.* compare the
+# declaration with the #include lines.
+function(docparser_room_includes folder)
+    set_property(GLOBAL APPEND PROPERTY DOCPARSER_ROOMS ${folder})
+    set_property(GLOBAL PROPERTY DOCPARSER_INCLUDES_OF_${folder} ${ARGN})
+endfunction()
+
+# docparser_room(NAME SOURCES FILE... MAY_INCLUDE PATH... [FOLDER FOLDER])
+#
+# Makes an object library, docparser_NAME, of a room: one folder of the library, by default
+# docparser/NAME. MAY_INCLUDE is what docparser_room_includes() takes. The shared library and the unit
+# tests link the same objects, so the tests can call functions that are not exported.
 function(docparser_room name)
-    cmake_parse_arguments(ROOM "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ROOM "" "FOLDER" "SOURCES;MAY_INCLUDE" ${ARGN})
+    if(NOT ROOM_FOLDER)
+        set(ROOM_FOLDER docparser/${name})
+    endif()
+    docparser_room_includes(${ROOM_FOLDER} docparser/Export.hpp ${ROOM_MAY_INCLUDE})
+
     set(target docparser_${name})
     add_library(${target} OBJECT ${ROOM_SOURCES})
     target_include_directories(${target} PUBLIC
         ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/include)
-    target_link_libraries(${target} PUBLIC ${DOCPARSER_PLATFORM} Boost::json ${ROOM_LINK}
+    target_link_libraries(${target} PUBLIC ${DOCPARSER_PLATFORM} docparser::seam Boost::json
         PRIVATE $<BUILD_INTERFACE:docparser_options>)
     target_compile_definitions(${target} PRIVATE docparser_EXPORTS)
     set_target_properties(${target} PROPERTIES

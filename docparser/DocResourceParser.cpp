@@ -36,7 +36,7 @@ ResourceMap<RefItem> DocResourceParser::getResourceFile(const std::u16string& pr
     if (auto resources = getResourceDataAtRoot(product, *supportPackageFolder, observer))
         return *std::move(resources);
 
-    writeDiagnostic(foundation::log::kSeverityProblem,
+    writeDiagnostic(kProblemSeverity,
                     "DocParserException thrown in getResourceFile for product: ", product);
     throw DocParserException(product);
 }

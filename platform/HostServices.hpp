@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 #include "platform/docproduct/TopLevelDocProduct.hpp"
 
 #include <memory>
@@ -18,7 +18,7 @@ namespace platform {
 /// throw; the header of each operation that asks says where that ends.
 ///
 /// All texts are UTF-16 but those of the products, which are UTF-8.
-class DOCPARSER_PLATFORM_EXPORT HostServices {
+class DOCPARSER_SEAM_EXPORT HostServices {
 public:
     virtual ~HostServices();
 
@@ -55,12 +55,12 @@ public:
 /// InstallationManifest of the folder that this library is installed in.
 ///
 /// Calls under way keep the services that they began with. Any thread may call.
-DOCPARSER_PLATFORM_EXPORT void setHostServices(std::shared_ptr<const HostServices> services);
+DOCPARSER_SEAM_EXPORT void setHostServices(std::shared_ptr<const HostServices> services);
 
 /// The services in force, never null; the caller keeps them alive as long as it holds the pointer.
-DOCPARSER_PLATFORM_EXPORT std::shared_ptr<const HostServices> hostServices();
+DOCPARSER_SEAM_EXPORT std::shared_ptr<const HostServices> hostServices();
 
 /// The services that are in force until a host sets its own, always the same object.
-DOCPARSER_PLATFORM_EXPORT std::shared_ptr<const HostServices> defaultHostServices();
+DOCPARSER_SEAM_EXPORT std::shared_ptr<const HostServices> defaultHostServices();
 
 } // namespace platform

@@ -1,20 +1,21 @@
 #include "platform/InstallationManifest.hpp"
 
+#include "platform/LineCounter.hpp"
 #include "platform/ReadLimits.hpp"
-#include "platform/i18n/Converter.hpp"
-#include "platform/path/Path.hpp"
+#include "platform/system/NativePath.hpp"
 #include "platform/system/NonStopArithmetic.hpp"
 #include "platform/system/RegularFile.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <boost/json/parser.hpp>
 #include <boost/json/value.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 namespace platform {
@@ -25,8 +26,8 @@ using docproduct::TopLevelDocProduct;
 
 namespace {
 
-// A place in the manifest, as a JSON pointer, with the value that stands there.
-struct Place {
+// A value of the manifest with the JSON pointer to it.
+struct Node {
     const json::value& value;
     std::string pointer;
 
@@ -47,29 +48,29 @@ struct Place {
         return {value.get_string().begin(), value.get_string().end()};
     }
 
-    std::u16string asText() const { return fl::i18n::to_ustring(asString()); }
+    std::u16string asUtf16() const { return toUtf16(asString()); }
 
-    // Calls read(place) for each element.
+    // Calls read(node) for each element of an array.
     template <class Read>
     void forEach(Read read) const {
         if (!value.is_array())
             fail("an array was expected");
         std::size_t index = 0;
         for (const json::value& element : value.get_array())
-            read(Place{element, pointer + '/' + std::to_string(index++)});
+            read(Node{element, pointer + '/' + std::to_string(index++)});
     }
 
-    // Calls read(place) for the value under an optional key.
+    // Calls read(node) for the value of an optional key.
     template <class Read>
     void ifPresent(std::string_view key, Read read) const {
         if (const json::value* found = asObject().if_contains(key))
-            read(Place{*found, pointer + '/' + std::string(key)});
+            read(Node{*found, pointer + '/' + std::string(key)});
     }
 
     std::string optionalString(std::string_view key) const {
-        std::string text;
-        ifPresent(key, [&](const Place& place) { text = place.asString(); });
-        return text;
+        std::string string;
+        ifPresent(key, [&](const Node& node) { string = node.asString(); });
+        return string;
     }
 
     std::string requiredString(std::string_view key) const {
@@ -79,7 +80,15 @@ struct Place {
     }
 };
 
-std::shared_ptr<const TopLevelDocProduct> readProduct(const Place& product) {
+// The families of an application's own catalogue may need more than a name; the manifest has none
+// then.
+template <class Family>
+void appendFamily(std::vector<Family>& families, std::string name) {
+    if constexpr (std::is_constructible_v<Family, std::string>)
+        families.emplace_back(std::move(name));
+}
+
+std::shared_ptr<const TopLevelDocProduct> readProduct(const Node& product) {
     std::string displayName = product.optionalString("displayName");
     std::string helpLocation = product.optionalString("helpLocation");
     std::string shortName = product.requiredString("shortName");
@@ -87,62 +96,58 @@ std::shared_ptr<const TopLevelDocProduct> readProduct(const Place& product) {
     std::string altShortName = product.optionalString("altShortName");
     std::string availability = product.optionalString("availability");
     std::vector<ProductFamily> families;
-    product.ifPresent("families", [&](const Place& list) {
-        list.forEach([&](const Place& family) { families.emplace_back(family.asString()); });
+    product.ifPresent("families", [&](const Node& list) {
+        list.forEach([&](const Node& family) { appendFamily(families, family.asString()); });
     });
     return std::make_shared<const TopLevelDocProduct>(
         std::move(displayName), std::move(helpLocation), std::move(shortName), std::move(baseCode),
         std::move(altShortName), std::move(availability), std::move(families));
 }
 
-std::vector<std::shared_ptr<const TopLevelDocProduct>> readProducts(const Place& list) {
+std::vector<std::shared_ptr<const TopLevelDocProduct>> readProducts(const Node& list) {
     std::vector<std::shared_ptr<const TopLevelDocProduct>> products;
-    list.forEach([&](const Place& product) { products.push_back(readProduct(product)); });
+    list.forEach([&](const Node& product) { products.push_back(readProduct(product)); });
     return products;
 }
 
-std::vector<std::u16string> readTexts(const Place& list) {
-    std::vector<std::u16string> texts;
-    list.forEach([&](const Place& text) { texts.push_back(text.asText()); });
-    return texts;
+std::vector<std::u16string> readStrings(const Node& list) {
+    std::vector<std::u16string> strings;
+    list.forEach([&](const Node& string) { strings.push_back(string.asUtf16()); });
+    return strings;
 }
 
-// A folder of the manifest may be relative to the install folder; the empty text names none.
-std::u16string readFolder(const Place& place, const std::u16string& installFolder) {
-    const fl::filesystem::path folder(place.asText());
+// Resolves a folder that may be relative to the install folder; an empty string means no folder.
+std::u16string readFolder(const Node& node, const std::u16string& installFolder) {
+    std::u16string folder = node.asUtf16();
     if (folder.empty())
-        return {};
+        return folder;
     try {
-        if (std::filesystem::path(fl::filesystem::make_native_access_form_with_cleanup_i18n(folder))
-                .is_absolute())
-            return folder.string();
-    } catch (const std::system_error& noPath) {
-        place.fail(noPath.what());
+        if (std::filesystem::path(toNativePath(folder)).is_absolute())
+            return folder;
+    } catch (const std::system_error& invalidPath) {
+        node.fail(invalidPath.what());
     }
-    return (fl::filesystem::path(installFolder) / folder.string()).string();
+    return joinPath(installFolder, folder);
 }
 
-// "line 3, column 7" of a byte of the text; a column is a character.
+// Returns the position of a byte as "line 3, column 7"; columns count characters.
 std::string describePosition(std::string_view text, std::size_t offset) {
-    const std::string_view before = text.substr(0, offset);
-    const std::string_view line = before.substr(before.rfind('\n') + 1);
-    const auto startsCharacter = [](char byte) { return (byte & 0xC0) != 0x80; };
-    return "line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", column " +
-           std::to_string(std::ranges::count_if(line, startsCharacter) + 1);
+    const LineAndColumn position = LineCounter(text).positionOf(offset);
+    return "line " + std::to_string(position.line) + ", column " + std::to_string(position.column);
 }
 
-json::value parseText(std::string_view text) {
+json::value parseJson(std::string_view text) {
     json::parser parser;
     json::error_code error;
-    const platform::NonStopArithmetic nonStop;
+    const NonStopArithmetic nonStop;
     const std::size_t consumed = parser.write(text.data(), text.size(), error);
     if (error)
         throw std::runtime_error(describePosition(text, consumed) + ": " + error.message());
     return parser.release();
 }
 
-std::string readText(const std::filesystem::path& name) {
-    const auto file = RegularFile::open(name);
+std::string readWhole(const NativePath& path) {
+    const auto file = RegularFile::open(path);
     if (!file)
         throw std::runtime_error("it is not a file that can be read");
     const std::uint64_t size = file->size();
@@ -154,9 +159,10 @@ std::string readText(const std::filesystem::path& name) {
     return text;
 }
 
-bool isMissing(const std::filesystem::path& name) {
+// A link to nothing counts as missing; anything else that cannot be read is a failure.
+bool isMissing(const std::filesystem::path& path) {
     std::error_code unknown;
-    return std::filesystem::status(name, unknown).type() == std::filesystem::file_type::not_found;
+    return std::filesystem::status(path, unknown).type() == std::filesystem::file_type::not_found;
 }
 
 } // namespace
@@ -168,26 +174,26 @@ struct InstallationManifest::Content {
     std::u16string supportPackageRoot;
     std::unordered_set<std::u16string> hardwareSupportPackages;
 
-    // What the manifest of an install folder says, or what holds without one.
+    // Reads the manifest of an install folder; without a manifest, the defaults.
     static std::shared_ptr<const Content> read(const std::u16string& installFolder);
 
 private:
-    void take(const Place& manifest, const std::u16string& installFolder);
+    void take(const Node& manifest, const std::u16string& installFolder);
 };
 
-void InstallationManifest::Content::take(const Place& manifest,
+void InstallationManifest::Content::take(const Node& manifest,
                                          const std::u16string& installFolder) {
     manifest.ifPresent("docLanguage",
-                       [&](const Place& language) { docLanguage = language.asText(); });
+                       [&](const Node& language) { docLanguage = language.asUtf16(); });
     manifest.ifPresent("supportedDocLanguages",
-                       [&](const Place& list) { supportedDocLanguages = readTexts(list); });
+                       [&](const Node& list) { supportedDocLanguages = readStrings(list); });
     manifest.ifPresent("topLevelProducts",
-                       [&](const Place& list) { topLevelProducts = readProducts(list); });
-    manifest.ifPresent("supportPackageRoot", [&](const Place& folder) {
+                       [&](const Node& list) { topLevelProducts = readProducts(list); });
+    manifest.ifPresent("supportPackageRoot", [&](const Node& folder) {
         supportPackageRoot = readFolder(folder, installFolder);
     });
-    manifest.ifPresent("hardwareSupportPackages", [&](const Place& list) {
-        for (std::u16string& name : readTexts(list))
+    manifest.ifPresent("hardwareSupportPackages", [&](const Node& list) {
+        for (std::u16string& name : readStrings(list))
             hardwareSupportPackages.insert(std::move(name));
     });
 }
@@ -195,18 +201,17 @@ void InstallationManifest::Content::take(const Place& manifest,
 std::shared_ptr<const InstallationManifest::Content>
 InstallationManifest::Content::read(const std::u16string& installFolder) {
     auto content = std::make_shared<Content>();
-    const fl::filesystem::path name = fl::filesystem::path(installFolder) / u"installation.json";
+    const std::u16string path = joinPath(installFolder, u"installation.json");
     try {
-        const std::filesystem::path file =
-            fl::filesystem::make_native_access_form_with_cleanup_i18n(name);
+        const NativePath file = toNativePath(path);
         if (isMissing(file))
             return content;
-        const json::value root = parseText(readText(file));
-        content->take(Place{root, ""}, installFolder);
+        const json::value root = parseJson(readWhole(file));
+        content->take(Node{root, ""}, installFolder);
     } catch (const std::bad_alloc&) {
-        throw; // no fault of the file
+        throw; // the file is not at fault
     } catch (const std::exception& failure) {
-        throw std::runtime_error(fl::i18n::to_string(name.string()) + ": " + failure.what());
+        throw std::runtime_error(toUtf8(path) + ": " + failure.what());
     }
     return content;
 }

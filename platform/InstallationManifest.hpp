@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Export.hpp"
 #include "platform/HostServices.hpp"
+#include "platform/SeamExport.hpp"
 
 #include <memory>
 #include <mutex>
@@ -32,7 +32,7 @@ namespace platform {
 /// question, once; the product objects are the same at each call. While it is malformed, can't be
 /// read or is larger than ReadLimits::fileBytes, each question but installPath() reads it anew and
 /// throws std::runtime_error, whose text names the file and the line and column, or the key.
-class DOCPARSER_PLATFORM_EXPORT InstallationManifest final : public HostServices {
+class DOCPARSER_SEAM_EXPORT InstallationManifest final : public HostServices {
 public:
     /// \param installFolder  the folder that holds the manifest; not touched before the first
     ///                       question

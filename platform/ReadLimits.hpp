@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 
 #include <cstdint>
 #include <stdexcept>
@@ -23,7 +23,7 @@ struct ReadLimits {
 };
 
 /// A read was refused because of a limit; what() says which, without a final period.
-class DOCPARSER_PLATFORM_EXPORT LimitError : public std::runtime_error {
+class DOCPARSER_SEAM_EXPORT LimitError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
     ~LimitError() override;
@@ -31,9 +31,9 @@ public:
 
 /// Sets the limits of the whole process for the reads that start from now on. Any thread may call;
 /// a read that starts meanwhile may see some of the old and some of the new limits.
-DOCPARSER_PLATFORM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
+DOCPARSER_SEAM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
 
 /// The limits in force.
-DOCPARSER_PLATFORM_EXPORT ReadLimits readLimits() noexcept;
+DOCPARSER_SEAM_EXPORT ReadLimits readLimits() noexcept;
 
 } // namespace platform

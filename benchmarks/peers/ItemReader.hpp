@@ -1,6 +1,7 @@
 #pragma once
 
 #include "benchmarks/peers/RecordReader.hpp"
+#include "tests/support/Records.hpp"
 
 namespace reference::docparser::benchmarks {
 
@@ -74,34 +75,33 @@ private:
 
     void readMember(std::size_t slot, Value value) {
         switch (slot) {
-        case Href: href_ = readText<Json>(value, Ascii); break;
-        case Purpose: refPurpose_ = readText<Json>(value, Utf8); break;
+        case Href: fields_.href = readText<Json>(value, Ascii); break;
+        case Purpose: fields_.refPurpose = readText<Json>(value, Utf8); break;
         case Entities: readEntities(value); break;
-        case PackageName: packageName_ = readText<Json>(value, Ascii); break;
-        case Introduced: introduced_ = readText<Json>(value, Ascii); break;
-        case Description: description_ = readText<Json>(value, Utf8); break;
-        case Thumbnail: thumbnail_ = readThumbnail(value); break;
-        case Deprecation: deprecation_ = readWord<Json, DeprecationStatus>(value); break;
-        case Syntaxes: syntaxGroups_ = readSyntaxGroups(value); break;
-        case Links: seeAlso_ = readLinks(value); break;
-        case Examples: examples_ = readExamples(value); break;
-        case Inputs: inputs_ = readInputs(value, /*isNameValuePair=*/false, /*nested=*/true); break;
+        case PackageName: fields_.packageName = readText<Json>(value, Ascii); break;
+        case Introduced: fields_.introduced = readText<Json>(value, Ascii); break;
+        case Description: fields_.description = readText<Json>(value, Utf8); break;
+        case Thumbnail: fields_.appThumbnail = readThumbnail(value); break;
+        case Deprecation:
+            fields_.deprecationStatus = readWord<Json, DeprecationStatus>(value);
+            break;
+        case Syntaxes: fields_.syntaxGroups = readSyntaxGroups(value); break;
+        case Links: fields_.seeAlso = readLinks(value); break;
+        case Examples: fields_.examples = readExamples(value); break;
+        case Inputs:
+            fields_.inputs = readInputs(value, /*isNameValuePair=*/false, /*nested=*/true);
+            break;
         case Groups: readInputGroups(value); break;
-        case Outputs: outputs_ = readOutputs(value); break;
-        case Properties: propertyGroups_ = readPropertyGroups(value); break;
-        case Parameters: parameters_ = readParameters(value); break;
+        case Outputs: fields_.outputs = readOutputs(value); break;
+        case Properties: fields_.classPropertyGroups = readPropertyGroups(value); break;
+        case Parameters: fields_.parameters = readParameters(value); break;
         default: break;
         }
     }
 
     void store(DocResource<RefItem>::Items& items) {
-        std::vector<RefItem>& sameHref = items[href_];
-        sameHref.emplace_back(std::move(href_), std::move(entities_), std::move(packageName_),
-                              std::move(refPurpose_), std::move(introduced_),
-                              std::move(description_), std::move(thumbnail_), deprecation_,
-                              std::move(syntaxGroups_), std::move(inputs_), std::move(inputGroups_),
-                              std::move(outputs_), std::move(propertyGroups_), std::move(seeAlso_),
-                              std::move(examples_), std::move(parameters_));
+        std::vector<RefItem>& sameHref = items[fields_.href];
+        docparser_tests::appendRefItem(sameHref, std::move(fields_));
     }
 
     void readEntities(Value array) {
@@ -126,7 +126,7 @@ private:
                 nameType_ = Utf8;
             entities.emplace_back(type, std::move(name), functionType);
         };
-        entities_ = readRecords<Json, RefEntity>(array, readEntity);
+        fields_.refEntities = readRecords<Json, RefEntity>(array, readEntity);
     }
 
     static AppThumbnail readThumbnail(Value value) {
@@ -229,8 +229,8 @@ private:
 
     std::u16string makeAnchor(std::u16string_view separator, const std::u16string& place) const {
         std::u16string anchor;
-        anchor.reserve(href_.size() + separator.size() + place.size());
-        return anchor.append(href_).append(separator).append(place);
+        anchor.reserve(fields_.href.size() + separator.size() + place.size());
+        return anchor.append(fields_.href).append(separator).append(place);
     }
 
     ObjectInfo makeObjectInfo(Argument& argument) const {
@@ -257,8 +257,8 @@ private:
     }
 
     void readInputGroups(Value array) {
-        inputGroups_.clear();
-        inputGroups_.reserve(Json::count(array));
+        fields_.inputGroups.clear();
+        fields_.inputGroups.reserve(Json::count(array));
         Json::forEachElement(
             array, [this](Value element) { readInputGroup(element, /*isNameValuePair=*/false); });
     }
@@ -288,7 +288,7 @@ private:
         if (hasPairs)
             return;
         require(seen, Title);
-        inputGroups_.emplace_back(std::move(title), std::move(inputs));
+        fields_.inputGroups.emplace_back(std::move(title), std::move(inputs));
     }
 
     std::vector<Output> readOutputs(Value array) {
@@ -337,23 +337,8 @@ private:
             });
     }
 
-    std::u16string href_;
-    std::vector<RefEntity> entities_;
+    docparser_tests::RefItemFields fields_;
     StringParsingType nameType_ = Ascii;
-    std::u16string packageName_;
-    std::u16string refPurpose_;
-    std::u16string introduced_;
-    std::u16string description_;
-    AppThumbnail thumbnail_{{}, {}};
-    DeprecationStatus::Value deprecation_ = DeprecationStatus::getDefaultValue();
-    std::vector<SyntaxGroup> syntaxGroups_;
-    std::vector<Input> inputs_;
-    std::vector<InputGroup> inputGroups_;
-    std::vector<Output> outputs_;
-    std::vector<ClassPropertyGroup> propertyGroups_;
-    std::vector<SeeAlso> seeAlso_;
-    std::vector<Example> examples_;
-    std::vector<Parameter> parameters_;
 };
 
 } // namespace reference::docparser::benchmarks

@@ -5,7 +5,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "platform/install/InstalledPackages.hpp"
 #include "platform/path/Path.hpp"
-#include "platform/support/SupportPackageRootReader.hpp"
+#include "platform/supportpackage/SupportPackageRootReader.hpp"
 
 #include <algorithm>
 #include <utility>

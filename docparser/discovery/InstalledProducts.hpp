@@ -12,7 +12,7 @@ namespace reference::docparser {
 // What the application's services say about installed products and support packages. Nothing is
 // kept here: each call asks.
 
-using TopLevelProducts = docproduct::TopLevelDocProducts;
+using TopLevelProducts = std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>;
 using SupportPackages = std::unordered_set<std::u16string>;
 
 /// The installed top-level products of the catalogue, never null.

@@ -17,11 +17,8 @@ namespace reference::docparser {
 
 namespace {
 
-using foundation::log::kSeverityProblem;
-using foundation::log::kSeverityTrace;
-
 void announceReading(const std::u16string& subject) {
-    writeDiagnostic(kSeverityTrace, "Reading file: ", subject);
+    writeDiagnostic(kTraceSeverity, "Reading file: ", subject);
 }
 
 void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
@@ -52,7 +49,7 @@ std::string openAndReadFile(const std::u16string& path, RetrievalObserver& obser
     // The caller needs no exception: the parser refuses what was not read.
     if (const auto failure = platform::failureOf([&] { readWhole(stream, content); })) {
         observer.readFailed(failure);
-        writeDiagnostic(kSeverityProblem, "Problem reading JSON file: ", path);
+        writeDiagnostic(kProblemSeverity, "Problem reading JSON file: ", path);
     }
     return content;
 }
@@ -78,7 +75,7 @@ std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& ob
     });
     if (failure) {
         observer.readFailed(failure);
-        writeDiagnostic(kSeverityTrace, "Error reading file: ", product.getName());
+        writeDiagnostic(kTraceSeverity, "Error reading file: ", product.getName());
     }
     return content;
 }

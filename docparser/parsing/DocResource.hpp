@@ -14,19 +14,19 @@ namespace reference::docparser {
 ///            reference::property::RefItemLookup, whose key is its name
 template <class T>
 struct DocResource {
-    /// Key to every item that has it, in file order; the keys in code-unit order.
+    /// Maps each key, in code-unit order, to the items that have it, in file order.
     using Items = std::map<std::u16string, std::vector<T>>;
 
-    /// Of the file, or of the section of its "supportPackages".
+    /// The header of the file, or of the section of its "supportPackages".
     property::HeaderInfo header;
-    /// Each key has one record at least; empty when the section has no items.
+    /// Empty if the section has no items; no key is without items.
     Items items;
 
     bool operator==(const DocResource&) const = default;
 };
 
-/// Sections by key, in code-unit order: the help folder of a file's main section, the base code of
-/// a section of its "supportPackages".
+/// Sections by key, in code-unit order. The key of a file's main section is its help folder, the
+/// key of a section of "supportPackages" its base code.
 template <class T>
 using ResourceMap = std::map<std::u16string, DocResource<T>>;
 

@@ -6,12 +6,13 @@
 
 namespace reference::property {
 
-// Each enumeration is a struct around its values, with the words that the files use for them. The
-// numbers are in the order of the words and stay as they are.
+// The enumerations of the format, each a struct around its values. A value's number is its
+// position in the format's list of words and never changes. All four have the operations that
+// RefEntityType describes.
 
-/// What kind of thing a reference item documents.
+/// The type of an entity that a reference item documents.
 struct DOCPARSER_EXPORT RefEntityType {
-    /// One for each word, in the order of the format.
+    /// In the order of the format.
     enum Value : int {
         Function,
         Class,
@@ -30,56 +31,42 @@ struct DOCPARSER_EXPORT RefEntityType {
         Module,
         Keyword
     };
-    /// The value of a word, which is matched exactly, lower case.
-    /// \throws std::invalid_argument  any other text; what() names it
+    /// Returns the value of a word, "function" for Function. Words are lower case and match
+    /// exactly.
+    /// \throws std::invalid_argument  the word is unknown; what() contains it
     static Value stringToEnum(std::string_view word);
-    /// The value of what has no word, or one that is not known.
+    /// Returns the value for an absent or unknown word.
     static Value getDefaultValue() noexcept { return Function; }
-    /// The word of a value; it lives as long as the process.
-    /// \throws std::invalid_argument  the number is no value
+    /// Returns the word of a value; it stays valid until the process ends.
+    /// \throws std::invalid_argument  `value` is not a value of the enumeration
     static std::string_view enumToString(Value value);
 };
 
-/// In which form a syntax is called.
+/// How a syntax is called.
 struct DOCPARSER_EXPORT SyntaxType {
-    /// One for each word, in the order of the format.
+    /// In the order of the format.
     enum Value : int { Function, Command, Constructor, Operator };
-    /// The value of a word, which is matched exactly, lower case.
-    /// \throws std::invalid_argument  any other text; what() names it
-    static Value stringToEnum(std::string_view word);
-    /// The value of what has no word, or one that is not known.
-    static Value getDefaultValue() noexcept { return Function; }
-    /// The word of a value; it lives as long as the process.
-    /// \throws std::invalid_argument  the number is no value
-    static std::string_view enumToString(Value value);
+    static Value stringToEnum(std::string_view word); ///< \copydoc RefEntityType::stringToEnum
+    static Value getDefaultValue() noexcept { return Function; } ///< Returns Function.
+    static std::string_view enumToString(Value value); ///< \copydoc RefEntityType::enumToString
 };
 
-/// How far an item is on its way out of the product.
+/// Whether the use of an item is still recommended.
 struct DOCPARSER_EXPORT DeprecationStatus {
-    /// One for each word, in the order of the format.
+    /// In the order of the format.
     enum Value : int { None, Discouraged, Deprecated, Removed };
-    /// The value of a word, which is matched exactly, lower case.
-    /// \throws std::invalid_argument  any other text; what() names it
-    static Value stringToEnum(std::string_view word);
-    /// The value of what has no word, or one that is not known.
-    static Value getDefaultValue() noexcept { return None; }
-    /// The word of a value; it lives as long as the process.
-    /// \throws std::invalid_argument  the number is no value
-    static std::string_view enumToString(Value value);
+    static Value stringToEnum(std::string_view word); ///< \copydoc RefEntityType::stringToEnum
+    static Value getDefaultValue() noexcept { return None; } ///< Returns None.
+    static std::string_view enumToString(Value value); ///< \copydoc RefEntityType::enumToString
 };
 
-/// What kind of function an entity is, where it is one.
+/// The type of a function, for entities that are functions.
 struct DOCPARSER_EXPORT FunctionType {
-    /// One for each word, in the order of the format.
+    /// In the order of the format.
     enum Value : int { Function, Method, Constructor, Static, Operator, Macro, Callback };
-    /// The value of a word, which is matched exactly, lower case.
-    /// \throws std::invalid_argument  any other text; what() names it
-    static Value stringToEnum(std::string_view word);
-    /// The value of what has no word, or one that is not known.
-    static Value getDefaultValue() noexcept { return Function; }
-    /// The word of a value; it lives as long as the process.
-    /// \throws std::invalid_argument  the number is no value
-    static std::string_view enumToString(Value value);
+    static Value stringToEnum(std::string_view word); ///< \copydoc RefEntityType::stringToEnum
+    static Value getDefaultValue() noexcept { return Function; } ///< Returns Function.
+    static std::string_view enumToString(Value value); ///< \copydoc RefEntityType::enumToString
 };
 
 } // namespace reference::property

@@ -12,8 +12,8 @@ namespace json = boost::json;
 
 namespace {
 
-// Extends `pointer` to the place below `value` and returns true, or leaves it as it was. The
-// parser's limit on nesting bounds the recursion.
+// Appends the path from `value` to `place` to the pointer, or returns false and leaves the pointer
+// unchanged. The parser limits the nesting of documents and so this recursion.
 bool findPlace(const json::value& value, const void* place, std::string& pointer) {
     if (place == &value || place == value.if_object())
         return true;

@@ -7,27 +7,27 @@
 
 namespace reference::docparser {
 
-/// A parsed document that breaks the resource format: a required key that is missing, or a value
-/// of the wrong kind. Whoever reads the file drops it.
+/// Reports that a parsed document violates the resource format: a required key is missing, or a
+/// value has the wrong type.
 ///
-/// The thrower only remembers where it stood; the JSON pointer is found afterwards, by whoever
-/// holds the document, so that reading a good file costs nothing for it.
+/// The error only remembers the address of the value. The owner of the document calls locate() to
+/// turn it into a JSON pointer, so that readers need not keep track of their position.
 class FormatError : public std::exception {
 public:
-    /// \param place   the JSON value or object at fault; only its address is used
-    /// \param reason  what is wrong there, for people
+    /// \param place   the invalid JSON value or object; only its address is used
+    /// \param reason  what is wrong with it
     FormatError(const void* place, std::string reason);
 
-    /// Finds the place in the document and puts its JSON pointer in front of the message. Call it
-    /// while the document is alive. Cost: one walk over the document.
+    /// Finds the value in the document and adds its JSON pointer to the message. Does nothing if
+    /// the value is in another document. Cost: one walk over the document.
     void locate(const boost::json::value& document);
 
-    /// The JSON pointer (RFC 6901) of the place, "" for the document itself; empty as well before
-    /// locate().
+    /// Returns the JSON pointer (RFC 6901) of the value, which is "" for the document itself; also
+    /// "" before locate().
     const std::string& getPointer() const noexcept { return pointer_; }
     const std::string& getReason() const noexcept { return reason_; }
 
-    /// The pointer, ": " and the reason; the reason alone before locate().
+    /// Returns the pointer, ": " and the reason; only the reason before locate().
     const char* what() const noexcept override { return message_.c_str(); }
 
 private:

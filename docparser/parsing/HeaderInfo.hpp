@@ -8,7 +8,7 @@ namespace reference::property {
 /// The header of a resource file, or of one section of its "supportPackages".
 class HeaderInfo {
 public:
-    /// Takes every field; `product` is what getProduct() returns.
+    /// Takes every field: six strings of the file, and the product name that the caller asked for.
     HeaderInfo(std::u16string schema, std::u16string schemaVersion, std::u16string productName,
                std::u16string baseCode, std::u16string helpFolder, std::u16string helpLocation,
                std::u16string product)
@@ -20,19 +20,19 @@ public:
           helpLocation_(std::move(helpLocation)),
           product_(std::move(product)) {}
 
-    /// Name of the format; empty when the file does not tell.
+    /// Name of the format; empty if the file has none.
     const std::u16string& getSchema() const noexcept { return schema_; }
-    /// Version of the format; empty when the file does not tell.
+    /// Version of the format; empty if the file has none.
     const std::u16string& getSchemaVersion() const noexcept { return schemaVersion_; }
-    /// The product's name for people.
+    /// The product's display name.
     const std::u16string& getProductName() const noexcept { return productName_; }
-    /// The product's code; the key of a support-package section in a resource map.
+    /// The product's code; in a ResourceMap the key of a section of "supportPackages".
     const std::u16string& getBaseCode() const noexcept { return baseCode_; }
-    /// The product's help folder; the key of a file's main section in a resource map.
+    /// The product's help folder; in a ResourceMap the key of a file's main section.
     const std::u16string& getHelpFolder() const noexcept { return helpFolder_; }
-    /// Where the product's pages lie.
+    /// The location of the product's pages.
     const std::u16string& getHelpLocation() const noexcept { return helpLocation_; }
-    /// The product name that the file was asked for by; it does not come from the file.
+    /// The product name that the caller asked for; not a string of the file.
     const std::u16string& getProduct() const noexcept { return product_; }
 
     bool operator==(const HeaderInfo&) const = default;

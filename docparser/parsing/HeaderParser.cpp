@@ -9,17 +9,16 @@ namespace reference::docparser {
 property::HeaderInfo getHeaderInfo(const boost::json::value& section,
                                    const std::u16string& product) {
     using enum StringParsingType;
-    enum { Schema, SchemaVersion, ProductName, BaseCode, HelpFolder, HelpLocation };
-    static constexpr auto kKeys =
-        keys("schema", "schemaVersion", "productName", "baseCode", "helpFolder", "helpLocation");
+    using Header = Members<
+        Keys<"schema", "schemaVersion", "productName", "baseCode", "helpFolder", "helpLocation">>;
 
-    const Members header(section, kKeys);
-    std::u16string schema = header.optionalText(Schema, Ascii);
-    std::u16string schemaVersion = header.optionalText(SchemaVersion, Ascii);
-    std::u16string productName = header.text(ProductName, Utf8);
-    std::u16string baseCode = header.text(BaseCode, Ascii);
-    std::u16string helpFolder = header.text(HelpFolder, Ascii);
-    std::u16string helpLocation = header.text(HelpLocation, Ascii);
+    const Header header(section);
+    std::u16string schema = header.optionalText<"schema">(Ascii);
+    std::u16string schemaVersion = header.optionalText<"schemaVersion">(Ascii);
+    std::u16string productName = header.text<"productName">(Utf8);
+    std::u16string baseCode = header.text<"baseCode">(Ascii);
+    std::u16string helpFolder = header.text<"helpFolder">(Ascii);
+    std::u16string helpLocation = header.text<"helpLocation">(Ascii);
     return {std::move(schema),
             std::move(schemaVersion),
             std::move(productName),

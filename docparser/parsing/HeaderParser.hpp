@@ -8,14 +8,14 @@
 
 namespace reference::docparser {
 
-/// Reads the header keys of a resource file or of one section of its "supportPackages".
+/// Reads the header of a resource file, or of one section of its "supportPackages".
 ///
-/// "schema" and "schemaVersion" may be absent, which makes them empty; "productName", "baseCode",
-/// "helpFolder" and "helpLocation" are required. Keys that are not the header's are left alone.
-/// \param section  the section's JSON object
-/// \param product  the name that the product was asked for by, copied into the header
-/// \throws FormatError  the section is not an object, a required key is missing, or a key has a
-///                      value that is not a string
+/// "productName", "baseCode", "helpFolder" and "helpLocation" are required; "schema" and
+/// "schemaVersion" are empty if they are absent. Other keys are ignored.
+/// \param product  the product name that the caller asked for, copied into the header
+/// \throws FormatError  `section` is not an object, a required key is missing, or the value of a
+/// key
+///                      is not a string
 property::HeaderInfo getHeaderInfo(const boost::json::value& section,
                                    const std::u16string& product);
 

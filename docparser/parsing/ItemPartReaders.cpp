@@ -1,7 +1,6 @@
 #include "docparser/parsing/ItemPartReaders.hpp"
 
 #include "docparser/parsing/Members.hpp"
-#include "platform/i18n/Converter.hpp"
 
 #include <string_view>
 #include <utility>
@@ -14,52 +13,34 @@ using enum StringParsingType;
 
 namespace {
 
-// A link to a place on the item's page: href, "#" and the anchor, in one allocation.
-// \param htmlid  the anchor; null when the element has none
-std::u16string makeAnchor(const std::u16string& href, const json::value* htmlid) {
-    const std::string_view anchor = htmlid ? getJsonString(*htmlid) : std::string_view();
+// Returns the link to an anchor on the item's page, in one allocation.
+std::u16string makeLink(const std::u16string& href, std::u16string_view separator,
+                        const std::u16string& anchor) {
     std::u16string link;
-    link.reserve(href.size() + 1 + anchor.size());
-    link.append(href).append(1, u'#');
-    fl::i18n::append_ascii(link, anchor);
+    link.reserve(href.size() + separator.size() + anchor.size());
+    link.append(href).append(separator).append(anchor);
     return link;
 }
 
-// The link to a property of a class, which is formed from its name, in one allocation.
-std::u16string makePropertyAnchor(const std::u16string& href, const std::u16string& name) {
-    constexpr std::u16string_view kSeparator = u"#prop_";
-    std::u16string link;
-    link.reserve(href.size() + kSeparator.size() + name.size());
-    link.append(href).append(kSeparator).append(name);
-    return link;
-}
+// An input, an output or a parameter. Each uses only some of the keys.
+using Argument = Members<
+    Keys<"name", "purpose", "value", "htmlid", "defaultvalue", "syntaxtype", "namevaluepairs">>;
 
-// The keys of an argument: of an input, an output or a parameter, which each use some of them.
-enum ArgumentSlot {
-    ArgName,
-    ArgPurpose,
-    ArgValue,
-    ArgHtmlId,
-    ArgDefaultValue,
-    ArgSyntaxType,
-    ArgNameValuePairs
-};
-constexpr auto kArgumentKeys =
-    keys("name", "purpose", "value", "htmlid", "defaultvalue", "syntaxtype", "namevaluepairs");
-using Argument = Members<kArgumentKeys.size()>;
+// A group of inputs, or an element that only holds such groups under "namevaluepairs".
+using GroupOfInputs = Members<Keys<"title", "inputs", "namevaluepairs">>;
 
 ObjectInfo makeObjectInfo(std::u16string name, const json::value& purpose,
-                          const json::value* values, std::u16string anchor) {
+                          const json::value* values, std::u16string link) {
     std::u16string purposeText = getFluString(purpose, Utf8);
-    return {std::move(name), std::move(purposeText), readTexts(values, Utf8), std::move(anchor)};
+    return {std::move(name), std::move(purposeText), readTexts(values, Utf8), std::move(link)};
 }
 
 ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,
                           StringParsingType nameType) {
-    std::u16string anchor = makeAnchor(href, argument[ArgHtmlId]);
-    std::u16string name = argument.text(ArgName, nameType);
-    return makeObjectInfo(std::move(name), argument.required(ArgPurpose), argument[ArgValue],
-                          std::move(anchor));
+    std::u16string link = makeLink(href, u"#", argument.optionalText<"htmlid">(Ascii));
+    std::u16string name = argument.text<"name">(nameType);
+    return makeObjectInfo(std::move(name), argument.required<"purpose">(),
+                          argument.value<"value">(), std::move(link));
 }
 
 // How the inputs of one item are read.
@@ -70,22 +51,18 @@ struct InputStyle {
 };
 
 void appendInput(const Argument& input, const InputStyle& style, std::vector<Input>& inputs) {
-    std::u16string defaultValue = input.optionalText(ArgDefaultValue, Utf8);
-    const SyntaxType::Value syntaxType = input.word<SyntaxType>(ArgSyntaxType);
+    std::u16string defaultValue = input.optionalText<"defaultvalue">(Utf8);
+    const SyntaxType::Value syntaxType = input.word<SyntaxType, "syntaxtype">();
     inputs.emplace_back(readObjectInfo(input, style.href, style.nameType), syntaxType,
                         std::move(defaultValue), style.isNameValuePair);
 }
 
-InputGroup readInputGroup(const json::value& element, const InputStyle& style) {
-    enum { Title, Inputs };
-    static constexpr auto kKeys = keys("title", "inputs");
-
-    const Members group(element, kKeys);
-    std::vector<Input> inputs =
-        readEach<Input>(group[Inputs], [&](const json::value& input, std::vector<Input>& result) {
-            appendInput(Argument(input, kArgumentKeys), style, result);
+InputGroup readInputGroup(const GroupOfInputs& group, const InputStyle& style) {
+    std::vector<Input> inputs = readEach<Input>(
+        group.value<"inputs">(), [&](const json::value& input, std::vector<Input>& result) {
+            appendInput(Argument(input), style, result);
         });
-    return {group.text(Title, Utf8), std::move(inputs)};
+    return {group.text<"title">(Utf8), std::move(inputs)};
 }
 
 // Makes room for `count` more records, at least doubling the room that is there: an item of many
@@ -100,59 +77,54 @@ void reserveMore(std::vector<Record>& records, std::size_t count) {
 std::vector<ClassProperty> readClassProperties(const json::value* classproperty,
                                                const std::u16string& href,
                                                StringParsingType nameType) {
-    enum { Name, Purpose, Value, DefaultValue };
-    static constexpr auto kKeys = keys("name", "purpose", "value", "defaultvalue");
+    using Property = Members<Keys<"name", "purpose", "value", "defaultvalue">>;
 
     return readEach<ClassProperty>(classproperty, [&](const json::value& element,
                                                       std::vector<ClassProperty>& properties) {
-        const Members property(element, kKeys);
-        std::u16string name = property.text(Name, nameType);
-        std::u16string anchor = makePropertyAnchor(href, name);
-        ObjectInfo objectInfo = makeObjectInfo(std::move(name), property.required(Purpose),
-                                               property[Value], std::move(anchor));
-        properties.emplace_back(std::move(objectInfo), property.optionalText(DefaultValue, Utf8));
+        const Property property(element);
+        std::u16string name = property.text<"name">(nameType);
+        std::u16string link = makeLink(href, u"#prop_", name);
+        ObjectInfo objectInfo = makeObjectInfo(std::move(name), property.required<"purpose">(),
+                                               property.value<"value">(), std::move(link));
+        properties.emplace_back(std::move(objectInfo), property.optionalText<"defaultvalue">(Utf8));
     });
 }
 
 } // namespace
 
 RefEntities readRefEntities(const json::value* refentity) {
-    enum { Type, FcnType, Name };
-    static constexpr auto kKeys = keys("type", "fcntype", "name");
+    using Entity = Members<Keys<"type", "fcntype", "name">>;
 
     RefEntities result;
     result.entities = readEach<RefEntity>(
         refentity, [&](const json::value& element, std::vector<RefEntity>& entities) {
-            const Members entity(element, kKeys);
-            const RefEntityType::Value entityType = entity.word<RefEntityType>(Type);
-            const FunctionType::Value functionType = entity.word<FunctionType>(FcnType);
+            const Entity entity(element);
+            const RefEntityType::Value entityType = entity.word<RefEntityType, "type">();
+            const FunctionType::Value functionType = entity.word<FunctionType, "fcntype">();
             result.hasComponent |= entityType == RefEntityType::Component;
-            entities.emplace_back(entityType, entity.text(Name, Utf8), functionType);
+            entities.emplace_back(entityType, entity.text<"name">(Utf8), functionType);
         });
     return result;
 }
 
 AppThumbnail readAppThumbnail(const json::value* appthumbnail) {
-    enum { FileRef, Alt };
-    static constexpr auto kKeys = keys("fileref", "alt");
-
     if (!appthumbnail)
         return {{}, {}};
-    const Members thumbnail(*appthumbnail, kKeys);
-    std::u16string fileRef = thumbnail.text(FileRef, Ascii);
-    return {std::move(fileRef), thumbnail.text(Alt, Utf8)};
+    const Members<Keys<"fileref", "alt">> thumbnail(*appthumbnail);
+    std::u16string fileRef = thumbnail.text<"fileref">(Ascii);
+    return {std::move(fileRef), thumbnail.text<"alt">(Utf8)};
 }
 
 std::vector<SyntaxGroup> readSyntaxGroups(const json::value* syntaxgroup) {
-    enum { Type, Title, Syntax };
-    static constexpr auto kKeys = keys("syntaxtype", "title", "syntax");
+    using Group = Members<Keys<"syntaxtype", "title", "syntax">>;
 
     return readEach<SyntaxGroup>(
         syntaxgroup, [](const json::value& element, std::vector<SyntaxGroup>& groups) {
-            const Members group(element, kKeys);
-            const SyntaxType::Value syntaxType = group.word<SyntaxType>(Type);
-            std::u16string title = group.text(Title, Utf8);
-            groups.emplace_back(std::move(title), syntaxType, readTexts(group[Syntax], Ascii));
+            const Group group(element);
+            const SyntaxType::Value syntaxType = group.word<SyntaxType, "syntaxtype">();
+            std::u16string title = group.text<"title">(Utf8);
+            groups.emplace_back(std::move(title), syntaxType,
+                                readTexts(group.value<"syntax">(), Ascii));
         });
 }
 
@@ -162,13 +134,14 @@ std::vector<Input> readInputs(const json::value* inputs, const std::u16string& h
     const InputStyle pair{href, nameType, /*isNameValuePair=*/true};
 
     return readEach<Input>(inputs, [&](const json::value& element, std::vector<Input>& result) {
-        const Argument input(element, kArgumentKeys);
-        if (!input[ArgNameValuePairs])
+        const Argument input(element);
+        const json::value* namevaluepairs = input.value<"namevaluepairs">();
+        if (!namevaluepairs)
             return appendInput(input, plain, result);
-        const json::array& pairs = getJsonArray(*input[ArgNameValuePairs]);
+        const json::array& pairs = getJsonArray(*namevaluepairs);
         reserveMore(result, pairs.size());
         for (const json::value& nameAndValue : pairs)
-            appendInput(Argument(nameAndValue, kArgumentKeys), pair, result);
+            appendInput(Argument(nameAndValue), pair, result);
     });
 }
 
@@ -179,20 +152,19 @@ std::vector<InputGroup> readInputGroups(const json::value* inputgroup, const std
 
     return readEach<InputGroup>(
         inputgroup, [&](const json::value& element, std::vector<InputGroup>& groups) {
-            const json::value* pairs = getJsonObject(element).if_contains("namevaluepairs");
-            if (!pairs) {
-                groups.push_back(readInputGroup(element, plain));
-                return;
-            }
-            for (const json::value& group : getJsonArray(*pairs))
-                groups.push_back(readInputGroup(group, pair));
+            const GroupOfInputs group(element);
+            const json::value* namevaluepairs = group.value<"namevaluepairs">();
+            if (!namevaluepairs)
+                return groups.push_back(readInputGroup(group, plain));
+            for (const json::value& groupOfPairs : getJsonArray(*namevaluepairs))
+                groups.push_back(readInputGroup(GroupOfInputs(groupOfPairs), pair));
         });
 }
 
 std::vector<Output> readOutputs(const json::value* outputs, const std::u16string& href) {
     return readEach<Output>(outputs, [&](const json::value& element, std::vector<Output>& result) {
-        const Argument output(element, kArgumentKeys);
-        const SyntaxType::Value syntaxType = output.word<SyntaxType>(ArgSyntaxType);
+        const Argument output(element);
+        const SyntaxType::Value syntaxType = output.word<SyntaxType, "syntaxtype">();
         result.emplace_back(readObjectInfo(output, href, Utf8), syntaxType);
     });
 }
@@ -200,48 +172,42 @@ std::vector<Output> readOutputs(const json::value* outputs, const std::u16string
 std::vector<ClassPropertyGroup> readClassPropertyGroups(const json::value* classpropertygroup,
                                                         const std::u16string& href,
                                                         StringParsingType nameType) {
-    enum { Title, Properties };
-    static constexpr auto kKeys = keys("title", "classproperty");
+    using Group = Members<Keys<"title", "classproperty">>;
 
     return readEach<ClassPropertyGroup>(
         classpropertygroup,
         [&](const json::value& element, std::vector<ClassPropertyGroup>& groups) {
-            const Members group(element, kKeys);
-            std::u16string title = group.optionalText(Title, Utf8);
-            groups.emplace_back(std::move(title),
-                                readClassProperties(group[Properties], href, nameType));
+            const Group group(element);
+            std::u16string title = group.optionalText<"title">(Utf8);
+            groups.emplace_back(
+                std::move(title),
+                readClassProperties(group.value<"classproperty">(), href, nameType));
         });
 }
 
 std::vector<SeeAlso> readSeeAlso(const json::value* seealso) {
-    enum { Url, Name };
-    static constexpr auto kKeys = keys("url", "name");
-
     return readEach<SeeAlso>(seealso, [](const json::value& element, std::vector<SeeAlso>& links) {
-        const Members link(element, kKeys);
-        std::u16string url = link.text(Url, Ascii);
-        links.emplace_back(std::move(url), link.text(Name, Utf8));
+        const Members<Keys<"url", "name">> link(element);
+        std::u16string url = link.text<"url">(Ascii);
+        links.emplace_back(std::move(url), link.text<"name">(Utf8));
     });
 }
 
 std::vector<Example> readExamples(const json::value* examples) {
-    enum { Url, OpenCommand, Title };
-    static constexpr auto kKeys = keys("url", "open_command", "title");
-
-    return readEach<Example>(
-        examples, [](const json::value& element, std::vector<Example>& result) {
-            const Members example(element, kKeys);
-            std::u16string url = example.text(Url, Ascii);
-            std::u16string openCommand = example.text(OpenCommand, Ascii);
-            result.emplace_back(std::move(url), std::move(openCommand), example.text(Title, Utf8));
-        });
+    return readEach<Example>(examples, [](const json::value& element,
+                                          std::vector<Example>& result) {
+        const Members<Keys<"url", "open_command", "title">> example(element);
+        std::u16string url = example.text<"url">(Ascii);
+        std::u16string openCommand = example.text<"open_command">(Ascii);
+        result.emplace_back(std::move(url), std::move(openCommand), example.text<"title">(Utf8));
+    });
 }
 
 std::vector<Parameter> readParameters(const json::value* parameters, const std::u16string& href) {
     return readEach<Parameter>(
         parameters, [&](const json::value& element, std::vector<Parameter>& result) {
-            const Argument parameter(element, kArgumentKeys);
-            std::u16string defaultValue = parameter.optionalText(ArgDefaultValue, Utf8);
+            const Argument parameter(element);
+            std::u16string defaultValue = parameter.optionalText<"defaultvalue">(Utf8);
             result.emplace_back(readObjectInfo(parameter, href, Utf8), std::move(defaultValue));
         });
 }

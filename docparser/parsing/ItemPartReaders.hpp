@@ -8,21 +8,21 @@
 
 namespace reference::docparser {
 
-// One reader per array or object that a reference item may hold. Each takes the value under the
-// item's key, null when the item lacks it: no array means no records, no thumbnail an empty one.
-// Records come in file order.
+// One reader for each array or object of a reference item. Each takes the value of the item's key,
+// which is null if the item does not have it. A null array gives no records, a null thumbnail an
+// empty one. Records are in file order.
 //
-//   href      the item's href, which the links to its parts start with
-//   nameType  how the names of inputs and properties are read; text beyond ASCII is expected in
-//             them only where the item documents a component
+//   href      the item's href; links to its parts start with it
+//   nameType  the type of the names of inputs and properties: Utf8 if the item documents a
+//             component, otherwise Ascii
 //
-// All throw FormatError when the value, or one of its elements, has the wrong kind or lacks a
-// required key. They only read the document, so any number of threads may share it.
+// All throw FormatError if a value has the wrong type or a required key is missing. They only read
+// the document, so threads may share it.
 
 /// The entities that an item documents.
 struct RefEntities {
     std::vector<property::RefEntity> entities;
-    bool hasComponent = false; ///< one of them is a RefEntityType::Component
+    bool hasComponent = false; ///< whether one is a RefEntityType::Component
 };
 
 RefEntities readRefEntities(const boost::json::value* refentity);
@@ -31,13 +31,13 @@ property::AppThumbnail readAppThumbnail(const boost::json::value* appthumbnail);
 
 std::vector<property::SyntaxGroup> readSyntaxGroups(const boost::json::value* syntaxgroup);
 
-/// The inputs of an item. An element with "namevaluepairs" contributes the pairs and nothing of
-/// its own; they stand among the other inputs, marked as name-value pairs.
+/// Reads the inputs of an item. An element with "namevaluepairs" is replaced by these inputs, which
+/// are marked as name-value pairs; its other keys are ignored.
 std::vector<property::Input> readInputs(const boost::json::value* inputs,
                                         const std::u16string& href, StringParsingType nameType);
 
-/// The titled groups of inputs. An element with "namevaluepairs" contributes one group for each
-/// element of that array, its inputs marked as name-value pairs, and nothing of its own.
+/// Reads the titled groups of inputs. An element with "namevaluepairs" is replaced by these groups,
+/// whose inputs are marked as name-value pairs; its other keys are ignored.
 std::vector<property::InputGroup> readInputGroups(const boost::json::value* inputgroup,
                                                   const std::u16string& href,
                                                   StringParsingType nameType);
@@ -45,7 +45,7 @@ std::vector<property::InputGroup> readInputGroups(const boost::json::value* inpu
 std::vector<property::Output> readOutputs(const boost::json::value* outputs,
                                           const std::u16string& href);
 
-/// The groups of properties. A property's link is formed from its name: href + "#prop_" + name.
+/// Reads the groups of class properties. The link to a property is href + "#prop_" + its name.
 std::vector<property::ClassPropertyGroup>
 readClassPropertyGroups(const boost::json::value* classpropertygroup, const std::u16string& href,
                         StringParsingType nameType);

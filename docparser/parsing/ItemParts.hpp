@@ -8,23 +8,22 @@
 
 namespace reference::property {
 
-// The parts that a RefItem is made of. Each is a value: built whole by its constructor, whose
-// arguments stand in the order of the fields, and only read afterwards.
+// The parts of a RefItem. Each is a value: its constructor takes every field in file order, and it
+// is only read afterwards.
 
-/// One kind of entity that an item documents; an item may document several.
+/// One entity that an item documents. An item may document several.
 class RefEntity {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     RefEntity(RefEntityType::Value entityType, std::u16string name,
               FunctionType::Value functionType)
         : entityType_(entityType), name_(std::move(name)), functionType_(functionType) {}
 
-    /// What kind of thing it is; RefEntityType::Function when the file does not tell or has a word
-    /// of its own.
+    /// RefEntityType::Function if the file has no type or an unknown one.
     RefEntityType::Value getEntityType() const noexcept { return entityType_; }
-    /// What the entity is called in the product, decoded as UTF-8.
+    /// The entity's name in the product.
     const std::u16string& getName() const noexcept { return name_; }
-    /// Which kind of function it is; FunctionType::Function when the file does not tell.
+    /// FunctionType::Function if the file has no type or an unknown one.
     FunctionType::Value getFunctionType() const noexcept { return functionType_; }
 
     bool operator==(const RefEntity&) const = default;
@@ -35,16 +34,16 @@ private:
     FunctionType::Value functionType_;
 };
 
-/// The picture that stands for an item; both texts are empty when the item has none.
+/// The picture of an app. Both strings are empty if the item has none.
 class AppThumbnail {
 public:
-    /// Takes both fields.
+    /// Takes every field in the order of the accessors.
     AppThumbnail(std::u16string fileRef, std::u16string alt)
         : fileRef_(std::move(fileRef)), alt_(std::move(alt)) {}
 
     /// Reference to the image file.
     const std::u16string& getFileRef() const noexcept { return fileRef_; }
-    /// Text to show in the image's stead.
+    /// Text to show in place of the image.
     const std::u16string& getAlt() const noexcept { return alt_; }
 
     bool operator==(const AppThumbnail&) const = default;
@@ -54,19 +53,19 @@ private:
     std::u16string alt_;
 };
 
-/// A titled group of ways to call an item.
+/// A titled group of calling forms.
 class SyntaxGroup {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     SyntaxGroup(std::u16string title, SyntaxType::Value syntaxType,
                 std::vector<std::u16string> syntaxes)
         : title_(std::move(title)), syntaxType_(syntaxType), syntaxes_(std::move(syntaxes)) {}
 
-    /// Heading of the group, for people.
+    /// Heading of the group.
     const std::u16string& getTitle() const noexcept { return title_; }
-    /// How the forms of the group are called.
+    /// SyntaxType::Function if the file has no type or an unknown one.
     SyntaxType::Value getSyntaxType() const noexcept { return syntaxType_; }
-    /// The calling forms, in file order.
+    /// The calling forms in file order.
     const std::vector<std::u16string>& getSyntaxes() const noexcept { return syntaxes_; }
 
     bool operator==(const SyntaxGroup&) const = default;
@@ -77,10 +76,10 @@ private:
     std::vector<std::u16string> syntaxes_;
 };
 
-/// What an argument, an output, a parameter and a property have in common.
+/// The description that inputs, outputs, parameters and properties share.
 class ObjectInfo {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     ObjectInfo(std::u16string name, std::u16string purpose, std::vector<std::u16string> values,
                std::u16string href)
         : name_(std::move(name)),
@@ -88,16 +87,15 @@ public:
           values_(std::move(values)),
           href_(std::move(href)) {}
 
-    /// Its name as the product spells it. Inputs and properties have one of code units up to
-    /// U+00FF, one for each byte of the file, unless the item documents a component.
+    /// The name as the product spells it. The names of inputs and properties are decoded only if
+    /// the item documents a component; otherwise each byte is one code unit up to U+00FF.
     const std::u16string& getName() const noexcept { return name_; }
-    /// One line on what it is for.
+    /// The purpose in one line.
     const std::u16string& getPurpose() const noexcept { return purpose_; }
-    /// The values that it may have, in file order, repeated ones included; empty when the file
-    /// lists none.
+    /// The allowed values in file order, repeated ones included; empty if the file lists none.
     const std::vector<std::u16string>& getValues() const noexcept { return values_; }
-    /// Link to its place on the item's page: the item's href, "#" and the anchor, which may be
-    /// empty.
+    /// Link to the description on the item's page: the item's href, "#" and the anchor. The anchor
+    /// is empty if the file has none; the anchor of a class property is "prop_" and its name.
     const std::u16string& getHref() const noexcept { return href_; }
 
     bool operator==(const ObjectInfo&) const = default;
@@ -112,7 +110,7 @@ private:
 /// One input argument.
 class Input {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     Input(ObjectInfo objectInfo, SyntaxType::Value syntaxType, std::u16string defaultValue,
           bool isNameValuePair)
         : objectInfo_(std::move(objectInfo)),
@@ -122,11 +120,11 @@ public:
 
     /// Name, purpose, values and link.
     const ObjectInfo& getObjectInfo() const noexcept { return objectInfo_; }
-    /// In which form of call it is written.
+    /// SyntaxType::Function if the file has no type or an unknown one.
     SyntaxType::Value getSyntaxType() const noexcept { return syntaxType_; }
-    /// Empty when the file gives none.
+    /// Empty if the file has none.
     const std::u16string& getDefaultValue() const noexcept { return defaultValue_; }
-    /// Whether the file lists the input among name-value pairs.
+    /// Whether the file lists the input as a name-value pair.
     bool getIsNameValuePair() const noexcept { return isNameValuePair_; }
 
     bool operator==(const Input&) const = default;
@@ -141,11 +139,11 @@ private:
 /// A titled group of inputs.
 class InputGroup {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     InputGroup(std::u16string title, std::vector<Input> inputs)
         : title_(std::move(title)), inputs_(std::move(inputs)) {}
 
-    /// Heading of the group, for people.
+    /// Heading of the group.
     const std::u16string& getTitle() const noexcept { return title_; }
     /// In file order.
     const std::vector<Input>& getInputs() const noexcept { return inputs_; }
@@ -160,13 +158,13 @@ private:
 /// One output argument.
 class Output {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     Output(ObjectInfo objectInfo, SyntaxType::Value syntaxType)
         : objectInfo_(std::move(objectInfo)), syntaxType_(syntaxType) {}
 
     /// Name, purpose, values and link.
     const ObjectInfo& getObjectInfo() const noexcept { return objectInfo_; }
-    /// From which form of call it comes.
+    /// SyntaxType::Function if the file has no type or an unknown one.
     SyntaxType::Value getSyntaxType() const noexcept { return syntaxType_; }
 
     bool operator==(const Output&) const = default;
@@ -179,13 +177,13 @@ private:
 /// One parameter.
 class Parameter {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     Parameter(ObjectInfo objectInfo, std::u16string defaultValue)
         : objectInfo_(std::move(objectInfo)), defaultValue_(std::move(defaultValue)) {}
 
     /// Name, purpose, values and link.
     const ObjectInfo& getObjectInfo() const noexcept { return objectInfo_; }
-    /// Empty when the file gives none.
+    /// Empty if the file has none.
     const std::u16string& getDefaultValue() const noexcept { return defaultValue_; }
 
     bool operator==(const Parameter&) const = default;
@@ -195,16 +193,16 @@ private:
     std::u16string defaultValue_;
 };
 
-/// One property of a class; its link ends in "#prop_" and its name.
+/// One property of a class.
 class ClassProperty {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     ClassProperty(ObjectInfo objectInfo, std::u16string defaultValue)
         : objectInfo_(std::move(objectInfo)), defaultValue_(std::move(defaultValue)) {}
 
     /// Name, purpose, values and link.
     const ObjectInfo& getObjectInfo() const noexcept { return objectInfo_; }
-    /// Empty when the file gives none.
+    /// Empty if the file has none.
     const std::u16string& getDefaultValue() const noexcept { return defaultValue_; }
 
     bool operator==(const ClassProperty&) const = default;
@@ -214,14 +212,14 @@ private:
     std::u16string defaultValue_;
 };
 
-/// A group of properties; the title may be empty.
+/// A group of class properties.
 class ClassPropertyGroup {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     ClassPropertyGroup(std::u16string title, std::vector<ClassProperty> properties)
         : title_(std::move(title)), properties_(std::move(properties)) {}
 
-    /// Heading of the group, for people; empty when the file gives none.
+    /// Heading of the group; empty if the file has none.
     const std::u16string& getTitle() const noexcept { return title_; }
     /// In file order.
     const std::vector<ClassProperty>& getProperties() const noexcept { return properties_; }
@@ -236,13 +234,13 @@ private:
 /// A link to a related page.
 class SeeAlso {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     SeeAlso(std::u16string url, std::u16string name)
         : url_(std::move(url)), name_(std::move(name)) {}
 
-    /// Where the link leads, as the file has it: nothing is resolved.
+    /// The target of the link exactly as the file has it.
     const std::u16string& getUrl() const noexcept { return url_; }
-    /// The text of the link.
+    /// The link text.
     const std::u16string& getName() const noexcept { return name_; }
 
     bool operator==(const SeeAlso&) const = default;
@@ -252,18 +250,18 @@ private:
     std::u16string name_;
 };
 
-/// An example of an item's use.
+/// An example of how to use an item.
 class Example {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     Example(std::u16string url, std::u16string openCommand, std::u16string title)
         : url_(std::move(url)), openCommand_(std::move(openCommand)), title_(std::move(title)) {}
 
-    /// The page of the example, as the file has it: nothing is resolved.
+    /// The page of the example exactly as the file has it.
     const std::u16string& getUrl() const noexcept { return url_; }
     /// The command that opens the example.
     const std::u16string& getOpenCommand() const noexcept { return openCommand_; }
-    /// What the example shows, for people.
+    /// Heading of the example.
     const std::u16string& getTitle() const noexcept { return title_; }
 
     bool operator==(const Example&) const = default;

@@ -2,7 +2,7 @@
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/parsing/Members.hpp"
-#include "platform/i18n/Converter.hpp"
+#include "docparser/parsing/StringConverters.hpp"
 
 #include <string_view>
 
@@ -12,33 +12,44 @@ namespace json = boost::json;
 
 namespace {
 
-struct Converters {
-    fl::i18n::codecvt_string_to_ustring utf8{"utf8", /*replaceIllFormed=*/true};
+struct ApplicationConverters {
     fl::i18n::codecvt_ascii_to_ustring ascii{/*strict=*/false};
+    fl::i18n::codecvt_string_to_ustring utf8{"utf8", /*replaceIllFormed=*/true};
+    StringConverters both{ascii, utf8};
 };
 
-const Converters& converters() {
-    static const Converters instance;
-    return instance;
+const StringConverters& converters() {
+    static const ApplicationConverters instance;
+    return instance.both;
 }
 
-[[maybe_unused]] const Converters& builtAtLoad = converters();
+// Creates the converters when the library is loaded.
+[[maybe_unused]] const StringConverters& createdAtLoad = converters();
 
-[[noreturn]] void throwWrongKind(const json::value& value, std::string_view expected) {
-    const auto found = json::to_string(value.kind());
-    throw FormatError(&value, std::string(expected) + " expected, " +
-                                  std::string(found.data(), found.size()) + " found");
+std::string_view describe(json::kind type) {
+    switch (type) {
+    case json::kind::object: return "an object";
+    case json::kind::array: return "an array";
+    case json::kind::string: return "a string";
+    case json::kind::bool_: return "a Boolean";
+    case json::kind::null: return "null";
+    case json::kind::int64:
+    case json::kind::uint64:
+    case json::kind::double_: break;
+    }
+    return "a number";
+}
+
+[[noreturn]] void throwWrongType(const json::value& value, json::kind expected) {
+    std::string reason("expected ");
+    reason.append(describe(expected)).append(", found ").append(describe(value.kind()));
+    throw FormatError(&value, std::move(reason));
 }
 
 } // namespace
 
 std::u16string getFluString(const json::value& value, StringParsingType type) {
-    const std::string_view text = getJsonString(value);
-    // The UTF-8 converter widens runs of ASCII as it meets them: no scan need choose between the
-    // two.
-    if (type == StringParsingType::Ascii)
-        return converters().ascii.convert(text.data(), text.size());
-    return converters().utf8.convert(text.data(), text.size());
+    return converters().convert(getJsonString(value), type);
 }
 
 std::u16string getFluString(const json::object& object, const std::string& key,
@@ -53,23 +64,23 @@ std::u16string getFluStringWithFallback(const json::object& object, const std::s
 }
 
 std::string_view getJsonString(const json::value& value) {
-    const json::string* text = value.if_string();
-    if (!text)
-        throwWrongKind(value, "string");
-    return *text;
+    const json::string* string = value.if_string();
+    if (!string)
+        throwWrongType(value, json::kind::string);
+    return *string;
 }
 
 const json::object& getJsonObject(const json::value& value) {
     const json::object* object = value.if_object();
     if (!object)
-        throwWrongKind(value, "object");
+        throwWrongType(value, json::kind::object);
     return *object;
 }
 
 const json::array& getJsonArray(const json::value& value) {
     const json::array* array = value.if_array();
     if (!array)
-        throwWrongKind(value, "array");
+        throwWrongType(value, json::kind::array);
     return *array;
 }
 

@@ -9,30 +9,29 @@
 
 namespace reference::docparser {
 
-// Reading strings and arrays out of a parsed document. A missing required key and a value of the
-// wrong kind throw FormatError. Nothing here changes the document, so threads may share it.
+// Access to the strings, objects and arrays of a parsed document. All functions throw FormatError
+// if a required key is missing or a value has the wrong type. They only read the document, so
+// threads may share it; what they return by reference is part of it.
 
-/// The text of a JSON string.
+/// Converts a JSON string to UTF-16.
 std::u16string getFluString(const boost::json::value& value, StringParsingType type);
 
-/// The text of the string under a required key.
+/// Converts the string of a required key to UTF-16.
 std::u16string getFluString(const boost::json::object& object, const std::string& key,
                             StringParsingType type);
 
-/// The text of the string under an optional key; empty when there is no such key.
+/// Converts the string of an optional key to UTF-16; empty if the object does not have the key.
 std::u16string getFluStringWithFallback(const boost::json::object& object, const std::string& key,
                                         StringParsingType type);
 
-/// The bytes of a JSON string, as they are in the document.
+/// Returns the bytes of a JSON string.
 std::string_view getJsonString(const boost::json::value& value);
 
-/// The value as an object.
 const boost::json::object& getJsonObject(const boost::json::value& value);
 
-/// The value as an array.
 const boost::json::array& getJsonArray(const boost::json::value& value);
 
-/// The array under a required key of an object.
+/// Returns the array of a required key. `object` must be an object.
 const boost::json::array& getJsonArray(const boost::json::value& object, const std::string& key);
 
 } // namespace reference::docparser

@@ -12,21 +12,19 @@ using namespace property;
 
 namespace {
 
-// Reads one element of "refItems" behind the items that have its name already.
+// Appends one element of "refItems" to the items of its name.
 void readLookupItem(const json::value& element, DocResource<RefItemLookup>::Items& items) {
     using enum StringParsingType;
-    enum { Name, Purpose, Href, Type, FcnType, Deprecated };
-    static constexpr auto kKeys =
-        keys("name", "refpurpose", "href", "type", "fcntype", "deprecated");
+    using Item = Members<Keys<"name", "refpurpose", "href", "type", "fcntype", "deprecated">>;
 
-    const Members item(element, kKeys);
-    std::u16string name = item.text(Name, Utf8);
-    std::u16string refPurpose = item.text(Purpose, Utf8);
-    std::u16string href = item.text(Href, Ascii);
-    const RefEntityType::Value entityType = item.word<RefEntityType>(Type);
-    const FunctionType::Value functionType = item.word<FunctionType>(FcnType);
-    // The key alone marks the item, even "deprecated": false.
-    const bool isDeprecated = item[Deprecated] != nullptr;
+    const Item item(element);
+    std::u16string name = item.text<"name">(Utf8);
+    std::u16string refPurpose = item.text<"refpurpose">(Utf8);
+    std::u16string href = item.text<"href">(Ascii);
+    const RefEntityType::Value entityType = item.word<RefEntityType, "type">();
+    const FunctionType::Value functionType = item.word<FunctionType, "fcntype">();
+    // The presence of the key decides: "deprecated": false marks the item as well.
+    const bool isDeprecated = item.value<"deprecated">() != nullptr;
 
     std::vector<RefItemLookup>& sameName = items[name];
     sameName.emplace_back(std::move(name), entityType, std::move(refPurpose), isDeprecated,

@@ -11,10 +11,10 @@ namespace reference::docparser {
 
 /// Reads one section of a lookup file: its header and the items of "refItems".
 ///
-/// The items are keyed by name; items of equal name stand behind each other in file order.
+/// The key of an item is its name. Items with the same name are in file order.
 /// \param section  the file's root, or an element of its "supportPackages"
 /// \param product  the name of the product that the file belongs to
-/// \throws FormatError  the section breaks the format; the caller then drops the whole file
+/// \throws FormatError  the section violates the format; the caller must skip the whole file
 DocResource<property::RefItemLookup> parseRefItemLookupSection(const boost::json::value& section,
                                                                const std::u16string& product);
 

@@ -15,7 +15,8 @@ const json::value& getRequired(const json::object& object, std::string_view key)
 
 void findMembers(const json::object& object, std::span<const std::string_view> keys,
                  const json::value** slots) noexcept {
-    // Files mostly write the keys in the format's order, so the search goes on behind the last hit.
+    // Most files have the keys in the order of the format, so each search starts after the last
+    // match.
     std::size_t next = 0;
     for (const json::key_value_pair& member : object) {
         const std::string_view key = member.key();
@@ -32,7 +33,7 @@ void findMembers(const json::object& object, std::span<const std::string_view> k
 }
 
 void throwMissingKey(const json::object& object, std::string_view key) {
-    throw FormatError(&object, "the key \"" + std::string(key) + "\" is missing");
+    throw FormatError(&object, "the required key \"" + std::string(key) + "\" is missing");
 }
 
 std::vector<std::u16string> readTexts(const json::value* list, StringParsingType type) {

@@ -9,89 +9,117 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace reference::docparser {
 
-/// The value under a key.
-/// \throws FormatError  the object has no such key
+/// Returns the value under a required key.
+/// \throws FormatError  the object does not have the key
 const boost::json::value& getRequired(const boost::json::object& object, std::string_view key);
 
-/// Looks the keys of a reader up in one pass over the object.
-/// \param slots  as many as there are keys; those of the keys that the object has are set, the
-///               others left alone
+/// Finds the values of several keys in one pass over an object.
+/// \param slots  one for each key; set for each key that the object has, otherwise unchanged
 void findMembers(const boost::json::object& object, std::span<const std::string_view> keys,
                  const boost::json::value** slots) noexcept;
 
-/// \throws FormatError  always: the object lacks the key
+/// \throws FormatError  always: `object` does not have the required key
 [[noreturn]] void throwMissingKey(const boost::json::object& object, std::string_view key);
 
-/// The keys that a reader knows, in the order of its slots.
-template <class... Names>
-constexpr std::array<std::string_view, sizeof...(Names)> keys(Names... names) {
-    return {std::string_view(names)...};
-}
+/// A JSON key as a template argument: a string literal converts to it.
+template <std::size_t Size>
+struct Key {
+    consteval Key(const char (&literal)[Size]) { std::copy_n(literal, Size, characters); }
 
-/// The members of one object that a reader knows. An object of the format has few members and
-/// mostly all that its reader asks for, so one pass over them beats a search for each key.
-template <std::size_t N>
+    constexpr std::string_view view() const { return {characters, Size - 1}; }
+
+    char characters[Size]; // public, as a template argument requires
+};
+
+/// The keys that a reader looks up in an object. List them in the order of the format: objects
+/// that have their keys in this order are read fastest.
+template <Key... known>
+struct Keys {
+    static constexpr std::array<std::string_view, sizeof...(known)> kNames{known.view()...};
+
+    /// Returns the position of a key. Does not compile for a key that is not listed.
+    template <Key key>
+    static consteval std::size_t slotOf() {
+        constexpr auto found = std::ranges::find(kNames, key.view());
+        static_assert(found != kNames.end(), "the list of keys lacks this key");
+        return static_cast<std::size_t>(found - kNames.begin());
+    }
+};
+
+/// The members of one JSON object that a reader looks up:
+///
+///     const Members<Keys<"url", "name">> link(element);
+///     std::u16string url = link.text<"url">(StringParsingType::Ascii);
+///
+/// Most objects of the format have few members, nearly all of them listed, so that one pass over
+/// the object is faster than a search for each key. The document must outlive this object.
+template <class KnownKeys>
 class Members {
 public:
-    /// \param element  the object to read
-    /// \param known    the reader's keys; they outlive this
-    /// \throws FormatError  the element is not an object
-    Members(const boost::json::value& element, const std::array<std::string_view, N>& known)
-        : object_(getJsonObject(element)), keys_(known) {
-        findMembers(object_, known, slots_.data());
+    /// \throws FormatError  `element` is not an object
+    explicit Members(const boost::json::value& element) : object_(getJsonObject(element)) {
+        findMembers(object_, KnownKeys::kNames, slots_.data());
     }
 
-    /// The value in a slot; null when the object lacks the key.
-    const boost::json::value* operator[](std::size_t slot) const noexcept { return slots_[slot]; }
-
-    /// The value in a slot that the format requires.
-    const boost::json::value& required(std::size_t slot) const {
-        if (!slots_[slot])
-            throwMissingKey(object_, keys_[slot]);
-        return *slots_[slot];
+    /// Returns the value of an optional key; null if the object does not have it.
+    template <Key key>
+    const boost::json::value* value() const noexcept {
+        return slots_[KnownKeys::template slotOf<key>()];
     }
 
-    /// The text in a slot that the format requires.
-    std::u16string text(std::size_t slot, StringParsingType type) const {
-        return getFluString(required(slot), type);
+    /// Returns the value of a required key.
+    /// \throws FormatError  the object does not have the key
+    template <Key key>
+    const boost::json::value& required() const {
+        if (!value<key>())
+            throwMissingKey(object_, key.view());
+        return *value<key>();
     }
 
-    /// The text in a slot; empty when the object lacks the key.
-    std::u16string optionalText(std::size_t slot, StringParsingType type) const {
-        return slots_[slot] ? getFluString(*slots_[slot], type) : std::u16string();
+    /// Returns the string of a required key.
+    /// \throws FormatError  the object does not have the key, or its value is not a string
+    template <Key key>
+    std::u16string text(StringParsingType type) const {
+        return getFluString(required<key>(), type);
     }
 
-    /// The word in a slot as a value of the enumeration E. A word that E does not know, a value
-    /// that is no string and an absent key are all E's default: the format lets words be added.
-    template <class E>
-    typename E::Value word(std::size_t slot) const {
+    /// Returns the string of an optional key; empty if the object does not have it.
+    /// \throws FormatError  the value is not a string
+    template <Key key>
+    std::u16string optionalText(StringParsingType type) const {
+        return value<key>() ? getFluString(*value<key>(), type) : std::u16string();
+    }
+
+    /// Returns the enumeration value that an optional key's string names. The result is the
+    /// enumeration's default if the key is absent, its value is not a string, or the string is
+    /// unknown: new strings may be added to the format.
+    template <class E, Key key>
+    typename E::Value word() const {
         typename E::Value result = E::getDefaultValue();
-        if (slots_[slot])
+        if (const boost::json::value* word = value<key>())
             platform::ignoreFailure(
-                [&] { result = E::stringToEnum(std::string_view(slots_[slot]->as_string())); });
+                [&] { result = E::stringToEnum(std::string_view(word->as_string())); });
         return result;
     }
 
 private:
     const boost::json::object& object_;
-    const std::array<std::string_view, N>& keys_;
-    std::array<const boost::json::value*, N> slots_{};
+    std::array<const boost::json::value*, KnownKeys::kNames.size()> slots_{};
 };
 
-/// How many records a vector makes room for at most before the first of them has been read. A few
-/// bytes of a hostile file can announce a record of many, and nothing is known of it yet.
+/// The largest number of records that a vector reserves memory for before the first one is read.
+/// A few bytes of a hostile file can announce a million records.
 inline constexpr std::size_t kMostReserved = 4096;
 
-/// Reads every element of an array that may be absent.
-/// \param list  the array; null when the item has none
-/// \param read  read(element, records) appends what the element holds to `records`
+/// Reads every element of an optional array.
+/// \param list  the array; null if the item does not have it, which means no records
+/// \param read  called as read(element, records) to append the records of one element
 /// \returns     the records in file order
-/// \throws FormatError  `list` is not an array; whatever `read` throws
+/// \throws FormatError  `list` is not an array; also whatever `read` throws
 template <class Record, class Read>
 std::vector<Record> readEach(const boost::json::value* list, Read read) {
     std::vector<Record> records;
@@ -104,7 +132,8 @@ std::vector<Record> readEach(const boost::json::value* list, Read read) {
     return records;
 }
 
-/// Reads an array of strings that may be absent.
+/// Reads an optional array of strings; null means no strings.
+/// \throws FormatError  `list` is not an array, or an element is not a string
 std::vector<std::u16string> readTexts(const boost::json::value* list, StringParsingType type);
 
 } // namespace reference::docparser

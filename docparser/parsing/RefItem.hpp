@@ -10,10 +10,10 @@ namespace reference::property {
 
 /// One documented item of a product: a page of its reference.
 ///
-/// The vectors keep file order and are empty where the file has nothing; absent texts are empty.
+/// The vectors are in file order. A string or vector is empty if the file has no such key.
 class RefItem {
 public:
-    /// Takes every field, in file order.
+    /// Takes every field in the order of the accessors.
     RefItem(std::u16string href, std::vector<RefEntity> refEntities, std::u16string packageName,
             std::u16string refPurpose, std::u16string introduced, std::u16string description,
             AppThumbnail appThumbnail, DeprecationStatus::Value deprecationStatus,
@@ -38,39 +38,39 @@ public:
           examples_(std::move(examples)),
           parameters_(std::move(parameters)) {}
 
-    /// Link to the item's page; also its key in a section's items.
+    /// Link to the item's page; also the item's key in DocResource::items.
     const std::u16string& getHref() const noexcept { return href_; }
-    /// What the page documents: usually one thing, several when it serves them all.
+    /// The entities that the page documents, usually one.
     const std::vector<RefEntity>& getRefEntities() const noexcept { return refEntities_; }
     /// The package that the item belongs to.
     const std::u16string& getPackageName() const noexcept { return packageName_; }
-    /// One line on what the item is for.
+    /// The item's purpose in one line.
     const std::u16string& getRefPurpose() const noexcept { return refPurpose_; }
     /// The release that introduced the item.
     const std::u16string& getIntroduced() const noexcept { return introduced_; }
-    /// Longer text on the item, for people.
+    /// The item's description; usually longer than its purpose.
     const std::u16string& getDescription() const noexcept { return description_; }
-    /// The picture of an app; its texts are empty when the item has none.
+    /// The picture of an app; its strings are empty if the item has none.
     const AppThumbnail& getAppThumbnail() const noexcept { return appThumbnail_; }
-    /// How far the item is on its way out; DeprecationStatus::None when the file does not tell.
+    /// DeprecationStatus::None if the file has no status or an unknown one.
     DeprecationStatus::Value getDeprecationStatus() const noexcept { return deprecationStatus_; }
-    /// The ways to call the item, group by group.
+    /// The calling forms, by group.
     const std::vector<SyntaxGroup>& getSyntaxGroups() const noexcept { return syntaxGroups_; }
-    /// Inputs outside any group; name-value pairs stand among them where the file lists them.
+    /// The inputs that are not in a group. Name-value pairs are at their position in the file.
     const std::vector<Input>& getInputs() const noexcept { return inputs_; }
-    /// Inputs that the file lists under a title; they are not among getInputs() too.
+    /// The inputs that are in a titled group; getInputs() does not contain them.
     const std::vector<InputGroup>& getInputGroups() const noexcept { return inputGroups_; }
-    /// What a call returns.
+    /// The results of a call.
     const std::vector<Output>& getOutputs() const noexcept { return outputs_; }
-    /// The properties of a class, group by group.
+    /// The properties of a class, by group.
     const std::vector<ClassPropertyGroup>& getClassPropertyGroups() const noexcept {
         return classPropertyGroups_;
     }
     /// Links to related pages.
     const std::vector<SeeAlso>& getSeeAlso() const noexcept { return seeAlso_; }
-    /// Examples of the item's use.
+    /// Examples of how to use the item.
     const std::vector<Example>& getExamples() const noexcept { return examples_; }
-    /// What the file lists under "parameters", each with its default.
+    /// The parameters, each with its default.
     const std::vector<Parameter>& getParameters() const noexcept { return parameters_; }
 
     bool operator==(const RefItem&) const = default;

@@ -7,7 +7,7 @@
 
 namespace reference::property {
 
-/// One entry of the lookup index: where the page of a name is, and what it is about.
+/// One entry of the lookup index: a name, what it names, and the link to its page.
 class RefItemLookup {
 public:
     /// Takes every field.
@@ -20,17 +20,17 @@ public:
           href_(std::move(href)),
           functionType_(functionType) {}
 
-    /// The name that is looked up; also the entry's key in a section's items.
+    /// The name to look up; also the entry's key in DocResource::items.
     const std::u16string& getName() const noexcept { return name_; }
-    /// What kind of thing the name stands for; RefEntityType::Function when the file does not tell.
+    /// RefEntityType::Function if the file has no type or an unknown one.
     RefEntityType::Value getEntityType() const noexcept { return entityType_; }
-    /// One line on what the item is for.
+    /// The item's purpose in one line.
     const std::u16string& getRefPurpose() const noexcept { return refPurpose_; }
-    /// Whether the file has the key "deprecated" for the item, whatever value it gives it.
+    /// Whether the item has the key "deprecated", with any value, even false.
     bool getDeprecated() const noexcept { return deprecated_; }
     /// Link to the item's page.
     const std::u16string& getHref() const noexcept { return href_; }
-    /// Which kind of function it is; FunctionType::Function when the file does not tell.
+    /// FunctionType::Function if the file has no type or an unknown one.
     FunctionType::Value getFunctionType() const noexcept { return functionType_; }
 
     bool operator==(const RefItemLookup&) const = default;

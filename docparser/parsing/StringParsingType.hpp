@@ -2,11 +2,11 @@
 
 namespace reference::docparser {
 
-/// How the bytes of a JSON string become UTF-16.
+/// How the bytes of a JSON string are converted to UTF-16.
 enum class StringParsingType {
-    /// Identifiers, links, file references: each byte becomes the code unit of the same value.
+    /// For identifiers, links and file references: each byte becomes the code unit of its value.
     Ascii,
-    /// Text for people: decoded as UTF-8, each maximal ill-formed sequence to U+FFFD.
+    /// For text: decoded as UTF-8; each maximal ill-formed sequence becomes one U+FFFD.
     Utf8
 };
 

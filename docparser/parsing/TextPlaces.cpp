@@ -1,5 +1,7 @@
 #include "docparser/parsing/TextPlaces.hpp"
 
+#include "platform/LineCounter.hpp"
+
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 #include <boost/json/stream_parser.hpp>
@@ -14,11 +16,12 @@ namespace json = boost::json;
 
 namespace {
 
-// What is asked for below one value.
+// The pointers that lead to a value or to a value within it, as a tree of their tokens.
 struct Wanted {
     std::map<std::string, Wanted, std::less<>> children;
-    std::vector<std::size_t> pointers; // indices of those that end here
+    std::vector<std::size_t> pointers; // indices of the pointers that end here
 
+    // Resets the results of all these pointers.
     void forget(std::vector<std::optional<ValuePlace>>& places) const {
         for (const std::size_t pointer : pointers)
             places[pointer].reset();
@@ -52,36 +55,8 @@ Wanted collectWanted(const std::vector<std::string>& pointers) {
     return root;
 }
 
-// Tells lines and columns of offsets that never decrease.
-class LineCounter {
-public:
-    explicit LineCounter(std::string_view text) : text_(text) {}
-
-    TextPlace placeOf(std::size_t offset) {
-        for (; place_.offset < offset && place_.offset < text_.size(); ++place_.offset) {
-            const char byte = text_[place_.offset];
-            if (byte == '\n') {
-                ++place_.line;
-                place_.column = 1;
-            } else if (!isContinuation(place_.offset + 1)) {
-                ++place_.column;
-            }
-        }
-        return place_;
-    }
-
-private:
-    // Whether the byte goes on with the character before it.
-    bool isContinuation(std::size_t offset) const {
-        return offset < text_.size() && (static_cast<unsigned char>(text_[offset]) & 0xC0U) == 0x80;
-    }
-
-    std::string_view text_;
-    TextPlace place_;
-};
-
-// Walks over a JSON text and notes the places of the values that are wanted. It checks nothing; it
-// only never leaves the text. Its recursion follows what is wanted and so is as deep as a pointer.
+// Walks through a JSON text and records the places of the wanted values. It does not validate the
+// text, but never reads past its end. The recursion is only as deep as the longest pointer.
 class ValueFinder {
 public:
     ValueFinder(std::string_view text, std::vector<std::optional<ValuePlace>>& places)
@@ -89,37 +64,42 @@ public:
 
     void walk(const Wanted& wanted, const std::optional<TextPlace>& key) {
         skipSpace();
-        // A repeated key makes what was found under the earlier one void.
+        // The last of equal keys counts: discard what was found under an earlier one.
         wanted.forget(places_);
         for (const std::size_t pointer : wanted.pointers)
-            places_[pointer] = ValuePlace{lines_.placeOf(at_), key};
+            places_[pointer] = ValuePlace{placeOf(at_), key};
         if (wanted.children.empty())
             skipValue();
-        else if (takes('{'))
+        else if (consume('{'))
             walkMembers(wanted);
-        else if (takes('['))
+        else if (consume('['))
             walkElements(wanted);
         else
             skipValue();
     }
 
 private:
+    TextPlace placeOf(std::size_t offset) {
+        const platform::LineAndColumn position = lines_.positionOf(offset);
+        return {offset, position.line, position.column};
+    }
+
     void walkMembers(const Wanted& wanted) {
-        while (isSeparated('}')) {
+        while (moveToNext('}')) {
             const std::size_t start = at_;
             skipValue();
             const auto child = wanted.children.find(decodedKey(start));
             skipSpace();
-            takes(':');
+            consume(':');
             if (child != wanted.children.end())
-                walk(child->second, lines_.placeOf(start));
+                walk(child->second, placeOf(start));
             else
                 skipValue();
         }
     }
 
     void walkElements(const Wanted& wanted) {
-        for (std::size_t index = 0; isSeparated(']'); ++index) {
+        for (std::size_t index = 0; moveToNext(']'); ++index) {
             const auto child = wanted.children.find(std::to_string(index));
             if (child != wanted.children.end())
                 walk(child->second, std::nullopt);
@@ -128,12 +108,13 @@ private:
         }
     }
 
-    // Steps to the next member or element; false behind the closing bracket or the text's end.
-    bool isSeparated(char closing) {
+    // Moves to the next member or element. Returns false after the closing bracket and at the end
+    // of the text.
+    bool moveToNext(char closing) {
         skipSpace();
-        takes(',');
+        consume(',');
         skipSpace();
-        return !takes(closing) && at_ < text_.size();
+        return !consume(closing) && at_ < text_.size();
     }
 
     std::string decodedKey(std::size_t start) const {
@@ -147,7 +128,7 @@ private:
         return quoted.size() < 2 ? std::string() : std::string(quoted.substr(1, quoted.size() - 2));
     }
 
-    bool takes(char character) {
+    bool consume(char character) {
         const bool isThere = at_ < text_.size() && text_[at_] == character;
         at_ += isThere ? 1 : 0;
         return isThere;
@@ -161,7 +142,7 @@ private:
         at_ = std::min(at_ + 1, text_.size());
     }
 
-    // Skips a value with all that it holds. At least one character goes, so that every walk ends.
+    // Skips a value and everything in it; at least one character, so that every walk ends.
     void skipValue() {
         skipSpace();
         std::size_t depth = 0;
@@ -183,7 +164,7 @@ private:
 
     std::string_view text_;
     std::vector<std::optional<ValuePlace>>& places_;
-    LineCounter lines_;
+    platform::LineCounter lines_;
     std::size_t at_ = 0;
 };
 
@@ -203,7 +184,9 @@ std::string pointerToken(std::string_view key) {
 }
 
 TextPlace placeOfOffset(std::string_view text, std::size_t offset) {
-    return LineCounter(text).placeOf(offset);
+    offset = std::min(offset, text.size());
+    const platform::LineAndColumn position = platform::LineCounter(text).positionOf(offset);
+    return {offset, position.line, position.column};
 }
 
 std::vector<std::optional<ValuePlace>> findValues(std::string_view text,

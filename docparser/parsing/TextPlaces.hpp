@@ -11,45 +11,44 @@
 
 namespace reference::docparser {
 
-// Places in the text of a resource file, for messages about it. The parsed document knows none, so
-// that reading a good file costs nothing for them.
+// Positions in the text of a resource file, for messages about it. They are found only when a
+// message needs them, because the parsed document does not have them.
 
-/// Where a value stands in a JSON text.
+/// The position of a value in a JSON text.
 struct ValuePlace {
-    TextPlace value;              ///< its first character
-    std::optional<TextPlace> key; ///< of a member: the quotation mark before its key
+    TextPlace value; ///< the first character of the value
+    std::optional<TextPlace>
+        key; ///< the quotation mark before its key; empty unless it is a member
 
     bool operator==(const ValuePlace&) const = default;
 };
 
-/// What keeps a text from being JSON.
+/// The syntax error that makes a text invalid JSON.
 struct SyntaxProblem {
-    TextPlace place;    ///< where the parser gave up
-    std::string reason; ///< why, in its words
+    TextPlace place;    ///< the position where the parser stopped
+    std::string reason; ///< the parser's message
 
     bool operator==(const SyntaxProblem&) const = default;
 };
 
-/// A key as a JSON pointer writes it: '~' as "~0" and '/' as "~1".
+/// Escapes a key for a JSON pointer: '~' becomes "~0" and '/' becomes "~1".
 DOCPARSER_EXPORT std::string pointerToken(std::string_view key);
 
-/// The place of a byte of a text.
-/// \param offset  at most the text's length
+/// Returns the position of a byte of a text. An offset past the end of the text means the end.
 /// Cost: linear in the offset.
 DOCPARSER_EXPORT TextPlace placeOfOffset(std::string_view text, std::size_t offset);
 
-/// Finds values of a JSON text by their pointers (RFC 6901), in one pass over the text.
+/// Finds values of a JSON text by their JSON pointers (RFC 6901), in one pass over the text.
 ///
 /// Of equal keys the last one counts, as it does for the parser.
-/// \param text      what the parser has accepted; any other text is safe and finds what it finds
+/// \param text      valid JSON; for any other text the results are unspecified
 /// \param pointers  "" is the document itself
-/// \returns         an answer for each pointer, in their order; empty when the text has no such
-/// value
+/// \returns         the position for each pointer, in order; empty if there is no such value
 DOCPARSER_EXPORT std::vector<std::optional<ValuePlace>>
 findValues(std::string_view text, const std::vector<std::string>& pointers);
 
-/// The first thing that keeps a text from being JSON as resource files are; empty when there is
-/// none. Cost: one parse of the text.
+/// Returns the first syntax error of a text; empty if the text is valid JSON and not nested deeper
+/// than resource files may be. Cost: one parse of the text.
 DOCPARSER_EXPORT std::optional<SyntaxProblem> findSyntaxProblem(std::string_view text);
 
 } // namespace reference::docparser

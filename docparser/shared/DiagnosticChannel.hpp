@@ -1,19 +1,21 @@
 #pragma once
 
-#include "platform/log/DiagnosticLogger.hpp"
-
 #include <string>
 #include <string_view>
 
 namespace reference::docparser {
 
-/// The library's one diagnostic channel, "referenceApi::docparser".
-///
-/// It is built when the library is loaded, or by the first operation should that come earlier, and
-/// lives until unload. Every message of the library goes through it; see docs for the texts.
-foundation::log::diagnostic_logger& docParserLog();
+/// Severity of the messages that name each file before it is read.
+inline constexpr int kTraceSeverity = 16;
+/// Severity of the messages about problems.
+inline constexpr int kProblemSeverity = 512;
 
-/// Writes `prefix` followed by `subject` as one line, if the severity is enabled.
+/// Writes `prefix` followed by `subject` to the library's one diagnostic channel,
+/// "referenceApi::docparser". Nothing is formed if the severity is disabled or the logging core
+/// does not want the record. Any thread may call, also before static initialisers have run.
+/// \param prefix   ASCII
+/// \param subject  written as UTF-8
+/// \throws whatever the logging core or a sink throws for an enabled severity
 void writeDiagnostic(int severity, std::string_view prefix, const std::u16string& subject);
 
 } // namespace reference::docparser

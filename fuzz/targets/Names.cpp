@@ -10,6 +10,7 @@
 #include "fuzz/support/Require.hpp"
 #include "fuzz/support/Target.hpp"
 #include "platform/path/Path.hpp"
+#include "platform/system/NativePath.hpp"
 #include "tests/support/ResourceText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -77,7 +78,8 @@ void checkFileName(const std::u16string& name) {
     const std::u16string last = path(name).filename().string();
     require(last == stem || last == stem + u'.' + extension || last == u"." || last == u"..",
             "a file name is its stem and its extension");
-    require(std::none_of(stem.begin(), stem.end(), is_separator), "a stem has no separator");
+    require(std::none_of(stem.begin(), stem.end(), platform::isPathSeparator),
+            "a stem has no separator");
     require(reference::docparser::isValidFilename(name) ==
                 (extension == u"json" || extension == u"zip"),
             "a product file is told by its extension");

@@ -3,6 +3,7 @@
 #include "fuzz/support/Require.hpp"
 #include "fuzz/support/Target.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <unicode/unistr.h>
 #include <unicode/ustring.h>
@@ -60,11 +61,11 @@ void checkUtf8(const std::string& bytes) {
     require(lenient.convert(bytes.data(), bytes.size()) == decoded, "all decoders are one");
 
     const bool isWellFormed = isWellFormedByIcu(bytes);
-    require(fl::i18n::is_well_formed(bytes) == isWellFormed, "well-formed is what ICU takes");
+    require(platform::isWellFormedUtf8(bytes) == isWellFormed, "well-formed is what ICU takes");
     const fl::i18n::codecvt_string_to_ustring strict("utf8", false);
     require(isConverted(strict, bytes, decoded) == isWellFormed,
             "a strict decoder refuses what is ill-formed and nothing else");
-    require(fl::i18n::is_well_formed(decoded), "what is decoded is well-formed");
+    require(platform::isWellFormedUtf16(decoded), "what is decoded is well-formed");
     if (isWellFormed)
         require(fl::i18n::to_string(decoded) == bytes, "well-formed text comes back the same");
 }
@@ -87,8 +88,8 @@ void checkUtf16(const std::u16string& text) {
     const std::string expected = encodedByIcu(text, isWellFormed);
     const std::string encoded = fl::i18n::to_string(text);
     require(encoded == expected, "UTF-16 is encoded as ICU does");
-    require(fl::i18n::is_well_formed(text) == isWellFormed, "surrogates are paired as in ICU");
-    require(fl::i18n::is_well_formed(std::string_view(encoded)), "what is encoded is well-formed");
+    require(platform::isWellFormedUtf16(text) == isWellFormed, "surrogates are paired as in ICU");
+    require(platform::isWellFormedUtf8(encoded), "what is encoded is well-formed");
     if (isWellFormed)
         require(fl::i18n::to_ustring(encoded) == text, "well-formed text comes back the same");
 }

@@ -16,8 +16,10 @@
 
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -35,8 +37,12 @@ std::optional<std::string> readLeaf(opc::qorservices::FileSystemManager& manager
                                     const opc::qorservices::FileSystemEntry& leaf) {
     try {
         const auto source = manager.getFileContentSource(leaf, opc::TransformMode::Decoded);
-        return opc::StreamHelper::readAll(*source->openInputStream());
+        std::ostringstream content;
+        opc::StreamHelper::copyStreamToStream(*source->openInputStream(), content);
+        return std::move(content).str();
     } catch (const opc::PackageError&) {
+        return std::nullopt;
+    } catch (const platform::LimitError&) {
         return std::nullopt;
     }
 }

@@ -8,15 +8,15 @@
 
 namespace fl::i18n {
 
-/// Converts text from one character type to another; any number of threads may share one.
+/// Converts strings from one character type to another. Any number of threads may share one.
 template <class To, class From>
 class converter {
 public:
     virtual ~converter() = default;
 
-    /// The converted text.
-    /// \param text    the first code unit; may be null when there are none
-    /// \param length  how many code units there are; NUL is one like any other
+    /// Converts a string.
+    /// \param text    the first code unit; may be null if `length` is 0
+    /// \param length  number of code units; NUL is an ordinary one
     virtual std::basic_string<To> convert(const From* text, std::size_t length) const = 0;
 
 protected:
@@ -25,13 +25,13 @@ protected:
     converter& operator=(const converter&) = default;
 };
 
-/// Decodes bytes of a named encoding to UTF-16.
+/// Decodes the bytes of a named encoding to UTF-16.
 class DOCPARSER_PLATFORM_EXPORT codecvt_string_to_ustring final : public converter<char16_t, char> {
 public:
-    /// \param encoding          "utf8" or "utf-8", the one encoding there is
+    /// \param encoding          "utf8" or "utf-8"; no other encoding is supported
     /// \param replaceIllFormed  true: each maximal ill-formed sequence becomes one U+FFFD;
-    ///                          false: convert() throws std::range_error at the first one
-    /// \throws std::invalid_argument  the encoding is another one
+    ///                          false: convert() throws std::range_error for an ill-formed string
+    /// \throws std::invalid_argument  the encoding is not supported
     codecvt_string_to_ustring(std::string_view encoding, bool replaceIllFormed);
 
     std::u16string convert(const char* text, std::size_t length) const override;
@@ -40,7 +40,7 @@ private:
     bool replaceIllFormed_;
 };
 
-/// Widens bytes to the code units of the same value.
+/// Widens each byte to the code unit of the same value.
 class DOCPARSER_PLATFORM_EXPORT codecvt_ascii_to_ustring final : public converter<char16_t, char> {
 public:
     /// \param strict  false: every byte is widened, 0xE9 to U+00E9; true: convert() throws
@@ -53,19 +53,10 @@ private:
     bool strict_;
 };
 
-/// Appends bytes to a text, each as the code unit of the same value, without a text in between.
-DOCPARSER_PLATFORM_EXPORT void append_ascii(std::u16string& text, std::string_view bytes);
-
-/// UTF-16 to UTF-8; each unpaired surrogate becomes U+FFFD.
+/// Converts UTF-16 to UTF-8; each unpaired surrogate becomes one U+FFFD.
 DOCPARSER_PLATFORM_EXPORT std::string to_string(std::u16string_view text);
 
-/// UTF-8 to UTF-16; each maximal ill-formed sequence becomes one U+FFFD.
+/// Converts UTF-8 to UTF-16; each maximal ill-formed sequence becomes one U+FFFD.
 DOCPARSER_PLATFORM_EXPORT std::u16string to_ustring(std::string_view text);
-
-/// Whether every surrogate of the text is one half of a pair.
-DOCPARSER_PLATFORM_EXPORT bool is_well_formed(std::u16string_view text) noexcept;
-
-/// Whether the bytes are well-formed UTF-8.
-DOCPARSER_PLATFORM_EXPORT bool is_well_formed(std::string_view text) noexcept;
 
 } // namespace fl::i18n

@@ -1,10 +1,7 @@
 #include "platform/log/DiagnosticLogger.hpp"
 
-#include "platform/i18n/Converter.hpp"
-
 #include <boost/log/keywords/channel.hpp>
 #include <boost/log/keywords/severity.hpp>
-#include <boost/log/sources/record_ostream.hpp>
 #include <boost/log/sources/severity_channel_logger.hpp>
 
 #include <atomic>
@@ -13,9 +10,6 @@
 namespace foundation::log {
 
 namespace {
-
-// Bits above these are never a severity.
-constexpr std::uint32_t kSeverityBits = 0x7fff;
 
 constinit std::atomic<std::uint32_t> currentMask{0};
 
@@ -29,8 +23,8 @@ std::uint32_t severityMask() noexcept {
     return currentMask.load(std::memory_order_relaxed);
 }
 
-// The source opens each record under its own exclusive lock, after it has set the severity of the
-// calling thread.
+// The source sets the severity of the calling thread and opens the record under its own exclusive
+// lock.
 class basic_diagnostic_logger<char>::Source
     : public boost::log::sources::severity_channel_logger_mt<int, std::string> {
 public:
@@ -43,21 +37,12 @@ basic_diagnostic_logger<char>::basic_diagnostic_logger(std::string channel)
 
 basic_diagnostic_logger<char>::~basic_diagnostic_logger() = default;
 
-bool basic_diagnostic_logger<char>::isEnabled(int severity) const noexcept {
-    return (severityMask() & static_cast<std::uint32_t>(severity) & kSeverityBits) != 0;
+std::uint32_t basic_diagnostic_logger<char>::mask() const noexcept {
+    return severityMask();
 }
 
-void basic_diagnostic_logger<char>::write(int severity, std::string_view prefix,
-                                          std::u16string_view subject) {
-    if (!isEnabled(severity))
-        return;
-    boost::log::record record = source_->open_record(boost::log::keywords::severity = severity);
-    if (!record)
-        return;
-    boost::log::record_ostream line(record);
-    line << prefix << fl::i18n::to_string(subject);
-    line.flush();
-    source_->push_record(std::move(record));
+boost::log::record basic_diagnostic_logger<char>::open_record(int severity) {
+    return source_->open_record(boost::log::keywords::severity = severity);
 }
 
 } // namespace foundation::log

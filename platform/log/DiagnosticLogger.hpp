@@ -2,37 +2,36 @@
 
 #include "platform/Export.hpp"
 
+#include <boost/log/core/record.hpp>
+
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace foundation::log {
 
-/// Severity of the lines that follow what a component does, such as the files that it reads.
+/// Severity of records that trace what a component does, such as the files that it reads.
 inline constexpr int kSeverityTrace = 16;
-/// Severity of trouble that somebody should look into.
+/// Severity of records about problems that a developer or administrator should look into.
 inline constexpr int kSeverityProblem = 512;
 
-/// Sets which severities every logger of the process lets through: the bits of `mask`.
+/// Sets the severities that every logger of the process lets through, as the bits of `mask`.
 ///
-/// It starts at 0, so that a program without log sinks, where Boost.Log would write to standard
-/// output, stays silent until its host asks. Takes no lock; any thread may call at any time.
+/// The mask is 0 at the start, because Boost.Log writes to standard output in a program that has
+/// not set up any sinks. Takes no lock; any thread may call at any time.
 DOCPARSER_PLATFORM_EXPORT void setSeverityMask(std::uint32_t mask) noexcept;
 
-/// The mask that setSeverityMask() set last, 0 at the start.
+/// Returns the mask that was set last; 0 at the start.
 DOCPARSER_PLATFORM_EXPORT std::uint32_t severityMask() noexcept;
 
-/// Writes the lines of one channel to the core of Boost.Log.
+/// Opens the records of one channel in the core of Boost.Log.
 ///
-/// Each record carries the attributes `Channel` (std::string) and `Severity` (int), besides what
-/// the host has added to the core. A line that the mask or the core turns down is never formed.
-/// Any thread may log; opening a record is serialised by the logger's own lock, which is released
-/// before the text is formed and the record is pushed.
+/// Each record has the attributes `Channel` (std::string) and `Severity` (int), besides those that
+/// the host application has added to the core. Any thread may log.
 template <class CharT>
 class basic_diagnostic_logger;
 
-/// The logger of lines in UTF-8, the one kind there is.
+/// The logger of channels that are named in UTF-8; there is no other.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_diagnostic_logger<char> {
 public:
@@ -42,23 +41,24 @@ public:
     basic_diagnostic_logger(const basic_diagnostic_logger&) = delete;
     basic_diagnostic_logger& operator=(const basic_diagnostic_logger&) = delete;
 
-    /// Whether the mask lets a line of this severity through: mask, severity and 0x7fff share a
-    /// bit. A plain read, without a lock.
-    bool isEnabled(int severity) const noexcept;
+    /// Returns the severities that are let through. The caller tests them before it opens a record:
+    /// mask, severity and 0x7fff must share a bit. A plain read without a lock.
+    std::uint32_t mask() const noexcept;
 
-    /// Writes `prefix` followed by `subject` as one line, when isEnabled() says so and a sink of
-    /// the core wants it.
-    /// \param prefix   fixed text, UTF-8
-    /// \param subject  what the line is about, written as UTF-8; unpaired surrogates become U+FFFD
-    /// \throws whatever the core or a sink throws for a line that is enabled
-    void write(int severity, std::string_view prefix, std::u16string_view subject);
+    /// Opens a record for the caller to fill and to push to the core.
+    ///
+    /// Holds the logger's own lock while it sets the severity of the calling thread and asks the
+    /// core. A caller links Boost.Log, like everyone who works with its records.
+    /// \returns  false in a condition if the core does not want the record
+    /// \throws   whatever the core or one of its filters throws
+    boost::log::record open_record(int severity);
 
 private:
     class Source;
     std::unique_ptr<Source> source_;
 };
 
-/// What components log with.
+/// The usual name of the logger.
 using diagnostic_logger = basic_diagnostic_logger<char>;
 
 } // namespace foundation::log

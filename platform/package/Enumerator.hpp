@@ -6,30 +6,30 @@
 
 namespace opc {
 
-/// A list to be gone through: a range over the vector that it owns, which can be had as it is.
+/// A range over a vector that it owns.
 template <class T>
 class Enumerator {
 public:
-    /// What the list is made of.
+    /// Type of the elements.
     using value_type = T;
-    /// Goes through the list; valid while the enumerator is.
+    /// Iterates over the elements; valid as long as the enumerator.
     using const_iterator = typename std::vector<T>::const_iterator;
 
-    /// \param elements  the list in its order
+    /// \param elements  the elements, in order
     explicit Enumerator(std::vector<T> elements) : elements_(std::move(elements)) {}
 
     /// The first element, or end().
     const_iterator begin() const noexcept { return elements_.begin(); }
     /// Past the last element.
     const_iterator end() const noexcept { return elements_.end(); }
-    /// How many elements there are.
+    /// The number of elements.
     std::size_t size() const noexcept { return elements_.size(); }
-    /// Whether there is none.
+    /// Whether there are no elements.
     bool empty() const noexcept { return elements_.empty(); }
 
-    /// The elements in their order; valid while the enumerator is.
+    /// The elements, in order; valid as long as the enumerator.
     const std::vector<T>& elements() const& noexcept { return elements_; }
-    /// The elements, moved out of an enumerator that is not needed any more.
+    /// Moves the elements out of a temporary enumerator.
     std::vector<T> elements() && { return std::move(elements_); }
 
 private:

@@ -1,8 +1,8 @@
 #include "platform/package/FileSystemManager.hpp"
 
-#include "platform/package/EntryName.hpp"
-#include "platform/package/PackageError.hpp"
-#include "platform/package/ZipEntryStream.hpp"
+#include "platform/package/ZipErrors.hpp"
+#include "platform/zip/EntryName.hpp"
+#include "platform/zip/ZipEntryStream.hpp"
 
 #include <stdexcept>
 #include <utility>
@@ -12,17 +12,33 @@ namespace opc::qorservices {
 
 namespace {
 
-class ZipContentSource final : public ContentSource {
-public:
-    ZipContentSource(std::shared_ptr<detail::ZipArchive> archive, std::uint64_t index)
-        : archive_(std::move(archive)), index_(index) {}
+using platform::zip::ZipArchive;
+using platform::zip::ZipEntryStream;
 
-    std::unique_ptr<InputStream> openInputStream() override {
-        return std::make_unique<detail::ZipEntryStream>(archive_, index_);
+class ZipInputStream final : public InputStream {
+public:
+    ZipInputStream(const std::shared_ptr<ZipArchive>& archive, std::uint64_t index)
+        : stream_(withPackageErrors([&] { return ZipEntryStream(archive, index); })) {}
+
+    std::size_t read(char* buffer, std::size_t length) override {
+        return withPackageErrors([&] { return stream_.read(buffer, length); });
     }
 
 private:
-    std::shared_ptr<detail::ZipArchive> archive_;
+    ZipEntryStream stream_;
+};
+
+class ZipContentSource final : public ContentSource {
+public:
+    ZipContentSource(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
+        : archive_(std::move(archive)), index_(index) {}
+
+    std::unique_ptr<InputStream> openInputStream() override {
+        return std::make_unique<ZipInputStream>(archive_, index_);
+    }
+
+private:
+    std::shared_ptr<ZipArchive> archive_;
     std::uint64_t index_;
 };
 
@@ -34,23 +50,25 @@ FileSystemManager::FileSystemManager(const model::Package& package, const FileSy
 FileSystemManager::~FileSystemManager() = default;
 
 Enumerator<FileSystemEntry> FileSystemManager::getAllLeafs() const {
-    std::vector<FileSystemEntry> leaves;
-    const std::uint64_t count = archive_->entryCount();
-    leaves.reserve(static_cast<std::size_t>(count));
-    for (std::uint64_t index = 0; index < count; ++index) {
-        std::u16string name = archive_->entryName(index);
-        if (!detail::isFolderName(name) && !detail::isPackagingMetadata(name))
-            leaves.push_back(FileSystemEntry(archive_, index, std::move(name)));
-    }
-    return Enumerator<FileSystemEntry>(std::move(leaves));
+    return withPackageErrors([&] {
+        std::vector<FileSystemEntry> leaves;
+        const std::uint64_t count = archive_->entryCount();
+        leaves.reserve(static_cast<std::size_t>(count));
+        for (std::uint64_t index = 0; index < count; ++index) {
+            std::u16string name = archive_->entryName(index);
+            if (!platform::zip::isFolderName(name) && !platform::zip::isPackagingMetadata(name))
+                leaves.push_back(FileSystemEntry(archive_, index, std::move(name)));
+        }
+        return Enumerator<FileSystemEntry>(std::move(leaves));
+    });
 }
 
 std::unique_ptr<ContentSource> FileSystemManager::getFileContentSource(const FileSystemEntry& entry,
                                                                        TransformMode mode) {
     if (mode != TransformMode::Decoded)
-        throw std::invalid_argument("entries are delivered decoded only");
+        throw std::invalid_argument("entries can only be read decoded");
     if (entry.archive_.lock() != archive_)
-        throw PackageError("an entry was asked for in a package that it does not belong to");
+        throw PackageError("the entry does not belong to this package");
     return std::make_unique<ZipContentSource>(archive_, entry.index_);
 }
 

@@ -7,15 +7,17 @@
 
 namespace opc {
 
-/// The file operations that packages are opened with; one may serve any number of packages.
+/// The file operations that packages are opened with. One selector serves any number of packages.
 class DOCPARSER_PLATFORM_EXPORT FileSystemOpsSelector {
 public:
-    /// \param storage  where the files are; the selector keeps a share, the argument may go
+    /// \param storage  where the files are; the selector shares the storage system and does not
+    /// keep
+    ///                 a reference to the argument
     /// \throws std::invalid_argument  the reference is null
     explicit FileSystemOpsSelector(
         storage::microservicestoragesystem::StorageSystemReference storage);
 
-    /// Opens a regular file for reading; throws as StorageSystem::openForReading does.
+    /// Opens a regular file for reading; throws as StorageSystem::openForReading() does.
     platform::RegularFile openForReading(const std::u16string& path) const;
 
 private:

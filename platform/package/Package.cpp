@@ -1,6 +1,6 @@
 #include "platform/package/Package.hpp"
 
-#include "platform/package/ZipArchive.hpp"
+#include "platform/package/ZipErrors.hpp"
 
 #include <stdexcept>
 
@@ -13,7 +13,7 @@ Package::~Package() = default;
 void Package::open(OpenMode mode) {
     if (mode != OpenMode::ReadOnly)
         throw std::invalid_argument("packages are opened for reading only");
-    archive_->open();
+    withPackageErrors([&] { archive_->open(); });
 }
 
 } // namespace opc::model

@@ -2,7 +2,7 @@
 
 namespace opc {
 
-// Out of line, so that one library holds the type's identity and every other can catch it.
+// Out of line, so that a single library defines the type and every other one can catch it.
 PackageError::~PackageError() = default;
 
 } // namespace opc

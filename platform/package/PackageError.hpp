@@ -6,9 +6,9 @@
 
 namespace opc {
 
-/// A package, or an entry of one, that cannot be used.
+/// A package, or an entry of one, cannot be used.
 ///
-/// what() is UTF-8 and names the package or the entry and the cause, without a final period.
+/// what() is UTF-8. It names the package or the entry and the cause, without a final period.
 class DOCPARSER_PLATFORM_EXPORT PackageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

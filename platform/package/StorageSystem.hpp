@@ -8,20 +8,20 @@
 
 namespace storage::microservicestoragesystem {
 
-/// The files of this machine, as packages are found among them; any number of threads may use it.
+/// The files of this machine, as the package library opens them. Thread-safe.
 class DOCPARSER_PLATFORM_EXPORT StorageSystem {
 public:
     /// Opens a regular file; never blocks and never opens anything else (see RegularFile).
-    /// \param path  in UTF-16, as the foundation path library spells paths
+    /// \param path  in UTF-16, in the form of the foundation path library
     /// \throws opc::PackageError  there is no such regular file, or it may not be read
-    /// \throws std::system_error  the path has no form that the system takes
+    /// \throws std::system_error  the path has no native form
     platform::RegularFile openForReading(const std::u16string& path) const;
 };
 
-/// A share in the storage system, which lives as long as anyone holds one.
+/// Shared ownership of the storage system.
 using StorageSystemReference = std::shared_ptr<const StorageSystem>;
 
-/// The storage system of the process. Any thread may call.
+/// Returns the storage system of the process. Thread-safe.
 DOCPARSER_PLATFORM_EXPORT StorageSystemReference GetStorageSystemReference();
 
 } // namespace storage::microservicestoragesystem

@@ -1,6 +1,6 @@
 #include "platform/package/ZipPhysicalPackage.hpp"
 
-#include "platform/package/ZipArchive.hpp"
+#include "platform/zip/ZipArchive.hpp"
 
 #include <stdexcept>
 
@@ -10,7 +10,7 @@ ZipPhysicalPackage::ZipPhysicalPackage(const std::u16string& path,
                                        const FileSystemOpsSelector& selector, bool isReadOnly) {
     if (!isReadOnly)
         throw std::invalid_argument("packages are read only");
-    archive_ = std::make_shared<detail::ZipArchive>(selector.openForReading(path), path);
+    archive_ = std::make_shared<platform::zip::ZipArchive>(selector.openForReading(path), path);
 }
 
 ZipPhysicalPackage::~ZipPhysicalPackage() = default;

@@ -14,9 +14,9 @@ directory_iterator::directory_iterator(const path& folder, std::u16string_view p
 }
 
 void directory_iterator::increment() {
-    name_.reset(); // should the folder no longer be readable
+    name_.reset(); // the iteration ends if next() throws
     if (const std::optional<platform::NativePath> name = entries_->next())
-        name_ = from_native_access_form(*name);
+        name_ = platform::fromNativePath(*name);
 }
 
 path directory_iterator::full_pathname() const {

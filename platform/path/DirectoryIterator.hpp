@@ -9,36 +9,36 @@
 
 namespace fl::filesystem {
 
-/// Walks the entries that lie directly in a folder, in the system's own order, which is not
-/// sorted; "." and ".." are left out and hidden files are not.
+/// Iterates over the entries directly in a folder, in the system's own order, which is not sorted.
+/// Hidden files are included; "." and ".." are not.
 ///
-/// The walk is over when is_open() is false. Names that are no valid text have U+FFFD in place of
-/// the ill-formed bytes.
+/// The iteration has ended when is_open() is false. Ill-formed parts of a name are replaced by
+/// U+FFFD.
 class DOCPARSER_PLATFORM_EXPORT directory_iterator {
 public:
-    /// Starts at the folder's first entry; not open when the folder is empty or can't be read.
-    /// \param pattern  which names to list; "*", all of them, is the one pattern there is
-    /// \throws std::system_error      the folder's path can name no file
+    /// Starts at the first entry; not open if the folder is empty or cannot be read.
+    /// \param pattern  which names to list; only "*", all of them, is supported
+    /// \throws std::system_error      `folder` has no native form
     /// \throws std::invalid_argument  another pattern
     directory_iterator(const path& folder, std::u16string_view pattern);
 
-    /// Whether there is an entry to look at.
+    /// Returns whether there is a current entry.
     bool is_open() const noexcept { return name_.has_value(); }
 
-    /// Goes to the next entry. The iterator is open.
+    /// Goes to the next entry. The iterator must be open.
     /// \throws std::system_error  the folder can no longer be read
     void increment();
 
-    /// The entry's name. The iterator is open.
+    /// Returns the name of the current entry. The iterator must be open.
     const path& filename() const { return *name_; }
 
-    /// The folder joined with the entry's name. The iterator is open.
+    /// Returns the folder joined with the name of the current entry. The iterator must be open.
     path full_pathname() const;
 
 private:
     path folder_;
-    std::optional<platform::Folder> entries_; // empty when the folder can't be read
-    std::optional<path> name_;                // of the entry; empty when the walk is over
+    std::optional<platform::Folder> entries_; // empty if the folder cannot be read
+    std::optional<path> name_;                // of the current entry; empty at the end
 };
 
 } // namespace fl::filesystem

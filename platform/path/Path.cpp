@@ -6,14 +6,16 @@ namespace fl::filesystem {
 
 namespace {
 
-// Where the name behind the last separator starts.
+using platform::isPathSeparator;
+
+// Returns the position after the last separator.
 std::size_t nameStart(std::u16string_view text) noexcept {
-    const auto separator = std::find_if(text.rbegin(), text.rend(), is_separator);
+    const auto separator = std::find_if(text.rbegin(), text.rend(), isPathSeparator);
     return static_cast<std::size_t>(text.rend() - separator);
 }
 
 std::u16string_view withoutTrailingSeparators(std::u16string_view text) noexcept {
-    while (!text.empty() && is_separator(text.back()))
+    while (!text.empty() && isPathSeparator(text.back()))
         text.remove_suffix(1);
     return text;
 }
@@ -33,20 +35,7 @@ path path::filename() const {
 }
 
 path path::operator/(std::u16string_view component) const {
-    const bool endsWithSeparator = !text_.empty() && is_separator(text_.back());
-    std::u16string joined;
-    joined.reserve(text_.size() + 1 + component.size());
-    joined += text_;
-    if (!endsWithSeparator)
-        joined += PATHNAME_SEPARATOR;
-    joined += component;
-    return joined;
-}
-
-path& path::operator/=(std::u16string_view component) {
-    // Joined apart from the path, of which the component may be a part.
-    *this = *this / component;
-    return *this;
+    return platform::joinPath(text_, component);
 }
 
 std::u16string extract_extension(const path& file) {
@@ -72,6 +61,10 @@ path make_native_form(path file, bool) {
     std::u16string text = file.string();
     std::ranges::replace(text, u'/', PATHNAME_SEPARATOR);
     return text;
+}
+
+platform::NativePath make_native_access_form_with_cleanup_i18n(const path& file) {
+    return platform::toNativePath(file.string());
 }
 
 } // namespace fl::filesystem

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 
 namespace platform {
 
@@ -9,7 +9,7 @@ namespace platform {
 ///
 /// For code that cannot be unwound: the closing of a file in a destructor, and the stack frames of
 /// a library written in C, which would leak its memory.
-class DOCPARSER_PLATFORM_EXPORT CancellationHold {
+class DOCPARSER_SEAM_EXPORT CancellationHold {
 public:
     CancellationHold() noexcept;
     ~CancellationHold();
@@ -22,6 +22,6 @@ private:
 
 /// Unwinds and ends the calling thread if its cancellation has been requested and nothing defers
 /// it; returns otherwise.
-DOCPARSER_PLATFORM_EXPORT void letCancellationPass();
+DOCPARSER_SEAM_EXPORT void letCancellationPass();
 
 } // namespace platform

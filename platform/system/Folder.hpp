@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 #include "platform/system/NativePath.hpp"
 
 #include <memory>
@@ -12,7 +12,7 @@ namespace platform {
 ///
 /// Takes the place of std::filesystem::directory_iterator, which ends the process when an
 /// allocation fails (GCC).
-class DOCPARSER_PLATFORM_EXPORT Folder {
+class DOCPARSER_SEAM_EXPORT Folder {
 public:
     /// Opens a folder.
     /// \returns  empty if there is no such folder, it may not be read, or the path holds NUL
@@ -23,7 +23,7 @@ public:
     std::optional<NativePath> next();
 
 private:
-    struct DOCPARSER_PLATFORM_EXPORT Close {
+    struct DOCPARSER_SEAM_EXPORT Close {
         void operator()(void* handle) const noexcept;
     };
 

@@ -1,5 +1,5 @@
-#include "platform/path/Path.hpp"
 #include "platform/system/InstallationPrefix.hpp"
+#include "platform/system/NativePath.hpp"
 
 #include <dlfcn.h>
 
@@ -24,7 +24,7 @@ std::filesystem::path ownFolder() {
 std::u16string installationPrefix() {
     const std::filesystem::path builtFor(DOCPARSER_INSTALL_PREFIX);
     const auto moved = rootOfInstalledTree(ownFolder(), DOCPARSER_INSTALL_LIBDIR);
-    return fl::filesystem::from_native_access_form(moved.value_or(builtFor)).string();
+    return fromNativePath(moved.value_or(builtFor).native());
 }
 
 } // namespace platform

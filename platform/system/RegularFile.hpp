@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 #include "platform/system/NativePath.hpp"
 
 #include <cstddef>
@@ -18,14 +18,14 @@ enum class FileType {
 
 /// Returns what a path leads to. Opens nothing and never blocks; a path that holds NUL leads to
 /// nothing.
-DOCPARSER_PLATFORM_EXPORT FileType fileTypeOf(const NativePath& file) noexcept;
+DOCPARSER_SEAM_EXPORT FileType fileTypeOf(const NativePath& file) noexcept;
 
 /// A regular file opened for reading; it is closed with the object.
 ///
 /// Only a regular file is ever opened: a folder, pipe, socket or device counts as missing, and
 /// examining it neither blocks nor changes it. Others may read, write and remove the file while it
 /// is open, and programs that the process starts do not inherit it.
-class DOCPARSER_PLATFORM_EXPORT RegularFile {
+class DOCPARSER_SEAM_EXPORT RegularFile {
 public:
     /// Opens a file.
     /// \returns  empty if there is no such regular file, it may not be read, or the path holds NUL

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 
 #include <cstddef>
 
@@ -14,9 +14,9 @@ struct OutputDevice {
 };
 
 /// Asks the system what standard output is connected to.
-DOCPARSER_PLATFORM_EXPORT OutputDevice askStandardOutput() noexcept;
+DOCPARSER_SEAM_EXPORT OutputDevice askStandardOutput() noexcept;
 
 /// Asks the system what standard error is connected to.
-DOCPARSER_PLATFORM_EXPORT OutputDevice askStandardError() noexcept;
+DOCPARSER_SEAM_EXPORT OutputDevice askStandardError() noexcept;
 
 } // namespace platform

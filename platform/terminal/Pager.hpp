@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.hpp"
+#include "platform/SeamExport.hpp"
 
 #include <string>
 #include <string_view>
@@ -18,10 +18,10 @@ namespace platform {
 ///                 on the screen, pass colours on, leave the text on the screen
 /// \param text     what to show, as it stands
 /// \returns        false when the command could not be run; then nothing has been shown
-DOCPARSER_PLATFORM_EXPORT bool showThroughPager(const std::string& command, std::string_view text);
+DOCPARSER_SEAM_EXPORT bool showThroughPager(const std::string& command, std::string_view text);
 
 /// Whether the shell would find a program of this name in the folders of PATH.
 /// \param name  without a separator
-DOCPARSER_PLATFORM_EXPORT bool isProgramInstalled(const std::string& name);
+DOCPARSER_SEAM_EXPORT bool isProgramInstalled(const std::string& name);
 
 } // namespace platform

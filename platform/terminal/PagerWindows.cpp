@@ -1,5 +1,5 @@
-#include "platform/i18n/Converter.hpp"
 #include "platform/terminal/Pager.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <windows.h>
 
@@ -17,7 +17,7 @@ constexpr int kCommandNotRun = 1;      // a shell's status if it cannot start th
 constexpr int kCommandNotFound = 9009; // a shell's status if there is no such program
 
 std::wstring toWide(std::string_view text) {
-    const std::u16string units = fl::i18n::to_ustring(text);
+    const std::u16string units = toUtf16(text);
     return {units.begin(), units.end()};
 }
 

@@ -1,5 +1,5 @@
-#include "platform/i18n/Converter.hpp"
 #include "platform/terminal/ProgramText.hpp"
+#include "platform/unicode/Transcoding.hpp"
 
 #include <windows.h>
 #include <fcntl.h>
@@ -15,8 +15,8 @@ namespace platform {
 
 namespace {
 
-std::string toUtf8(std::wstring_view text) {
-    return fl::i18n::to_string(std::u16string(text.begin(), text.end()));
+std::string asUtf8(std::wstring_view text) {
+    return toUtf8(std::u16string(text.begin(), text.end()));
 }
 
 struct FreeLocal {
@@ -46,13 +46,13 @@ std::vector<std::string> argumentsInUtf8(int, char*[]) {
         ::CommandLineToArgvW(::GetCommandLineW(), &count));
     std::vector<std::string> arguments;
     for (int word = 1; words && word < count; ++word)
-        arguments.push_back(toUtf8(words.get()[word]));
+        arguments.push_back(asUtf8(words.get()[word]));
     return arguments;
 }
 
 std::optional<std::string> environmentVariable(const std::string& name) {
     const wchar_t* const value = ::_wgetenv(std::wstring(name.begin(), name.end()).c_str());
-    return value ? std::optional<std::string>(toUtf8(value)) : std::nullopt;
+    return value ? std::optional<std::string>(asUtf8(value)) : std::nullopt;
 }
 
 Utf8Output::Utf8Output() noexcept

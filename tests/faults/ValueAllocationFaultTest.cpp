@@ -1,5 +1,4 @@
 #include "docparser/DocParserException.hpp"
-#include "platform/log/DiagnosticLogger.hpp"
 #include "tests/faults/FaultTest.hpp"
 
 #include <boost/exception_ptr.hpp>
@@ -120,15 +119,6 @@ TEST_F(ValueAllocationFaultTest, AToolThatRefusesAValueFailsTheSameWithoutMemory
         return false;
     });
     EXPECT_GT(failEachAllocation(refusing), 2U);
-}
-
-TEST_F(ValueAllocationFaultTest, ALineThatTheMaskTurnsDownTakesNoMemory) {
-    foundation::log::diagnostic_logger log("test");
-    foundation::log::setSeverityMask(0);
-    const AllocationFaults faults(1, Repetition::FromThenOn);
-    log.write(foundation::log::kSeverityTrace, "Reading file: ", kLongName);
-    log.write(foundation::log::kSeverityProblem, "Problem reading JSON file: ", kLongName);
-    EXPECT_EQ(faults.failures(), 0U);
 }
 
 } // namespace

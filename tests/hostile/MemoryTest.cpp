@@ -2,6 +2,7 @@
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
+#include <sys/resource.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -92,9 +93,9 @@ TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
     }
 }
 
-// Zero bytes in deflated form, of any length: one block of a mebibyte that needs nothing before it,
-// as often as it takes.
-std::string deflatedZeros(std::size_t mebibytes) {
+// Zero bytes in deflated form: one independent block of a mebibyte, as often as it takes, and a
+// stored block of `restBytes`.
+std::string deflatedZeros(std::size_t mebibytes, std::uint16_t restBytes = 0) {
     z_stream stream = {};
     constexpr int kRawWindow = -15;
     EXPECT_EQ(deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kRawWindow, 8, Z_DEFAULT_STRATEGY),
@@ -111,7 +112,44 @@ std::string deflatedZeros(std::size_t mebibytes) {
     std::string packed;
     for (std::size_t i = 0; i < mebibytes; ++i)
         packed += block;
-    return packed + std::string("\x03\x00", 2); // the last block, empty
+    const auto restComplement = static_cast<std::uint16_t>(~restBytes);
+    return packed + '\x01' + littleEndian(restBytes, 2) + littleEndian(restComplement, 2) +
+           std::string(restBytes, '\0');
+}
+
+std::uint64_t peakMemoryBytes() {
+    rusage usage{};
+    EXPECT_EQ(::getrusage(RUSAGE_SELF, &usage), 0);
+    return static_cast<std::uint64_t>(usage.ru_maxrss) << 10;
+}
+
+TEST_F(MemoryTest, AnEntryBeyondTheLimitIsRefusedWithoutTheMemoryForIt) {
+    struct Case {
+        std::string what;
+        std::uint64_t statedBytes;
+        std::uint64_t packageBytes;
+    };
+    ZipBytes zip;
+    ZipEntryBytes& entry = zip.entries.emplace_back();
+    entry.name = "Bomb.json";
+    entry.method = kDeflated;
+    entry.packed = deflatedZeros(1024, 1);
+    for (const Case& each : {Case{"stated in full", kGibi + 1, 4 * kGibi},
+                             Case{"stated in full, beyond the limit of the package", kGibi, kMebi},
+                             Case{"understated", 10, 4 * kGibi}}) {
+        entry.size = each.statedBytes;
+        addLookup("Estate.zip", zip.build());
+        runInChild({}, [&](Progress& progress) {
+            progress.at(each.what);
+            platform::setReadLimits({.packageBytes = each.packageBytes});
+            const LogCapture log(16);
+            EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
+            EXPECT_EQ(count(log.messages(), "Error reading file: Bomb"), 1);
+            if (!kIsSanitized) {
+                EXPECT_LT(peakMemoryBytes(), 64 * kMebi);
+            }
+        });
+    }
 }
 
 TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {

@@ -71,25 +71,30 @@ TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
     EXPECT_EQ(host->count("products"), long{kMany + 1});
 }
 
-TEST_F(ScaleTest, RecordsOfOneNameInTwoFilesAreMerged) {
-    const std::string start = R"({"name":"n","refpurpose":"","href":")";
-    const std::string text = ResourceText("orchard").str();
-    // In either order of the folder, the file of more records fills up the other one.
-    addLookup("First.json", withElements(text, "refItems", numbered(start + "a", "\"}")));
-    addLookup("Second.json", withElements(text, "refItems",
-                                          numbered(start + "b", "\"}") +
-                                              R"(,{"name":"n","refpurpose":"","href":"c"})"));
-    addLookup("Third.json",
-              withElements(text, "refItems",
-                           numbered(start + "d", "\"}") + "," + numbered(start + "e", "\"}") + "," +
-                               numbered(start + "f", "\"}")));
+TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
+    const auto records = [](const std::string& hrefStart) {
+        return numbered(R"({"name":"n","refpurpose":"","href":")" + hrefStart, "\"}");
+    };
+    const auto file = [](const std::string& name, const std::string& items) {
+        return ZipEntryBytes{.name = name,
+                             .content =
+                                 withElements(ResourceText("orchard").str(), "refItems", items)};
+    };
+    // Each file has more records than those before it together, so all its records are added.
+    ZipBytes zip;
+    zip.entries = {file("First.json", records("a")),
+                   file("Second.json", records("b") + "," + records("c")),
+                   file("Third.json", records("d") + "," + records("e") + "," + records("f") + "," +
+                                          records("g"))};
+    addLookup("Package.zip", zip.build());
     const Lookups lookups = DocResourceParser::getResourceLookupFiles();
-    const auto& records = lookups.notInstalled.at(u"orchard").items.at(u"n");
-    EXPECT_GE(records.size(), 3 * kMany);
-    std::vector<std::u16string> hrefs;
-    std::ranges::transform(records, std::back_inserter(hrefs), &RefItemLookup::getHref);
-    std::ranges::sort(hrefs);
-    EXPECT_EQ(std::ranges::adjacent_find(hrefs), hrefs.end());
+    const auto& merged = lookups.notInstalled.at(u"orchard").items.at(u"n");
+    ASSERT_EQ(merged.size(), 7 * kMany);
+    for (std::size_t i = 0; i < 7; ++i) {
+        const std::u16string start(1, static_cast<char16_t>(u'a' + i));
+        EXPECT_EQ(merged[i * kMany].getHref(), start + u"0");
+        EXPECT_EQ(merged[(i + 1) * kMany - 1].getHref(), start + u"99999");
+    }
 }
 
 TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {

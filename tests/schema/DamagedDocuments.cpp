@@ -50,20 +50,20 @@ bool holdsOthers(const json::value& value) {
 
 void visitPlace(const json::value& good, const std::string& pointer, const Visit& visit) {
     const auto visitAs = [&](const json::value& document, const char* change,
-                             const std::string& kind) {
-        visit(document, std::string(pointer).append(change).append(kind));
+                             const std::string& type) {
+        visit(document, std::string(pointer).append(change).append(type));
     };
-    for (const auto& [value, kind] : everyKind()) {
+    for (const auto& [value, type] : everyType()) {
         json::value document = good;
         document.at_pointer(pointer) = value;
-        visitAs(document, " is ", kind);
+        visitAs(document, " is ", type);
         document.at_pointer(pointer) = json::array{value};
-        visitAs(document, " is an array of ", kind);
+        visitAs(document, " is an array that holds ", type);
         if (!holdsOthers(good.at_pointer(pointer)))
             continue;
         document = good;
         addTo(document.at_pointer(pointer), "unknown", value);
-        visitAs(document, " has one more: ", kind);
+        visitAs(document, " also holds ", type);
     }
 }
 
@@ -81,7 +81,7 @@ void damageOnce(json::value& document, std::mt19937& random) {
     json::value& place = document.at_pointer(pointer);
     switch (random() % 4) {
     case 0: removeFrom(document, pointer); break;
-    case 1: place = everyKind()[random() % everyKind().size()].first; break;
+    case 1: place = everyType()[random() % everyType().size()].first; break;
     case 2: place = other; break;
     default:
         if (holdsOthers(place))

@@ -83,10 +83,10 @@ TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnEveryDocumentWithOneDamage)
 
 TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnKeysThatAreNotReadWhereTheyStand) {
     for (const std::string& pointer : TestFixture::Format::unread()) {
-        for (const auto& [value, kind] : everyKind()) {
+        for (const auto& [value, type] : everyType()) {
             boost::json::value document = TestFixture::Format::sample();
             putIn(document, pointer, value);
-            this->agreement_.check(document, std::string(pointer).append(" is ").append(kind));
+            this->agreement_.check(document, std::string(pointer).append(" is ").append(type));
         }
     }
 }

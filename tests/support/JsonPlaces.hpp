@@ -10,22 +10,23 @@
 
 namespace docparser_tests {
 
-/// A value of every JSON kind and the name that the parser's messages have for it.
-inline const std::vector<std::pair<boost::json::value, std::string>>& everyKind() {
-    static const std::vector<std::pair<boost::json::value, std::string>> kinds = {
+/// A value of every JSON type, every representation of a number included, and what the messages of
+/// the parsers call it.
+inline const std::vector<std::pair<boost::json::value, std::string>>& everyType() {
+    static const std::vector<std::pair<boost::json::value, std::string>> values = {
         {nullptr, "null"},
-        {true, "bool"},
-        {-1, "int64"},
-        {18446744073709551615U, "uint64"},
-        {1.5, "double"},
-        {"grafting", "string"},
-        {boost::json::array{}, "array"},
-        {boost::json::object{}, "object"}};
-    return kinds;
+        {true, "a Boolean"},
+        {-1, "a number"},
+        {18446744073709551615U, "a number"},
+        {1.5, "a number"},
+        {"grafting", "a string"},
+        {boost::json::array{}, "an array"},
+        {boost::json::object{}, "an object"}};
+    return values;
 }
 
-/// Collects the JSON pointers of all values below a value whose keys need no escapes.
-/// \param pointer  the value's own
+/// Adds the JSON pointer of every value below `value`. Keys must not contain '~' or '/'.
+/// \param pointer  the JSON pointer of `value`
 inline void addPointers(const boost::json::value& value, const std::string& pointer,
                         std::set<std::string>& pointers) {
     if (const boost::json::object* object = value.if_object()) {
@@ -44,7 +45,7 @@ inline void addPointers(const boost::json::value& value, const std::string& poin
     }
 }
 
-/// Gives an object of the document the member that the pointer ends in, or another value for it.
+/// Sets the member of an object that `pointer` names, whether or not the object has it.
 inline void putIn(boost::json::value& document, const std::string& pointer,
                   const boost::json::value& value) {
     const std::size_t end = pointer.rfind('/');

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/path/Path.hpp"
+#include "platform/system/NativePath.hpp"
 
 #include <algorithm>
 #include <filesystem>
@@ -11,13 +11,13 @@ namespace docparser_tests {
 
 /// The text with the separator of this system in place of each '/': what the library joins.
 inline std::u16string native(std::u16string text) {
-    std::ranges::replace(text, u'/', fl::filesystem::PATHNAME_SEPARATOR);
+    std::ranges::replace(text, u'/', platform::kPathSeparator);
     return text;
 }
 
 /// The text with '/' in place of each separator of this system.
 inline std::u16string portable(std::u16string text) {
-    std::ranges::replace(text, fl::filesystem::PATHNAME_SEPARATOR, u'/');
+    std::ranges::replace(text, platform::kPathSeparator, u'/');
     return text;
 }
 

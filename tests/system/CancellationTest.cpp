@@ -1,9 +1,9 @@
+#include "tests/support/Cancellation.hpp"
+
 #include "tests/support/LogCallback.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 #include "tests/system/Watchdog.hpp"
-
-#include <pthread.h>
 
 #include <filesystem>
 #include <functional>
@@ -14,8 +14,8 @@
 namespace docparser_tests {
 namespace {
 
-// Threads that are cancelled in the middle of an operation. A process that could not unwind such a
-// thread would end.
+// Threads that are cancelled in the middle of an operation. A thread that could not be unwound
+// would end the process.
 class CancellationTest : public SystemTest {
 protected:
     CancellationTest() {
@@ -32,32 +32,6 @@ protected:
         }
         addLookup("Packed.zip", zip.build());
     }
-
-    struct Call {
-        const std::function<void()>& operation;
-        bool isAtEnd = false;
-    };
-
-    // Runs an operation on a thread of its own; true when the thread was cancelled before the
-    // operation had come to its end.
-    static bool isCancelledIn(const std::function<void()>& operation) {
-        Call call{operation};
-        const auto run = [](void* argument) -> void* {
-            Call& own = *static_cast<Call*>(argument);
-            own.operation();
-            own.isAtEnd = true;
-            return nullptr;
-        };
-        pthread_t thread{};
-        EXPECT_EQ(pthread_create(&thread, nullptr, run, &call), 0);
-        void* result = nullptr;
-        EXPECT_EQ(pthread_join(thread, &result), 0);
-        EXPECT_EQ(result == PTHREAD_CANCELED, !call.isAtEnd);
-        return !call.isAtEnd;
-    }
-
-    // Asks for the end of the calling thread: it ends at the next place that lets it pass.
-    static void cancelThisThread() { EXPECT_EQ(pthread_cancel(pthread_self()), 0); }
 
     static std::ptrdiff_t openFiles() {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
@@ -82,36 +56,7 @@ protected:
     }
 };
 
-TEST_F(CancellationTest, AThreadThatIsToEndEndsInTheReadingOfItsFiles) {
-    const auto openBefore = openFiles();
-    EXPECT_TRUE(isCancelledIn([] {
-        cancelThisThread();
-        DocResourceParser::getResourceFile(u"Orchard");
-    }));
-    EXPECT_TRUE(isCancelledIn([] {
-        cancelThisThread();
-        DocResourceParser::getResourceLookupFiles();
-    }));
-    EXPECT_EQ(openFiles(), openBefore);
-    expectEverythingWorks();
-}
-
-TEST_F(CancellationTest, AnEntryOfAPackageIsNoLongerReadOnceItsThreadIsToEnd) {
-    std::filesystem::remove(lookupPath("Orchard.json"));
-    const auto openBefore = openFiles();
-    std::vector<std::string> messages;
-    const LogCallback callback([&](const std::string& message) {
-        messages.push_back(message);
-        if (message.ends_with("deflated"))
-            cancelThisThread();
-    });
-    EXPECT_TRUE(isCancelledIn([] { DocResourceParser::getResourceLookupFiles(); }));
-    EXPECT_THAT(messages, testing::ElementsAre("Reading file: packed", "Reading file: deflated"));
-    EXPECT_EQ(openFiles(), openBefore);
-}
-
-// The k-th line of the log is where the thread is asked to end, for each k.
-TEST_F(CancellationTest, AtWhateverLineAThreadIsToEndItIsUnwound) {
+TEST_F(CancellationTest, ThreadIsUnwoundAtWhateverLogLineItIsCancelled) {
     constexpr int kLines = 5;
     const auto openBefore = openFiles();
     for (int line = 0; line < kLines; ++line) {
@@ -131,7 +76,7 @@ TEST_F(CancellationTest, AtWhateverLineAThreadIsToEndItIsUnwound) {
     }
 }
 
-TEST_F(CancellationTest, AThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
+TEST_F(CancellationTest, ThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
     const std::function<void()> end = [] {
         cancelThisThread();
         pthread_testcancel();
@@ -146,7 +91,7 @@ TEST_F(CancellationTest, AThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
     }
 }
 
-TEST_F(CancellationTest, AThreadThatIsToEndWhileItsPackageIsOpenClosesIt) {
+TEST_F(CancellationTest, ThreadThatIsCancelledWhileItsPackageIsOpenClosesIt) {
     std::filesystem::remove(lookupPath("Orchard.json"));
     const auto openBefore = openFiles();
     int questions = 0;
@@ -155,7 +100,7 @@ TEST_F(CancellationTest, AThreadThatIsToEndWhileItsPackageIsOpenClosesIt) {
             cancelThisThread();
     };
     std::size_t sections = 0;
-    // Both entries have been read by then, and closing a package is no place to end at.
+    // Both entries have been read by then, and closing a package is not a cancellation point.
     EXPECT_FALSE(isCancelledIn([&sections] {
         sections = DocResourceParser::getResourceLookupFiles().notInstalled.size();
     }));

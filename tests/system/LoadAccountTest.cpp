@@ -1,11 +1,15 @@
 #include "docparser/account/LoadAccount.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "platform/package/FileSystemManager.hpp"
+#include "platform/package/StorageSystem.hpp"
+#include "platform/package/StreamHelper.hpp"
 #include "tests/support/LogCallback.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
 #include <filesystem>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -86,6 +90,27 @@ std::string packageOf(const std::vector<std::pair<std::string, std::string>>& en
     for (const auto& [name, content] : entries)
         zip.entries.push_back({.name = name, .content = content});
     return zip.build();
+}
+
+// The message of the package library when it fails to open a package or to read one of its entries.
+std::string packageFailure(const std::string& file, std::ptrdiff_t entry = 0) {
+    try {
+        const opc::FileSystemOpsSelector selector(
+            storage::microservicestoragesystem::GetStorageSystemReference());
+        const opc::zippackage::ZipPhysicalPackage physical(std::filesystem::path(file).u16string(),
+                                                           selector, true);
+        opc::model::Package package(physical);
+        opc::qorservices::FileSystemManager manager(package, selector);
+        package.open(opc::OpenMode{});
+        const auto leaves = manager.getAllLeafs();
+        const auto source =
+            manager.getFileContentSource(leaves.begin()[entry], opc::TransformMode{1});
+        std::ostringstream content;
+        opc::StreamHelper::copyStreamToStream(*source->openInputStream(), content);
+    } catch (const std::exception& failure) {
+        return failure.what();
+    }
+    throw std::logic_error(file + " has no failure");
 }
 
 class LoadAccountTest : public SystemTest {
@@ -177,7 +202,7 @@ TEST_F(LoadAccountTest, GivesPointerAndPositionOfWhatBreaksTheFormat) {
            "{\"productName\": \"O\", \"baseCode\": \"OR\", \"helpFolder\": \"o\",\n"
            "\"helpLocation\": \"o\", \"refItems\": [\n  {\"href\": 1, \"refpurpose\": \"x\"}]}");
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(),
-                "Orchard.json malformed 3:12 /refItems/0/href (string expected, int64 found)");
+                "Orchard.json malformed 3:12 /refItems/0/href (expected a string, found a number)");
 }
 
 TEST_F(LoadAccountTest, CallsAnEmptyFileMalformed) {
@@ -241,7 +266,7 @@ TEST_F(LoadAccountTest, GivesTheReasonForABrokenPackage) {
     EXPECT_EQ(account.files.size(), 2U);
     EXPECT_EQ(fileNamed(account, "P.zip").fate, Fate::Unreadable);
     EXPECT_EQ(fileNamed(account, "P.zip").role, FileRole::Package);
-    EXPECT_THAT(fileNamed(account, "P.zip").reason, testing::HasSubstr("P.zip\" cannot be opened"));
+    EXPECT_EQ(fileNamed(account, "P.zip").reason, packageFailure(lookupPath("P.zip")));
     EXPECT_EQ(fileNamed(account, "Q.zip").fate, Fate::NotRegular);
 }
 
@@ -253,7 +278,8 @@ TEST_F(LoadAccountTest, GivesTheReasonForAnEntryThatCannotBeDelivered) {
     const LoadAccount account = accountOfLookups();
     EXPECT_EQ(fileNamed(account, "P.zip!A.json").fate, Fate::Unreadable);
     EXPECT_EQ(fileNamed(account, "P.zip!B.json").fate, Fate::Unreadable);
-    EXPECT_THAT(fileNamed(account, "P.zip!B.json").reason, testing::HasSubstr("it is encrypted"));
+    EXPECT_EQ(fileNamed(account, "P.zip!A.json").reason, packageFailure(lookupPath("P.zip"), 0));
+    EXPECT_EQ(fileNamed(account, "P.zip!B.json").reason, packageFailure(lookupPath("P.zip"), 1));
 }
 
 TEST_F(LoadAccountTest, ListsAnEntryOverTheLimit) {

@@ -1,3 +1,4 @@
+#include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
 #include <string>
@@ -6,24 +7,28 @@
 namespace docparser_tests {
 namespace {
 
-using testing::ElementsAre;
-using testing::Pair;
+struct LookupFile {
+    std::string name;
+    std::string text;
+};
 
-// Lookup files of one key, so that their sections meet in one entry.
+// Lookup files whose main sections share one key, so that they are merged. They are the entries of
+// one package because entries are read in the order of the package; a folder has no order.
 class LookupMergeTest : public SystemTest {
 protected:
-    // The one section that is left of all files, none of which is installed.
+    void addPackage(const std::vector<LookupFile>& files) const {
+        ZipBytes zip;
+        for (const LookupFile& file : files)
+            zip.entries.push_back({.name = file.name, .content = file.text});
+        addLookup("Package.zip", zip.build());
+    }
+
+    // The merged section, which is the only one and is not installed.
     static DocResource<RefItemLookup> merged() {
         const Lookups lookups = DocResourceParser::getResourceLookupFiles();
         EXPECT_TRUE(lookups.installed.empty());
         EXPECT_EQ(lookups.notInstalled.size(), 1U);
         return lookups.notInstalled.at(u"orchard");
-    }
-    // Whether the folder lists a product before the others, and so lets it be read first.
-    static bool isFirst(const std::u16string& name) {
-        const auto products = DocResourceParser::getAllProducts(
-            DocResourceParser::getReferenceRoots()->lookupFolder, {}, u"_en");
-        return products.jsonProducts.front().getName() == name;
     }
 };
 
@@ -34,96 +39,118 @@ ResourceText orchard(const std::vector<boost::json::object>& items) {
     return text;
 }
 
-TEST_F(LookupMergeTest, NamesOfBothFilesAppear) {
-    addLookup("A.json", orchard({lookupItem("graft", "g.html", "Join")}).str());
-    addLookup("B.json", orchard({lookupItem("prune", "p.html", "Cut")}).str());
-    EXPECT_EQ(merged(), lookupSection(u"orchard", isFirst(u"A") ? u"A" : u"B",
+TEST_F(LookupMergeTest, ResultHasTheNamesOfBothFiles) {
+    addPackage({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
+                {"B.json", orchard({lookupItem("prune", "p.html", "Cut")}).str()}});
+    EXPECT_EQ(merged(), lookupSection(u"orchard", u"A",
                                       {lookupRecord(u"graft", u"g.html", u"Join"),
                                        lookupRecord(u"prune", u"p.html", u"Cut")}));
 }
 
-TEST_F(LookupMergeTest, OfANameWithEqualCountsTheFirstProductsRecordsStay) {
-    addLookup("A.json", orchard({lookupItem("graft", "a.html", "A")}).str());
-    addLookup("B.json", orchard({lookupItem("graft", "b.html", "B")}).str());
-    const auto expected =
-        isFirst(u"A") ? lookupSection(u"orchard", u"A", {lookupRecord(u"graft", u"a.html", u"A")})
-                      : lookupSection(u"orchard", u"B", {lookupRecord(u"graft", u"b.html", u"B")});
-    EXPECT_EQ(merged(), expected);
+TEST_F(LookupMergeTest, FirstFileKeepsItsRecordsWhenTheCountsAreEqual) {
+    addPackage({{"A.json", orchard({lookupItem("graft", "a.html", "A")}).str()},
+                {"B.json", orchard({lookupItem("graft", "b.html", "B")}).str()}});
+    EXPECT_EQ(merged(), lookupSection(u"orchard", u"A", {lookupRecord(u"graft", u"a.html", u"A")}));
 }
 
-TEST_F(LookupMergeTest, TheFirstProductsHeaderStays) {
-    addLookup("A.json", orchard({}).set("productName", "from A").str());
-    addLookup("B.json", orchard({}).set("productName", "from B").str());
-    EXPECT_EQ(merged().header.getProductName(), isFirst(u"A") ? u"from A" : u"from B");
+TEST_F(LookupMergeTest, FirstFileKeepsItsHeader) {
+    addPackage({{"A.json", orchard({}).set("productName", "from A").str()},
+                {"B.json", orchard({}).set("productName", "from B").str()}});
+    EXPECT_EQ(merged().header,
+              HeaderInfo(u"", u"", u"from A", u"orchard code", u"orchard", u"orchard/help", u"A"));
 }
 
-TEST_F(LookupMergeTest, ALongerListAddsTheHrefsThatAreNew) {
-    addLookup("A.json", orchard({lookupItem("graft", "a.html", "A")}).str());
-    addLookup("B.json",
-              orchard({lookupItem("graft", "b.html", "B"), lookupItem("graft", "a.html", "other"),
-                       lookupItem("graft", "b.html", "again"), lookupItem("graft", "c.html", "C")})
-                  .str());
-    const RefItemLookup a = lookupRecord(u"graft", u"a.html", u"A");
-    const RefItemLookup b = lookupRecord(u"graft", u"b.html", u"B");
-    const RefItemLookup c = lookupRecord(u"graft", u"c.html", u"C");
-    const RefItemLookup otherA = lookupRecord(u"graft", u"a.html", u"other");
-    const RefItemLookup againB = lookupRecord(u"graft", u"b.html", u"again");
-    if (isFirst(u"A"))
-        EXPECT_EQ(merged(), lookupSection(u"orchard", u"A", {a, b, c}));
-    else
-        EXPECT_EQ(merged(), lookupSection(u"orchard", u"B", {b, otherA, againB, c}));
+TEST_F(LookupMergeTest, LongerListAddsOnlyItsNewHrefs) {
+    addPackage(
+        {{"A.json", orchard({lookupItem("graft", "a.html", "A")}).str()},
+         {"B.json",
+          orchard({lookupItem("graft", "b.html", "B"), lookupItem("graft", "a.html", "other"),
+                   lookupItem("graft", "b.html", "again"), lookupItem("graft", "c.html", "C")})
+              .str()}});
+    EXPECT_EQ(merged(), lookupSection(u"orchard", u"A",
+                                      {lookupRecord(u"graft", u"a.html", u"A"),
+                                       lookupRecord(u"graft", u"b.html", u"B"),
+                                       lookupRecord(u"graft", u"c.html", u"C")}));
 }
 
-TEST_F(LookupMergeTest, ALongerListOfKnownHrefsAddsNothing) {
-    addLookup("A.json", orchard({lookupItem("graft", "a.html", "A")}).str());
-    addLookup("B.json",
-              orchard({lookupItem("graft", "a.html", "B"), lookupItem("graft", "a.html", "again")})
-                  .str());
-    const auto items = merged().items;
-    if (isFirst(u"A"))
-        EXPECT_THAT(items.at(u"graft"), ElementsAre(lookupRecord(u"graft", u"a.html", u"A")));
-    else
-        EXPECT_THAT(items.at(u"graft"), ElementsAre(lookupRecord(u"graft", u"a.html", u"B"),
-                                                    lookupRecord(u"graft", u"a.html", u"again")));
+TEST_F(LookupMergeTest, LongerListOfKnownHrefsAddsNothing) {
+    addPackage({{"A.json", orchard({lookupItem("graft", "a.html", "A")}).str()},
+                {"B.json", orchard({lookupItem("graft", "a.html", "B"),
+                                    lookupItem("graft", "a.html", "again")})
+                               .str()}});
+    EXPECT_EQ(merged(), lookupSection(u"orchard", u"A", {lookupRecord(u"graft", u"a.html", u"A")}));
 }
 
-TEST_F(LookupMergeTest, InstalledAndOtherSectionsOfOneKeyMergeWhereTheyStand) {
+TEST_F(LookupMergeTest, ShorterListAddsNothing) {
+    addPackage({{"A.json", orchard({lookupItem("graft", "b.html", "B"),
+                                    lookupItem("graft", "b.html", "again")})
+                               .str()},
+                {"B.json", orchard({lookupItem("graft", "a.html", "A")}).str()}});
+    EXPECT_EQ(merged(), lookupSection(u"orchard", u"A",
+                                      {lookupRecord(u"graft", u"b.html", u"B"),
+                                       lookupRecord(u"graft", u"b.html", u"again")}));
+}
+
+TEST_F(LookupMergeTest, InstalledSectionsOfOneKeyAreMerged) {
     host->install({"orchard"});
-    addLookup("A.json", orchard({lookupItem("graft", "g.html", "Join")}).str());
-    addLookup("B.json", orchard({lookupItem("prune", "p.html", "Cut")}).str());
-    const Lookups lookups = DocResourceParser::getResourceLookupFiles();
-    EXPECT_TRUE(lookups.notInstalled.empty());
-    ASSERT_EQ(lookups.installed.size(), 1U);
-    EXPECT_THAT(
-        lookups.installed.at(u"orchard").items,
-        ElementsAre(Pair(u"graft", ElementsAre(lookupRecord(u"graft", u"g.html", u"Join"))),
-                    Pair(u"prune", ElementsAre(lookupRecord(u"prune", u"p.html", u"Cut")))));
+    addPackage({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
+                {"B.json", orchard({lookupItem("prune", "p.html", "Cut")}).str()}});
+    const Lookups expected = {
+        {{u"orchard", lookupSection(u"orchard", u"A",
+                                    {lookupRecord(u"graft", u"g.html", u"Join"),
+                                     lookupRecord(u"prune", u"p.html", u"Cut")})}},
+        {}};
+    EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-// --- a translation beside its English product; the outcome does not hang on the order
+// How the two files of a product are stored.
+enum class Storage { EnglishEntryFirst, GermanEntryFirst, PlainFiles };
 
-class LookupTranslationTest : public LookupMergeTest {
+// A translation beside its English file. The result does not depend on which of them is read first.
+class LookupTranslationTest : public LookupMergeTest, public testing::WithParamInterface<Storage> {
 protected:
     LookupTranslationTest() { setLanguage(u"de"); }
 
+    void addBoth(const std::string& english, const std::string& german) const {
+        const LookupFile englishFile{"Orchard.json", english};
+        const LookupFile germanFile{"Orchard_de.json", german};
+        switch (GetParam()) {
+        case Storage::EnglishEntryFirst: addPackage({englishFile, germanFile}); break;
+        case Storage::GermanEntryFirst: addPackage({germanFile, englishFile}); break;
+        case Storage::PlainFiles:
+            addLookup(englishFile.name, english);
+            addLookup(germanFile.name, german);
+            break;
+        }
+    }
     void addBoth(const ResourceText& english, const ResourceText& german) const {
-        addLookup("Orchard.json", english.str());
-        addLookup("Orchard_de.json", german.str());
+        addBoth(english.str(), german.str());
     }
 };
 
-TEST_F(LookupTranslationTest, HeaderAndRecordsAreTheTranslations) {
+INSTANTIATE_TEST_SUITE_P(, LookupTranslationTest,
+                         testing::Values(Storage::EnglishEntryFirst, Storage::GermanEntryFirst,
+                                         Storage::PlainFiles),
+                         [](const auto& storage) {
+                             switch (storage.param) {
+                             case Storage::EnglishEntryFirst: return "EnglishEntryFirst";
+                             case Storage::GermanEntryFirst: return "GermanEntryFirst";
+                             case Storage::PlainFiles: break;
+                             }
+                             return "PlainFiles";
+                         });
+
+TEST_P(LookupTranslationTest, ResultHasTheTranslatedHeaderAndRecords) {
     addBoth(orchard({lookupItem("graft", "g.html", "Join")}).set("productName", "Orchard"),
             orchard({lookupItem("graft", "g.html", "Veredeln")}).set("productName", "Obstgarten"));
-    const auto entry = merged();
-    EXPECT_EQ(entry.header, HeaderInfo(u"", u"", u"Obstgarten", u"orchard code", u"orchard",
-                                       u"orchard/help", u"Orchard"));
-    EXPECT_THAT(
-        entry.items,
-        ElementsAre(Pair(u"graft", ElementsAre(lookupRecord(u"graft", u"g.html", u"Veredeln")))));
+    const DocResource<RefItemLookup> expected = {
+        HeaderInfo(u"", u"", u"Obstgarten", u"orchard code", u"orchard", u"orchard/help",
+                   u"Orchard"),
+        {{u"graft", {lookupRecord(u"graft", u"g.html", u"Veredeln")}}}};
+    EXPECT_EQ(merged(), expected);
 }
 
-TEST_F(LookupTranslationTest, EnglishFillsTheNamesThatAreNotTranslated) {
+TEST_P(LookupTranslationTest, EnglishFileAddsNamesThatAreNotTranslated) {
     addBoth(orchard({lookupItem("graft", "g.html", "Join"), lookupItem("prune", "p.html", "Cut"),
                      lookupItem("prune", "q.html", "Cut too")}),
             orchard({lookupItem("graft", "g.html", "Veredeln"),
@@ -135,7 +162,7 @@ TEST_F(LookupTranslationTest, EnglishFillsTheNamesThatAreNotTranslated) {
                                        lookupRecord(u"water", u"w.html", u"Giessen")}));
 }
 
-TEST_F(LookupTranslationTest, EnglishAddsNewHrefsOnlyWhereItHasMoreRecords) {
+TEST_P(LookupTranslationTest, EnglishFileAddsNewHrefsOnlyWhereItHasMoreRecords) {
     addBoth(orchard({lookupItem("graft", "g.html", "Join"), lookupItem("graft", "h.html", "Tie"),
                      lookupItem("prune", "p.html", "Cut")}),
             orchard({lookupItem("graft", "g.html", "Veredeln"),
@@ -146,7 +173,7 @@ TEST_F(LookupTranslationTest, EnglishAddsNewHrefsOnlyWhereItHasMoreRecords) {
                                        lookupRecord(u"prune", u"q.html", u"Schneiden")}));
 }
 
-TEST_F(LookupTranslationTest, EnglishAddsNothingToALongerTranslation) {
+TEST_P(LookupTranslationTest, EnglishFileAddsNothingToALongerTranslation) {
     addBoth(orchard({lookupItem("graft", "e.html", "Join")}),
             orchard({lookupItem("graft", "g.html", "Veredeln"),
                      lookupItem("graft", "h.html", "Binden")}));
@@ -155,20 +182,19 @@ TEST_F(LookupTranslationTest, EnglishAddsNothingToALongerTranslation) {
                                        lookupRecord(u"graft", u"h.html", u"Binden")}));
 }
 
-TEST_F(LookupTranslationTest, ADamagedTranslationLeavesEnglishAndADamagedEnglishTheTranslation) {
-    const ResourceText english = orchard({lookupItem("graft", "g.html", "Join")});
-    const ResourceText german = orchard({lookupItem("graft", "g.html", "Veredeln")});
-    addBoth(english, german);
-    addLookup("Orchard_de.json", "{");
+TEST_P(LookupTranslationTest, DamagedTranslationLeavesTheEnglishRecords) {
+    addBoth(orchard({lookupItem("graft", "g.html", "Join")}).str(), "{");
     EXPECT_EQ(merged(),
               lookupSection(u"orchard", u"Orchard", {lookupRecord(u"graft", u"g.html", u"Join")}));
-    addBoth(english, german);
-    addLookup("Orchard.json", "{");
+}
+
+TEST_P(LookupTranslationTest, DamagedEnglishFileLeavesTheTranslation) {
+    addBoth("{", orchard({lookupItem("graft", "g.html", "Veredeln")}).str());
     EXPECT_EQ(merged(), lookupSection(u"orchard", u"Orchard",
                                       {lookupRecord(u"graft", u"g.html", u"Veredeln")}));
 }
 
-TEST_F(LookupTranslationTest, SectionsOfPackagesMeetByBaseCode) {
+TEST_P(LookupTranslationTest, SectionsOfSupportPackagesAreMergedByBaseCode) {
     ResourceText english("orchard");
     english.addSupportPackage(ResourceText("ladder").add(lookupItem("climb", "c.html", "Go up")));
     ResourceText german("orchard");

@@ -367,7 +367,7 @@ TEST(ProductZipData, CopyingAndMovingKeepTheEntryAndShareTheManager) {
                                                        true);
     opc::model::Package package(physical);
     opc::qorservices::FileSystemManager manager(package, selector);
-    package.open(opc::OpenMode::ReadOnly);
+    package.open(opc::OpenMode{});
     const auto leaves = manager.getAllLeafs();
 
     ProductZipData source(u"Orchard", true, *leaves.begin(), manager);

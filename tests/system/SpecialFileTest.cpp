@@ -66,8 +66,6 @@ protected:
                 {"an endless device", linkTo("/dev/zero")},
                 {"a device that is always full", linkTo("/dev/full")},
                 {"the terminal", linkTo("/dev/tty")},
-                {"a file without a size", linkTo("/proc/self/maps")},
-                {"the memory of the process", linkTo("/proc/self/mem")},
                 {"a link to a folder", linkTo(folder.path().string())},
                 {"a link that leads nowhere", linkTo("absent")},
                 {"a link to a place below a file", linkTo("Found.json/absent")}};

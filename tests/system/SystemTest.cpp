@@ -1,6 +1,7 @@
 #include "tests/system/SystemTest.hpp"
 
 #include "docparser/DocParserException.hpp"
+#include "tests/support/Records.hpp"
 
 #include <cstdlib>
 #include <filesystem>
@@ -90,8 +91,7 @@ HeaderInfo header(const std::u16string& helpFolder, const std::u16string& produc
 }
 
 RefItem record(const std::u16string& href, const std::u16string& refPurpose) {
-    return {href, {}, u"", refPurpose, u"", u"", {u"", u""}, DeprecationStatus::None,
-            {},   {}, {},  {},         {},  {},  {},         {}};
+    return makeRefItem({.href = href, .refPurpose = refPurpose});
 }
 
 RefItemLookup lookupRecord(const std::u16string& name, const std::u16string& href,

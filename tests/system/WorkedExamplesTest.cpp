@@ -1,6 +1,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tests/system/SystemTest.hpp"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -16,7 +17,7 @@ protected:
     WorkedExamplesTest() {
         setLanguage(u"de");
         host->install({"orchard"});
-        DocResourceParser::setReferenceRoot(fl::i18n::to_ustring(WORKED_EXAMPLES));
+        DocResourceParser::setReferenceRoot(std::filesystem::path(WORKED_EXAMPLES).u16string());
     }
 
     static std::string read(const std::string& file) {

@@ -3,7 +3,6 @@
 #include "platform/Failure.hpp"
 #include "platform/package/ContentSource.hpp"
 #include "platform/package/FileSystemManager.hpp"
-#include "platform/package/InputStream.hpp"
 #include "platform/package/Package.hpp"
 #include "platform/package/StorageSystem.hpp"
 #include "platform/package/StreamHelper.hpp"
@@ -12,8 +11,10 @@
 #include "platform/path/Path.hpp"
 
 #include <algorithm>
+#include <sstream>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
@@ -44,8 +45,13 @@ std::string readFile(const std::u16string& path, std::optional<std::size_t> leng
 }
 
 std::string readStream(opc::InputStream& stream, std::optional<std::size_t> length) {
-    if (!length)
-        return opc::StreamHelper::readAll(stream);
+    if (!length) {
+        std::ostringstream content;
+        // By default a stream hides that an allocation failed.
+        content.exceptions(std::ios::badbit);
+        opc::StreamHelper::copyStreamToStream(stream, content);
+        return std::move(content).str();
+    }
     std::string text(*length, '\0');
     text.resize(stream.read(text.data(), text.size()));
     return text;

@@ -151,7 +151,7 @@ documentation language: en
 
 Files considered
   malformed ROOT/referenceapi/Cellar.json:2:17
-            string expected, int64 found, at /productName
+            expected a string, found a number, at /productName
   missing   /help/docCatalog/referenceapi/Cellar.json
             there is no such file
 )");

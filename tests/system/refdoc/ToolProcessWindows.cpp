@@ -1,4 +1,4 @@
-#include "platform/i18n/Converter.hpp"
+#include "platform/unicode/Transcoding.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/refdoc/ToolProcess.hpp"
 
@@ -20,7 +20,7 @@ namespace {
 }
 
 std::wstring toWide(std::string_view text) {
-    const std::u16string units = fl::i18n::to_ustring(text);
+    const std::u16string units = platform::toUtf16(text);
     return {units.begin(), units.end()};
 }
 

@@ -29,7 +29,8 @@ void* allocateOrThrow(std::size_t bytes) {
 
 } // namespace
 
-// All forms but the over-aligned ones are replaced, so that memory never meets a foreign delete.
+// All forms except the over-aligned ones are replaced, so that each allocation is freed by the
+// matching delete.
 void* operator new(std::size_t bytes) {
     return allocateOrThrow(bytes);
 }

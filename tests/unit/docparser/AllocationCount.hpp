@@ -4,17 +4,18 @@
 
 namespace docparser_tests {
 
-/// What the thread has asked operator new for since the object was made.
+/// Counts what the current thread has allocated with operator new since the object was created.
 ///
-/// The test program's own operator new keeps the tallies, so everything that it is linked with is
-/// counted, the shared libraries included. Memory that is given back stays counted.
+/// The test program replaces operator new, so allocations in shared libraries are counted as well.
+/// Memory that has been freed stays counted.
 class AllocationCount {
 public:
     AllocationCount() noexcept;
 
-    std::size_t requests() const noexcept;     ///< how often memory was asked for
-    std::size_t bytes() const noexcept;        ///< how much, all requests together
-    std::size_t largestBytes() const noexcept; ///< how much at once; of the latest object alone
+    std::size_t requests() const noexcept; ///< number of allocations
+    std::size_t bytes() const noexcept;    ///< size of all allocations together
+    /// Size of the largest allocation. Valid only for the object that was created last.
+    std::size_t largestBytes() const noexcept;
 
 private:
     std::size_t requestsBefore_;

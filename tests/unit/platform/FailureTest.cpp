@@ -16,14 +16,14 @@ namespace platform {
 
 namespace {
 
-TEST(Failure, IsNullForAStepThatReturns) {
+TEST(FailureTest, IsNullIfTheStepReturns) {
     int runs = 0;
     EXPECT_EQ(failureOf([&] { ++runs; }), nullptr);
     EXPECT_EQ(failureOf([&] { return ++runs < 0; }), nullptr) << "the step's result is ignored";
     EXPECT_EQ(runs, 2);
 }
 
-TEST(Failure, IsTheExceptionThatTheStepThrows) {
+TEST(FailureTest, IsTheExceptionThatTheStepThrows) {
     const std::exception_ptr failure = failureOf([] { throw std::runtime_error("closed"); });
     ASSERT_NE(failure, nullptr);
     try {
@@ -34,7 +34,7 @@ TEST(Failure, IsTheExceptionThatTheStepThrows) {
     EXPECT_NE(failureOf([] { throw 1; }), nullptr);
 }
 
-TEST(Failure, UnwindsTheStepThatThrows) {
+TEST(FailureTest, UnwindsAStepThatThrows) {
     const auto kept = std::make_shared<int>(1);
     ignoreFailure([&] {
         const std::shared_ptr<int> shared = kept;
@@ -43,7 +43,7 @@ TEST(Failure, UnwindsTheStepThatThrows) {
     EXPECT_EQ(kept.use_count(), 1);
 }
 
-TEST(Failure, AcceptsAStepThatCanOnlyBeMoved) {
+TEST(FailureTest, AcceptsMoveOnlySteps) {
     bool hasRun = false;
     ignoreFailure([&hasRun, owned = std::make_unique<int>(1)]() mutable {
         owned.reset();
@@ -53,7 +53,7 @@ TEST(Failure, AcceptsAStepThatCanOnlyBeMoved) {
 }
 
 #ifdef __linux__
-// Waits inside a step for a byte that nobody writes; only cancellation ends it.
+// Waits inside a step for a byte that is never written; only a cancellation ends it.
 void* waitInAStep(void* pipeEnd) {
     ignoreFailure([&] {
         char byte = 0;
@@ -63,7 +63,7 @@ void* waitInAStep(void* pipeEnd) {
     return nullptr;
 }
 
-TEST(Failure, DoesNotHoldTheCancellationOfItsThread) {
+TEST(FailureTest, LetsACancellationOfTheThreadPass) {
     int ends[2] = {-1, -1};
     ASSERT_EQ(::pipe(ends), 0);
     pthread_t thread = {};

@@ -5,14 +5,12 @@
 #include "platform/install/InstallPath.hpp"
 #include "platform/install/InstalledPackages.hpp"
 #include "platform/language/DocLanguage.hpp"
-#include "platform/path/Path.hpp"
-#include "platform/support/SupportPackageRootReader.hpp"
+#include "platform/supportpackage/SupportPackageRootReader.hpp"
+#include "platform/system/NativePath.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstddef>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -27,7 +25,6 @@ using docproduct::DocProductCollector;
 using docproduct::ProductFamily;
 using docproduct::TopLevelDocProduct;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 std::shared_ptr<const TopLevelDocProduct> product(std::string shortName) {
@@ -63,19 +60,18 @@ protected:
     ~HostServicesTest() override { setHostServices(nullptr); }
 };
 
-TEST_F(HostServicesTest, AreTheDefaultOnesUntilAHostSetsItsOwn) {
+TEST_F(HostServicesTest, AreTheDefaultOnesUntilTheHostSetsItsOwn) {
     EXPECT_EQ(hostServices(), defaultHostServices());
     EXPECT_EQ(defaultHostServices(), defaultHostServices());
     const auto* const manifest =
         dynamic_cast<const InstallationManifest*>(defaultHostServices().get());
     ASSERT_NE(manifest, nullptr);
-    EXPECT_EQ(manifest->installPath(), fl::filesystem::from_native_access_form(
-                                           std::filesystem::path(PLATFORM_TESTS_INSTALL_PREFIX))
-                                           .string())
-        << "a library in a build tree answers with the prefix that it was built for";
+    EXPECT_EQ(manifest->installPath(),
+              fromNativePath(std::filesystem::path(PLATFORM_TESTS_INSTALL_PREFIX)))
+        << "in a build tree, the prefix that the library was built for";
 }
 
-TEST_F(HostServicesTest, AreThoseThatWereSetUntilNullRestoresTheDefault) {
+TEST_F(HostServicesTest, AreThoseSetLastUntilNullRestoresTheDefault) {
     const auto first = std::make_shared<const FixedHost>();
     const auto second = std::make_shared<const FixedHost>();
     setHostServices(first);
@@ -86,41 +82,41 @@ TEST_F(HostServicesTest, AreThoseThatWereSetUntilNullRestoresTheDefault) {
     EXPECT_EQ(hostServices(), defaultHostServices());
 }
 
-TEST_F(HostServicesTest, AreLetGoWhenOthersComeInTheirPlace) {
+TEST_F(HostServicesTest, AreReleasedWhenReplaced) {
     auto services = std::make_shared<const FixedHost>();
     const std::weak_ptr<const FixedHost> watched = services;
     setHostServices(std::move(services));
     EXPECT_FALSE(watched.expired());
-    const std::shared_ptr<const HostServices> underWay = hostServices();
+    const std::shared_ptr<const HostServices> inUse = hostServices();
     setHostServices(nullptr);
-    EXPECT_EQ(underWay->docLanguage(), u"de") << "a call under way keeps what it began with";
+    EXPECT_EQ(inUse->docLanguage(), u"de") << "a caller keeps the services that it asked for";
     EXPECT_EQ(watched.use_count(), 1);
 }
 
-// Takes itself out of force in the middle of an answer.
-class LeavingHost final : public FixedHost {
+// Restores the default services during an answer.
+class ReplacedHost final : public FixedHost {
 public:
-    explicit LeavingHost(bool& isGone) : isGone_(isGone) {}
-    ~LeavingHost() override { isGone_ = true; }
+    explicit ReplacedHost(bool& isDestroyed) : isDestroyed_(isDestroyed) {}
+    ~ReplacedHost() override { isDestroyed_ = true; }
 
     std::u16string docLanguage() const override {
         setHostServices(nullptr);
-        return isGone_ ? u"gone too early" : FixedHost::docLanguage();
+        return isDestroyed_ ? u"destroyed too early" : FixedHost::docLanguage();
     }
 
 private:
-    bool& isGone_;
+    bool& isDestroyed_;
 };
 
-TEST_F(HostServicesTest, MayBeReplacedDuringTheirOwnAnswer) {
-    bool isGone = false;
-    setHostServices(std::make_shared<const LeavingHost>(isGone));
+TEST_F(HostServicesTest, CanBeReplacedDuringTheirOwnAnswer) {
+    bool isDestroyed = false;
+    setHostServices(std::make_shared<const ReplacedHost>(isDestroyed));
     EXPECT_EQ(doclanguage::DocLanguage::getInstance().getDocLanguage(), u"de");
-    EXPECT_TRUE(isGone);
+    EXPECT_TRUE(isDestroyed);
     EXPECT_EQ(hostServices(), defaultHostServices());
 }
 
-// Asks for the services in force while it ends.
+// Asks for the current services in its destructor.
 class AskingHost final : public FixedHost {
 public:
     explicit AskingHost(std::shared_ptr<const HostServices>& seen) : seen_(seen) {}
@@ -130,7 +126,7 @@ private:
     std::shared_ptr<const HostServices>& seen_;
 };
 
-TEST_F(HostServicesTest, EndOutsideTheLockWithTheirSuccessorsInForce) {
+TEST_F(HostServicesTest, AreDestroyedOutsideTheLockAfterTheirReplacement) {
     std::shared_ptr<const HostServices> seen;
     const auto successor = std::make_shared<const FixedHost>();
     setHostServices(std::make_shared<const AskingHost>(seen));
@@ -165,7 +161,7 @@ TEST_F(HostServicesTest, AreAskedByTheLanguageServiceAtEachCall) {
     EXPECT_EQ(service.getDocLanguage(), u"");
 }
 
-TEST_F(HostServicesTest, AreAskedByTheCatalogueWhichDropsNullProducts) {
+TEST_F(HostServicesTest, AreAskedByTheCatalogueWhichSkipsNullProducts) {
     setHostServices(std::make_shared<const FixedHost>());
     const docproduct::DocProductCache& cache =
         DocProductCacheManager::getInstance().getDocProductCache();
@@ -183,13 +179,13 @@ TEST_F(HostServicesTest, AreAskedForTheSupportPackageRoot) {
               u"/opt/packages");
 }
 
-TEST_F(HostServicesTest, AreAskedForThePackagesUnderTheRootThatTheCallerNames) {
+TEST_F(HostServicesTest, AreAskedForThePackagesUnderTheGivenRoot) {
     setHostServices(std::make_shared<const FixedHost>());
     EXPECT_THAT(install::product_impl::utils::getInstalledHardwareSupportPackages(u"/a"),
                 UnorderedElementsAre(u"sensorkit", u"under /a"));
 }
 
-TEST_F(HostServicesTest, DoNotMoveTheInstallFolder) {
+TEST_F(HostServicesTest, DoNotChangeTheInstallFolder) {
     setHostServices(std::make_shared<const FixedHost>());
     EXPECT_EQ(hostServices()->installPath(), u"/opt/fixed");
     EXPECT_EQ(fl::filesystem::get_install_path(), defaultHostServices()->installPath());
@@ -204,46 +200,12 @@ public:
     }
 };
 
-TEST_F(HostServicesTest, WhatTheyThrowReachesWhoeverAsked) {
+TEST_F(HostServicesTest, PassTheirExceptionsToTheCaller) {
     setHostServices(std::make_shared<const FailingHost>());
     EXPECT_THROW(doclanguage::DocLanguage::getInstance().getDocLanguage(), std::runtime_error);
     EXPECT_THROW(
         DocProductCacheManager::getInstance().getDocProductCache().getTopLevelDocProducts(),
         std::runtime_error);
-}
-
-TEST(TopLevelDocProductTest, HoldsItsSevenArgumentsInTheirOrder) {
-    const TopLevelDocProduct made("display", "help", "short", "base", "alt", "availability",
-                                  {ProductFamily("trees"), ProductFamily("shrubs")});
-    EXPECT_EQ(made.getDisplayName(), "display");
-    EXPECT_EQ(made.getHelpLocation(), "help");
-    EXPECT_EQ(made.getShortName(), "short");
-    EXPECT_EQ(made.getBaseCode(), "base");
-    EXPECT_EQ(made.getAltShortName(), "alt");
-    EXPECT_EQ(made.getAvailability(), "availability");
-    EXPECT_THAT(made.getFamilies(), ElementsAre(ProductFamily("trees"), ProductFamily("shrubs")));
-    EXPECT_EQ(made.getFamilies().front().getName(), "trees");
-}
-
-TEST(TopLevelDocProductTest, EqualsAProductOfTheSameTexts) {
-    EXPECT_EQ(*product("orchard"), *product("orchard"));
-    EXPECT_FALSE(*product("orchard") == *product("Orchard"));
-    EXPECT_THAT(product("orchard")->getFamilies(), IsEmpty());
-}
-
-TEST(TopLevelDocProductTest, DiffersFromOneThatDiffersInAnyTextOrFamily) {
-    const auto make = [](std::size_t other, const char* family) {
-        std::array<std::string, 6> texts;
-        if (other < texts.size())
-            texts[other] = "other";
-        return TopLevelDocProduct(texts[0], texts[1], texts[2], texts[3], texts[4], texts[5],
-                                  {ProductFamily(family)});
-    };
-    const TopLevelDocProduct made = make(6, "trees");
-    EXPECT_EQ(made, make(6, "trees"));
-    for (std::size_t field = 0; field < 6; ++field)
-        EXPECT_FALSE(made == make(field, "trees")) << "text " << field;
-    EXPECT_FALSE(made == make(6, "shrubs"));
 }
 
 } // namespace

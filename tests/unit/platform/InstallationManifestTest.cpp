@@ -36,7 +36,7 @@ protected:
 
     string file() const { return (folder_.path() / "installation.json").string(); }
 
-    // The text of the failure that a question to a manifest of this text ends in.
+    // Returns the message of the exception for a manifest of this text.
     string failureOf(std::string_view text) {
         write(text);
         return failure();
@@ -64,20 +64,20 @@ protected:
     TemporaryFolder folder_;
 };
 
-TEST_F(InstallationManifestTest, WithoutAFileThereIsEnglishAloneAndNothingInstalled) {
+TEST_F(InstallationManifestTest, HasOnlyEnglishAndNothingInstalledWithoutAFile) {
     expectNothingInstalled(manifest());
     expectNothingInstalled(InstallationManifest(folder_.u16() + u"/no/such/folder"));
     EXPECT_EQ(manifest().installPath(), folder_.u16());
 }
 
-TEST_F(InstallationManifestTest, EveryKeyIsOptionalAndUnknownOnesAreLeftAlone) {
+TEST_F(InstallationManifestTest, IgnoresUnknownKeysAndNeedsNone) {
     write("{}");
     expectNothingInstalled(manifest());
     write(R"({"schemaVersion": 7, "DocLanguage": "de", "topLevelProducts": []})");
     expectNothingInstalled(manifest());
 }
 
-TEST_F(InstallationManifestTest, AnswersWithEveryKeyOfTheFile) {
+TEST_F(InstallationManifestTest, ReadsEveryKey) {
     write(R"({"docLanguage": "ja", "supportedDocLanguages": ["en", "ja", "zh_CN", "ja"],
         "topLevelProducts": [
             {"shortName": "orchard", "displayName": "Orchard Toolkit", "helpLocation": "orch",
@@ -100,7 +100,7 @@ TEST_F(InstallationManifestTest, AnswersWithEveryKeyOfTheFile) {
                     UnorderedElementsAre(u"sensorkit", u"drone"));
 }
 
-TEST_F(InstallationManifestTest, TakesTextBeyondAscii) {
+TEST_F(InstallationManifestTest, ReadsStringsBeyondAscii) {
     write(R"({"docLanguage": "日本", "supportedDocLanguages": ["日本", "🌳", "\uD83C\uDF33"],
         "topLevelProducts": [{"shortName": "café", "families": ["木"]}],
         "supportPackageRoot": "/東京/🌳", "hardwareSupportPackages": ["été"]})");
@@ -114,12 +114,12 @@ TEST_F(InstallationManifestTest, TakesTextBeyondAscii) {
     EXPECT_THAT(manifest.installedHardwareSupportPackages(u""), UnorderedElementsAre(u"été"));
 }
 
-TEST_F(InstallationManifestTest, LiesInAFolderWithANameBeyondAscii) {
+TEST_F(InstallationManifestTest, ReadsFromAFolderWithANameBeyondAscii) {
     folder_.write(u"東京 🌳/installation.json", R"({"docLanguage": "ja"})");
     EXPECT_EQ(InstallationManifest(folder_.u16() + u"/東京 🌳").docLanguage(), u"ja");
 }
 
-TEST_F(InstallationManifestTest, ARelativeSupportPackageRootStartsAtTheInstallFolder) {
+TEST_F(InstallationManifestTest, ResolvesARelativeSupportPackageRootAgainstTheInstallFolder) {
     write(R"({"supportPackageRoot": "supportpackages"})");
     EXPECT_EQ(manifest().supportPackageRoot(), folder_.u16() + u"/supportpackages");
     EXPECT_EQ(InstallationManifest(folder_.u16() + u"/").supportPackageRoot(),
@@ -128,12 +128,12 @@ TEST_F(InstallationManifestTest, ARelativeSupportPackageRootStartsAtTheInstallFo
     EXPECT_EQ(manifest().supportPackageRoot(), folder_.u16() + u"/../shared/packages/");
 }
 
-TEST_F(InstallationManifestTest, AnEmptySupportPackageRootIsNoFolder) {
+TEST_F(InstallationManifestTest, KeepsAnEmptySupportPackageRootEmpty) {
     write(R"({"supportPackageRoot": ""})");
     EXPECT_EQ(manifest().supportPackageRoot(), u"");
 }
 
-TEST_F(InstallationManifestTest, TheLastOfTwoEqualKeysCounts) {
+TEST_F(InstallationManifestTest, UsesTheLastOfTwoEqualKeys) {
     write(R"({"docLanguage": 1, "docLanguage": "de", "topLevelProducts": [
         {"shortName": "first", "shortName": "second"}]})");
     EXPECT_EQ(manifest().docLanguage(), u"de");
@@ -142,10 +142,10 @@ TEST_F(InstallationManifestTest, TheLastOfTwoEqualKeysCounts) {
 
 struct DamageCase {
     const char* text;
-    const char* place; // and what is wrong there
+    const char* failure; // the JSON pointer and the reason
 };
 
-TEST_F(InstallationManifestTest, AValueOfTheWrongKindIsAFailureThatNamesFileAndPlace) {
+TEST_F(InstallationManifestTest, ReportsFileAndPointerOfAValueOfTheWrongType) {
     constexpr DamageCase cases[] = {
         {"[]", "the top level: an object was expected"},
         {"null", "the top level: an object was expected"},
@@ -186,10 +186,10 @@ TEST_F(InstallationManifestTest, AValueOfTheWrongKindIsAFailureThatNamesFileAndP
          "/hardwareSupportPackages/0: a string was expected"},
     };
     for (const DamageCase& one : cases)
-        EXPECT_EQ(failureOf(one.text), file() + ": " + one.place) << one.text;
+        EXPECT_EQ(failureOf(one.text), file() + ": " + one.failure) << one.text;
 }
 
-TEST_F(InstallationManifestTest, ASupportPackageRootThatIsNoPathIsAFailureThatNamesItsPlace) {
+TEST_F(InstallationManifestTest, ReportsASupportPackageRootThatIsNotAPath) {
     EXPECT_THAT(failureOf(R"({"supportPackageRoot": "a\u0000b"})"),
                 testing::StartsWith(file() + ": /supportPackageRoot: a path holds NUL"));
 }
@@ -199,7 +199,7 @@ struct SyntaxCase {
     const char* position;
 };
 
-TEST_F(InstallationManifestTest, ASyntaxErrorIsAFailureThatNamesLineAndColumn) {
+TEST_F(InstallationManifestTest, ReportsLineAndColumnOfASyntaxError) {
     constexpr SyntaxCase cases[] = {
         {"", "line 1, column 1: "},
         {"  \n", "line 2, column 1: "},
@@ -217,7 +217,7 @@ TEST_F(InstallationManifestTest, ASyntaxErrorIsAFailureThatNamesLineAndColumn) {
             << one.text;
 }
 
-TEST_F(InstallationManifestTest, ATextThatIsNotWellFormedIsAFailure) {
+TEST_F(InstallationManifestTest, ReportsIllFormedText) {
     for (const std::string_view text : {std::string_view("{\"docLanguage\": \"\xE3\"}"),
                                         std::string_view("{\"docLanguage\": \"\\uD83C\"}"),
                                         std::string_view("{\"docLanguage\": \"\0\"}", 19)})
@@ -225,7 +225,7 @@ TEST_F(InstallationManifestTest, ATextThatIsNotWellFormedIsAFailure) {
     EXPECT_THAT(failureOf(string(100'000, '[')), testing::StartsWith(file() + ": line 1, column "));
 }
 
-TEST_F(InstallationManifestTest, EveryQuestionButTheInstallFolderFailsWhileTheFileIsMalformed) {
+TEST_F(InstallationManifestTest, FailsEveryQuestionExceptTheInstallFolderWhileTheFileIsMalformed) {
     write("{");
     const InstallationManifest manifest(folder_.u16());
     EXPECT_EQ(manifest.installPath(), folder_.u16());
@@ -236,7 +236,7 @@ TEST_F(InstallationManifestTest, EveryQuestionButTheInstallFolderFailsWhileTheFi
     EXPECT_THROW(manifest.installedHardwareSupportPackages(u""), std::runtime_error);
 }
 
-TEST_F(InstallationManifestTest, AFolderOrALoopInItsPlaceIsAFailureThatNamesTheFile) {
+TEST_F(InstallationManifestTest, ReportsAFolderOrALinkLoopInPlaceOfTheFile) {
     std::filesystem::create_directory(file());
     EXPECT_EQ(failure(), file() + ": it is not a file that can be read");
     std::filesystem::remove(file());
@@ -244,13 +244,13 @@ TEST_F(InstallationManifestTest, AFolderOrALoopInItsPlaceIsAFailureThatNamesTheF
     EXPECT_EQ(failure(), file() + ": it is not a file that can be read");
 }
 
-TEST_F(InstallationManifestTest, APipeInItsPlaceIsAFailureAndNotAWait) {
+TEST_F(InstallationManifestTest, ReportsAPipeInPlaceOfTheFileWithoutWaiting) {
     ASSERT_EQ(::mkfifo(file().c_str(), 0600), 0);
     std::promise<string> answer;
     std::future<string> result = answer.get_future();
     std::thread asker([&] { answer.set_value(failure()); });
     const bool isPrompt = result.wait_for(std::chrono::seconds(30)) == std::future_status::ready;
-    // Both ends at once, so that a reader that waits is let go.
+    // Opening both ends releases a reader that waits.
     const int release = ::open(file().c_str(), O_RDWR | O_NONBLOCK);
     ::close(release);
     asker.join();
@@ -258,7 +258,7 @@ TEST_F(InstallationManifestTest, APipeInItsPlaceIsAFailureAndNotAWait) {
     EXPECT_EQ(result.get(), file() + ": it is not a file that can be read");
 }
 
-TEST_F(InstallationManifestTest, ALinkToAFileIsReadAndOneToNothingIsNoFile) {
+TEST_F(InstallationManifestTest, FollowsALinkAndTreatsADanglingOneAsMissing) {
     folder_.write("elsewhere/here.json", R"({"docLanguage": "de"})");
     std::filesystem::create_symlink("elsewhere/here.json", file());
     EXPECT_EQ(manifest().docLanguage(), u"de");
@@ -266,14 +266,14 @@ TEST_F(InstallationManifestTest, ALinkToAFileIsReadAndOneToNothingIsNoFile) {
     expectNothingInstalled(manifest());
 }
 
-TEST_F(InstallationManifestTest, AFileAboveTheReadLimitIsAFailureBeforeItsMemoryIsTaken) {
+TEST_F(InstallationManifestTest, RefusesAFileAboveTheReadLimitBeforeAllocating) {
     write("{}");
     std::filesystem::resize_file(file(), std::uint64_t{5} << 30);
     EXPECT_EQ(failure(), file() + ": the file is larger than the limit of " +
                              std::to_string(readLimits().fileBytes) + " bytes");
 }
 
-TEST_F(InstallationManifestTest, AnInstallFolderThatIsNoPathIsAFailure) {
+TEST_F(InstallationManifestTest, ReportsAnInstallFolderThatIsNotAPath) {
     const auto failureIn = [](const std::u16string& folder) {
         return failureOf(InstallationManifest(folder));
     };
@@ -282,7 +282,7 @@ TEST_F(InstallationManifestTest, AnInstallFolderThatIsNoPathIsAFailure) {
     EXPECT_THAT(failureIn(std::u16string{u'/', u'a', u'\0', u'b'}), testing::StartsWith("/a"));
 }
 
-TEST_F(InstallationManifestTest, HandsOutTheSameProductsAtEachCall) {
+TEST_F(InstallationManifestTest, ReturnsTheSameProductsAtEachCall) {
     write(R"({"topLevelProducts": [{"shortName": "orchard"}, {"shortName": "garden"}]})");
     const InstallationManifest manifest(folder_.u16());
     const auto products = manifest.installedTopLevelDocProducts();
@@ -290,7 +290,7 @@ TEST_F(InstallationManifestTest, HandsOutTheSameProductsAtEachCall) {
     EXPECT_EQ(manifest.installedTopLevelDocProducts(), products);
 }
 
-TEST_F(InstallationManifestTest, IsReadAtTheFirstQuestionAndNotAgain) {
+TEST_F(InstallationManifestTest, ReadsTheFileOnceAtTheFirstQuestion) {
     write("{");
     const InstallationManifest manifest(folder_.u16());
     write(R"({"docLanguage": "de", "hardwareSupportPackages": ["kit"]})");
@@ -301,18 +301,18 @@ TEST_F(InstallationManifestTest, IsReadAtTheFirstQuestionAndNotAgain) {
     EXPECT_THAT(manifest.installedHardwareSupportPackages(u""), UnorderedElementsAre(u"kit"));
 }
 
-TEST_F(InstallationManifestTest, IsReadAnewAfterAFailureUntilItIsRepaired) {
+TEST_F(InstallationManifestTest, ReadsTheFileAgainAfterAFailure) {
     write(R"({"docLanguage": "de", "topLevelProducts": [{"shortName": "orchard"}, 1]})");
     const InstallationManifest manifest(folder_.u16());
     EXPECT_THROW(manifest.docLanguage(), std::runtime_error);
     EXPECT_THROW(manifest.installedTopLevelDocProducts(), std::runtime_error);
     write(R"({"topLevelProducts": [{"shortName": "garden"}]})");
-    EXPECT_EQ(manifest.docLanguage(), u"en") << "nothing of the damaged file is left";
+    EXPECT_EQ(manifest.docLanguage(), u"en") << "nothing of the damaged file is kept";
     ASSERT_EQ(manifest.installedTopLevelDocProducts().size(), 1u);
     EXPECT_EQ(manifest.installedTopLevelDocProducts().at(0)->getShortName(), "garden");
 }
 
-TEST_F(InstallationManifestTest, AnswersEightThreadsAtOnceWithTheSameProducts) {
+TEST_F(InstallationManifestTest, AnswersEightThreadsWithTheSameProducts) {
     write(R"({"docLanguage": "ja", "topLevelProducts": [{"shortName": "orchard"}],
               "supportPackageRoot": "packages", "hardwareSupportPackages": ["kit"]})");
     const InstallationManifest manifest(folder_.u16());

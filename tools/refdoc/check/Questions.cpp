@@ -15,11 +15,10 @@ using reference::docparser::SectionFate;
 
 namespace {
 
-// The text under a key, as the library reads links.
+// Reads the string under a key as the library reads links.
 std::u16string linkIn(const json::value& object, std::string_view key) {
-    std::u16string link;
-    fl::i18n::append_ascii(link, object.at(key).as_string());
-    return link;
+    const std::string_view link = object.at(key).as_string();
+    return fl::i18n::codecvt_ascii_to_ustring(/*strict=*/false).convert(link.data(), link.size());
 }
 
 // The items of a section that the library has read, and so has the right kinds.

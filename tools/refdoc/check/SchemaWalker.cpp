@@ -24,7 +24,7 @@ std::string_view kindOf(const json::value& value) {
     switch (value.kind()) {
     case json::kind::object: return "an object";
     case json::kind::array: return "an array";
-    case json::kind::string: return "a text";
+    case json::kind::string: return "a string";
     case json::kind::bool_: return "a Boolean";
     case json::kind::null: return "null";
     case json::kind::int64:
@@ -35,7 +35,7 @@ std::string_view kindOf(const json::value& value) {
 }
 
 std::string_view kindOf(std::string_view schemaType) {
-    return schemaType == "string" ? "a text" : schemaType == "array" ? "an array" : "an object";
+    return schemaType == "string" ? "a string" : schemaType == "array" ? "an array" : "an object";
 }
 
 bool isOfKind(const json::value& value, std::string_view schemaType) {
@@ -91,8 +91,8 @@ public:
     void walk(const json::value& value, const SchemaNode& node, ReadAs readAs) {
         if (!isOfKind(value, node.kind))
             return add(RuleId::WrongKind, /*isAtKey=*/false,
-                       fmt::format("{} stands where {} belongs; the whole file is dropped",
-                                   kindOf(value), kindOf(node.kind)));
+                       fmt::format("expected {}, found {}; the whole file is dropped",
+                                   kindOf(node.kind), kindOf(value)));
         if (!node.words.empty())
             return checkWord(value, node);
         if (node.countsByPresence)
@@ -165,7 +165,8 @@ private:
         for (const SchemaMember& member : node.members) {
             if (member.isRequired && !object.contains(member.key))
                 add(RuleId::MissingKey, /*isAtKey=*/false,
-                    fmt::format("the key \"{}\" is missing; the whole file is dropped", member.key),
+                    fmt::format("the required key \"{}\" is missing; the whole file is dropped",
+                                member.key),
                     member.key);
         }
     }
@@ -194,8 +195,8 @@ private:
         if (!isBytes || isAscii(text))
             return;
         const std::string_view beyond = firstBeyondAscii(text);
-        std::u16string garbled;
-        fl::i18n::append_ascii(garbled, beyond);
+        const fl::i18n::codecvt_ascii_to_ustring ascii(/*strict=*/false);
+        const std::u16string garbled = ascii.convert(beyond.data(), beyond.size());
         add(RuleId::NotAscii, /*isAtKey=*/false,
             fmt::format("the text is read as ASCII, and \"{}\" becomes \"{}\"", beyond,
                         to_string(garbled)));

@@ -13,11 +13,13 @@ class CheckPathTest : public CheckTest {};
 
 TEST_F(CheckPathTest, AResourceFileMayLieAnywhere) {
     add("drafts/Orchard.json", kNoPurpose);
-    EXPECT_EQ(check({"drafts/Orchard.json"}),
-              (Outcome{1,
-                       "drafts/Orchard.json:1:107: error: the key \"refpurpose\" is missing; the "
-                       "whole file is dropped [missing-key]\n1 error in 1 file\n",
-                       ""}));
+    EXPECT_EQ(
+        check({"drafts/Orchard.json"}),
+        (Outcome{
+            1,
+            "drafts/Orchard.json:1:107: error: the required key \"refpurpose\" is missing; the "
+            "whole file is dropped [missing-key]\n1 error in 1 file\n",
+            ""}));
 }
 
 TEST_F(CheckPathTest, ItsContentTellsWhetherItIsALookupFile) {
@@ -29,7 +31,7 @@ TEST_F(CheckPathTest, ItsContentTellsWhetherItIsALookupFile) {
 TEST_F(CheckPathTest, ItsFolderTellsBeforeItsContent) {
     add("referenceapi_lookup/A.json", kNoPurpose);
     EXPECT_THAT(check({"referenceapi_lookup/A.json"}).out,
-                HasSubstr("the key \"name\" is missing"));
+                HasSubstr("the required key \"name\" is missing"));
     add("referenceapi/A.json", kLookupWithoutPurpose);
     EXPECT_THAT(check({"referenceapi/A.json"}).out,
                 HasSubstr("the key \"name\" has no meaning here"));
@@ -39,11 +41,13 @@ TEST_F(CheckPathTest, APackageIsCheckedByItself) {
     docparser_tests::ZipBytes package;
     package.entries = {{.name = "in/A.json", .content = kLookupWithoutPurpose}};
     add("A.zip", package.build());
-    EXPECT_EQ(check({"A.zip"}),
-              (Outcome{1,
-                       "A.zip!in/A.json:1:107: error: the key \"refpurpose\" is missing; the whole "
-                       "file is dropped [missing-key]\n1 error in 1 file\n",
-                       ""}));
+    EXPECT_EQ(
+        check({"A.zip"}),
+        (Outcome{
+            1,
+            "A.zip!in/A.json:1:107: error: the required key \"refpurpose\" is missing; the whole "
+            "file is dropped [missing-key]\n1 error in 1 file\n",
+            ""}));
 }
 
 TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {
@@ -53,7 +57,8 @@ TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {
         (std::vector<std::string>{
             "installation.json:1:2: warning: the key \"docLanguag\" has no meaning here and is "
             "passed over; did you mean \"docLanguage\"? [unknown-key]",
-            "installation.json:2:23: error: the key \"shortName\" is missing; the whole file "
+            "installation.json:2:23: error: the required key \"shortName\" is missing; the whole "
+            "file "
             "is dropped [missing-key]",
             "1 error, 1 warning in 1 file"}));
 }

@@ -59,7 +59,7 @@ TEST_F(ReportFormatTest, JsonTellsWhatTheTextTells) {
         "rule": "missing-key", "severity": "error",
         "file": "help/docCatalog/referenceapi/NoKey.json", "entry": null, "line": 2, "column": 1,
         "pointer": "/refItems/0",
-        "message": "the key \"refpurpose\" is missing; the whole file is dropped",
+        "message": "the required key \"refpurpose\" is missing; the whole file is dropped",
         "fingerprint": ")" + textAt(document(linesOf(outcome.out).at(7)), "/fingerprint") +
                                                              R"(", "related": []})"));
 }

@@ -77,7 +77,7 @@ TEST(SchemaWalker, FindsAMissingKeyAtItsObject) {
 
 TEST(SchemaWalker, FindsWrongKindsAtEachDepth) {
     EXPECT_THAT(walk("[]"), ElementsAre(finding(RuleId::WrongKind, "", false,
-                                                "an array stands where an object belongs")));
+                                                "expected an object, found an array")));
     EXPECT_THAT(walk(R"({"title": null, "codes": ["a", 1], "parts": [{"many": {}}, true]})"),
                 ElementsAre(finding(RuleId::WrongKind, "/title", false, "null"),
                             finding(RuleId::WrongKind, "/codes/1", false, "a number"),

@@ -15,14 +15,14 @@ protected:
 };
 
 constexpr const char* kFindings =
-    R"(help/docCatalog/referenceapi/BadKind.json:2:10: error: a number stands where a text belongs; the whole file is dropped [wrong-kind]
+    R"(help/docCatalog/referenceapi/BadKind.json:2:10: error: expected a string, found a number; the whole file is dropped [wrong-kind]
 help/docCatalog/referenceapi/Cellar.JSON: error: the file is ignored: its extension has to be "json", in lower case [extension-case]
 help/docCatalog/referenceapi/Deep.json:2:32: error: the nesting is too deep from here on; the whole file is dropped [nesting-too-deep]
 help/docCatalog/referenceapi/Folder.json: error: a folder, pipe or device bears the name of a resource file [not-a-file]
 help/docCatalog/referenceapi/Huge.json: error: the file is not read: it is larger than the limit [over-limit]
 help/docCatalog/referenceapi/Mark.json:1:1: error: the text begins with a byte-order mark; the whole file is dropped [byte-order-mark]
 help/docCatalog/referenceapi/NoJson.json:2:13: error: the text is no JSON: syntax error; the whole file is dropped [malformed-json]
-help/docCatalog/referenceapi/NoKey.json:2:1: error: the key "refpurpose" is missing; the whole file is dropped [missing-key]
+help/docCatalog/referenceapi/NoKey.json:2:1: error: the required key "refpurpose" is missing; the whole file is dropped [missing-key]
 help/docCatalog/referenceapi/Orchard.json:3:87: warning: unknown word "functon" counts as "function"; did you mean "function"? [unknown-word]
 help/docCatalog/referenceapi/Orchard.json:4:79: warning: the key "introducd" has no meaning here and is passed over; did you mean "introduced"? [unknown-key]
 help/docCatalog/referenceapi/Orchard.json:5:60: warning: the text is read as ASCII, and "é" becomes "Ã©" [not-ascii]
@@ -77,7 +77,7 @@ TEST_F(SeededTreeTest, WithoutAPathTheCurrentRootsAreChecked) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(linesOf(outcome.out).size(), linesOf(kFindings).size());
     EXPECT_THAT(outcome.out, HasSubstr(path("help/docCatalog/referenceapi/NoKey.json") +
-                                       ":2:1: error: the key \"refpurpose\" is missing"));
+                                       ":2:1: error: the required key \"refpurpose\" is missing"));
 }
 
 TEST_F(SeededTreeTest, FindingsOfTwoLanguagesMoreAreStillReportedOnce) {

@@ -16,7 +16,7 @@ using namespace reference::property;
 using testing::HasSubstr;
 using testing::ThrowsMessage;
 
-// The words of each enumeration in the order of their numbers, from 0.
+// The words of an enumeration; their positions are the numbers of its values.
 template <class E>
 std::vector<std::string_view> words();
 
@@ -44,7 +44,7 @@ class Enumeration : public testing::Test {};
 using Enumerations = testing::Types<RefEntityType, SyntaxType, DeprecationStatus, FunctionType>;
 TYPED_TEST_SUITE(Enumeration, Enumerations);
 
-TYPED_TEST(Enumeration, EveryWordHasItsNumberAndEveryNumberItsWord) {
+TYPED_TEST(Enumeration, MapsWordsToNumbersAndBack) {
     int number = 0;
     for (const std::string_view word : words<TypeParam>()) {
         EXPECT_EQ(TypeParam::stringToEnum(word), number) << word;
@@ -53,16 +53,16 @@ TYPED_TEST(Enumeration, EveryWordHasItsNumberAndEveryNumberItsWord) {
     }
 }
 
-TYPED_TEST(Enumeration, TheDefaultIsTheFirstWord) {
+TYPED_TEST(Enumeration, HasItsFirstWordAsDefault) {
     EXPECT_EQ(TypeParam::getDefaultValue(), 0);
 }
 
-TYPED_TEST(Enumeration, AnUnknownWordIsRefusedByName) {
+TYPED_TEST(Enumeration, ThrowsForAnUnknownWordAndNamesIt) {
     EXPECT_THAT([] { TypeParam::stringToEnum("grafting"); },
                 ThrowsMessage<std::invalid_argument>(HasSubstr("grafting")));
 }
 
-TYPED_TEST(Enumeration, WordsAreMatchedToTheLetter) {
+TYPED_TEST(Enumeration, MatchesWordsExactly) {
     for (const std::string_view known : words<TypeParam>()) {
         const std::string word(known);
         std::string upper = word;
@@ -77,7 +77,7 @@ TYPED_TEST(Enumeration, WordsAreMatchedToTheLetter) {
     EXPECT_THROW(TypeParam::stringToEnum({}), std::invalid_argument);
 }
 
-TYPED_TEST(Enumeration, ANumberThatIsNoValueHasNoWordAndIsNamed) {
+TYPED_TEST(Enumeration, ThrowsForANumberThatIsNotAValueAndNamesIt) {
     const int count = static_cast<int>(words<TypeParam>().size());
     for (const int number :
          {-1, count, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
@@ -86,7 +86,7 @@ TYPED_TEST(Enumeration, ANumberThatIsNoValueHasNoWordAndIsNamed) {
             ThrowsMessage<std::invalid_argument>(HasSubstr(std::to_string(number))));
 }
 
-TEST(RefEntityType, TheTwelfthIsTheComponent) {
+TEST(RefEntityType, NumbersTheComponentTwelve) {
     EXPECT_EQ(RefEntityType::Component, 12);
     EXPECT_EQ(RefEntityType::stringToEnum("component"), RefEntityType::Component);
 }

@@ -16,7 +16,7 @@ using reference::docparser::FormatError;
 
 static_assert(std::is_base_of_v<std::exception, FormatError>);
 
-TEST(FormatError, HasItsReasonAloneBeforeItIsLocated) {
+TEST(FormatError, HasOnlyItsReasonBeforeItIsLocated) {
     const json::value document = json::parse("{}");
     const FormatError error(&document, "something is wrong");
     EXPECT_EQ(error.getPointer(), "");
@@ -24,7 +24,7 @@ TEST(FormatError, HasItsReasonAloneBeforeItIsLocated) {
     EXPECT_STREQ(error.what(), "something is wrong");
 }
 
-TEST(FormatError, PutsThePointerInFrontOfTheReasonOnceItIsLocated) {
+TEST(FormatError, HasPointerAndReasonAfterItIsLocated) {
     const json::value document = json::parse(R"({"a": {"b": [1, {"c": null}]}})");
     FormatError error(&document.at_pointer("/a/b/1/c"), "something is wrong");
     error.locate(document);
@@ -47,7 +47,7 @@ TEST(FormatError, FindsEveryValueOfADocument) {
     }
 }
 
-TEST(FormatError, FindsAnObjectByItsOwnAddressTheOneAtTheRootToo) {
+TEST(FormatError, FindsObjectsByTheirAddress) {
     const json::value document = json::parse(R"({"list": [{}, {"inner": {}}]})");
     for (const char* pointer : {"", "/list/0", "/list/1", "/list/1/inner"}) {
         FormatError error(&document.at_pointer(pointer).as_object(), "reason");
@@ -56,7 +56,7 @@ TEST(FormatError, FindsAnObjectByItsOwnAddressTheOneAtTheRootToo) {
     }
 }
 
-TEST(FormatError, StaysAsItIsWhenItsPlaceIsInAnotherDocument) {
+TEST(FormatError, IgnoresADocumentThatDoesNotContainIt) {
     const json::value document = json::parse(R"({"a": [{}]})");
     const json::value other = json::parse(R"({"a": [{}]})");
     FormatError error(&other.at_pointer("/a/0"), "reason");

@@ -15,7 +15,7 @@ namespace json = boost::json;
 using namespace reference::docparser;
 using reference::property::HeaderInfo;
 
-TEST(HeaderParser, FillsEachFieldFromItsKeyAndTheLastFromTheCaller) {
+TEST(HeaderParser, FillsEachFieldFromItsKeyAndTheProductFromTheCaller) {
     const json::value section = json::parse(R"({"schema": "referenceapi", "schemaVersion": "2.1",
         "productName": "Orchard Toolkit", "baseCode": "OR", "helpFolder": "orchard",
         "helpLocation": "help/orchard"})");
@@ -24,13 +24,13 @@ TEST(HeaderParser, FillsEachFieldFromItsKeyAndTheLastFromTheCaller) {
                          u"help/orchard", u"Orchard"));
 }
 
-TEST(HeaderParser, LeavesSchemaAndVersionEmptyWhenTheSectionHasNone) {
+TEST(HeaderParser, LeavesSchemaAndVersionEmptyIfTheyAreAbsent) {
     const json::value section = json::parse(
         R"({"productName": "P", "baseCode": "B", "helpFolder": "f", "helpLocation": "l"})");
     EXPECT_EQ(getHeaderInfo(section, u"p"), HeaderInfo(u"", u"", u"P", u"B", u"f", u"l", u"p"));
 }
 
-TEST(HeaderParser, KeepsLettersBeyondAsciiInTheProductName) {
+TEST(HeaderParser, DecodesOnlyTheProductName) {
     const json::value section = json::parse(
         R"({"productName": "Öl 油", "baseCode": "é", "helpFolder": "f", "helpLocation": "l"})");
     const HeaderInfo header = getHeaderInfo(section, u"\u6CB9");
@@ -39,14 +39,14 @@ TEST(HeaderParser, KeepsLettersBeyondAsciiInTheProductName) {
     EXPECT_EQ(header.getProduct(), u"\u6CB9");
 }
 
-TEST(HeaderParser, IgnoresKeysThatAreNotTheHeaders) {
+TEST(HeaderParser, IgnoresOtherKeys) {
     const json::value section = json::parse(
         R"({"product": 5, "x": [], "productName": "P", "refItems": 7, "baseCode": "B",
         "BASECODE": {}, "helpFolder": "f", "helpLocation": "l", "supportPackages": null})");
     EXPECT_EQ(getHeaderInfo(section, u"p"), HeaderInfo(u"", u"", u"P", u"B", u"f", u"l", u"p"));
 }
 
-TEST(HeaderParser, IsAvailableToTheFacadesUsers) {
+TEST(HeaderParser, IsAvailableThroughTheFacade) {
     const json::value section = json::parse(
         R"({"productName": "P", "baseCode": "B", "helpFolder": "f", "helpLocation": "l"})");
     EXPECT_EQ(DocResourceParser::ParsingTools::getHeaderInfo(section, u"p"),

@@ -1,5 +1,7 @@
 #include "docparser/parsing/ItemParser.hpp"
 
+#include "tests/support/Records.hpp"
+
 #include <boost/json/parse.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,7 +17,6 @@ using namespace reference::property;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
-using testing::Property;
 
 DocResource<RefItem> parse(const std::string& refItems) {
     const json::value section = json::parse(
@@ -25,46 +26,44 @@ DocResource<RefItem> parse(const std::string& refItems) {
     return parseRefItemSection(section, u"p");
 }
 
-RefItem plainItem(const char16_t* href, const char16_t* purpose) {
-    return {
-        href, {}, u"", purpose, u"", u"", AppThumbnail(u"", u""), DeprecationStatus::None, {}, {},
-        {},   {}, {},  {},      {},  {}};
-}
-
-TEST(ItemParser, AnEmptyListGivesTheHeaderAndNoItems) {
+TEST(ItemParser, ReadsAnEmptyListAsNoItems) {
     const DocResource<RefItem> section = parse("[]");
     EXPECT_EQ(section.header, HeaderInfo(u"", u"", u"P", u"B", u"f", u"l", u"p"));
     EXPECT_THAT(section.items, IsEmpty());
 }
 
-TEST(ItemParser, AnItemWithoutOptionalKeysIsEmptyInAllButLinkAndPurpose) {
+TEST(ItemParser, LeavesFieldsOfAbsentKeysEmpty) {
     const auto section = parse(R"([{"href": "graft.html", "refpurpose": "Join trees"}])");
     EXPECT_THAT(
         section.items,
-        ElementsAre(Pair(u"graft.html", ElementsAre(plainItem(u"graft.html", u"Join trees")))));
+        ElementsAre(Pair(u"graft.html", ElementsAre(makeRefItem({.href = u"graft.html",
+                                                                 .refPurpose = u"Join trees"})))));
 }
 
-TEST(ItemParser, ItemsOfOneHrefStandBehindEachOtherInFileOrder) {
+TEST(ItemParser, KeepsItemsOfOneHrefInFileOrder) {
     const auto section = parse(R"([{"href": "b.html", "refpurpose": "z"},
         {"href": "a.html", "refpurpose": ""}, {"href": "b.html", "refpurpose": "a"},
         {"href": "b.html", "refpurpose": "a"}])");
-    EXPECT_THAT(section.items,
-                ElementsAre(Pair(u"a.html", ElementsAre(plainItem(u"a.html", u""))),
-                            Pair(u"b.html",
-                                 ElementsAre(plainItem(u"b.html", u"z"), plainItem(u"b.html", u"a"),
-                                             plainItem(u"b.html", u"a")))));
+    EXPECT_THAT(
+        section.items,
+        ElementsAre(
+            Pair(u"a.html", ElementsAre(makeRefItem({.href = u"a.html"}))),
+            Pair(u"b.html", ElementsAre(makeRefItem({.href = u"b.html", .refPurpose = u"z"}),
+                                        makeRefItem({.href = u"b.html", .refPurpose = u"a"}),
+                                        makeRefItem({.href = u"b.html", .refPurpose = u"a"})))));
 }
 
-TEST(ItemParser, HrefsThatDifferInLetterCaseAloneAreDifferentKeysInCodeUnitOrder) {
+TEST(ItemParser, ComparesHrefsByCodeUnits) {
     const auto section = parse(R"([{"href": "a.html", "refpurpose": ""},
         {"href": "A.html", "refpurpose": ""}, {"href": "é", "refpurpose": ""}])");
-    EXPECT_THAT(section.items,
-                ElementsAre(Pair(u"A.html", ElementsAre(plainItem(u"A.html", u""))),
-                            Pair(u"a.html", ElementsAre(plainItem(u"a.html", u""))),
-                            Pair(u"\u00C3\u00A9", ElementsAre(plainItem(u"\u00C3\u00A9", u"")))));
+    EXPECT_THAT(
+        section.items,
+        ElementsAre(Pair(u"A.html", ElementsAre(makeRefItem({.href = u"A.html"}))),
+                    Pair(u"a.html", ElementsAre(makeRefItem({.href = u"a.html"}))),
+                    Pair(u"\u00C3\u00A9", ElementsAre(makeRefItem({.href = u"\u00C3\u00A9"})))));
 }
 
-TEST(ItemParser, EveryKeyFillsItsField) {
+TEST(ItemParser, FillsEachFieldFromItsKey) {
     const auto section = parse(R"([{"href": "t.html", "refpurpose": "purpose",
         "refentity": [{"type": "class", "fcntype": "method", "name": "Tree"}],
         "packagename": "package", "introduced": "R1", "description": "description",
@@ -80,20 +79,32 @@ TEST(ItemParser, EveryKeyFillsItsField) {
     const auto info = [](const char16_t* name, const char16_t* href) {
         return ObjectInfo(name, u"p", {}, href);
     };
-    const RefItem expected(
-        u"t.html", {RefEntity(RefEntityType::Class, u"Tree", FunctionType::Method)}, u"package",
-        u"purpose", u"R1", u"description", AppThumbnail(u"t.png", u"A tree"),
-        DeprecationStatus::Removed, {SyntaxGroup(u"S", SyntaxType::Command, {u"t a", u"t b"})},
-        {Input(info(u"i", u"t.html#"), SyntaxType::Function, u"", false)},
-        {InputGroup(u"G", {Input(info(u"g", u"t.html#"), SyntaxType::Function, u"", false)})},
-        {Output(info(u"o", u"t.html#"), SyntaxType::Operator)},
-        {ClassPropertyGroup(u"C", {ClassProperty(info(u"c", u"t.html#prop_c"), u"")})},
-        {SeeAlso(u"u.html", u"u")}, {Example(u"e.html", u"open e", u"E")},
-        {Parameter(info(u"q", u"t.html#"), u"3")});
+    const Input inputOfNone(info(u"i", u"t.html#"), SyntaxType::Function, u"",
+                            /*isNameValuePair=*/false);
+    const Input inputOfGroup(info(u"g", u"t.html#"), SyntaxType::Function, u"",
+                             /*isNameValuePair=*/false);
+    const ClassProperty property(info(u"c", u"t.html#prop_c"), u"");
+    const RefItem expected = makeRefItem(
+        {.href = u"t.html",
+         .refEntities = {RefEntity(RefEntityType::Class, u"Tree", FunctionType::Method)},
+         .packageName = u"package",
+         .refPurpose = u"purpose",
+         .introduced = u"R1",
+         .description = u"description",
+         .appThumbnail = AppThumbnail(u"t.png", u"A tree"),
+         .deprecationStatus = DeprecationStatus::Removed,
+         .syntaxGroups = {SyntaxGroup(u"S", SyntaxType::Command, {u"t a", u"t b"})},
+         .inputs = {inputOfNone},
+         .inputGroups = {InputGroup(u"G", {inputOfGroup})},
+         .outputs = {Output(info(u"o", u"t.html#"), SyntaxType::Operator)},
+         .classPropertyGroups = {ClassPropertyGroup(u"C", {property})},
+         .seeAlso = {SeeAlso(u"u.html", u"u")},
+         .examples = {Example(u"e.html", u"open e", u"E")},
+         .parameters = {Parameter(info(u"q", u"t.html#"), u"3")}});
     EXPECT_THAT(section.items, ElementsAre(Pair(u"t.html", ElementsAre(expected))));
 }
 
-// The names of an item's input, of its group's input and of its property, each of them "é".
+// How the name "é" of an item's input, of an input in its group and of its property was read.
 std::string namesOf(const RefItem& item) {
     const auto read = [](const std::u16string& name) {
         return name == u"\u00E9" ? "decoded " : name == u"\u00C3\u00A9" ? "widened " : "wrong ";
@@ -112,7 +123,7 @@ std::string itemWithNames(const std::string& refentity) {
            refentity + "}";
 }
 
-TEST(ItemParser, AComponentAmongTheEntitiesHasTheNamesOfInputsAndPropertiesDecoded) {
+TEST(ItemParser, DecodesNamesOfInputsAndPropertiesOfComponents) {
     const std::string component = R"({"type": "component", "name": "c"})";
     const std::string other = R"({"type": "class", "name": "c"})";
     for (const std::string& entities :
@@ -127,7 +138,7 @@ TEST(ItemParser, AComponentAmongTheEntitiesHasTheNamesOfInputsAndPropertiesDecod
     }
 }
 
-TEST(ItemParser, AComponentHasNoBearingOnTheNextItem) {
+TEST(ItemParser, DoesNotDecodeNamesOfTheItemAfterAComponent) {
     const auto section = parse('[' + itemWithNames(R"([{"type": "component", "name": "c"}])") +
                                ',' + itemWithNames("[]") + ']');
     EXPECT_EQ(namesOf(section.items.at(u"h").at(0)), "decoded decoded decoded ");

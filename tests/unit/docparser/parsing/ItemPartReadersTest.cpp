@@ -22,7 +22,7 @@ Input input(const char16_t* name, bool isNameValuePair) {
     return {ObjectInfo(name, u"", {}, u"f.html#"), SyntaxType::Function, u"", isNameValuePair};
 }
 
-TEST(ItemPartReaders, AnAbsentKeyGivesNoRecords) {
+TEST(ItemPartReaders, ReadAnAbsentKeyAsNoRecords) {
     EXPECT_THAT(readRefEntities(nullptr).entities, IsEmpty());
     EXPECT_FALSE(readRefEntities(nullptr).hasComponent);
     EXPECT_EQ(readAppThumbnail(nullptr), AppThumbnail(u"", u""));
@@ -36,7 +36,7 @@ TEST(ItemPartReaders, AnAbsentKeyGivesNoRecords) {
     EXPECT_THAT(readParameters(nullptr, kHref), IsEmpty());
 }
 
-TEST(ItemPartReaders, AnEmptyListGivesNoRecords) {
+TEST(ItemPartReaders, ReadAnEmptyListAsNoRecords) {
     const json::value none = json::parse("[]");
     EXPECT_THAT(readRefEntities(&none).entities, IsEmpty());
     EXPECT_THAT(readSyntaxGroups(&none), IsEmpty());
@@ -49,7 +49,7 @@ TEST(ItemPartReaders, AnEmptyListGivesNoRecords) {
     EXPECT_THAT(readParameters(&none, kHref), IsEmpty());
 }
 
-TEST(ItemPartReaders, EntitiesWithoutWordsOrWithUnknownOnesAreTheDefaults) {
+TEST(ItemPartReaders, ReadAbsentAndUnknownWordsOfEntitiesAsDefaults) {
     const json::value refentity = json::parse(R"([{"name": "a"},
         {"name": "b", "type": "grafting", "fcntype": "grafting"},
         {"name": "c", "type": "event", "fcntype": "macro"}])");
@@ -60,18 +60,18 @@ TEST(ItemPartReaders, EntitiesWithoutWordsOrWithUnknownOnesAreTheDefaults) {
     EXPECT_FALSE(readRefEntities(&refentity).hasComponent);
 }
 
-TEST(ItemPartReaders, OneComponentAmongTheEntitiesIsEnough) {
+TEST(ItemPartReaders, FindAComponentAmongTheEntities) {
     const json::value refentity = json::parse(
         R"([{"name": "a"}, {"name": "b", "type": "component"}, {"name": "c", "type": "app"}])");
     EXPECT_TRUE(readRefEntities(&refentity).hasComponent);
 }
 
-TEST(ItemPartReaders, AThumbnailHasFileAndText) {
+TEST(ItemPartReaders, ReadThumbnails) {
     const json::value appthumbnail = json::parse(R"({"alt": "A tree", "fileref": "t.png"})");
     EXPECT_EQ(readAppThumbnail(&appthumbnail), AppThumbnail(u"t.png", u"A tree"));
 }
 
-TEST(ItemPartReaders, SyntaxLinesStandInFileOrderAndMayBeAbsent) {
+TEST(ItemPartReaders, KeepSyntaxLinesInFileOrder) {
     const json::value syntaxgroup = json::parse(R"([
         {"title": "A", "syntaxtype": "constructor", "syntax": ["z", "a", "z"]}, {"title": "B"}])");
     EXPECT_THAT(readSyntaxGroups(&syntaxgroup),
@@ -79,22 +79,22 @@ TEST(ItemPartReaders, SyntaxLinesStandInFileOrderAndMayBeAbsent) {
                             SyntaxGroup(u"B", SyntaxType::Function, {})));
 }
 
-TEST(ItemPartReaders, AnInputWithoutIdAndDefaultHasABareAnchorAndAnEmptyDefault) {
+TEST(ItemPartReaders, ReadAnInputWithOnlyItsRequiredKeys) {
     const json::value inputs = json::parse(R"([{"name": "i", "purpose": "p"}])");
     EXPECT_THAT(readInputs(&inputs, kHref, Ascii),
                 ElementsAre(Input(ObjectInfo(u"i", u"p", {}, u"f.html#"), SyntaxType::Function, u"",
-                                  false)));
+                                  /*isNameValuePair=*/false)));
 }
 
-TEST(ItemPartReaders, AnInputHasAllThatItsKeysSay) {
+TEST(ItemPartReaders, ReadAnInputWithAllItsKeys) {
     const json::value inputs = json::parse(R"([{"name": "i", "purpose": "p", "htmlid": "id",
         "value": ["on", "off", "on"], "defaultvalue": "off", "syntaxtype": "command"}])");
     EXPECT_THAT(readInputs(&inputs, kHref, Ascii),
                 ElementsAre(Input(ObjectInfo(u"i", u"p", {u"on", u"off", u"on"}, u"f.html#id"),
-                                  SyntaxType::Command, u"off", false)));
+                                  SyntaxType::Command, u"off", /*isNameValuePair=*/false)));
 }
 
-TEST(ItemPartReaders, NameValuePairsStandAmongTheInputsInFileOrderAndAreMarked) {
+TEST(ItemPartReaders, ReplaceAnInputByItsNameValuePairs) {
     const json::value inputs = json::parse(R"([{"name": "a", "purpose": ""},
         {"name": 5, "purpose": 5, "namevaluepairs": [{"name": "b", "purpose": ""},
                                                      {"name": "c", "purpose": ""}]},
@@ -104,19 +104,19 @@ TEST(ItemPartReaders, NameValuePairsStandAmongTheInputsInFileOrderAndAreMarked) 
                             input(u"d", false), input(u"e", true)));
 }
 
-TEST(ItemPartReaders, AnInputWithAnEmptyListOfPairsContributesNothing) {
+TEST(ItemPartReaders, DropAnInputWithAnEmptyListOfPairs) {
     const json::value inputs = json::parse(
         R"([{"name": "a", "purpose": "", "namevaluepairs": []}, {"name": "b", "purpose": ""}])");
     EXPECT_THAT(readInputs(&inputs, kHref, Ascii), ElementsAre(input(u"b", false)));
 }
 
-TEST(ItemPartReaders, APairsOwnPairsAreNotLookedAt) {
+TEST(ItemPartReaders, IgnorePairsWithinPairs) {
     const json::value inputs =
         json::parse(R"([{"namevaluepairs": [{"name": "a", "purpose": "", "namevaluepairs": 5}]}])");
     EXPECT_THAT(readInputs(&inputs, kHref, Ascii), ElementsAre(input(u"a", true)));
 }
 
-TEST(ItemPartReaders, GroupsOfPairsAreGroupsOfTheirOwnWithTheirInputsMarked) {
+TEST(ItemPartReaders, ReplaceAGroupByItsGroupsOfNameValuePairs) {
     const json::value inputgroup = json::parse(R"([{"namevaluepairs": [
         {"title": "A", "inputs": [{"name": "a", "purpose": ""}, {"name": "b", "purpose": ""}]},
         {"title": "B"}]}])");
@@ -125,7 +125,7 @@ TEST(ItemPartReaders, GroupsOfPairsAreGroupsOfTheirOwnWithTheirInputsMarked) {
                             InputGroup(u"B", {})));
 }
 
-TEST(ItemPartReaders, PlainAndPairGroupsStandInFileOrder) {
+TEST(ItemPartReaders, KeepGroupsOfBothKindsInFileOrder) {
     const json::value inputgroup = json::parse(R"([
         {"title": "A", "inputs": [{"name": "a", "purpose": "", "namevaluepairs": 5}]},
         {"title": 5, "inputs": 5, "namevaluepairs": []},
@@ -135,7 +135,7 @@ TEST(ItemPartReaders, PlainAndPairGroupsStandInFileOrder) {
                             InputGroup(u"C", {})));
 }
 
-TEST(ItemPartReaders, OutputsHaveSyntaxTypesAndNoDefaults) {
+TEST(ItemPartReaders, ReadNoDefaultsOfOutputs) {
     const json::value outputs = json::parse(R"([{"name": "o", "purpose": "p", "htmlid": "id",
         "value": ["v"], "syntaxtype": "operator", "defaultvalue": 5},
         {"name": "é", "purpose": ""}])");
@@ -145,7 +145,7 @@ TEST(ItemPartReaders, OutputsHaveSyntaxTypesAndNoDefaults) {
                     Output(ObjectInfo(u"\u00E9", u"", {}, u"f.html#"), SyntaxType::Function)));
 }
 
-TEST(ItemPartReaders, ParametersHaveDefaultsAndNoSyntaxTypes) {
+TEST(ItemPartReaders, ReadNoSyntaxTypesOfParameters) {
     const json::value parameters = json::parse(R"([{"name": "q", "purpose": "p", "htmlid": "id",
         "value": ["v"], "defaultvalue": "3", "syntaxtype": 5}, {"name": "é", "purpose": ""}])");
     EXPECT_THAT(readParameters(&parameters, kHref),
@@ -153,7 +153,7 @@ TEST(ItemPartReaders, ParametersHaveDefaultsAndNoSyntaxTypes) {
                             Parameter(ObjectInfo(u"\u00E9", u"", {}, u"f.html#"), u"")));
 }
 
-TEST(ItemPartReaders, APropertysAnchorIsFormedFromItsName) {
+TEST(ItemPartReaders, LinkToPropertiesByTheirNames) {
     const json::value groups = json::parse(R"([{"title": "T", "classproperty": [
         {"name": "Color", "purpose": "p", "value": ["red"], "defaultvalue": "red", "htmlid": 5},
         {"name": "é", "purpose": ""}]}])");
@@ -173,14 +173,14 @@ TEST(ItemPartReaders, APropertysAnchorIsFormedFromItsName) {
               u"f.html#prop_\u00E9");
 }
 
-TEST(ItemPartReaders, APropertyGroupMayLackTitleAndProperties) {
+TEST(ItemPartReaders, AcceptPropertyGroupsWithoutTitleAndProperties) {
     const json::value groups = json::parse(R"([{"classproperty": []}, {}, {"title": "T"}])");
     EXPECT_THAT(readClassPropertyGroups(&groups, kHref, Ascii),
                 ElementsAre(ClassPropertyGroup(u"", {}), ClassPropertyGroup(u"", {}),
                             ClassPropertyGroup(u"T", {})));
 }
 
-TEST(ItemPartReaders, LinksAndExamplesStandInFileOrder) {
+TEST(ItemPartReaders, KeepLinksAndExamplesInFileOrder) {
     const json::value seealso =
         json::parse(R"([{"url": "z", "name": "Z"}, {"url": "a", "name": "A"}])");
     EXPECT_THAT(readSeeAlso(&seealso), ElementsAre(SeeAlso(u"z", u"Z"), SeeAlso(u"a", u"A")));

@@ -24,7 +24,7 @@ DocResource<RefItemLookup> parse(const std::string& refItems) {
     return parseRefItemLookupSection(section, u"p");
 }
 
-TEST(LookupParser, AnEmptyListGivesTheHeaderAndNoItems) {
+TEST(LookupParser, ReadsAnEmptyListAsNoItems) {
     const DocResource<RefItemLookup> section = parse("[]");
     EXPECT_EQ(section.header, HeaderInfo(u"", u"", u"P", u"B", u"f", u"l", u"p"));
     EXPECT_THAT(section.items, IsEmpty());
@@ -34,12 +34,13 @@ TEST(LookupParser, FillsEachFieldFromItsKey) {
     const auto section = parse(R"([{"name": "graft", "type": "method", "refpurpose": "Join trees",
         "deprecated": true, "href": "graft.html", "fcntype": "static"}])");
     EXPECT_THAT(section.items,
-                ElementsAre(Pair(u"graft", ElementsAre(RefItemLookup(
-                                               u"graft", RefEntityType::Method, u"Join trees", true,
-                                               u"graft.html", FunctionType::Static)))));
+                ElementsAre(Pair(u"graft",
+                                 ElementsAre(RefItemLookup(u"graft", RefEntityType::Method,
+                                                           u"Join trees", /*deprecated=*/true,
+                                                           u"graft.html", FunctionType::Static)))));
 }
 
-TEST(LookupParser, ItemsOfOneNameStandBehindEachOtherInFileOrder) {
+TEST(LookupParser, KeepsItemsOfOneNameInFileOrder) {
     const auto section = parse(R"([
         {"name": "graft", "refpurpose": "second page first", "href": "z.html"},
         {"name": "prune", "refpurpose": "", "href": "prune.html"},
@@ -47,7 +48,7 @@ TEST(LookupParser, ItemsOfOneNameStandBehindEachOtherInFileOrder) {
         {"name": "graft", "refpurpose": "then this", "href": "a.html"},
         {"name": "graft", "refpurpose": "then this", "href": "a.html"}])");
     const auto item = [](const char16_t* name, const char16_t* purpose, const char16_t* href) {
-        return RefItemLookup(name, RefEntityType::Function, purpose, false, href,
+        return RefItemLookup(name, RefEntityType::Function, purpose, /*deprecated=*/false, href,
                              FunctionType::Function);
     };
     EXPECT_THAT(
@@ -59,7 +60,7 @@ TEST(LookupParser, ItemsOfOneNameStandBehindEachOtherInFileOrder) {
                     Pair(u"prune", ElementsAre(item(u"prune", u"", u"prune.html")))));
 }
 
-TEST(LookupParser, TheKeyDeprecatedAloneMarksAnItem) {
+TEST(LookupParser, MarksItemsWithTheKeyDeprecatedWhateverItsValue) {
     for (const char* value : {"false", "true", "null", "0", "1.5", "\"\"", "[]", "{}"}) {
         const auto section =
             parse(R"([{"name": "n", "refpurpose": "", "href": "h", "deprecated": )" +
@@ -70,7 +71,7 @@ TEST(LookupParser, TheKeyDeprecatedAloneMarksAnItem) {
     EXPECT_FALSE(without.items.at(u"n").at(0).getDeprecated());
 }
 
-TEST(LookupParser, AbsentAndUnknownWordsAreTheDefaults) {
+TEST(LookupParser, ReadsAbsentAndUnknownWordsAsDefaults) {
     for (const char* words : {"", R"(, "type": "grafting", "fcntype": "grafting")",
                               R"(, "type": "Class", "fcntype": "METHOD")"}) {
         const auto section =
@@ -81,13 +82,13 @@ TEST(LookupParser, AbsentAndUnknownWordsAreTheDefaults) {
     }
 }
 
-TEST(LookupParser, NamesAreDecodedAndLinksWidened) {
+TEST(LookupParser, DecodesNamesAndWidensLinks) {
     const auto section = parse(R"([{"name": "é", "refpurpose": "樹", "href": "é.html"}])");
     EXPECT_THAT(section.items,
-                ElementsAre(Pair(
-                    u"\u00E9",
-                    ElementsAre(RefItemLookup(u"\u00E9", RefEntityType::Function, u"\u6A39", false,
-                                              u"\u00C3\u00A9.html", FunctionType::Function)))));
+                ElementsAre(Pair(u"\u00E9", ElementsAre(RefItemLookup(
+                                                u"\u00E9", RefEntityType::Function, u"\u6A39",
+                                                /*deprecated=*/false, u"\u00C3\u00A9.html",
+                                                FunctionType::Function)))));
 }
 
 } // namespace

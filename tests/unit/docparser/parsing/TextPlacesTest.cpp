@@ -27,7 +27,7 @@ TEST(PlaceOfOffset, CountsLinesAndCharacters) {
     EXPECT_EQ(placeOfOffset(text, 10), (TextPlace{10, 3, 1}));
 }
 
-TEST(PlaceOfOffset, StaysInTheText) {
+TEST(PlaceOfOffset, CountsUpToTheEndOfTheText) {
     EXPECT_EQ(placeOfOffset("ab", 100), (TextPlace{2, 1, 3}));
     EXPECT_EQ(placeOfOffset("", 0), TextPlace());
 }
@@ -51,14 +51,14 @@ TEST(FindValues, FindsMembersAndElementsInOnePass) {
     EXPECT_FALSE(places[5]);
 }
 
-TEST(FindValues, TheSamePointerMayBeAskedForTwice) {
+TEST(FindValues, AcceptsAPointerTwice) {
     EXPECT_THAT(findValues("[7]", {"/0", "/0"}),
                 Each(std::optional(ValuePlace{{1, 1, 2}, std::nullopt})));
 }
 
-TEST(FindValues, OfEqualKeysTheLastCounts) {
+TEST(FindValues, FindsTheLastOfEqualKeys) {
     EXPECT_EQ(offsetOf(R"({"a": 1, "a": 2})", "/a"), 14U);
-    // What was found under the first one does not stay when the last one lacks it.
+    // A value of the first key is not found if the last one does not have it.
     EXPECT_EQ(offsetOf(R"({"a": {"b": 1}, "a": {}})", "/a/b"), std::string_view::npos);
 }
 
@@ -70,11 +70,11 @@ TEST(FindValues, ReadsEscapesInKeysAndPointers) {
     EXPECT_EQ(offsetOf(R"({"": {"": 5}})", "//"), 10U);
 }
 
-TEST(FindValues, PassesOverStringsThatLookLikeStructure) {
+TEST(FindValues, SkipsStringsThatLookLikeStructure) {
     EXPECT_EQ(offsetOf(R"({"a": "}]\"\\", "b": [["]"], {"x": "{"}], "c": 1})", "/c"), 47U);
 }
 
-TEST(FindValues, AnyTextIsSafeWhereverItIsCut) {
+TEST(FindValues, AcceptsAnyText) {
     const std::string text = R"({"a": [1, {"b": "x\"y"}], "c\n": {"d": null, "e": [[[]]]}})";
     for (std::size_t length = 0; length <= text.size(); ++length) {
         const auto places =
@@ -86,11 +86,11 @@ TEST(FindValues, AnyTextIsSafeWhereverItIsCut) {
         EXPECT_FALSE(findValues(noise, {"/0/a/b"}).at(0)) << noise;
 }
 
-TEST(FindSyntaxProblem, IsEmptyForJson) {
+TEST(FindSyntaxProblem, IsEmptyForValidJson) {
     EXPECT_FALSE(findSyntaxProblem("{\"a\": [1, 2]}\n"));
 }
 
-TEST(FindSyntaxProblem, TellsWhereAndWhy) {
+TEST(FindSyntaxProblem, ReturnsPositionAndReason) {
     EXPECT_EQ(findSyntaxProblem("[1,\n  x]")->place, (TextPlace{6, 2, 3}));
     EXPECT_EQ(findSyntaxProblem("[1, 2")->place, (TextPlace{5, 1, 6}));
     EXPECT_EQ(findSyntaxProblem("[] []")->place, (TextPlace{3, 1, 4}));
@@ -99,7 +99,7 @@ TEST(FindSyntaxProblem, TellsWhereAndWhy) {
     EXPECT_FALSE(findSyntaxProblem("[1,\n  x]")->reason.empty());
 }
 
-TEST(FindSyntaxProblem, TellsOfNestingOverTheLimit) {
+TEST(FindSyntaxProblem, ReportsNestingOverTheLimit) {
     EXPECT_FALSE(findSyntaxProblem(std::string(32, '[') + std::string(32, ']')));
     const auto problem = findSyntaxProblem(std::string(33, '[') + std::string(33, ']'));
     ASSERT_TRUE(problem);

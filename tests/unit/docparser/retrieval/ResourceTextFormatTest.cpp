@@ -20,7 +20,7 @@ namespace json = boost::json;
 using namespace reference::docparser;
 
 std::string expectedName(Kind kind) {
-    return kind == Kind::Array ? "array" : kind == Kind::Object ? "object" : "string";
+    return kind == Kind::Array ? "an array" : kind == Kind::Object ? "an object" : "a string";
 }
 
 template <class Record>
@@ -101,7 +101,7 @@ TYPED_TEST(ResourceTextFormat, AMissingRequiredKeyIsNamedWithItsObject) {
             continue;
         SCOPED_TRACE(rule.pointer());
         TestFixture::expectFailure(TestFixture::without(rule), rule.parent,
-                                   "the key \"" + rule.key + "\" is missing");
+                                   "the required key \"" + rule.key + "\" is missing");
     }
 }
 
@@ -117,24 +117,24 @@ TYPED_TEST(ResourceTextFormat, AMissingOptionalKeyLeavesItsFieldAtTheDefault) {
 TYPED_TEST(ResourceTextFormat, AValueOfAnotherKindIsNamedWithItsPlaceAndItsKind) {
     for (const auto& rule : this->rules_.all()) {
         const bool isChecked = rule.kind != Kind::Word && rule.kind != Kind::Anything;
-        for (const auto& [value, kind] : everyKind()) {
-            if (!isChecked || kind == expectedName(rule.kind))
+        for (const auto& [value, type] : everyType()) {
+            if (!isChecked || type == expectedName(rule.kind))
                 continue;
-            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
             placeOf(document, rule) = value;
             TestFixture::expectFailure(document, rule.pointer(),
-                                       expectedName(rule.kind) + " expected, " + kind + " found");
+                                       "expected " + expectedName(rule.kind) + ", found " + type);
         }
     }
 }
 
 TYPED_TEST(ResourceTextFormat, AnUnknownWordAndAWordOfAnotherKindIsTheDefault) {
     for (const auto& rule : this->rules_.all()) {
-        for (const auto& [value, kind] : everyKind()) {
+        for (const auto& [value, type] : everyType()) {
             if (rule.kind != Kind::Word)
                 continue;
-            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
             placeOf(document, rule) = value;
             TestFixture::expectField(document, rule, rule.fallback());
@@ -144,10 +144,10 @@ TYPED_TEST(ResourceTextFormat, AnUnknownWordAndAWordOfAnotherKindIsTheDefault) {
 
 TYPED_TEST(ResourceTextFormat, AKeyThatCountsByItselfMayHaveAnyValue) {
     for (const auto& rule : this->rules_.all()) {
-        for (const auto& [value, kind] : everyKind()) {
+        for (const auto& [value, type] : everyType()) {
             if (rule.kind != Kind::Anything)
                 continue;
-            SCOPED_TRACE(rule.pointer() + " is " + kind);
+            SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
             placeOf(document, rule) = value;
             TestFixture::expectField(document, rule, u"1");
@@ -156,10 +156,11 @@ TYPED_TEST(ResourceTextFormat, AKeyThatCountsByItselfMayHaveAnyValue) {
 }
 
 TYPED_TEST(ResourceTextFormat, ADocumentThatIsNoObjectIsRefused) {
-    for (const auto& [value, kind] : everyKind()) {
-        SCOPED_TRACE(kind);
-        const std::string reason = kind == "object" ? "the key \"productName\" is missing"
-                                                    : "object expected, " + kind + " found";
+    for (const auto& [value, type] : everyType()) {
+        SCOPED_TRACE(type);
+        const std::string reason = type == "an object"
+                                       ? "the required key \"productName\" is missing"
+                                       : "expected an object, found " + type;
         TestFixture::expectFailure(value, "", reason);
     }
 }
@@ -209,8 +210,8 @@ TYPED_TEST(ResourceTextFormat, ListsMayBeEmpty) {
 TYPED_TEST(ResourceTextFormat, KeysThatAReaderDoesNotKnowAreNeverLookedAt) {
     const auto expected = TestFixture::parse(TypeParam::sample());
     for (const std::string& pointer : TypeParam::unread()) {
-        for (const auto& [value, kind] : everyKind()) {
-            SCOPED_TRACE(pointer + " is " + kind);
+        for (const auto& [value, type] : everyType()) {
+            SCOPED_TRACE(pointer + " is " + type);
             json::value document = TypeParam::sample();
             putIn(document, pointer, value);
             EXPECT_EQ(TestFixture::parse(document), expected);

@@ -83,7 +83,8 @@ TEST(ResourceText, ADamagedPackageCostsTheWholeFileEvenOneThatWouldBeDropped) {
         parse(withPackages('{' + section("f", "pack") + "}," + damaged));
         FAIL() << "nothing was thrown";
     } catch (const FormatError& error) {
-        EXPECT_STREQ(error.what(), "/supportPackages/1/refItems: array expected, int64 found");
+        EXPECT_STREQ(error.what(),
+                     "/supportPackages/1/refItems: expected an array, found a number");
     }
 }
 

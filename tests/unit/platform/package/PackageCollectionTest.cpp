@@ -29,6 +29,8 @@ void readEveryEntry(const std::filesystem::path& file, Tally& tally) {
                 ++tally.deliveredEntries;
             } catch (const opc::PackageError&) {
                 ++tally.refusedEntries;
+            } catch (const platform::LimitError&) {
+                ++tally.refusedEntries;
             }
         }
     } catch (const opc::PackageError&) {

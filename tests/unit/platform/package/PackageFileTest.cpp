@@ -30,41 +30,41 @@ std::string smallPackage() {
     return ZipBytes{.entries = {{.name = "a.json", .content = "text"}}}.build();
 }
 
-TEST_F(PackageFileTest, AMissingFileIsRefusedByThePhysicalPackage) {
+TEST_F(PackageFileTest, PhysicalPackageRefusesAMissingFile) {
     EXPECT_EQ(refusalOf(path("missing.zip")), "the package \"" + (folder / "missing.zip").string() +
                                                   "\" is no regular file that can be read");
     EXPECT_THAT(refusalOf(u""), HasSubstr("is no regular file"));
 }
 
-TEST_F(PackageFileTest, AFolderIsRefused) {
+TEST_F(PackageFileTest, RefusesAFolder) {
     std::filesystem::create_directory(folder / "folder.zip");
     EXPECT_THAT(refusalOf(path("folder.zip")), HasSubstr("is no regular file"));
 }
 
-TEST_F(PackageFileTest, APipeIsRefusedWithoutWaitingForItsWriter) {
+TEST_F(PackageFileTest, RefusesAPipeWithoutWaitingForAWriter) {
     ASSERT_EQ(::mkfifo((folder / "pipe.zip").c_str(), 0600), 0);
     EXPECT_THAT(refusalOf(path("pipe.zip")), HasSubstr("is no regular file"));
 }
 
-TEST_F(PackageFileTest, ADeviceIsRefused) {
+TEST_F(PackageFileTest, RefusesADevice) {
     EXPECT_THAT(refusalOf(u"/dev/zero"), HasSubstr("is no regular file"));
     EXPECT_THAT(refusalOf(u"/dev/null"), HasSubstr("is no regular file"));
 }
 
-TEST_F(PackageFileTest, ASymbolicLinkToAPackageIsFollowed) {
+TEST_F(PackageFileTest, FollowsASymbolicLinkToAPackage) {
     write("package.zip", smallPackage());
     std::filesystem::create_symlink("package.zip", folder / "link.zip");
     EXPECT_THAT(OpenPackage(path("link.zip")).contents(), ElementsAre(Pair(u"a.json", "text")));
 }
 
-TEST_F(PackageFileTest, PathsBeyondAsciiAreOpened) {
+TEST_F(PackageFileTest, OpensPathsBeyondAscii) {
     const std::string name = "\xE6\xA3\x9A \xC3\xA9 \xF0\x9F\x8D\x8F.zip";
     write(name, smallPackage());
     const std::u16string file = folder.u16string() + u"/\u68DA \u00E9 \U0001F34F.zip";
     EXPECT_THAT(OpenPackage(file).contents(), ElementsAre(Pair(u"a.json", "text")));
 }
 
-TEST_F(PackageFileTest, PathsThatTheSystemDoesNotTakeAreRefused) {
+TEST_F(PackageFileTest, RefusesPathsWithoutANativeForm) {
     const opc::FileSystemOpsSelector selector(
         storage::microservicestoragesystem::GetStorageSystemReference());
     write("package.zip", smallPackage());
@@ -74,11 +74,11 @@ TEST_F(PackageFileTest, PathsThatTheSystemDoesNotTakeAreRefused) {
                  std::system_error);
 }
 
-TEST_F(PackageFileTest, AMessageShowsAPathBeyondAsciiInUtf8) {
+TEST_F(PackageFileTest, MessageShowsThePathInUtf8) {
     EXPECT_THAT(refusalOf(path("\xC3\xA9.zip")), HasSubstr("/\xC3\xA9.zip\""));
 }
 
-TEST_F(PackageFileTest, AFileCutAfterItWasOpenedThrows) {
+TEST_F(PackageFileTest, FileCutAfterItWasOpenedThrows) {
     const std::string text = sampleText(200'000);
     OpenPackage package = open({.entries = {{.name = "a", .content = text}}});
     std::filesystem::resize_file(folder / "package.zip", 70'000);
@@ -87,13 +87,13 @@ TEST_F(PackageFileTest, AFileCutAfterItWasOpenedThrows) {
     EXPECT_THROW(package.read(0), opc::PackageError);
 }
 
-TEST_F(PackageFileTest, AFileRemovedAfterItWasOpenedIsStillRead) {
+TEST_F(PackageFileTest, FileRemovedAfterItWasOpenedIsStillRead) {
     OpenPackage package = open(smallPackage());
     std::filesystem::remove(folder / "package.zip");
     EXPECT_EQ(package.read(0), "text");
 }
 
-TEST_F(PackageFileTest, ThePackageIsNeverWritten) {
+TEST_F(PackageFileTest, NeverWritesThePackage) {
     const std::string bytes = smallPackage();
     const std::u16string file = write(bytes);
     std::filesystem::permissions(folder / "package.zip", std::filesystem::perms::owner_read);
@@ -103,7 +103,7 @@ TEST_F(PackageFileTest, ThePackageIsNeverWritten) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
 }
 
-TEST_F(PackageFileTest, NamesThatPointOutOfThePackageTouchNoFile) {
+TEST_F(PackageFileTest, EntryNamesThatLeadOutOfThePackageTouchNoFile) {
     const std::string outside = (folder / "outside.json").string();
     OpenPackage package = open({.entries = {{.name = outside, .content = "inside"},
                                             {.name = "../outside.json", .content = "inside"}}});
@@ -112,7 +112,7 @@ TEST_F(PackageFileTest, NamesThatPointOutOfThePackageTouchNoFile) {
     EXPECT_FALSE(std::filesystem::exists(outside));
 }
 
-TEST_F(PackageFileTest, ProgramsThatTheProcessStartsDoNotInheritThePackage) {
+TEST_F(PackageFileTest, ChildProcessesDoNotInheritThePackage) {
     const OpenPackage package = open(smallPackage());
     int descriptors = 0;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {

@@ -36,7 +36,7 @@ std::size_t openDescriptors() {
         std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
 }
 
-TEST_F(PackageLifetimeTest, ACopyOfAnEntryStandsForTheSameFile) {
+TEST_F(PackageLifetimeTest, CopyOfAnEntryStandsForTheSameFile) {
     OpenPackage package = open(twoFiles());
     std::optional<FileSystemEntry> entry = package.leaves().at(1);
     FileSystemEntry copy = *entry;
@@ -49,7 +49,7 @@ TEST_F(PackageLifetimeTest, ACopyOfAnEntryStandsForTheSameFile) {
     EXPECT_EQ(moved.getBaseName(), u"b.json");
 }
 
-TEST_F(PackageLifetimeTest, TheEnumeratorGivesItsVectorAndARange) {
+TEST_F(PackageLifetimeTest, EnumeratorIsARangeOverItsVector) {
     const OpenPackage package = open(twoFiles());
     const opc::Enumerator<FileSystemEntry> leaves = package.manager.getAllLeafs();
     ASSERT_EQ(leaves.size(), 2U);
@@ -62,14 +62,14 @@ TEST_F(PackageLifetimeTest, TheEnumeratorGivesItsVectorAndARange) {
     EXPECT_THAT(names, testing::ElementsAre(u"a.json", u"b.json"));
 }
 
-TEST_F(PackageLifetimeTest, AnEntryOfAnotherPackageIsRefused) {
+TEST_F(PackageLifetimeTest, RefusesAnEntryOfAnotherPackage) {
     OpenPackage first(write("first.zip", twoFiles().build()));
     OpenPackage second(write("second.zip", twoFiles().build()));
     EXPECT_THAT(messageOf([&] { second.read(first.leaves().at(0)); }),
                 HasSubstr("does not belong to"));
 }
 
-TEST_F(PackageLifetimeTest, AnEntryOfAClosedPackageKeepsItsNameAndIsRefused) {
+TEST_F(PackageLifetimeTest, EntryOfAClosedPackageKeepsItsNameAndIsRefused) {
     const std::u16string file = write(twoFiles().build());
     const FileSystemEntry entry = OpenPackage(file).leaves().at(0);
     OpenPackage again(file);
@@ -77,7 +77,7 @@ TEST_F(PackageLifetimeTest, AnEntryOfAClosedPackageKeepsItsNameAndIsRefused) {
     EXPECT_THROW(again.read(entry), opc::PackageError);
 }
 
-TEST_F(PackageLifetimeTest, TheObjectsMayGoInAnyOrder) {
+TEST_F(PackageLifetimeTest, ObjectsCanBeDestroyedInAnyOrder) {
     const opc::FileSystemOpsSelector selector(
         storage::microservicestoragesystem::GetStorageSystemReference());
     auto physical = std::make_unique<opc::zippackage::ZipPhysicalPackage>(write(twoFiles().build()),
@@ -92,10 +92,10 @@ TEST_F(PackageLifetimeTest, TheObjectsMayGoInAnyOrder) {
     manager.reset();
     const auto stream = source->openInputStream();
     source.reset();
-    EXPECT_EQ(opc::StreamHelper::readAll(*stream), "second");
+    EXPECT_EQ(readWhole(*stream), "second");
 }
 
-TEST_F(PackageLifetimeTest, AStreamThatWasNotReadToItsEndLeavesNothingOpen) {
+TEST_F(PackageLifetimeTest, UnfinishedStreamLeavesNothingOpen) {
     const std::size_t before = openDescriptors();
     {
         OpenPackage package = open(twoFiles());
@@ -138,7 +138,7 @@ TEST_F(PackageLifetimeTest, OneSelectorServesPackagesOnManyThreads) {
                 package.open(opc::OpenMode::ReadOnly);
                 const auto source = manager.getFileContentSource(
                     manager.getAllLeafs().elements().at(1), opc::TransformMode::Decoded);
-                text = opc::StreamHelper::readAll(*source->openInputStream());
+                text = readWhole(*source->openInputStream());
             }
         });
     }
@@ -147,7 +147,7 @@ TEST_F(PackageLifetimeTest, OneSelectorServesPackagesOnManyThreads) {
     EXPECT_THAT(texts, testing::Each("second"));
 }
 
-TEST_F(PackageLifetimeTest, ASelectorNeedsAStorageSystem) {
+TEST_F(PackageLifetimeTest, SelectorNeedsAStorageSystem) {
     EXPECT_THROW(opc::FileSystemOpsSelector(nullptr), std::invalid_argument);
 }
 

@@ -1,8 +1,17 @@
 #include "tests/unit/platform/package/PackageTest.hpp"
 
+#include "platform/package/StreamHelper.hpp"
+
 #include <fstream>
+#include <sstream>
 
 namespace docparser_tests {
+
+std::string readWhole(opc::InputStream& stream) {
+    std::ostringstream content;
+    EXPECT_TRUE(opc::StreamHelper::copyStreamToStream(stream, content));
+    return std::move(content).str();
+}
 
 OpenPackage::OpenPackage(const std::u16string& path)
     : selector(storage::microservicestoragesystem::GetStorageSystemReference()),
@@ -25,7 +34,7 @@ std::vector<std::u16string> OpenPackage::leafNames() const {
 
 std::string OpenPackage::read(const opc::qorservices::FileSystemEntry& entry) {
     const auto source = manager.getFileContentSource(entry, opc::TransformMode::Decoded);
-    return opc::StreamHelper::readAll(*source->openInputStream());
+    return readWhole(*source->openInputStream());
 }
 
 std::vector<NamedText> OpenPackage::contents() {

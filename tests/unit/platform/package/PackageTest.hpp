@@ -2,7 +2,6 @@
 
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/PackageError.hpp"
-#include "platform/package/StreamHelper.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/support/ZipBytes.hpp"
 
@@ -16,18 +15,21 @@
 
 namespace docparser_tests {
 
-/// A name and a content.
+/// The name and content of an entry.
 using NamedText = std::pair<std::u16string, std::string>;
 
-/// A package opened in the order of a caller that walks through packages.
+/// The rest of a stream.
+std::string readWhole(opc::InputStream& stream);
+
+/// An open package, with the objects that a caller constructs for it, in the usual order.
 struct OpenPackage {
     explicit OpenPackage(const std::u16string& path);
 
     std::vector<opc::qorservices::FileSystemEntry> leaves() const;
     std::vector<std::u16string> leafNames() const;
     std::string read(const opc::qorservices::FileSystemEntry& entry);
-    /// The content of the leaf at a place.
-    std::string read(std::size_t place) { return read(leaves().at(place)); }
+    /// The content of the leaf at a position.
+    std::string read(std::size_t position) { return read(leaves().at(position)); }
     /// Every leaf with its content, in the package's order.
     std::vector<NamedText> contents();
 
@@ -37,10 +39,10 @@ struct OpenPackage {
     opc::qorservices::FileSystemManager manager;
 };
 
-/// A folder of the test's own, removed with all that is in it.
+/// Gives each test a temporary folder.
 class PackageTest : public testing::Test {
 protected:
-    /// Writes a file and gives its path.
+    /// Writes a file and returns its path.
     std::u16string write(std::string_view name, std::string_view bytes) const;
     std::u16string write(std::string_view bytes) const { return write("package.zip", bytes); }
     std::u16string path(std::string_view name) const;
@@ -52,19 +54,19 @@ protected:
     const std::filesystem::path& folder = temporaryFolder.path();
 };
 
-/// What the PackageError says that the call throws; a failure of the test if it throws none.
-template <class Call>
+/// The message of the `Error` that the call throws. Fails the test if the call throws none.
+template <class Error = opc::PackageError, class Call>
 std::string messageOf(Call&& call) {
     try {
         std::forward<Call>(call)();
-    } catch (const opc::PackageError& error) {
+    } catch (const Error& error) {
         return error.what();
     }
     ADD_FAILURE() << "nothing was thrown";
     return {};
 }
 
-/// A text that compresses, and in which no two places look alike for long.
+/// A compressible string without long repetitions.
 std::string sampleText(std::size_t length);
 
 } // namespace docparser_tests

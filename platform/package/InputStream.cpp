@@ -1,7 +1,0 @@
-#include "platform/package/InputStream.hpp"
-
-namespace opc {
-
-InputStream::~InputStream() = default;
-
-} // namespace opc

@@ -1,0 +1,169 @@
+#include "platform/unicode/Transcoding.hpp"
+
+#include "platform/unicode/Utf16String.hpp"
+#include "platform/unicode/Utf8.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+namespace platform {
+
+namespace {
+
+constexpr char16_t kReplacement = 0xFFFD;
+
+constexpr bool isAscii(char byte) noexcept {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+constexpr char16_t widen(char byte) noexcept {
+    return static_cast<unsigned char>(byte);
+}
+
+constexpr bool isHighSurrogate(char16_t unit) noexcept {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool isLowSurrogate(char16_t unit) noexcept {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
+    if (codePoint < 0x10000) {
+        *out++ = static_cast<char16_t>(codePoint);
+        return out;
+    }
+    const char32_t offset = codePoint - 0x10000;
+    *out++ = static_cast<char16_t>(0xD800 + (offset >> 10));
+    *out++ = static_cast<char16_t>(0xDC00 + (offset & 0x3FF));
+    return out;
+}
+
+// Widens `Count` bytes, a multiple of eight, if they are all ASCII, and returns whether they are.
+// The fixed size lets the compiler process many bytes at once.
+template <std::size_t Count>
+bool widenAsciiBlock(const char* bytes, char16_t* out) noexcept {
+    std::array<std::uint64_t, Count / sizeof(std::uint64_t)> words;
+    std::memcpy(words.data(), bytes, Count);
+    std::uint64_t allBits = 0;
+    for (const std::uint64_t word : words)
+        allBits |= word;
+    if ((allBits & 0x8080808080808080) != 0)
+        return false;
+    std::transform(bytes, bytes + Count, out, widen);
+    return true;
+}
+
+// Widens the ASCII bytes at the start of a string and returns their number. Most strings are ASCII
+// or have long runs of it.
+std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
+    const char* const bytes = text.data();
+    const std::size_t length = text.size();
+    std::size_t done = 0;
+    // In other scripts the only ASCII is often a single space between words: try a small block
+    // before a large one.
+    if (length >= 8 && widenAsciiBlock<8>(bytes, out)) {
+        for (done = 8; length - done >= 32 && widenAsciiBlock<32>(bytes + done, out + done);)
+            done += 32;
+        while (length - done >= 8 && widenAsciiBlock<8>(bytes + done, out + done))
+            done += 8;
+        // Fewer than eight bytes are left: convert the last eight, some of them again.
+        if (length - done < 8 && widenAsciiBlock<8>(bytes + length - 8, out + length - 8))
+            return length;
+    }
+    for (; done < length && isAscii(bytes[done]); ++done)
+        out[done] = widen(bytes[done]);
+    return done;
+}
+
+std::size_t decode(std::string_view text, char16_t* const begin) noexcept {
+    char16_t* out = begin;
+    while (!text.empty()) {
+        if (isAscii(text.front())) {
+            const std::size_t length = widenAsciiStart(text, out);
+            out += length;
+            text.remove_prefix(length);
+            continue;
+        }
+        const DecodedSequence sequence = decodeUtf8(text);
+        out = appendUtf16(out, sequence.codePoint);
+        text.remove_prefix(sequence.length);
+    }
+    return static_cast<std::size_t>(out - begin);
+}
+
+void appendUtf8(std::string& out, char32_t codePoint) {
+    const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
+    if (codePoint < 0x80) {
+        out += byte(codePoint);
+    } else if (codePoint < 0x800) {
+        out += {byte(0xC0 | codePoint >> 6), byte(0x80 | (codePoint & 0x3F))};
+    } else if (codePoint < 0x10000) {
+        out += {byte(0xE0 | codePoint >> 12), byte(0x80 | (codePoint >> 6 & 0x3F)),
+                byte(0x80 | (codePoint & 0x3F))};
+    } else {
+        out += {byte(0xF0 | codePoint >> 18), byte(0x80 | (codePoint >> 12 & 0x3F)),
+                byte(0x80 | (codePoint >> 6 & 0x3F)), byte(0x80 | (codePoint & 0x3F))};
+    }
+}
+
+// One code unit of UTF-16, or a surrogate pair.
+struct Utf16Sequence {
+    char32_t codePoint;
+    std::size_t length;
+    bool isWellFormed;
+};
+
+Utf16Sequence decodeUtf16(std::u16string_view text) noexcept {
+    const char16_t first = text[0];
+    if (!isHighSurrogate(first) && !isLowSurrogate(first))
+        return {first, 1, true};
+    if (isHighSurrogate(first) && text.size() > 1 && isLowSurrogate(text[1])) {
+        const char32_t offset = (static_cast<char32_t>(first) - 0xD800) << 10;
+        return {0x10000 + offset + (static_cast<char32_t>(text[1]) - 0xDC00), 2, true};
+    }
+    return {kReplacement, 1, false};
+}
+
+} // namespace
+
+std::u16string toUtf16(std::string_view text) {
+    // UTF-16 never has more units than UTF-8 has bytes, replacement characters included.
+    return makeUtf16String(text.size(), [&](char16_t* buffer) { return decode(text, buffer); });
+}
+
+std::string toUtf8(std::u16string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        const Utf16Sequence sequence = decodeUtf16(text);
+        appendUtf8(out, sequence.codePoint);
+        text.remove_prefix(sequence.length);
+    }
+    return out;
+}
+
+bool isWellFormedUtf8(std::string_view text) noexcept {
+    while (!text.empty()) {
+        const DecodedSequence sequence = decodeUtf8(text);
+        if (!sequence.isWellFormed)
+            return false;
+        text.remove_prefix(sequence.length);
+    }
+    return true;
+}
+
+bool isWellFormedUtf16(std::u16string_view text) noexcept {
+    while (!text.empty()) {
+        const Utf16Sequence sequence = decodeUtf16(text);
+        if (!sequence.isWellFormed)
+            return false;
+        text.remove_prefix(sequence.length);
+    }
+    return true;
+}
+
+} // namespace platform

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/zip/PackageFile.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform::zip {
+
+/// Where a file has the directory of its package.
+struct DirectoryLocation {
+    std::uint64_t offset; ///< from the start of the file
+    std::uint64_t length; ///< in bytes
+
+    bool operator==(const DirectoryLocation&) const = default;
+};
+
+/// Finds the directory of a package: every location that one of its end records gives, without
+/// repetition, if the file has a directory record there and enough bytes.
+///
+/// A sound package has one such location. A package comment can hold the bytes of an end record, so
+/// several ends may have to be tried, in this order.
+/// \throws std::system_error     the file cannot be read
+/// \throws platform::LimitError  see PackageFile::read()
+std::vector<DirectoryLocation> findDirectories(PackageFile& file);
+
+/// Reads the bytes of a directory; empty if the file has become shorter.
+/// \throws std::system_error     the file cannot be read
+/// \throws platform::LimitError  see PackageFile::read()
+std::string readDirectory(PackageFile& file, const DirectoryLocation& location);
+
+/// What a directory says about one entry. The views are valid as long as the directory's bytes.
+struct DirectoryRecord {
+    std::uint64_t offset;   ///< from the start of the directory
+    bool hasUtf8Flag;       ///< whether name and comment are flagged as UTF-8
+    std::string_view name;  ///< the bytes as stored
+    std::string_view extra; ///< the extra fields
+};
+
+/// Iterates over the records of a directory.
+class DirectoryReader {
+public:
+    /// \param directory  the bytes of the directory; must outlive the reader
+    explicit DirectoryReader(std::string_view directory) noexcept : directory_(directory) {}
+
+    /// Returns the next record; empty at the end of the directory and where its bytes are not a
+    /// record.
+    std::optional<DirectoryRecord> next() noexcept;
+
+    /// Whether every byte of the directory belongs to a record that next() has returned.
+    bool isAtEnd() const noexcept { return position_ == directory_.size(); }
+
+private:
+    std::string_view directory_;
+    std::size_t position_ = 0;
+};
+
+/// An entry whose name and comment are flagged as UTF-8.
+struct FlaggedEntry {
+    std::uint64_t index;      ///< position of the entry in the directory, from 0
+    std::uint64_t flagOffset; ///< position in the file of the byte with the flag
+};
+
+/// The bit of the flag in that byte.
+constexpr unsigned char kUtf8NameFlag = 0x08;
+
+/// Finds the flagged entries of a package, in the order of its directory.
+///
+/// Needed only if libzip refuses a package, which it does for a single flagged name that is not
+/// UTF-8. With the flags cleared the package opens, and its other entries can be read.
+/// \returns  empty if no entry is flagged or the directory is damaged
+/// \throws std::system_error     the file cannot be read
+/// \throws platform::LimitError  see PackageFile::read()
+std::vector<FlaggedEntry> findFlaggedEntries(PackageFile& file);
+
+} // namespace platform::zip

@@ -1,0 +1,138 @@
+#include "platform/zip/ZipArchive.hpp"
+
+#include "platform/Failure.hpp"
+#include "platform/ReadLimits.hpp"
+#include "platform/unicode/Transcoding.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace platform::zip {
+
+namespace {
+
+// Enough for some hundred thousand entries. It bounds the memory of libzip, how often a file with
+// many end records can make it read one directory, and the time to tell names with equal hashes
+// apart.
+constexpr std::uint64_t kLongestDirectory = std::uint64_t{8} << 20;
+
+std::string messageOf(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+} // namespace
+
+ZipArchive::ZipArchive(RegularFile file, std::u16string_view path)
+    : source_(std::move(file)), path_(toUtf8(path)) {}
+
+void ZipArchive::open() {
+    if (archive_)
+        return;
+    try {
+        readDirectory();
+    } catch (const LimitError& error) {
+        throw LimitError(openFailure(error.what()));
+    } catch (const std::runtime_error& error) {
+        throw ZipError(openFailure(error.what()));
+    }
+    source_.file().setAllowance(PackageFile::kUnlimited);
+}
+
+void ZipArchive::readDirectory() {
+    try {
+        archive_ = openArchive({});
+    } catch (const std::runtime_error&) {
+        // A single ill-formed name may be the reason; findFlaggedEntries() explains how to open the
+        // package then.
+        hidden_ = flaggedEntries();
+        if (hidden_.empty())
+            throw;
+        archive_ = openArchive(hidden_);
+    }
+}
+
+ZipHandle ZipArchive::openArchive(const std::vector<FlaggedEntry>& hidden) {
+    ZipErrorInfo error;
+    source_.file().setAllowance(kLongestDirectory);
+    ZipHandle archive = source_.openArchive(error, hidden);
+    // An archive can open after a failed read: libzip then looked for a better directory than the
+    // one it took.
+    const std::exception_ptr readFailure = source_.takeReadFailure();
+    if (!archive && readFailure)
+        std::rethrow_exception(readFailure);
+    if (!archive)
+        throw ZipError(error.message());
+    return archive;
+}
+
+std::vector<FlaggedEntry> ZipArchive::flaggedEntries() {
+    std::vector<FlaggedEntry> flagged;
+    source_.file().setAllowance(kLongestDirectory);
+    // A package whose directory cannot be read stays refused, for the reason that libzip gave.
+    ignoreFailure([&] { flagged = findFlaggedEntries(source_.file()); });
+    return flagged;
+}
+
+std::string ZipArchive::openFailure(std::string_view reason) const {
+    return "the package \"" + path_ + "\" cannot be opened: " + std::string(reason);
+}
+
+std::uint64_t ZipArchive::entryCount() const {
+    if (!archive_)
+        throw ZipError("the package \"" + path_ + "\" is not open");
+    return static_cast<std::uint64_t>(zip_get_num_entries(archive_.get(), 0));
+}
+
+const char* ZipArchive::rawName(std::uint64_t index) const noexcept {
+    const char* const raw = zip_get_name(archive_.get(), index, ZIP_FL_ENC_RAW);
+    return raw ? raw : "";
+}
+
+std::u16string ZipArchive::entryName(std::uint64_t index) {
+    const char* const raw = rawName(index);
+    const bool isHidden = std::ranges::binary_search(hidden_, index, {}, &FlaggedEntry::index);
+    if (isHidden || isWellFormedUtf8(raw))
+        return toUtf16(raw);
+    // libzip returns UTF-8 unchanged and converts CP437 to UTF-8.
+    const char* const converted = zip_get_name(archive_.get(), index, ZIP_FL_ENC_STRICT);
+    if (!converted)
+        throw ZipError(entryFailure(index, zip_strerror(archive_.get())));
+    return toUtf16(converted);
+}
+
+zip_stat_t ZipArchive::entryDescription(std::uint64_t index) {
+    zip_stat_t description;
+    zip_stat_init(&description);
+    if (zip_stat_index(archive_.get(), index, 0, &description) != 0)
+        throw ZipError(entryFailure(index, zip_strerror(archive_.get())));
+    return description;
+}
+
+ZipFileHandle ZipArchive::openEntry(std::uint64_t index) {
+    const zip_stat_t description = entryDescription(index);
+    if (description.encryption_method != ZIP_EM_NONE)
+        throw ZipError(entryFailure(index, "it is encrypted"));
+    if (zip_compression_method_supported(description.comp_method, /*compress=*/0) == 0)
+        throw ZipError(entryFailure(index, "compression method " +
+                                               std::to_string(description.comp_method) +
+                                               " is not supported"));
+    ZipFileHandle entry(zip_fopen_index(archive_.get(), index, 0));
+    if (!entry)
+        throw ZipError(entryFailure(index, zip_strerror(archive_.get())));
+    return entry;
+}
+
+std::string ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {
+    const std::exception_ptr readFailure = source_.takeReadFailure();
+    // The raw name, because libzip may have no other.
+    const std::string name = toUtf8(toUtf16(rawName(index)));
+    return "entry " + std::to_string(index) + " \"" + name + "\" of the package \"" + path_ +
+           "\" cannot be delivered: " +
+           (readFailure ? messageOf(readFailure) : std::string(reason));
+}
+
+} // namespace platform::zip

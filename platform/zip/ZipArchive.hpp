@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/zip/ZipSource.hpp"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform::zip {
+
+/// A package, or an entry of one, cannot be read. what() names it and the cause.
+class ZipError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// One zip package: its file, its directory once it is open, and how much of it has been read.
+/// Shared by all objects that stand for the package. One thread at a time.
+class ZipArchive {
+public:
+    /// \param file  the package's file
+    /// \param path  its path, for messages
+    /// \throws std::system_error  the system does not report the file's size
+    ZipArchive(RegularFile file, std::u16string_view path);
+
+    /// Reads the directory. Has no effect on an open package.
+    /// \throws ZipError    the file is not a zip package, or a damaged one
+    /// \throws LimitError  the directory exceeds readLimits()
+    void open();
+
+    /// The number of entries. An index is the position of an entry in the directory, from 0.
+    /// \throws ZipError  the package is not open
+    std::uint64_t entryCount() const;
+
+    /// The full name of an entry. Well-formed UTF-8 is decoded as UTF-8. Other names are decoded as
+    /// CP437, unless they are flagged as UTF-8: then U+FFFD replaces each ill-formed sequence.
+    /// \throws ZipError  out of memory in libzip
+    std::u16string entryName(std::uint64_t index);
+
+    /// What the directory says about an entry.
+    /// \throws ZipError  libzip does not tell
+    zip_stat_t entryDescription(std::uint64_t index);
+
+    /// Opens an entry for reading.
+    /// \throws ZipError  it is encrypted, compressed by an unknown method, or not where the package
+    ///                   says
+    ZipFileHandle openEntry(std::uint64_t index);
+
+    /// The message for an entry that cannot be read.
+    /// \param reason  the cause; replaced by that of the last failed read of the file, if any
+    std::string entryFailure(std::uint64_t index, std::string_view reason);
+
+    /// The number of bytes that all entries together have delivered.
+    std::uint64_t deliveredBytes() const noexcept { return deliveredBytes_; }
+    void countDelivered(std::uint64_t bytes) noexcept { deliveredBytes_ += bytes; }
+
+private:
+    void readDirectory();
+    ZipHandle openArchive(const std::vector<FlaggedEntry>& hidden);
+    std::vector<FlaggedEntry> flaggedEntries();
+    /// The bytes of an entry's name as stored, never null.
+    const char* rawName(std::uint64_t index) const noexcept;
+    std::string openFailure(std::string_view reason) const;
+
+    ZipSource source_;
+    std::string path_;                 // UTF-8
+    std::vector<FlaggedEntry> hidden_; // entries whose flag libzip did not see
+    ZipHandle archive_;                // last, because it must be destroyed before its source
+    std::uint64_t deliveredBytes_ = 0;
+};
+
+} // namespace platform::zip

@@ -1,0 +1,79 @@
+#include "platform/zip/ZipEntryStream.hpp"
+
+#include "platform/system/Cancellation.hpp"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace platform::zip {
+
+namespace {
+
+constexpr std::string_view kOverLimit = "it is larger than the limit";
+
+} // namespace
+
+ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
+    : archive_(std::move(archive)),
+      index_(index),
+      limits_(readLimits()),
+      description_(archive_->entryDescription(index)),
+      entry_(archive_->openEntry(index)) {
+    if (description_.size > affordableBytes())
+        fail<LimitError>(kOverLimit);
+}
+
+template <class Error>
+void ZipEntryStream::fail(std::string_view reason) {
+    const Error failure(archive_->entryFailure(index_, reason));
+    entry_.reset();
+    throw failure;
+}
+
+std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
+    if (isComplete_ || length == 0)
+        return 0;
+    if (!entry_)
+        fail("it has failed before");
+
+    letCancellationPass();
+    const std::uint64_t affordable = affordableBytes();
+    // Asking for one byte beyond the limit tells an entry that ends there from a longer one.
+    const std::uint64_t asked = affordable < length ? affordable + 1 : length;
+    const zip_int64_t answer = zip_fread(entry_.get(), buffer, asked);
+    if (answer < 0)
+        fail(zip_file_strerror(entry_.get()));
+    if (answer == 0) {
+        finish();
+        return 0;
+    }
+    const auto count = static_cast<std::uint64_t>(answer);
+    if (count > affordable)
+        fail<LimitError>(kOverLimit);
+    deliveredBytes_ += count;
+    archive_->countDelivered(count);
+    if (deliveredBytes_ > description_.size)
+        fail("it is larger than the package says");
+    return static_cast<std::size_t>(count);
+}
+
+std::uint64_t ZipEntryStream::affordableBytes() const noexcept {
+    const auto left = [](std::uint64_t limit, std::uint64_t used) {
+        return limit > used ? limit - used : 0;
+    };
+    return std::min(left(limits_.entryBytes, deliveredBytes_),
+                    left(limits_.packageBytes, archive_->deliveredBytes()));
+}
+
+void ZipEntryStream::finish() {
+    if (deliveredBytes_ != description_.size)
+        fail("it is smaller than the package says");
+    // libzip does not check the checksum of an entry whose stated stored size is 0.
+    if (deliveredBytes_ == 0 && (description_.valid & ZIP_STAT_CRC) != 0 && description_.crc != 0)
+        fail("its checksum is wrong");
+    isComplete_ = true;
+    entry_.reset();
+}
+
+} // namespace platform::zip

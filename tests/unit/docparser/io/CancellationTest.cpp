@@ -1,0 +1,61 @@
+#include "tests/support/Cancellation.hpp"
+
+#include "docparser/io/ResourceFileReader.hpp"
+#include "docparser/io/ZipPackage.hpp"
+#include "platform/package/StorageSystem.hpp"
+#include "tests/support/TemporaryFolder.hpp"
+#include "tests/support/ZipBytes.hpp"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <iterator>
+
+namespace reference::docparser {
+namespace {
+
+using docparser_tests::cancelThisThread;
+using docparser_tests::isCancelledIn;
+using docparser_tests::TemporaryFolder;
+using docparser_tests::ZipBytes;
+
+// The bundled libraries read in such a way that a cancelled thread ends before or while it reads.
+class CancelledReading : public testing::Test {
+protected:
+    static std::ptrdiff_t openFiles() {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
+                             std::filesystem::directory_iterator());
+    }
+
+    const TemporaryFolder folder;
+};
+
+TEST_F(CancelledReading, ThreadEndsInTheReadingOfAFile) {
+    const std::u16string path = folder.write("Orchard.json", "{}").u16string();
+    const auto openBefore = openFiles();
+    EXPECT_TRUE(isCancelledIn([&] {
+        cancelThisThread();
+        openAndReadFile(path, unobserved);
+    }));
+    EXPECT_EQ(openFiles(), openBefore);
+}
+
+TEST_F(CancelledReading, ThreadEndsInTheReadingOfAnEntry) {
+    ZipBytes zip;
+    zip.entries = {{.name = "Orchard.json", .content = "{}", .method = docparser_tests::kDeflated}};
+    const std::u16string path = folder.write("Package.zip", zip.build()).u16string();
+    const auto openBefore = openFiles();
+    EXPECT_TRUE(isCancelledIn([&] {
+        const opc::FileSystemOpsSelector selector(
+            storage::microservicestoragesystem::GetStorageSystemReference());
+        ZipPackage package(path, selector);
+        const auto products =
+            package.findProducts(/*isNonEnglishLocale=*/false, {}, u"_en", unobserved);
+        cancelThisThread();
+        openAndReadFile(products.at(0), unobserved);
+    }));
+    EXPECT_EQ(openFiles(), openBefore);
+}
+
+} // namespace
+} // namespace reference::docparser

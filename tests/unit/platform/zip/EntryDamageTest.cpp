@@ -1,0 +1,180 @@
+#include "platform/ReadLimits.hpp"
+#include "tests/unit/platform/package/PackageTest.hpp"
+
+#include <gmock/gmock.h>
+
+namespace docparser_tests {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Pair;
+
+class EntryDamageTest : public PackageTest {};
+
+const std::string kText = "{\"name\": \"graft\", \"purpose\": \"Join two trees, join two trees\"}";
+
+/// Every way that one entry can be wrong, between two that are right.
+struct DamagedEntry {
+    std::string what;
+    ZipEntryBytes entry;
+    std::string reason;
+};
+
+std::vector<DamagedEntry> damagedEntries() {
+    const std::string packed = deflated(kText);
+    const auto length = static_cast<std::uint64_t>(kText.size());
+    return {
+        {"stored, wrong checksum", {.name = "x", .content = kText, .crc = 1}, "CRC error"},
+        {"deflated, wrong checksum",
+         {.name = "x", .content = kText, .method = kDeflated, .crc = 1},
+         "CRC error"},
+        {"empty, wrong checksum", {.name = "x", .crc = 1}, "its checksum is wrong"},
+        {"stored, claimed longer",
+         {.name = "x", .content = kText, .size = length + 1},
+         "inconsistent"},
+        {"stored, claimed shorter",
+         {.name = "x", .content = kText, .size = length - 1},
+         "larger than the package says"},
+        {"deflated, claimed longer",
+         {.name = "x", .content = kText, .method = kDeflated, .size = length + 1},
+         "smaller than the package says"},
+        {"deflated, claimed much longer",
+         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
+         "smaller than the package says"},
+        {"deflated, claimed shorter",
+         {.name = "x", .content = kText, .method = kDeflated, .size = length - 1},
+         "larger than the package says"},
+        {"deflated, claimed empty",
+         {.name = "x", .content = kText, .method = kDeflated, .size = 0},
+         "larger than the package says"},
+        {"claimed not to be stored at all",
+         {.name = "x", .content = kText, .method = kDeflated, .packedSize = 0},
+         "smaller than the package says"},
+        {"deflated stream cut",
+         {.name = "x",
+          .content = kText,
+          .method = kDeflated,
+          .packed = packed.substr(0, packed.size() / 2)},
+         "CRC error"},
+        {"deflated stream broken",
+         {.name = "x", .content = kText, .method = kDeflated, .packed = "\xFF\xFF\xFF\xFF"},
+         "Zlib error"},
+        {"bytes end past the file",
+         {.name = "x", .content = kText, .size = 5000, .packedSize = 5000},
+         "Premature end of file"},
+        {"header past the file", {.name = "x", .content = kText, .localOffset = 90'000}, ""},
+        {"header in the wrong place", {.name = "x", .content = kText, .localOffset = 1}, ""},
+        {"encrypted", {.name = "x", .content = kText, .flags = kEncryptedFlag}, "it is encrypted"},
+        {"strongly encrypted",
+         {.name = "x", .content = kText, .flags = kEncryptedFlag | 0x0040},
+         "it is encrypted"},
+        {"unknown method",
+         {.name = "x", .content = kText, .method = 98},
+         "compression method 98 is not supported"},
+        {"unknown method, nothing stored",
+         {.name = "x", .method = 97, .packed = ""},
+         "compression method 97 is not supported"},
+    };
+}
+
+TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
+    for (const DamagedEntry& damage : damagedEntries()) {
+        SCOPED_TRACE(damage.what);
+        OpenPackage package = open({.entries = {{.name = "before.json", .content = "before"},
+                                                damage.entry,
+                                                {.name = "after.json", .content = "after"}}});
+        ASSERT_THAT(package.leafNames(), ElementsAre(u"before.json", u"x", u"after.json"));
+        EXPECT_THAT(messageOf([&] { package.read(1); }),
+                    testing::AllOf(testing::StartsWith("entry 1 \"x\" of the package \""),
+                                   HasSubstr("package.zip\" cannot be delivered: "),
+                                   HasSubstr(damage.reason)));
+        EXPECT_EQ(package.read(0), "before");
+        EXPECT_EQ(package.read(2), "after");
+    }
+}
+
+TEST_F(EntryDamageTest, ReadingExactlyTheSizeDoesNotHideAWrongChecksum) {
+    OpenPackage package = open({.entries = {{.name = "a", .content = kText, .crc = 1}}});
+    const auto stream =
+        package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
+            ->openInputStream();
+    std::string buffer(kText.size(), '\0');
+    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), buffer.size());
+    EXPECT_THROW(stream->read(buffer.data(), buffer.size()), opc::PackageError);
+    EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), buffer.size()); }),
+                HasSubstr("it has failed before"));
+}
+
+TEST_F(EntryDamageTest, IgnoresTheNameInTheLocalHeader) {
+    OpenPackage package =
+        open({.entries = {{.name = "a.json", .content = "text", .localName = "other.txt"}}});
+    EXPECT_THAT(package.contents(), ElementsAre(Pair(u"a.json", "text")));
+}
+
+/// A package with every kind of part that the reader looks at.
+ZipBytes smallPackage() {
+    return {.entries = {{.name = "a.json", .content = kText, .method = kDeflated},
+                        {.name = "b.json", .content = "stored", .flags = kUtf8Flag},
+                        {.name = "c.json",
+                         .content = kText,
+                         .method = kDeflated,
+                         .descriptor = DataDescriptor::WithSignature,
+                         .isZip64 = true}},
+            .comment = "comment",
+            .isZip64 = true};
+}
+
+/// Reads all that can be read and expects that nothing else than the packed texts comes out.
+void expectNothingFalse(const std::u16string& path) {
+    try {
+        OpenPackage package(path);
+        for (const auto& leaf : package.leaves()) {
+            try {
+                const std::string text = package.read(leaf);
+                // An entry whose claims were all damaged to fit is read as an empty one.
+                EXPECT_TRUE(text == kText || text == "stored" || text.empty()) << text;
+            } catch (const opc::PackageError&) {
+                // A damaged entry is to be refused.
+            } catch (const platform::LimitError&) {
+                // So is one whose damaged size is beyond the limit.
+            }
+        }
+    } catch (const opc::PackageError&) {
+        // A damaged package is to be refused.
+    }
+}
+
+TEST_F(EntryDamageTest, RefusesAPackageCutAtAnyByte) {
+    const std::string whole = smallPackage().build();
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const std::u16string cut = write(std::string_view(whole).substr(0, length));
+        EXPECT_THROW(OpenPackage{cut}, opc::PackageError) << length;
+    }
+}
+
+TEST_F(EntryDamageTest, NoChangedByteYieldsFalseContent) {
+    const std::string whole = smallPackage().build();
+    for (std::size_t place = 0; place < whole.size(); ++place) {
+        for (const int mask : {0x01, 0x80, 0xFF}) {
+            SCOPED_TRACE(place);
+            std::string changed = whole;
+            changed[place] = static_cast<char>(changed[place] ^ mask);
+            expectNothingFalse(write(changed));
+        }
+    }
+}
+
+TEST_F(EntryDamageTest, NoMissingOrRepeatedByteYieldsFalseContent) {
+    const std::string whole = smallPackage().build();
+    for (std::size_t place = 0; place < whole.size(); ++place) {
+        SCOPED_TRACE(place);
+        expectNothingFalse(write(std::string(whole).erase(place, 1)));
+        expectNothingFalse(write(std::string(whole).insert(place, 1, whole[place])));
+    }
+}
+
+} // namespace
+
+} // namespace docparser_tests
