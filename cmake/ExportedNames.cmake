@@ -3,7 +3,8 @@
 # Lets nothing leave a shared library but what lies in its namespaces. Visible templates of Boost and of
 # the standard library stay inside, where visibility settings alone would let them out: they are no part
 # of the interface. TYPES are the foreign classes by whose type information a program catches the
-# library's exceptions. Linkers that cannot be told do without.
+# library's exceptions. Linkers that cannot be told do without, and so does Windows, where a DLL exports
+# what the export macro marks and nothing else.
 
 include(CheckLinkerFlag)
 
@@ -19,6 +20,9 @@ function(docparser_mangle name result)
 endfunction()
 
 function(docparser_export_names target)
+    if(WIN32)
+        return()
+    endif()
     cmake_parse_arguments(EXPORTED "" "" "NAMESPACES;TYPES" ${ARGN})
     set(script ${PROJECT_BINARY_DIR}/${target}.map)
 

@@ -20,6 +20,11 @@ if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(docparser_options INTERFACE LINKER:-z,now)
 endif()
 
+# Windows's header defines macros min and max, and declares far more than is needed.
+if(WIN32)
+    target_compile_definitions(docparser_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE)
+endif()
+
 if(DOCPARSER_SANITIZERS)
     target_compile_options(docparser_options INTERFACE
         -fsanitize=${DOCPARSER_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)

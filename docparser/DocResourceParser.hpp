@@ -123,7 +123,7 @@ public:
     static void clearSupportPackageCaches();
 
     /// Constants of file names, and access to the values of a parsed resource file.
-    class ParsingTools {
+    class DOCPARSER_EXPORT ParsingTools {
     public:
         /// How the bytes of a JSON string are converted to UTF-16.
         using StringParsingType = docparser::StringParsingType;

@@ -17,7 +17,7 @@ public:
     CancellationHold& operator=(const CancellationHold&) = delete;
 
 private:
-    int before_ = 0; // the system's previous cancellation state
+    [[maybe_unused]] int before_ = 0; // the system's previous cancellation state
 };
 
 /// Unwinds and ends the calling thread if its cancellation has been requested and nothing defers

@@ -23,7 +23,7 @@ public:
     std::optional<NativePath> next();
 
 private:
-    struct Close {
+    struct DOCPARSER_SEAM_EXPORT Close {
         void operator()(void* handle) const noexcept;
     };
 

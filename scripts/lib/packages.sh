@@ -45,6 +45,24 @@ fuzz_packages=(
     libclang-rt-14-dev
 )
 
+# For scripts/test-windows, besides: the compiler, the libraries that are built for Windows by Debian
+# or are headers alone, and what runs the programs.
+windows_packages=(
+    g++-mingw-w64-x86-64-posix
+    libz-mingw-w64-dev
+    googletest
+    libcli11-dev
+    libvalijson-dev
+    cmake
+    ninja-build
+    pkg-config
+    dpkg-dev
+    clang-14
+    wine64
+    locales
+    python3
+)
+
 # For scripts/package, besides: what makes Debian packages and looks at them.
 packaging_packages=(
     dpkg-dev

@@ -1,6 +1,7 @@
 #include "tests/system/FakeHost.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "tests/support/NativeText.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -22,7 +23,7 @@ std::vector<std::string> FakeHost::questions() const {
 
 long FakeHost::count(std::string_view question) const {
     const std::lock_guard lock(mutex_);
-    return std::ranges::count(questions_, question);
+    return static_cast<long>(std::ranges::count(questions_, question));
 }
 
 void FakeHost::forgetQuestions() {
@@ -66,7 +67,7 @@ std::u16string FakeHost::supportPackageRoot() const {
 
 std::unordered_set<std::u16string>
 FakeHost::installedHardwareSupportPackages(const std::u16string& root) const {
-    ask("packages below " + fl::i18n::to_string(root), onPackages);
+    ask("packages below " + fl::i18n::to_string(portable(root)), onPackages);
     return packages;
 }
 

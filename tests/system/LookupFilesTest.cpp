@@ -1,3 +1,4 @@
+#include "tests/support/PosixTest.hpp"
 #include "tests/system/SystemTest.hpp"
 
 #include <filesystem>
@@ -122,7 +123,7 @@ TEST_F(LookupFilesTest, ASuffixOfALanguageThatIsNotSupportedIsPartOfTheName) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(LookupFilesTest, AMissingFileStopsNoOther) {
+POSIX_TEST_F(LookupFilesTest, AMissingFileStopsNoOther) {
     addProduct("orchard");
     std::filesystem::create_symlink("absent", lookupPath("Gone.json"));
     addProduct("vineyard");
@@ -190,7 +191,7 @@ TEST_F(LookupFilesTest, AnInstalledTestThatAlwaysThrowsLeavesNothing) {
               (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
 }
 
-TEST_F(LookupFilesTest, FileNamesThatAreNoTextEndNothing) {
+POSIX_TEST_F(LookupFilesTest, FileNamesThatAreNoTextEndNothing) {
     addProduct("orchard");
     addLookup("broken\xFF.json", ResourceText("unreachable").str());
     addProduct("vineyard");

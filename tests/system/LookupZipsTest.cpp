@@ -2,6 +2,7 @@
 #include "platform/package/Package.hpp"
 #include "platform/package/StorageSystem.hpp"
 #include "platform/package/ZipPhysicalPackage.hpp"
+#include "tests/support/PosixTest.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 
@@ -178,7 +179,7 @@ TEST_F(LookupZipsTest, APackageInAPackageIsNotOpened) {
     EXPECT_EQ(read(), found({{u"garden", u"Garden"}}));
 }
 
-TEST_F(LookupZipsTest, APackageThatCannotBeOpenedCostsItselfAloneAndLogsNothing) {
+POSIX_TEST_F(LookupZipsTest, APackageThatCannotBeOpenedCostsItselfAloneAndLogsNothing) {
     ZipBytes truncated;
     truncated.entries = {entry("Truncated.json", "truncated")};
     std::string bytes = truncated.build();

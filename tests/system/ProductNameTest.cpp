@@ -1,4 +1,5 @@
 #include "docparser/DocParserException.hpp"
+#include "tests/support/PosixTest.hpp"
 #include "tests/system/SystemTest.hpp"
 
 #include <string>
@@ -50,7 +51,7 @@ TEST_F(ProductNameTest, ANameWithNulIsNeverTheNameBeforeIt) {
     }
 }
 
-TEST_F(ProductNameTest, UnpairedSurrogatesAreNoFileAndNoOneElse) {
+POSIX_TEST_F(ProductNameTest, UnpairedSurrogatesAreNoFileAndNoOneElse) {
     addApi("\xEF\xBF\xBD.json", text()); // what a lossy conversion would make of them
     addApi("?.json", text());
     addApi("\xED\xA0\x80.json", text()); // and what one that does not look would
@@ -94,7 +95,7 @@ TEST_F(ProductNameTest, AnEmptyNameReadsAFileThatIsAllExtension) {
     EXPECT_EQ(findResources(u"")->count(u"deutsch"), 1U);
 }
 
-TEST_F(ProductNameTest, ControlCharactersAreCharactersLikeAnyOther) {
+POSIX_TEST_F(ProductNameTest, ControlCharactersAreCharactersLikeAnyOther) {
     for (const std::string name : {"two\nlines", "\x1B[31mred", "tab\t", "del\x7F", "\r", "*?\\"}) {
         const std::u16string product(name.begin(), name.end());
         EXPECT_EQ(findResources(product), std::nullopt);

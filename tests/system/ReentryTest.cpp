@@ -122,7 +122,7 @@ TEST_F(ReentryTest, AnAnswerThatFailedAfterACallBackIsAskedForAgain) {
     runWatched([this] {
         EXPECT_THROW(DocResourceParser::getSupportPackageRoot(), std::runtime_error);
         EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
-                  host->packageRoot + u"/help/docCatalog/referenceapi");
+                  host->packageRoot + native(u"/help/docCatalog/referenceapi"));
     });
 }
 

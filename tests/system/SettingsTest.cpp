@@ -16,8 +16,8 @@ TEST_F(SettingsTest, AReferenceRootNamesTheTwoFoldersBelowIt) {
     DocResourceParser::setReferenceRoot(u"X");
     const auto roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(roots->root, u"X");
-    EXPECT_EQ(roots->lookupFolder, u"X/docCatalog/referenceapi_lookup");
-    EXPECT_EQ(roots->referenceApiFolder, u"X/docCatalog/referenceapi");
+    EXPECT_EQ(roots->lookupFolder, native(u"X/docCatalog/referenceapi_lookup"));
+    EXPECT_EQ(roots->referenceApiFolder, native(u"X/docCatalog/referenceapi"));
 }
 
 TEST_F(SettingsTest, AReferenceRootIsTakenAsItStands) {
@@ -25,8 +25,8 @@ TEST_F(SettingsTest, AReferenceRootIsTakenAsItStands) {
         DocResourceParser::setReferenceRoot(root);
         const auto roots = DocResourceParser::getReferenceRoots();
         EXPECT_EQ(roots->root, root);
-        EXPECT_EQ(roots->lookupFolder, root + u"/docCatalog/referenceapi_lookup");
-        EXPECT_EQ(roots->referenceApiFolder, root + u"/docCatalog/referenceapi");
+        EXPECT_EQ(roots->lookupFolder, root + native(u"/docCatalog/referenceapi_lookup"));
+        EXPECT_EQ(roots->referenceApiFolder, root + native(u"/docCatalog/referenceapi"));
     }
 }
 
@@ -50,7 +50,7 @@ TEST_F(SettingsTest, RootsAreHandedOutAsOneSharedConstObject) {
 TEST_F(SettingsTest, TheDefaultRootIsTheInstallationsHelpFolderWhateverTheHost) {
     DocResourceParser::restoreDefaultSettings();
     EXPECT_EQ(DocResourceParser::getReferenceRoots()->root,
-              platform::defaultHostServices()->installPath() + u"/help");
+              platform::defaultHostServices()->installPath() + native(u"/help"));
 }
 
 TEST_F(SettingsTest, ASupportPackageFolderIsReturnedAsItStands) {
@@ -63,13 +63,16 @@ TEST_F(SettingsTest, ASupportPackageFolderIsReturnedAsItStands) {
 
 TEST_F(SettingsTest, TheHostsSupportPackageRootGetsThreeLevelsAppended) {
     host->packageRoot = u"/s";
-    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/s/help/docCatalog/referenceapi");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
+              u"/s" + native(u"/help/docCatalog/referenceapi"));
     host->packageRoot = u"";
     DocResourceParser::clearSupportPackageCaches();
-    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/help/docCatalog/referenceapi");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
+              native(u"/help/docCatalog/referenceapi"));
     host->packageRoot = u"/s/";
     DocResourceParser::clearSupportPackageCaches();
-    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/s//help/docCatalog/referenceapi");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
+              u"/s/" + native(u"/help/docCatalog/referenceapi"));
 }
 
 TEST_F(SettingsTest, ClearingTheCachesBringsTheComputedFolderBack) {
@@ -77,7 +80,8 @@ TEST_F(SettingsTest, ClearingTheCachesBringsTheComputedFolderBack) {
     DocResourceParser::setSupportPackageRoot(u"F");
     ASSERT_EQ(*DocResourceParser::getSupportPackageRoot(), u"F");
     DocResourceParser::clearSupportPackageCaches();
-    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/s/help/docCatalog/referenceapi");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
+              u"/s" + native(u"/help/docCatalog/referenceapi"));
     EXPECT_EQ(host->count("package root"), 1);
 }
 
@@ -144,10 +148,11 @@ TEST_F(SettingsTest, RestoringTheDefaultsUndoesEverySetting) {
 
     const auto roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(roots->root, startRoot);
-    EXPECT_EQ(roots->lookupFolder, startRoot + u"/docCatalog/referenceapi_lookup");
-    EXPECT_EQ(roots->referenceApiFolder, startRoot + u"/docCatalog/referenceapi");
+    EXPECT_EQ(roots->lookupFolder, startRoot + native(u"/docCatalog/referenceapi_lookup"));
+    EXPECT_EQ(roots->referenceApiFolder, startRoot + native(u"/docCatalog/referenceapi"));
     EXPECT_THAT(*DocResourceParser::getTopLevelProducts(), ElementsAre(host->products.front()));
-    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/s/help/docCatalog/referenceapi");
+    EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
+              u"/s" + native(u"/help/docCatalog/referenceapi"));
     EXPECT_THAT(*DocResourceParser::getHardwareSupportPackages(),
                 UnorderedElementsAre(u"sensorkit"));
 }
@@ -159,7 +164,7 @@ TEST_F(SettingsTest, RestoringTheDefaultsForgetsWhatWasFoundOut) {
     host->packageRoot = u"/elsewhere";
     DocResourceParser::restoreDefaultSettings();
     EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
-              u"/elsewhere/help/docCatalog/referenceapi");
+              u"/elsewhere" + native(u"/help/docCatalog/referenceapi"));
     EXPECT_THAT(*DocResourceParser::getHardwareSupportPackages(),
                 UnorderedElementsAre(u"motorkit"));
 }

@@ -56,10 +56,10 @@ TEST(StaticInitialisationTest, ConstantsAreReadyBeforeMain) {
 
 TEST(StaticInitialisationTest, EveryOperationWorksBeforeMain) {
     EXPECT_EQ(seenBeforeMain.defaultRoot,
-              platform::defaultHostServices()->installPath() + u"/help");
+              platform::defaultHostServices()->installPath() + native(u"/help"));
     EXPECT_EQ(seenBeforeMain.setRoot, u"/no/such/root");
     EXPECT_EQ(seenBeforeMain.supportPackageFolder,
-              u"/no/such/support/help/docCatalog/referenceapi");
+              u"/no/such/support" + native(u"/help/docCatalog/referenceapi"));
     EXPECT_EQ(seenBeforeMain.absentProduct, u"Early");
     EXPECT_TRUE(seenBeforeMain.hasNoLookups);
     EXPECT_TRUE(seenBeforeMain.isTestProductInstalled);

@@ -34,7 +34,7 @@ ObservedThread::~ObservedThread() {
 SystemTest::SystemTest() : maskBefore_(foundation::log::severityMask()) {
     for (const auto& below : {kApiFolder, kLookupFolder, kSupportFolder})
         std::filesystem::create_directories(folder.path() / below);
-    host->packageRoot = folder.u16() + u"/support";
+    host->packageRoot = folder.u16() + native(u"/support");
     platform::setHostServices(host);
     DocResourceParser::restoreDefaultSettings();
     DocResourceParser::setReferenceRoot(root());
@@ -48,31 +48,31 @@ SystemTest::~SystemTest() {
 }
 
 std::u16string SystemTest::root() const {
-    return folder.u16() + u"/root";
+    return folder.u16() + native(u"/root");
 }
 
 std::string SystemTest::apiPath(std::string_view file) const {
-    return (folder.path() / kApiFolder / file).string();
+    return textOf((folder.path() / kApiFolder / pathOf(file)).make_preferred());
 }
 
 std::string SystemTest::supportPath(std::string_view file) const {
-    return (folder.path() / kSupportFolder / file).string();
+    return textOf((folder.path() / kSupportFolder / pathOf(file)).make_preferred());
 }
 
 std::string SystemTest::lookupPath(std::string_view file) const {
-    return (folder.path() / kLookupFolder / file).string();
+    return textOf((folder.path() / kLookupFolder / pathOf(file)).make_preferred());
 }
 
 void SystemTest::addApi(const std::string& file, std::string_view text) const {
-    folder.write(kApiFolder / file, text);
+    folder.write(kApiFolder / pathOf(file), text);
 }
 
 void SystemTest::addSupport(const std::string& file, std::string_view text) const {
-    folder.write(kSupportFolder / file, text);
+    folder.write(kSupportFolder / pathOf(file), text);
 }
 
 void SystemTest::addLookup(const std::string& file, std::string_view text) const {
-    folder.write(kLookupFolder / file, text);
+    folder.write(kLookupFolder / pathOf(file), text);
 }
 
 void SystemTest::setLanguage(const std::u16string& language) const {

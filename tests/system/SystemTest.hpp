@@ -4,6 +4,7 @@
 #include "docparser/account/LoadAccount.hpp"
 #include "platform/ReadLimits.hpp"
 #include "tests/support/LogCapture.hpp"
+#include "tests/support/NativeText.hpp"
 #include "tests/support/ResourceText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/FakeHost.hpp"

@@ -67,11 +67,11 @@ protected:
     }
     void readSettings() {
         const auto roots = DocResourceParser::getReferenceRoots();
-        expect(roots->referenceApiFolder == roots->root + u"/docCatalog/referenceapi",
+        expect(roots->referenceApiFolder == roots->root + native(u"/docCatalog/referenceapi"),
                "torn roots");
         const std::u16string support = *DocResourceParser::getSupportPackageRoot();
         expect(support == place(u"third") ||
-                   support == host->packageRoot + u"/help/docCatalog/referenceapi",
+                   support == host->packageRoot + native(u"/help/docCatalog/referenceapi"),
                "torn support-package folder");
         expect(DocResourceParser::ParsingTools::getCurrentLocale() == u"de", "language");
     }

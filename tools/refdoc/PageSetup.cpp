@@ -1,8 +1,9 @@
 #include "tools/refdoc/PageSetup.hpp"
 
+#include "platform/terminal/ProgramText.hpp"
+
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <limits>
 
 namespace refdoc {
@@ -38,12 +39,8 @@ bool wantsColor(ColorChoice choice, const platform::OutputDevice& device,
 
 } // namespace
 
-std::optional<std::string> environmentVariable(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? std::optional<std::string>(value) : std::nullopt;
-}
-
 LayoutEnvironment readLayoutEnvironment() {
+    using platform::environmentVariable;
     return {environmentVariable("NO_COLOR"), environmentVariable("COLUMNS"),
             environmentVariable("TERM")};
 }

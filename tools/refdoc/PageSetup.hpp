@@ -24,9 +24,6 @@ struct PageSetup {
     bool color;
 };
 
-/// A variable of this process; absent when it is not set.
-std::optional<std::string> environmentVariable(const char* name);
-
 /// The variables of this process.
 LayoutEnvironment readLayoutEnvironment();
 

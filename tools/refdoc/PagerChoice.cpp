@@ -1,14 +1,14 @@
 #include "tools/refdoc/PagerChoice.hpp"
 
 #include "platform/terminal/Pager.hpp"
-#include "tools/refdoc/PageSetup.hpp"
+#include "platform/terminal/ProgramText.hpp"
 
 #include <algorithm>
 
 namespace refdoc {
 
 PagerEnvironment readPagerEnvironment() {
-    return {environmentVariable("PAGER"), environmentVariable("TERM"),
+    return {platform::environmentVariable("PAGER"), platform::environmentVariable("TERM"),
             platform::isProgramInstalled("less")};
 }
 

@@ -1,6 +1,8 @@
 #include "tools/refdoc/TypedWords.hpp"
 
-#include <cstdlib>
+#include "platform/terminal/ProgramText.hpp"
+
+#include <optional>
 #include <utility>
 
 namespace refdoc {
@@ -9,10 +11,10 @@ namespace {
 
 // The shells hand on what was typed, before they put the home folder in the place of "~".
 std::string withHomeFolder(const std::string& folder) {
-    const char* home = std::getenv("HOME");
+    const std::optional<std::string> home = platform::environmentVariable("HOME");
     if (!home || (folder != "~" && !folder.starts_with("~/")))
         return folder;
-    return home + folder.substr(1);
+    return *home + folder.substr(1);
 }
 
 class Sorter {

@@ -1,5 +1,6 @@
 #include "platform/except/IException.hpp"
 #include "platform/terminal/Pager.hpp"
+#include "platform/terminal/ProgramText.hpp"
 #include "tools/refdoc/Answer.hpp"
 #include "tools/refdoc/Completion.hpp"
 #include "tools/refdoc/DisplayText.hpp"
@@ -101,7 +102,8 @@ ExitStatus deliver(Answer answer) {
 
 int main(int argc, char* argv[]) {
     try {
-        return static_cast<int>(deliver(answerTo({argv + (argc > 0 ? 1 : 0), argv + argc})));
+        const platform::Utf8Output utf8Output;
+        return static_cast<int>(deliver(answerTo(platform::argumentsInUtf8(argc, argv))));
     } catch (const std::exception&) {
         // Standard error is gone or memory is; there is no one left to tell.
         return static_cast<int>(ExitStatus::Failed);

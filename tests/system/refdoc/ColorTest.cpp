@@ -43,20 +43,5 @@ TEST_F(ColorTest, AlwaysStandsAgainstNoColor) {
                 HasSubstr("\x1b[1m"));
 }
 
-TEST_F(ColorTest, ATerminalGetsColorUnlessTheEnvironmentSaysNo) {
-    EXPECT_THAT(runAtTerminal(80, {"show", "P"}).out, HasSubstr("\x1b[1m"));
-    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", ""}}}).out,
-                HasSubstr("\x1b[1m"));
-    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", "1"}}}).out,
-                Not(HasSubstr("\x1b")));
-    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"TERM", "dumb"}}}).out,
-                Not(HasSubstr("\x1b")));
-    EXPECT_THAT(runAtTerminal(80, {"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
-}
-
-TEST_F(ColorTest, JsonGetsNoneOnATerminal) {
-    EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
-}
-
 } // namespace
 } // namespace refdoc_tests

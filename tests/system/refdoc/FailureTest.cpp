@@ -35,18 +35,6 @@ TEST_F(FailureTest, AMalformedManifestFailsEveryCommandEvenWhereOptionsOverruleI
     }
 }
 
-TEST_F(FailureTest, OutputThatCannotBeWrittenIsAFailure) {
-    addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
-    Surroundings fullDisk;
-    fullDisk.output = "/dev/full";
-    const Outcome expected{3, "",
-                           "refdoc: can't write to standard output: No space left on device\n"};
-    EXPECT_EQ(run({"lookup"}, fullDisk), expected);
-    EXPECT_EQ(run({"lookup", "--json"}, fullDisk), expected);
-    EXPECT_EQ(run({"products"}, fullDisk), expected);
-    EXPECT_EQ(runProgram({"--help"}, fullDisk), expected);
-}
-
 TEST_F(FailureTest, AFolderWithTheNameOfTheManifestIsAFailure) {
     add("installation.json/file", "");
     const Outcome outcome = run({"products"});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/refdoc/ToolProcess.hpp"
 
 #include <boost/json/value.hpp>
@@ -16,9 +17,6 @@ namespace refdoc_tests {
 /// A test of the program on an install folder of its own, which is empty at first.
 class RefdocTest : public testing::Test {
 protected:
-    RefdocTest();
-    ~RefdocTest() override;
-
     /// Writes a file below the install folder.
     void add(const std::string& path, std::string_view text) const;
 
@@ -33,13 +31,14 @@ protected:
 
     /// Runs the program with `--install` and the install folder before the arguments.
     Outcome run(std::vector<std::string> arguments, const Surroundings& surroundings = {}) const;
+    /// The same with a terminal of this width as standard output; for POSIX alone.
     Outcome runAtTerminal(std::size_t columns, std::vector<std::string> arguments,
                           const Surroundings& surroundings = {}) const;
 
 private:
     std::vector<std::string> withInstall(std::vector<std::string> arguments) const;
 
-    std::filesystem::path folder_;
+    docparser_tests::TemporaryFolder folder_;
 };
 
 /// A JSON section: "HELPFOLDER name", "HELPFOLDER code" and so on, with these items.

@@ -4,6 +4,7 @@ namespace refdoc_tests {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 class TerminalTest : public RefdocTest {
 protected:
@@ -43,6 +44,21 @@ TEST_F(TerminalTest, AWidthThatIsNotKnownIs80) {
 
 TEST_F(TerminalTest, AFileGetsTheLinesOfTheIndexWholeWhateverTheWidth) {
     EXPECT_THAT(run({"lookup"}, {.variables = {{"COLUMNS", "40"}}}).out, HasSubstr(kWholeLine));
+}
+
+TEST_F(TerminalTest, ATerminalGetsColorUnlessTheEnvironmentSaysNo) {
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}).out, HasSubstr("\x1b[1m"));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", ""}}}).out,
+                HasSubstr("\x1b[1m"));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", "1"}}}).out,
+                Not(HasSubstr("\x1b")));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"TERM", "dumb"}}}).out,
+                Not(HasSubstr("\x1b")));
+    EXPECT_THAT(runAtTerminal(80, {"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
+}
+
+TEST_F(TerminalTest, JsonGetsNoneOnATerminal) {
+    EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
 }
 
 } // namespace

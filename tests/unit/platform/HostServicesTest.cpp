@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -65,7 +66,8 @@ TEST_F(HostServicesTest, AreTheDefaultOnesUntilTheHostSetsItsOwn) {
     const auto* const manifest =
         dynamic_cast<const InstallationManifest*>(defaultHostServices().get());
     ASSERT_NE(manifest, nullptr);
-    EXPECT_EQ(manifest->installPath(), fromNativePath(PLATFORM_TESTS_INSTALL_PREFIX))
+    EXPECT_EQ(manifest->installPath(),
+              fromNativePath(std::filesystem::path(PLATFORM_TESTS_INSTALL_PREFIX)))
         << "in a build tree, the prefix that the library was built for";
 }
 

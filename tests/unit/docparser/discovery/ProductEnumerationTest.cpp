@@ -1,6 +1,8 @@
 #include "docparser/discovery/ProductEnumeration.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tests/support/NativeText.hpp"
+#include "tests/support/PosixTest.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -34,7 +36,9 @@ protected:
             folder_.write(name, "");
     }
 
-    std::u16string path(const std::u16string& name) const { return folder_.u16() + u'/' + name; }
+    std::u16string path(const std::u16string& name) const {
+        return folder_.u16() + native(u"/") + name;
+    }
 
     ProductLists find(const Suffixes& suffixes, const std::u16string& current) const {
         return DocResourceParser::getAllProducts(folder_.u16(), suffixes, current);
@@ -126,7 +130,7 @@ TEST_F(ProductEnumeration, ListsNamesBeyondAsciiAndEmptyStems) {
     EXPECT_THAT(products.zipProducts, UnorderedElementsAre(product(u"", false, path(u".zip"))));
 }
 
-TEST_F(ProductEnumeration, ListsAnIllFormedNameWithReplacementsAndGoesOn) {
+POSIX_TEST_F(ProductEnumeration, ListsAnIllFormedNameWithReplacementsAndGoesOn) {
     add({u"before.json", u"later.json"});
     folder_.write("bad\xFF\xE3.json", "");
     EXPECT_THAT(

@@ -2,10 +2,8 @@
 
 #include "platform/package/StreamHelper.hpp"
 
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
-#include <system_error>
 
 namespace docparser_tests {
 
@@ -44,18 +42,6 @@ std::vector<NamedText> OpenPackage::contents() {
     for (const opc::qorservices::FileSystemEntry& entry : manager.getAllLeafs())
         result.emplace_back(entry.getName(), read(entry));
     return result;
-}
-
-PackageTest::PackageTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "package-XXXXXX").string();
-    if (!::mkdtemp(name.data()))
-        throw std::system_error(errno, std::generic_category(), name);
-    folder = name;
-}
-
-PackageTest::~PackageTest() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
 }
 
 std::u16string PackageTest::write(std::string_view name, std::string_view bytes) const {

@@ -2,6 +2,7 @@
 
 #include "platform/package/FileSystemManager.hpp"
 #include "platform/package/PackageError.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 #include "tests/support/ZipBytes.hpp"
 
 #include <gtest/gtest.h>
@@ -41,9 +42,6 @@ struct OpenPackage {
 /// Gives each test a temporary folder.
 class PackageTest : public testing::Test {
 protected:
-    PackageTest();
-    ~PackageTest() override;
-
     /// Writes a file and returns its path.
     std::u16string write(std::string_view name, std::string_view bytes) const;
     std::u16string write(std::string_view bytes) const { return write("package.zip", bytes); }
@@ -52,7 +50,8 @@ protected:
     OpenPackage open(const ZipBytes& zip) const { return OpenPackage(write(zip.build())); }
     OpenPackage open(std::string_view bytes) const { return OpenPackage(write(bytes)); }
 
-    std::filesystem::path folder;
+    const TemporaryFolder temporaryFolder;
+    const std::filesystem::path& folder = temporaryFolder.path();
 };
 
 /// The message of the `Error` that the call throws. Fails the test if the call throws none.

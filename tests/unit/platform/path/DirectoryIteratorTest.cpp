@@ -1,5 +1,6 @@
 #include "platform/path/DirectoryIterator.hpp"
 
+#include "tests/support/NativeText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -23,7 +24,8 @@ TEST(DirectoryIteratorTest, ListsEachEntryWithNameAndPath) {
     directory_iterator entry(path(folder.u16()), u"*");
     for (; entry.is_open(); entry.increment()) {
         names.push_back(entry.filename().string());
-        EXPECT_EQ(entry.full_pathname().string(), folder.u16() + u'/' + names.back());
+        EXPECT_EQ(entry.full_pathname().string(),
+                  folder.u16() + docparser_tests::native(u"/") + names.back());
     }
     EXPECT_THAT(names, UnorderedElementsAre(u"Orchard.json", u"sub"));
 }

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,7 +20,7 @@ using testing::UnorderedElementsAre;
 std::vector<std::string> namesIn(Folder folder) {
     std::vector<std::string> names;
     while (const auto name = folder.next())
-        names.push_back(*name);
+        names.push_back(std::filesystem::path(*name).string());
     return names;
 }
 
@@ -52,7 +53,9 @@ TEST(FolderTest, DoesNotOpenMissingFoldersAndFiles) {
 
 TEST(FolderTest, DoesNotOpenTheFolderBeforeANulInThePath) {
     const TemporaryFolder folder;
-    EXPECT_FALSE(Folder::open(folder.path().string() + std::string("\0rest", 5)));
+    NativePath path = folder.path().native();
+    path.push_back('\0');
+    EXPECT_FALSE(Folder::open(path));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "tests/support/PosixTest.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
@@ -137,7 +138,7 @@ TEST_F(EntryContentTest, ReadsPackagesWrittenByLibzip) {
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"Obst\u00E4pfel.json", text)));
 }
 
-TEST_F(EntryContentTest, RefusesAesEncryptedEntries) {
+POSIX_TEST_F(EntryContentTest, RefusesAesEncryptedEntries) {
     writeWithLibzip((folder / "aes.zip").string(), "a.json", "text", ZIP_CM_DEFLATE,
                     ZIP_EM_AES_256);
     OpenPackage package(path("aes.zip"));

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/SeamExport.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// Returns the arguments of this process in UTF-8, without the name of the program.
+/// \param argumentCount  as main() gets it
+/// \param arguments      as main() gets them; Windows has lost characters of those, so its own
+///                       command line is read instead
+DOCPARSER_SEAM_EXPORT std::vector<std::string> argumentsInUtf8(int argumentCount,
+                                                                   char* arguments[]);
+
+/// Returns an environment variable of this process in UTF-8; empty if it is not set.
+/// \param name  ASCII
+DOCPARSER_SEAM_EXPORT std::optional<std::string> environmentVariable(const std::string& name);
+
+/// Lets standard output and standard error take UTF-8 during its life.
+///
+/// Bytes pass as they are, without a carriage return before each line feed. A console of Windows
+/// shows UTF-8 and obeys the escape sequences for colours; afterwards its settings are restored.
+/// Where all this is a matter of course, nothing happens.
+class DOCPARSER_SEAM_EXPORT Utf8Output {
+public:
+    Utf8Output() noexcept;
+    ~Utf8Output();
+    Utf8Output(const Utf8Output&) = delete;
+    Utf8Output& operator=(const Utf8Output&) = delete;
+
+private:
+    // The console's previous settings; 0 if there is no console.
+    [[maybe_unused]] unsigned codePage_ = 0;
+    [[maybe_unused]] unsigned long outputMode_ = 0;
+    [[maybe_unused]] unsigned long errorMode_ = 0;
+};
+
+} // namespace platform
