@@ -7,14 +7,14 @@
 
 namespace reference::docparser {
 
-/// Thrown when a product has no resource file that could be used, at any place.
+/// Thrown if no folder has a usable resource file of a product.
 ///
-/// It can be caught as itself, IInternalException, IException, boost::exception or
+/// It can be caught as its own type, IInternalException, IException, boost::exception or
 /// boost::exception_detail::clone_base, and travels through boost::exception_ptr. It does not
 /// derive from std::exception.
 class DOCPARSER_EXPORT DocParserException : public foundation::core::except::IInternalException {
 public:
-    /// \param productName  the product that was asked for
+    /// \param productName  the product that was requested
     explicit DocParserException(std::u16string productName);
     DocParserException(const DocParserException&) = default;
     DocParserException(DocParserException&&) = default;
@@ -22,13 +22,13 @@ public:
     DocParserException& operator=(DocParserException&&) = default;
     ~DocParserException() noexcept override;
 
-    /// The product that was asked for, to the code unit.
+    /// Returns the requested product exactly as it was given.
     const std::u16string& getProductName() const noexcept { return productName_; }
 
-    /// "resource::docparser::DocParserException", whatever the product.
+    /// Returns "resource::docparser::DocParserException" for every product.
     const char* what() const noexcept override;
 
-    /// A copy on the heap, which the caller owns.
+    /// Returns a copy on the heap, which the caller owns.
     const boost::exception_detail::clone_base* clone() const override;
 
     /// Throws a copy, as DocParserException.

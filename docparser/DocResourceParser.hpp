@@ -19,115 +19,113 @@
 
 namespace reference::docparser {
 
-/// What reference documentation the installed products provide: the library's one entrance.
+/// Tells what reference documentation the installed products provide: the library's entrance.
 ///
 /// Every operation may be called from any thread at any time, runs on its caller's thread and
-/// keeps no reference to what it returns. Nothing is cached but what the settings below say: each
-/// retrieval reads and parses its files anew, and their memory is given back when it returns. No
-/// lock is held while files are read or parsed. Whatever needs memory may throw std::bad_alloc.
+/// keeps no reference to what it returns. Apart from the settings below nothing is cached: each
+/// retrieval reads and parses its files anew and releases their memory when it returns. No lock is
+/// held while files are read or parsed. Operations that allocate may throw std::bad_alloc.
 ///
-/// All texts are UTF-16. Folders are spelled as the system spells paths; they are joined as text,
-/// and nothing is normalised.
+/// All strings are UTF-16. Folders are spelled as the system spells paths; they are joined as
+/// strings, and nothing is normalised.
 ///
-/// A file that is missing, malformed or of another kind than a regular file contributes nothing
-/// and hides nothing else. What is read, and what could not be, is written to the diagnostic
-/// channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp).
+/// A file that is missing, malformed or not a regular file contributes nothing and hides nothing
+/// else. The diagnostic channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp)
+/// names each file before it is read, and the files that could not be read. To learn what became of
+/// each file, see docparser/account/LoadAccount.hpp.
 class DOCPARSER_EXPORT DocResourceParser {
 public:
     /// The folders that getReferenceRoots() returns.
     using ReferenceRoots = docparser::ReferenceRoots;
 
-    /// Every full record of one product, in the current documentation language with English
-    /// behind it.
+    /// Returns every full record of one product, in the current documentation language with
+    /// English as the fallback.
     ///
-    /// The product's files are looked for in the reference-API folder of the current roots and,
-    /// when there is none that can be used, in the support-package folder: P.json, and P_L.json
-    /// over it when the documentation language L is not "en". Where both have a section, the items
-    /// of the language file replace the English items of the same href and its header replaces the
-    /// English one.
-    /// \param product  used in the file names as it stands; it is the caller's to trust
-    /// \returns        the sections by key: the help folder of a file's main section, the base code
-    ///                 of each section of its "supportPackages"; one section at least. The caller
-    ///                 owns it all
-    /// \throws DocParserException  neither place has a file of the product that could be used; the
-    ///                             channel has a line at severity 512
+    /// The files are looked up in the reference-API folder of the current roots and, if none of
+    /// them can be used, in the support-package folder: P.json, overlaid with P_L.json if the
+    /// documentation language L is not "en". If both have a section, the language file's items
+    /// replace the English items of the same href, and its header replaces the English one.
+    /// \param product  used in the file names as it is; the caller must validate it
+    /// \returns        at least one section, keyed by the help folder of a file's main section and
+    ///                 by the base code of each section of its "supportPackages"
+    /// \throws DocParserException  neither folder has a usable file of the product; the channel has
+    ///                             a line at severity 512
     /// \throws whatever the language service or the support-package root reader throws
     static ResourceMap<property::RefItem> getResourceFile(const std::u16string& product);
 
-    /// The lookup index of all products below the lookup folder of the current roots, in the
-    /// current documentation language with English behind it.
+    /// Returns the lookup index of all products in the lookup folder of the current roots, in the
+    /// current documentation language with English as the fallback.
     ///
-    /// Zip packages are read before plain files; what collides is merged, the first one winning,
-    /// except that a translation takes the place of what was there. Costs the reading of every file
-    /// in the folder: an application that looks names up often keeps the result.
-    /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps when
-    ///           there are no files
+    /// Zip packages are read before plain files. If sections have the same key, they are merged
+    /// and the first one wins, except that a translation goes on top of what is there. Every file
+    /// in the folder is read: an application that looks up names often keeps the result.
+    /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps if there
+    ///           are no files
     /// \throws whatever the language service throws
     static ParsingResults<ResourceMap<property::RefItemLookup>> getResourceLookupFiles();
 
-    /// The product files that lie directly in a folder: names that end in ".json" or ".zip", to
-    /// the letter. Files of another language than the current one are left out.
+    /// Returns the product files that lie directly in a folder: names that end in exactly ".json"
+    /// or ".zip". Translations into languages other than the current one are left out.
     /// \param root                 the folder; missing or empty means no files
-    /// \param localeSuffixes       what marks a translated file, as in "_de"
-    /// \param currentLocaleSuffix  the mark of the translated files to keep
+    /// \param localeSuffixes       the suffixes that mark a translated file, such as "_de"
+    /// \param currentLocaleSuffix  the suffix of the translated files to keep
     /// \returns                    the files in the order of the folder, each with its stem as
-    ///                             name; after a failure, which is never thrown, what was found
+    ///                             name; after a failure, which is never thrown, the files found
     ///                             before it
     static ProductLists getAllProducts(const std::u16string& root,
                                        const std::vector<std::u16string>& localeSuffixes,
                                        const std::u16string& currentLocaleSuffix);
 
-    /// The installed products at the top level of the documentation, never null: the catalogue's,
-    /// asked for at each call under a lock, or those of setTestProducts(). Hold the pointer while
-    /// you walk the list.
+    /// Returns the installed top-level products, never null: the catalogue's, which is asked on
+    /// each call under a lock, or those of setTestProducts(). Hold the pointer while you walk it.
     /// \throws whatever the catalogue throws
     static std::shared_ptr<const std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>>
     getTopLevelProducts();
 
-    /// Whether a top-level product has this short name, to the byte of its UTF-8, or a hardware
-    /// support package this name. Asks the catalogue at each call and goes through its products.
+    /// Returns whether a top-level product has this short name, compared as UTF-8 bytes, or a
+    /// hardware support package has this name. Asks the catalogue on each call; linear in its size.
     /// \throws whatever the catalogue or the support-package root reader throws
     static bool isProductInstalled(const std::u16string& name);
 
-    /// The installed hardware support packages, never null. Found once and kept until the caches
-    /// are cleared; none when they could not be found.
+    /// Returns the installed hardware support packages, never null. The answer is cached until the
+    /// caches are cleared; a query that fails yields an empty set.
     /// \throws whatever the support-package root reader throws
     static std::shared_ptr<const std::unordered_set<std::u16string>> getHardwareSupportPackages();
 
-    /// The folder of the support packages' resource files, never null. Found once and kept until
-    /// the caches are cleared: "help", "docCatalog" and "referenceapi" below the support-package
-    /// root; or the folder of setSupportPackageRoot() as it stands. Takes no lock.
+    /// Returns the folder of the support packages' resource files, never null: "help", "docCatalog"
+    /// and "referenceapi" below the support-package root, or the folder of setSupportPackageRoot()
+    /// as it was given. The answer is cached until the caches are cleared. Takes no lock.
     /// \throws whatever the support-package root reader throws
     static std::shared_ptr<const std::u16string> getSupportPackageRoot();
 
-    /// Lets products and support packages of these names count as installed, and no others, until
+    /// Makes exactly the products and support packages of these names count as installed, until
     /// restoreDefaultSettings(). clearSupportPackageCaches() and setSupportPackageRoot() undo it
-    /// for the support packages alone. No reader sees it half done.
+    /// for the support packages only. Other threads see both changes or none.
     static void setTestProducts(const std::vector<std::u16string>& topLevelNames,
                                 const std::vector<std::u16string>& supportPackageNames);
 
-    /// The roots in force, never null: a snapshot that later changes leave alone.
+    /// Returns the current roots, never null: a snapshot that later changes do not affect.
     static std::shared_ptr<const ReferenceRoots> getReferenceRoots();
 
-    /// Makes another folder the reference root; it need not exist. Calls under way keep theirs.
+    /// Sets the reference root, which need not exist. Calls in progress keep the old one.
     static void setReferenceRoot(std::u16string root);
 
-    /// Makes `folder`, as it stands, the folder of the support packages' resource files, and
-    /// forgets which hardware support packages are installed.
+    /// Sets the folder of the support packages' resource files, to be used as it is, and clears the
+    /// cached hardware support packages.
     static void setSupportPackageRoot(std::u16string folder);
 
-    /// Back to the reference root of the installation, the products of the catalogue and empty
-    /// support-package caches.
+    /// Restores the reference root of the installation and the products of the catalogue, and
+    /// clears both support-package caches.
     static void restoreDefaultSettings();
 
-    /// Forgets the support-package folder and the hardware support packages; both are found anew
-    /// when they are next asked for.
+    /// Clears the cached support-package folder and hardware support packages; both are determined
+    /// again when they are next needed.
     static void clearSupportPackageCaches();
 
-    /// The constants of the file names, and what reads the values of a parsed resource file.
+    /// Constants of file names, and access to the values of a parsed resource file.
     class ParsingTools {
     public:
-        /// How the bytes of a string become UTF-16.
+        /// How the bytes of a JSON string are converted to UTF-16.
         using StringParsingType = docparser::StringParsingType;
 
         static const std::u16string kJsonExt;              ///< "json"
@@ -137,44 +135,44 @@ public:
         static const std::u16string kEnglishLocale;        ///< "en"
         static constexpr char16_t kLocaleSeparator = u'_'; ///< between a product and a language
 
-        /// The current documentation language, just as the language service answers.
+        /// Returns the current documentation language exactly as the language service reports it.
         /// \throws whatever the language service throws
         static std::u16string getCurrentLocale();
 
-        /// The suffixes of the supported languages but "en", in the language service's order:
+        /// Returns the suffixes of the supported languages except "en", in the service's order:
         /// "_ja", "_zh_CN".
         /// \throws whatever the language service throws
         static std::vector<std::u16string> getSupportedDocLocales();
 
-        /// The text of the string under a required key.
-        /// \param key  as the file has it, to the byte
-        /// \throws std::exception  no such key, or no string
+        /// Returns the string of a required key.
+        /// \param key  UTF-8, exactly as in the file
+        /// \throws std::exception  the key is missing, or its value is not a string
         static std::u16string getFluString(const boost::json::object& object,
                                            const std::string& key, StringParsingType type);
 
-        /// The text of a JSON string.
-        /// \throws std::exception  the value is no string
+        /// Returns a JSON string.
+        /// \throws std::exception  the value is not a string
         static std::u16string getFluString(const boost::json::value& value, StringParsingType type);
 
-        /// The text of the string under an optional key; empty when there is no such key.
-        /// \throws std::exception  the value is no string
+        /// Returns the string of an optional key; empty if the key is missing.
+        /// \throws std::exception  the value is not a string
         static std::u16string getFluStringWithFallback(const boost::json::object& object,
                                                        const std::string& key,
                                                        StringParsingType type);
 
-        /// The value as an array.
-        /// \throws std::exception  it is none
+        /// Returns the value as an array.
+        /// \throws std::exception  the value is not an array
         static const boost::json::array& getJsonArray(const boost::json::value& value);
 
-        /// The array under a required key of an object.
-        /// \throws std::exception  no object, no such key, or no array
+        /// Returns the array of a required key of an object.
+        /// \throws std::exception  not an object, a missing key, or not an array
         static const boost::json::array& getJsonArray(const boost::json::value& value,
                                                       const std::string& key);
 
-        /// The header of a resource file or of one of its sections.
+        /// Reads the header of a resource file or of one of its sections.
         /// \param section  the JSON object
-        /// \param product  the name that the product was asked for by, copied into the header
-        /// \throws std::exception  no object, a required key is missing, or a value is no string
+        /// \param product  the name that the product was requested by, copied into the header
+        /// \throws std::exception  not an object, a missing key, or a value that is not a string
         static property::HeaderInfo getHeaderInfo(const boost::json::value& section,
                                                   const std::u16string& product);
     };

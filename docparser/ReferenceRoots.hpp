@@ -6,11 +6,11 @@
 
 namespace reference::docparser {
 
-/// Where resource files are looked for: a reference root and the two folders below it. Handed out
-/// as shared and const, so a snapshot stays as it is when the settings change.
+/// The folders in which resource files are looked up: a reference root and two folders below it.
+/// Shared and const, so that a snapshot is not affected when the settings change.
 struct DOCPARSER_EXPORT ReferenceRoots {
-    /// Derives the folders by plain concatenation, each part after a separator, also where the root
-    /// ends with one; nothing is normalised and nothing need exist.
+    /// Derives the folders by plain concatenation with a separator before each part, even if the
+    /// root ends with one. Nothing is normalised, and nothing need exist.
     explicit ReferenceRoots(std::u16string referenceRoot);
 
     std::u16string root;               ///< as it was given

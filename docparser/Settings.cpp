@@ -13,7 +13,7 @@ std::shared_ptr<const ReferenceRoots> makeRoots(std::u16string root) {
     return std::make_shared<const ReferenceRoots>(std::move(root));
 }
 
-// The default reference root: a fact of the installation, taken once.
+// The default reference root, which is determined once.
 const std::u16string& defaultReferenceRoot() {
     static const std::u16string root =
         folderBelow(fl::filesystem::get_install_path(), kReferenceRootLevels);
@@ -51,14 +51,14 @@ std::shared_ptr<const std::u16string> Settings::getSupportPackageFolder() {
     if (cached)
         return cached;
     auto found = std::make_shared<const std::u16string>(findSupportPackageFolder());
-    // Of several threads that looked at once, all return what the first of them stored.
+    // Threads that determined it at the same time all return what the first one stored.
     if (std::atomic_compare_exchange_strong(&supportPackageFolder_, &cached, found))
         return found;
     return cached;
 }
 
 void Settings::setSupportPackageFolder(std::u16string folder) {
-    // Made first: when it cannot be held, the old folder and the packages found stay.
+    // Allocated first: if that fails, the old folder and the cached packages stay.
     auto newFolder = std::make_shared<const std::u16string>(std::move(folder));
     clearSupportPackageCaches();
     std::atomic_store(&supportPackageFolder_, std::move(newFolder));

@@ -11,20 +11,21 @@
 
 namespace reference::docparser {
 
-/// The process-wide settings: where resources are looked for, and what counts as installed.
+/// The process-wide settings: the folders of resource files, and what counts as installed.
 ///
-/// Values are replaced, never changed in place: whoever asks gets a shared snapshot that stays as
-/// it is. Locks are held for the exchange of values and while the application's services are asked
-/// what is installed, never while resource files are read. Who needs several takes them together,
-/// with std::lock's back-off, and so waits for none while it holds another.
+/// Values are replaced, never changed in place: callers get a shared snapshot that never changes.
+/// Locks are held while values are exchanged and while the application's services are asked what
+/// is installed, never while resource files are read. Operations that need several locks acquire
+/// them together, with the back-off of std::lock, so that none waits for a lock while it holds
+/// another.
 ///
-/// A service that calls back into the operation that asked it would wait for itself. From any
-/// answer the reference roots may be taken and set and resource files be read; from the
-/// catalogue's, the support packages be asked for as well.
+/// A service that calls back into the operation that asks it deadlocks. Every service may read and
+/// set the reference roots and read resource files; the catalogue may also ask for the support
+/// packages.
 class Settings {
 public:
-    /// The settings of the process; built at load, or by the first operation should that come
-    /// earlier.
+    /// Returns the settings of the process; they are constructed when the library is loaded, or by
+    /// the first operation if that is called earlier.
     static Settings& instance();
 
     std::shared_ptr<const ReferenceRoots> getReferenceRoots();
@@ -33,7 +34,7 @@ public:
     /// \throws std::bad_function_call never in practice; whatever the catalogue throws
     std::shared_ptr<const TopLevelProducts> getTopLevelProducts();
 
-    /// The cached folder, or the one that the support-package root reader leads to. Takes no lock.
+    /// Returns the cached folder, or asks the support-package root reader. Takes no lock.
     std::shared_ptr<const std::u16string> getSupportPackageFolder();
     void setSupportPackageFolder(std::u16string folder);
 
@@ -59,7 +60,7 @@ private:
     ProductsProvider topLevelProductsProvider_ = getCatalogueProducts;
 
     // Null while not yet computed. Read and filled without a lock, so every access is an atomic
-    // operation of <memory>: std::atomic<std::shared_ptr> of GCC 12 lets a reader go with relaxed
+    // operation of <memory>: std::atomic<std::shared_ptr> of GCC 12 releases a reader with relaxed
     // ordering, which races with the next writer.
     std::shared_ptr<const std::u16string> supportPackageFolder_;
 

@@ -1,7 +1,10 @@
 #include "benchmarks/harness/Digest.hpp"
 
+#include "tools/refdoc/RecordFields.hpp"
+
 #include <concepts>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -52,51 +55,10 @@ private:
         addAll(resource.header, resource.items);
     }
 
-    void add(const HeaderInfo& header) {
-        addAll(header.getSchema(), header.getSchemaVersion(), header.getProductName(),
-               header.getBaseCode(), header.getHelpFolder(), header.getHelpLocation(),
-               header.getProduct());
-    }
-
-    void add(const RefItemLookup& item) {
-        addAll(item.getName(), item.getEntityType(), item.getRefPurpose(), item.getDeprecated(),
-               item.getHref(), item.getFunctionType());
-    }
-
-    void add(const RefItem& item) {
-        addAll(item.getHref(), item.getRefEntities(), item.getPackageName(), item.getRefPurpose(),
-               item.getIntroduced(), item.getDescription(), item.getAppThumbnail(),
-               item.getDeprecationStatus(), item.getSyntaxGroups(), item.getInputs(),
-               item.getInputGroups(), item.getOutputs(), item.getClassPropertyGroups(),
-               item.getSeeAlso(), item.getExamples(), item.getParameters());
-    }
-
-    void add(const RefEntity& entity) {
-        addAll(entity.getEntityType(), entity.getName(), entity.getFunctionType());
-    }
-    void add(const AppThumbnail& thumbnail) { addAll(thumbnail.getFileRef(), thumbnail.getAlt()); }
-    void add(const SyntaxGroup& group) {
-        addAll(group.getTitle(), group.getSyntaxType(), group.getSyntaxes());
-    }
-    void add(const ObjectInfo& info) {
-        addAll(info.getName(), info.getPurpose(), info.getValues(), info.getHref());
-    }
-    void add(const Input& input) {
-        addAll(input.getObjectInfo(), input.getSyntaxType(), input.getDefaultValue(),
-               input.getIsNameValuePair());
-    }
-    void add(const InputGroup& group) { addAll(group.getTitle(), group.getInputs()); }
-    void add(const Output& output) { addAll(output.getObjectInfo(), output.getSyntaxType()); }
-    void add(const Parameter& parameter) {
-        addAll(parameter.getObjectInfo(), parameter.getDefaultValue());
-    }
-    void add(const ClassProperty& property) {
-        addAll(property.getObjectInfo(), property.getDefaultValue());
-    }
-    void add(const ClassPropertyGroup& group) { addAll(group.getTitle(), group.getProperties()); }
-    void add(const SeeAlso& link) { addAll(link.getUrl(), link.getName()); }
-    void add(const Example& example) {
-        addAll(example.getUrl(), example.getOpenCommand(), example.getTitle());
+    template <class Record>
+    requires(std::is_class_v<Record>) void add(const Record& record) {
+        refdoc::visitFields(record,
+                            [this](std::string_view, const auto& field) { this->add(field); });
     }
 
     std::uint64_t value_ = 0xCBF29CE484222325U;

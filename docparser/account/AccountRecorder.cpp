@@ -110,6 +110,8 @@ void AccountRecorder::fileRead(const std::string& text) noexcept {
 void AccountRecorder::sectionFound(const std::u16string& key, bool isFirstOfKey) noexcept {
     record([&] {
         std::vector<SectionAccount>& sections = current().sections;
+        if (isFirstOfKey)
+            open_.back().sections.emplace(key, sections.size());
         std::string pointer;
         if (!sections.empty())
             pointer = "/supportPackages/" + std::to_string(sections.size() - 1);
@@ -123,16 +125,14 @@ void AccountRecorder::sectionFound(const std::u16string& key, bool isFirstOfKey)
 void AccountRecorder::sectionPlaced(const std::u16string& key, SectionFate fate,
                                     bool isInstalled) noexcept {
     record([&] {
-        std::vector<SectionAccount>& sections = current().sections;
-        // The first with the key: later ones were dropped when the file was parsed.
-        const auto found = std::ranges::find(sections, key, &SectionAccount::key);
-        placedSection_ = static_cast<std::size_t>(found - sections.begin());
+        placedSection_ = open_.back().sections.at(key);
         target_ = &sections_[{isInstalled, key}];
 
         Section placed{.owner = open_.back().index};
-        found->fate = fate;
-        found->isInstalled = isInstalled;
-        found->other = fate == SectionFate::New ? placed.owner : target_->owner;
+        SectionAccount& section = placedSection();
+        section.fate = fate;
+        section.isInstalled = isInstalled;
+        section.other = fate == SectionFate::New ? placed.owner : target_->owner;
         if (fate != SectionFate::Merged)
             std::swap(*target_, placed);
         source_ = std::move(placed);

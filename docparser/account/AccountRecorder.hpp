@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,8 @@ private:
         FileIndex index;
         std::string text{};
         std::optional<FailureReason> readFailure{};
+        // The first section of each key, as an index into the account's sections.
+        std::unordered_map<std::u16string, std::size_t> sections{};
     };
 
     // Where the records of one section of the result come from.

@@ -9,34 +9,34 @@
 
 namespace reference::docparser {
 
-// What the application's services say about installed products and support packages. Nothing is
-// kept here: each call asks.
+// What the application's services report about installed products and support packages. Nothing is
+// cached here.
 
 using TopLevelProducts = std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>;
 using SupportPackages = std::unordered_set<std::u16string>;
 
-/// The installed top-level products of the catalogue, never null.
+/// Returns the installed top-level products of the catalogue, never null.
 /// \throws whatever the catalogue throws
 std::shared_ptr<const TopLevelProducts> getCatalogueProducts();
 
-/// The folder that support packages keep their full resource files in: "help", "docCatalog" and
+/// Returns the folder of the support packages' full resource files: "help", "docCatalog" and
 /// "referenceapi" below the support-package root, by plain concatenation.
 /// \throws whatever the support-package root reader throws
 std::u16string findSupportPackageFolder();
 
-/// The hardware support packages that are installed where a support-package folder belongs.
-/// \param folder  the folder of the resource files; the query gets it less its last three levels
-/// \returns       the names; none when the query fails
+/// Returns the hardware support packages installed below the root of a support-package folder.
+/// \param folder  the folder of the resource files; the query gets it without its last three levels
+/// \returns       empty if the query fails
 SupportPackages findHardwareSupportPackages(const std::u16string& folder);
 
-/// Catalogue records for made-up products: the names count, all other texts are placeholders.
+/// Returns catalogue records with these short names; all other fields are placeholders.
 std::shared_ptr<const TopLevelProducts> makeTestProducts(const std::vector<std::u16string>& names);
 
-/// A set of support packages of the given names.
+/// Returns a set of these support packages.
 std::shared_ptr<const SupportPackages>
 makeTestSupportPackages(const std::vector<std::u16string>& names);
 
-/// Whether one of the products has this short name, as UTF-8 and byte for byte.
+/// Returns whether one of the products has this short name, compared byte by byte.
 bool containsShortName(const TopLevelProducts& products, const std::string& shortName);
 
 } // namespace reference::docparser

@@ -5,16 +5,16 @@
 
 namespace reference::docparser {
 
-/// The suffix that marks the files of a language: "_de" for "de".
+/// Returns the suffix that marks the files of a language: "_de" for "de".
 std::u16string makeLocaleSuffix(const std::u16string& language);
 
-/// The current documentation language, just as the language service answers; an empty answer stays
-/// empty.
+/// Returns the current documentation language exactly as the language service reports it, even if
+/// it is empty.
 /// \throws whatever the language service throws
 std::u16string getCurrentLocale();
 
-/// The suffixes of the supported languages but English, in the language service's order, repeated
-/// ones included. Only the exact "en" is English: "EN" and "en_US" have a suffix.
+/// Returns the suffixes of the supported languages except English, in the language service's order,
+/// duplicates included. Only exactly "en" is English: "EN" and "en_US" have a suffix.
 /// \throws whatever the language service throws
 std::vector<std::u16string> getSupportedDocLocales();
 

@@ -6,7 +6,7 @@
 
 namespace reference::docparser {
 
-/// The product files of one folder, each kind in the order of the folder.
+/// The product files of one folder, each type in the order of the folder.
 struct ProductLists {
     std::vector<ProductPathData> jsonProducts; ///< plain resource files
     std::vector<ProductPathData> zipProducts;  ///< packages, not yet opened

@@ -12,8 +12,8 @@ namespace reference::docparser {
 
 /// A product file that is an entry of an open zip package.
 ///
-/// The record does not keep the package open: it is of use only while the package that it came
-/// from, and that package's manager, are there.
+/// The record does not keep the package open: it is valid only while its package is open and the
+/// package's manager exists.
 class DOCPARSER_EXPORT ProductZipData : public ProductData {
 public:
     /// \param entry    the package entry that holds the file
@@ -25,10 +25,10 @@ public:
           entry_(std::move(entry)),
           fileSystemManager_(&manager) {}
 
-    /// The entry that holds the file.
+    /// Returns the entry that holds the file.
     const opc::qorservices::FileSystemEntry& getEntry() const noexcept { return entry_; }
 
-    /// Not const, for reading an entry takes a manager that may change.
+    /// Returns the manager of the package. It is not const because reading an entry changes it.
     opc::qorservices::FileSystemManager& getFileSystemManager() const noexcept {
         return *fileSystemManager_;
     }

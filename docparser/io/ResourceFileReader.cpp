@@ -26,8 +26,7 @@ void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
     const std::streamoff size = stream.tellg();
     const std::uint64_t limit = platform::readLimits().fileBytes;
     if (size > 0 && static_cast<std::uint64_t>(size) > limit)
-        throw platform::LimitError("the file is larger than the limit of " + std::to_string(limit) +
-                                   " bytes");
+        throw platform::LimitError("larger than the limit of " + std::to_string(limit) + " bytes");
     // An unknown size is negative and fails here, as more than a string can hold.
     content.resize(static_cast<std::size_t>(size));
     stream.seekg(0, std::ios::beg);

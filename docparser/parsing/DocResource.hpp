@@ -19,7 +19,7 @@ struct DocResource {
 
     /// The header of the file, or of the section of its "supportPackages".
     property::HeaderInfo header;
-    /// Empty if the section has no items; no key is without items.
+    /// Empty if the section has no items. Every key has at least one item.
     Items items;
 
     bool operator==(const DocResource&) const = default;

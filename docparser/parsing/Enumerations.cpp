@@ -10,7 +10,7 @@ namespace reference::property {
 
 namespace {
 
-// The words of each enumeration stand in the order of its values.
+// The words of each enumeration, in the order of its values.
 using Words = std::span<const std::string_view>;
 
 constexpr std::string_view kEntityTypes[] = {"function",  "class",       "method",    "property",

@@ -65,8 +65,8 @@ InputGroup readInputGroup(const GroupOfInputs& group, const InputStyle& style) {
     return {group.text<"title">(Utf8), std::move(inputs)};
 }
 
-// Makes room for `count` more records, at least doubling the room that is there: an item of many
-// small blocks would otherwise move all its records for each block.
+// Reserves memory for `count` more records. The capacity at least doubles when it grows, so that an
+// item with many small blocks of name-value pairs does not move its records for each block.
 template <class Record>
 void reserveMore(std::vector<Record>& records, std::size_t count) {
     const std::size_t needed = records.size() + std::min(count, kMostReserved);

@@ -6,9 +6,9 @@ namespace reference::docparser {
 /// \tparam Map  a resource map
 template <class Map>
 struct ParsingResults {
-    /// Of what is installed: a top-level product of this key, or a support package.
+    /// The sections whose key is an installed top-level product or support package.
     Map installed;
-    /// Of everything else.
+    /// All other sections.
     Map notInstalled;
 
     bool operator==(const ParsingResults&) const = default;

@@ -4,9 +4,9 @@
 
 namespace reference::docparser {
 
-/// A place in a UTF-8 text, for people and for editors.
+/// A position in a UTF-8 string.
 struct TextPlace {
-    std::size_t offset = 0; ///< bytes before it
+    std::size_t offset = 0; ///< in bytes, from 0
     std::size_t line = 1;   ///< from 1; a line ends with U+000A
     std::size_t column = 1; ///< from 1, in characters (Unicode code points)
 

@@ -223,9 +223,9 @@ TEST_F(LoadAccountTest, ListsAFileOverTheLimit) {
     const LoadAccount product = accountOfProduct(u"Orchard");
     const LoadAccount lookup = accountOfLookups();
     EXPECT_THAT(lines(product).front(),
-                "Orchard.json over-limit (the file is larger than the limit of 10 bytes)");
+                "Orchard.json over-limit (larger than the limit of 10 bytes)");
     EXPECT_THAT(lines(lookup),
-                ElementsAre("P.json over-limit (the file is larger than the limit of 10 bytes)"));
+                ElementsAre("P.json over-limit (larger than the limit of 10 bytes)"));
 }
 
 TEST_F(LoadAccountTest, CallsAPathThatCannotNameAFileMissing) {

@@ -79,7 +79,7 @@ TEST_F(ReportFormatTest, AReportHasOneFormat) {
 
 TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
     EXPECT_THAT(check({".", "--color", "always"}).out,
-                testing::HasSubstr("\x1b[31merror\x1b[0m: the key \"refpurpose\""));
+                testing::HasSubstr("\x1b[31merror\x1b[0m: the required key \"refpurpose\""));
 }
 
 // A SARIF document is checked here for what the standard asks of each of its objects; the validator

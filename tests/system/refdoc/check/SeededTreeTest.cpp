@@ -19,7 +19,7 @@ constexpr const char* kFindings =
 help/docCatalog/referenceapi/Cellar.JSON: error: the file is ignored: its extension has to be "json", in lower case [extension-case]
 help/docCatalog/referenceapi/Deep.json:2:32: error: the nesting is too deep from here on; the whole file is dropped [nesting-too-deep]
 help/docCatalog/referenceapi/Folder.json: error: a folder, pipe or device bears the name of a resource file [not-a-file]
-help/docCatalog/referenceapi/Huge.json: error: the file is not read: it is larger than the limit [over-limit]
+help/docCatalog/referenceapi/Huge.json: error: the file is not read: larger than the limit of 1073741824 bytes [over-limit]
 help/docCatalog/referenceapi/Mark.json:1:1: error: the text begins with a byte-order mark; the whole file is dropped [byte-order-mark]
 help/docCatalog/referenceapi/NoJson.json:2:13: error: the text is no JSON: syntax error; the whole file is dropped [malformed-json]
 help/docCatalog/referenceapi/NoKey.json:2:1: error: the required key "refpurpose" is missing; the whole file is dropped [missing-key]
