@@ -4,7 +4,7 @@
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/ReadLimits.hpp"
 #include "platform/except/IException.hpp"
-#include "platform/path/Path.hpp"
+#include "platform/system/NativePath.hpp"
 
 #include <boost/system/system_error.hpp>
 
@@ -20,9 +20,7 @@ namespace {
 // What has the name on the disk; nothing is opened.
 std::filesystem::file_type typeOf(const std::u16string& path) {
     std::error_code error;
-    return std::filesystem::status(fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
-                                   error)
-        .type();
+    return std::filesystem::status(platform::toNativePath(path), error).type();
 }
 
 // The part that all failures share.
@@ -80,9 +78,6 @@ FailureReason reasonOfUse(const std::exception_ptr& failure, const std::string& 
                 text.empty() ? "the file is empty" : error.code().message(),
                 {},
                 problem ? problem->place : TextPlace()};
-    } catch (const std::system_error& error) {
-        // The path cannot name a file.
-        return {Fate::Missing, error.what()};
     } catch (...) {
         return reasonOfException(failure, Fate::Failed);
     }

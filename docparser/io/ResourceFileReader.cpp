@@ -21,6 +21,17 @@ void announceReading(const std::u16string& subject) {
     writeDiagnostic(kTraceSeverity, "Reading file: ", subject);
 }
 
+// The application's path library decides what it throws for a path that cannot name a file.
+fl::filesystem::ifstream openFile(const std::u16string& path, RetrievalObserver& observer) {
+    try {
+        return {fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
+                std::ios::in | std::ios::binary, fl::filesystem::share_mode::deny_none};
+    } catch (...) {
+        observer.readFailed(nullptr);
+        throw;
+    }
+}
+
 void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
     stream.seekg(0, std::ios::end);
     const std::streamoff size = stream.tellg();
@@ -38,9 +49,7 @@ void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
 std::string openAndReadFile(const std::u16string& path, RetrievalObserver& observer) {
     announceReading(path);
     std::string content;
-    fl::filesystem::ifstream stream(fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
-                                    std::ios::in | std::ios::binary,
-                                    fl::filesystem::share_mode::deny_none);
+    fl::filesystem::ifstream stream = openFile(path, observer);
     if (!stream.is_open()) {
         observer.readFailed(nullptr);
         return content;

@@ -249,13 +249,13 @@ TEST_F(LoadAccountTest, ListsSkippedFilesBeforeFilesThatAreRead) {
 }
 
 TEST_F(LoadAccountTest, ListsPackagesBeforeTheirEntries) {
-    addLookup("P.zip", packageOf({{"lookup/A.json", orchard({}).str()},
+    addLookup("P.zip", packageOf({{"A.json", orchard({}).str()},
                                   {"A_ja.json", "{}"},
                                   {"notes.txt", ""},
                                   {"B.json", "{"}}));
     EXPECT_THAT(lines(accountOfLookups()),
                 ElementsAre("P.zip used", "P.zip!A_ja.json skipped-language",
-                            "P.zip!notes.txt skipped-name", "P.zip!lookup/A.json used",
+                            "P.zip!notes.txt skipped-name", "P.zip!A.json used",
                             "P.zip!B.json malformed 1:2 (incomplete JSON)"));
 }
 
@@ -287,6 +287,19 @@ TEST_F(LoadAccountTest, ListsAnEntryOverTheLimit) {
     addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
     const LoadAccount account = accountOfLookups();
     EXPECT_EQ(fileNamed(account, "P.zip!A.json").fate, Fate::OverLimit);
+}
+
+TEST_F(LoadAccountTest, ListsAPackageWithADirectoryOverTheLimit) {
+    platform::setReadLimits({.directoryBytes = 46 + 5});
+    addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
+    const LoadAccount account = accountOfLookups();
+    ASSERT_EQ(account.files.size(), 1U);
+    EXPECT_EQ(account.files.front().role, FileRole::Package);
+    EXPECT_EQ(account.files.front().fate, Fate::OverLimit);
+    EXPECT_THAT(
+        account.files.front().reason,
+        testing::EndsWith("P.zip\" cannot be opened: its directory is larger than the limit "
+                          "of 51 bytes"));
 }
 
 TEST_F(LoadAccountTest, ListsWhatAMergeAddedAndDropped) {

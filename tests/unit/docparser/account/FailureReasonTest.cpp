@@ -67,16 +67,11 @@ TEST(ReasonOfOpening, CallsAPathThatCannotNameAFileMissing) {
 TEST(ReasonOfUse, BlamesNoFileForWhatIsNotItsFault) {
     EXPECT_EQ(use(std::bad_alloc()), FateAndReason(Fate::Failed, "out of memory"));
     EXPECT_EQ(use(std::runtime_error("closed")), FateAndReason(Fate::Failed, "closed"));
+    const std::system_error noLock(std::make_error_code(std::errc::operation_not_permitted));
+    EXPECT_EQ(use(noLock), FateAndReason(Fate::Failed, noLock.what()));
     EXPECT_EQ(use(DocParserException(u"P")),
               FateAndReason(Fate::Failed, DocParserException(u"P").what()));
     EXPECT_EQ(use(5), FateAndReason(Fate::Failed, "unknown error"));
-}
-
-TEST(ReasonOfUse, CallsAPathThatCannotNameAFileMissing) {
-    const auto failure =
-        use(std::system_error(std::make_error_code(std::errc::invalid_argument), "the path"));
-    EXPECT_EQ(failure.first, Fate::Missing);
-    EXPECT_THAT(failure.second, testing::StartsWith("the path"));
 }
 
 TEST(ReasonOfUse, PointsToWhatBreaksTheFormat) {

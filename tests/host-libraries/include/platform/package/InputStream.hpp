@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstddef>
+
+namespace opc {
+
+class InputStream {
+public:
+    virtual ~InputStream() = default;
+    /// Returns how many bytes were read, 0 at the end.
+    virtual std::size_t read(char* buffer, std::size_t length) = 0;
+};
+
+} // namespace opc

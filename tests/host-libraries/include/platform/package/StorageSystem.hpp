@@ -1,0 +1,9 @@
+#pragma once
+
+namespace storage::microservicestoragesystem {
+
+class StorageSystemReference {};
+
+StorageSystemReference GetStorageSystemReference();
+
+} // namespace storage::microservicestoragesystem

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/package/FileSystemOpsSelector.hpp"
+
+#include <string>
+
+namespace opc::zippackage {
+
+/// The zip file of a package, by its path; it must be a regular file.
+class ZipPhysicalPackage {
+public:
+    ZipPhysicalPackage(const std::u16string& path, const FileSystemOpsSelector& selector,
+                       bool isReadOnly);
+
+    const std::string& file() const noexcept { return file_; }
+
+private:
+    std::string file_;
+};
+
+} // namespace opc::zippackage

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+namespace supportpackage {
+
+class SupportPackageRootReader {
+public:
+    std::u16string getSupportPackageRootNoCreate() const;
+};
+
+} // namespace supportpackage
