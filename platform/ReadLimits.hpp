@@ -7,33 +7,37 @@
 
 namespace platform {
 
-/// How much a hostile file can make the process read into memory, in bytes that come out.
+/// How many bytes of one source the process reads into memory, so that no file can exhaust it.
 ///
-/// Past a limit the read fails as it does when memory is short: before the memory is taken. What a
-/// file or a package claims about its own size is never trusted.
+/// Whatever states a size beyond a limit is refused at once. Sizes within the limits are not
+/// trusted: the bytes that are read count as well. A refused read fails like one for which there is
+/// not enough memory, before the memory is allocated.
 struct ReadLimits {
-    /// One file that is read whole.
+    /// A file that is read whole.
     std::uint64_t fileBytes = std::uint64_t{1} << 30;
-    /// One entry of a package, inflated.
+    /// An entry of a package, decompressed.
     std::uint64_t entryBytes = std::uint64_t{1} << 30;
-    /// All entries of one open package together, inflated.
+    /// All entries read from an open package, decompressed.
     std::uint64_t packageBytes = std::uint64_t{4} << 30;
+    /// The directory of a package, which has at least 46 bytes for each entry. An open directory
+    /// takes about five times its length in memory.
+    std::uint64_t directoryBytes = std::uint64_t{64} << 20;
 
     bool operator==(const ReadLimits&) const = default;
 };
 
-/// A read was refused because of a limit; what() says which, without a final period.
+/// A read was refused because of a limit. what() names the limit, without a final period.
 class DOCPARSER_SEAM_EXPORT LimitError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
     ~LimitError() override;
 };
 
-/// Sets the limits of the whole process for the reads that start from now on. Any thread may call;
-/// a read that starts meanwhile may see some of the old and some of the new limits.
+/// Sets the limits of the process for all reads that start afterwards. Thread-safe; a read that
+/// starts during the call may use some of the old and some of the new limits.
 DOCPARSER_SEAM_EXPORT void setReadLimits(const ReadLimits& limits) noexcept;
 
-/// The limits in force.
+/// Returns the current limits. Thread-safe.
 DOCPARSER_SEAM_EXPORT ReadLimits readLimits() noexcept;
 
 } // namespace platform

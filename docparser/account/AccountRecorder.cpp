@@ -10,8 +10,6 @@ namespace reference::docparser {
 
 namespace {
 
-using property::RefItemLookup;
-
 Fate fateOfUsedFile(const std::vector<SectionAccount>& sections) {
     const auto has = [&](SectionFate fate) {
         return std::ranges::find(sections, fate, &SectionAccount::fate) != sections.end();
@@ -33,6 +31,17 @@ AccountRecorder::FileIndex AccountRecorder::Section::originOf(const std::u16stri
 std::vector<AccountRecorder::FileIndex>&
 AccountRecorder::Section::originsOf(const std::u16string& name, std::size_t count) {
     return origins.try_emplace(name, count, owner).first->second;
+}
+
+std::optional<std::size_t> AccountRecorder::NameIndex::find(const std::u16string& mergedName,
+                                                            const LookupRecords& target,
+                                                            const std::u16string& href) {
+    if (name != &mergedName)
+        *this = {.name = &mergedName};
+    for (; size < target.size(); ++size)
+        byHref.try_emplace(target[size].getHref(), size);
+    const auto found = byHref.find(href);
+    return found == byHref.end() ? std::nullopt : std::optional(found->second);
 }
 
 template <class Step>
@@ -127,6 +136,7 @@ void AccountRecorder::sectionPlaced(const std::u16string& key, SectionFate fate,
     record([&] {
         placedSection_ = open_.back().sections.at(key);
         target_ = &sections_[{isInstalled, key}];
+        targetHrefs_ = {};
 
         Section placed{.owner = open_.back().index};
         SectionAccount& section = placedSection();
@@ -180,15 +190,13 @@ void AccountRecorder::recordDropped(const std::u16string& name, const LookupReco
     record([&] {
         const std::u16string& href = source[index].getHref();
         // It lost to the record of its href; without one, to the records of the name.
-        const auto sameHref = std::ranges::find(target, href, &RefItemLookup::getHref);
-        const bool hasHref = sameHref != target.end();
-        const auto winner = static_cast<std::size_t>(hasHref ? sameHref - target.begin() : 0);
+        const std::optional<std::size_t> sameHref = targetHrefs_.find(name, target, href);
         placedSection().records.push_back(
             {.name = name,
              .href = href,
-             .fate = hasHref ? RecordFate::DroppedHref : RecordFate::DroppedCount,
+             .fate = sameHref ? RecordFate::DroppedHref : RecordFate::DroppedCount,
              .file = source_.originOf(name, index),
-             .winner = target_->originOf(name, winner)});
+             .winner = target_->originOf(name, sameHref.value_or(0))});
     });
 }
 

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -61,6 +62,17 @@ private:
         std::vector<FileIndex>& originsOf(const std::u16string& name, std::size_t count);
     };
 
+    // The target's records of the name that is being merged.
+    struct NameIndex {
+        const std::u16string* name = nullptr;
+        std::size_t size = 0; // how many of the records are in `byHref`
+        std::unordered_map<std::u16string_view, std::size_t> byHref{};
+
+        // Returns the index of the first record with the href, if there is one.
+        std::optional<std::size_t> find(const std::u16string& mergedName,
+                                        const LookupRecords& target, const std::u16string& href);
+    };
+
     template <class Step>
     void record(Step step) noexcept;
     FileAccount& addFile(FileRole role, const std::u16string& name);
@@ -74,6 +86,7 @@ private:
     std::size_t placedSection_ = 0; // its index in the current file
     Section* target_ = nullptr;
     Section source_;
+    NameIndex targetHrefs_;
 };
 
 } // namespace reference::docparser

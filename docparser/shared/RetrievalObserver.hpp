@@ -17,7 +17,8 @@ namespace reference::docparser {
 ///
 /// Each event is reported in the statement that makes the decision. The defaults do nothing, so a
 /// plain RetrievalObserver serves a retrieval that is not observed. An observer never changes a
-/// retrieval: no event throws or returns anything, and arguments are only valid during the call.
+/// retrieval: no event throws or returns anything. Arguments are valid during the call; the name
+/// and the target's records of a merge stay in place until the next name or section.
 ///
 /// Files nest: the entries of a package are considered and concluded between the fileConsidered()
 /// and fileConcluded() of the package. The other events concern the innermost file that has been

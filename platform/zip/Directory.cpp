@@ -32,6 +32,19 @@ std::uint64_t numberAt(std::string_view bytes, std::size_t offset, std::size_t l
     return number;
 }
 
+/// The name in the extra field for UTF-8 names, after its version and checksum.
+std::string_view unicodeNameIn(std::string_view extraFields) noexcept {
+    constexpr std::uint64_t kUnicodePathId = 0x7075;
+    constexpr std::size_t kNameOffset = 4 + 5;
+    while (extraFields.size() >= kNameOffset) {
+        const std::string_view field = extraFields.substr(0, 4 + numberAt(extraFields, 2, 2));
+        if (numberAt(field, 0, 2) == kUnicodePathId && field.size() >= kNameOffset)
+            return field.substr(kNameOffset);
+        extraFields.remove_prefix(field.size());
+    }
+    return {};
+}
+
 /// Reads bytes that must start with `magic`; false if the file has others there or ends before.
 bool readRecord(PackageFile& file, std::uint64_t offset, std::string_view magic,
                 std::span<char> record) {
@@ -112,7 +125,7 @@ std::optional<DirectoryRecord> DirectoryReader::next() noexcept {
         .offset = position_,
         .hasUtf8Flag = (static_cast<unsigned char>(rest[kFlagOffset]) & kUtf8NameFlag) != 0,
         .name = rest.substr(kEntryLength, nameLength),
-        .extra = rest.substr(kEntryLength + nameLength, extraLength)};
+        .unicodeName = unicodeNameIn(rest.substr(kEntryLength + nameLength, extraLength))};
     position_ += length;
     return record;
 }

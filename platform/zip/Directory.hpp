@@ -34,10 +34,10 @@ std::string readDirectory(PackageFile& file, const DirectoryLocation& location);
 
 /// What a directory says about one entry. The views are valid as long as the directory's bytes.
 struct DirectoryRecord {
-    std::uint64_t offset;   ///< from the start of the directory
-    bool hasUtf8Flag;       ///< whether name and comment are flagged as UTF-8
-    std::string_view name;  ///< the bytes as stored
-    std::string_view extra; ///< the extra fields
+    std::uint64_t offset;         ///< from the start of the directory
+    bool hasUtf8Flag;             ///< whether name and comment are flagged as UTF-8
+    std::string_view name;        ///< the bytes as stored
+    std::string_view unicodeName; ///< the name in the extra field for UTF-8 names; empty if none
 };
 
 /// Iterates over the records of a directory.

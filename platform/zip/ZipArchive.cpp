@@ -3,6 +3,7 @@
 #include "platform/Failure.hpp"
 #include "platform/ReadLimits.hpp"
 #include "platform/unicode/Transcoding.hpp"
+#include "platform/zip/DirectoryCheck.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -11,10 +12,8 @@ namespace platform::zip {
 
 namespace {
 
-// Enough for some hundred thousand entries. It bounds the memory of libzip, how often a file with
-// many end records can make it read one directory, and the time to tell names with equal hashes
-// apart.
-constexpr std::uint64_t kLongestDirectory = std::uint64_t{8} << 20;
+// Enough for the records that lead to a directory, even if the tail of a file is full of them.
+constexpr std::uint64_t kEndRecordBytes = std::uint64_t{512} << 10;
 
 std::string messageOf(const std::exception_ptr& failure) {
     try {
@@ -43,6 +42,8 @@ void ZipArchive::open() {
 }
 
 void ZipArchive::readDirectory() {
+    allowReadingDirectory();
+    checkDirectory(source_.file(), readLimits().directoryBytes);
     try {
         archive_ = openArchive({});
     } catch (const std::runtime_error&) {
@@ -55,9 +56,17 @@ void ZipArchive::readDirectory() {
     }
 }
 
+void ZipArchive::allowReadingDirectory() noexcept {
+    // A file can have thousands of end records: this bounds how often libzip reads the directory.
+    const std::uint64_t directoryBytes = readLimits().directoryBytes;
+    const bool isLimited = directoryBytes < PackageFile::kUnlimited - kEndRecordBytes;
+    source_.file().setAllowance(isLimited ? directoryBytes + kEndRecordBytes
+                                          : PackageFile::kUnlimited);
+}
+
 ZipHandle ZipArchive::openArchive(const std::vector<FlaggedEntry>& hidden) {
     ZipErrorInfo error;
-    source_.file().setAllowance(kLongestDirectory);
+    allowReadingDirectory();
     ZipHandle archive = source_.openArchive(error, hidden);
     // An archive can open after a failed read: libzip then looked for a better directory than the
     // one it took.
@@ -71,7 +80,7 @@ ZipHandle ZipArchive::openArchive(const std::vector<FlaggedEntry>& hidden) {
 
 std::vector<FlaggedEntry> ZipArchive::flaggedEntries() {
     std::vector<FlaggedEntry> flagged;
-    source_.file().setAllowance(kLongestDirectory);
+    allowReadingDirectory();
     // A package whose directory cannot be read stays refused, for the reason that libzip gave.
     ignoreFailure([&] { flagged = findFlaggedEntries(source_.file()); });
     return flagged;

@@ -58,6 +58,7 @@ public:
 
 private:
     void readDirectory();
+    void allowReadingDirectory() noexcept;
     ZipHandle openArchive(const std::vector<FlaggedEntry>& hidden);
     std::vector<FlaggedEntry> flaggedEntries();
     /// The bytes of an entry's name as stored, never null.

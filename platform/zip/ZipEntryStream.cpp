@@ -8,12 +8,6 @@
 
 namespace platform::zip {
 
-namespace {
-
-constexpr std::string_view kOverLimit = "it is larger than the limit";
-
-} // namespace
-
 ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_t index)
     : archive_(std::move(archive)),
       index_(index),
@@ -21,7 +15,7 @@ ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_
       description_(archive_->entryDescription(index)),
       entry_(archive_->openEntry(index)) {
     if (description_.size > affordableBytes())
-        fail<LimitError>(kOverLimit);
+        failAtLimit(description_.size);
 }
 
 template <class Error>
@@ -29,6 +23,14 @@ void ZipEntryStream::fail(std::string_view reason) {
     const Error failure(archive_->entryFailure(index_, reason));
     entry_.reset();
     throw failure;
+}
+
+void ZipEntryStream::failAtLimit(std::uint64_t bytes) {
+    if (bytes > limits_.entryBytes)
+        fail<LimitError>("it is larger than the limit of " + std::to_string(limits_.entryBytes) +
+                         " bytes");
+    fail<LimitError>("the entries read from the package exceed their limit of " +
+                     std::to_string(limits_.packageBytes) + " bytes");
 }
 
 std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
@@ -50,7 +52,7 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     }
     const auto count = static_cast<std::uint64_t>(answer);
     if (count > affordable)
-        fail<LimitError>(kOverLimit);
+        failAtLimit(deliveredBytes_ + count);
     deliveredBytes_ += count;
     archive_->countDelivered(count);
     if (deliveredBytes_ > description_.size)

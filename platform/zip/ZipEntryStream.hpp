@@ -29,6 +29,8 @@ private:
     void finish();
     template <class Error = ZipError>
     [[noreturn]] void fail(std::string_view reason);
+    /// \param bytes  the size that the entry is known to reach
+    [[noreturn]] void failAtLimit(std::uint64_t bytes);
 
     std::shared_ptr<ZipArchive> archive_;
     std::uint64_t index_;

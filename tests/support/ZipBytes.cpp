@@ -106,6 +106,13 @@ std::string zip64End(std::uint64_t count, std::uint64_t size, std::uint64_t offs
 
 } // namespace
 
+std::string endRecord(std::uint64_t count, std::uint64_t directorySize,
+                      std::uint64_t directoryOffset, std::string_view comment) {
+    return "PK\5\6" + littleEndian(0, 2 + 2) + littleEndian(count, 2) + littleEndian(count, 2) +
+           littleEndian(directorySize, 4) + littleEndian(directoryOffset, 4) +
+           littleEndian(comment.size(), 2) + std::string(comment);
+}
+
 std::string ZipBytes::build() const {
     std::string files;
     std::string directory;
@@ -123,10 +130,21 @@ std::string ZipBytes::build() const {
         claimedCount = 0xFFFF;
         claimedSize = claimedOffset = kInZip64Field;
     }
-    end += "PK\5\6" + littleEndian(0, 2 + 2) + littleEndian(claimedCount, 2) +
-           littleEndian(claimedCount, 2) + littleEndian(claimedSize, 4) +
-           littleEndian(claimedOffset, 4) + littleEndian(comment.size(), 2) + comment;
+    end += endRecord(claimedCount, claimedSize, claimedOffset, comment);
     return prefix + files + directory + end + suffix;
+}
+
+std::string packageOfEmptyEntries(std::size_t count,
+                                  const std::function<ZipEntryBytes(std::size_t)>& entryAt) {
+    std::string package = localHeader(pack({.name = "shared"}, 0));
+    const std::size_t directoryOffset = package.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const ZipEntryBytes entry = entryAt(i);
+        package += directoryRecord(pack(entry, 0));
+    }
+    const std::size_t directorySize = package.size() - directoryOffset;
+    return package + zip64End(count, directorySize, directoryOffset, package.size()) +
+           endRecord(0xFFFF, kInZip64Field, kInZip64Field);
 }
 
 std::string deflated(std::string_view bytes) {

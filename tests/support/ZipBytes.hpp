@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -51,6 +53,15 @@ struct ZipBytes {
     /// The bytes of the package.
     std::string build() const;
 };
+
+/// The record at the end of a package that gives the location of its directory.
+std::string endRecord(std::uint64_t count, std::uint64_t directorySize,
+                      std::uint64_t directoryOffset, std::string_view comment = {});
+
+/// A package of `count` empty entries that share one header before the bytes, so that a large
+/// directory costs little to build.
+std::string packageOfEmptyEntries(std::size_t count,
+                                  const std::function<ZipEntryBytes(std::size_t)>& entryAt);
 
 /// The bytes as a raw deflate stream, without a zlib header.
 std::string deflated(std::string_view bytes);

@@ -289,6 +289,19 @@ TEST_F(LoadAccountTest, ListsAnEntryOverTheLimit) {
     EXPECT_EQ(fileNamed(account, "P.zip!A.json").fate, Fate::OverLimit);
 }
 
+TEST_F(LoadAccountTest, ListsAPackageWithADirectoryOverTheLimit) {
+    platform::setReadLimits({.directoryBytes = 46 + 5});
+    addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
+    const LoadAccount account = accountOfLookups();
+    ASSERT_EQ(account.files.size(), 1U);
+    EXPECT_EQ(account.files.front().role, FileRole::Package);
+    EXPECT_EQ(account.files.front().fate, Fate::OverLimit);
+    EXPECT_THAT(
+        account.files.front().reason,
+        testing::EndsWith("P.zip\" cannot be opened: its directory is larger than the limit "
+                          "of 51 bytes"));
+}
+
 TEST_F(LoadAccountTest, ListsWhatAMergeAddedAndDropped) {
     // A package is read before plain files, so it is on top.
     addLookup("A.zip", packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join"),

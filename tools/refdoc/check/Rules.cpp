@@ -56,8 +56,9 @@ constexpr Rule kRules[] = {
     {NotAFile, "not-a-file", Error, "a folder or device bears the name of a resource file",
      "Only regular files are read. A folder, pipe, socket or device counts as missing."},
     {OverLimit, "over-limit", Error, "the file is larger than the limit",
-     "Files and inflated entries may have 1 GiB, all entries of a package together 4 GiB. What is "
-     "larger is not read. Split the product."},
+     "A file and a decompressed entry may have 1 GiB, all entries of a package 4 GiB, the "
+     "directory "
+     "of a package 64 MiB. Larger ones are not read. Split the product."},
     {UnreadablePackage, "unreadable-package", Error, "the package can't be opened",
      "A package that is damaged, or no zip at all, contributes nothing to the index. Pack it "
      "again."},

@@ -1,6 +1,10 @@
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
 
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+
 namespace refdoc_tests {
 namespace {
 
@@ -48,6 +52,20 @@ TEST_F(CheckPathTest, APackageIsCheckedByItself) {
             "A.zip!in/A.json:1:107: error: the required key \"refpurpose\" is missing; the whole "
             "file is dropped [missing-key]\n1 error in 1 file\n",
             ""}));
+}
+
+TEST_F(CheckPathTest, PackageWithADirectoryBeyondTheLimitIsReported) {
+    // The start of one record, a hole, and an end that takes all of it for the directory.
+    constexpr std::uint64_t kLength = (64 << 20) + 1;
+    add("A.zip", "PK\1\2");
+    std::filesystem::resize_file(path("A.zip"), kLength);
+    std::ofstream(path("A.zip"), std::ios::app | std::ios::binary)
+        << docparser_tests::endRecord(1, kLength, 0);
+    EXPECT_EQ(check({"A.zip"}),
+              (Outcome{1,
+                       "A.zip: error: the file is not read: its directory is larger than the limit "
+                       "of 67108864 bytes [over-limit]\n1 error in 1 file\n",
+                       ""}));
 }
 
 TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {

@@ -97,6 +97,7 @@ TEST_F(AccountRecorderTest, NamesTheEntriesOfAPackage) {
 
 // Three files of one name: the third goes on top of what the first two have.
 TEST_F(AccountRecorderTest, FollowsRecordsThroughSeveralCombinations) {
+    const std::u16string name = u"n";
     const std::vector<RefItemLookup> first = {recordOf(u"a")};
     const std::vector<RefItemLookup> second = {recordOf(u"a"), recordOf(u"b")};
     std::vector<RefItemLookup> merged = first;
@@ -106,12 +107,12 @@ TEST_F(AccountRecorderTest, FollowsRecordsThroughSeveralCombinations) {
     read(u"0", u"k", SectionFate::New);
     conclude();
     read(u"1", u"k", SectionFate::Merged);
-    recorder.recordDropped(u"n", first, second, 0);
-    recorder.recordAppended(u"n", merged, second, 1);
+    recorder.recordDropped(name, first, second, 0);
+    recorder.recordAppended(name, merged, second, 1);
     conclude();
     read(u"2", u"k", SectionFate::Overlay);
-    recorder.recordDropped(u"n", third, merged, 0);
-    recorder.recordDropped(u"n", third, merged, 1);
+    recorder.recordDropped(name, third, merged, 0);
+    recorder.recordDropped(name, third, merged, 1);
     conclude();
 
     const LoadAccount account = recorded();

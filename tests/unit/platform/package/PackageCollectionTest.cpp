@@ -13,7 +13,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// What came of the files of a collection.
+/// The results for all files of a collection.
 struct Tally {
     std::size_t refusedPackages = 0;
     std::size_t deliveredEntries = 0;
@@ -38,7 +38,7 @@ void readEveryEntry(const std::filesystem::path& file, Tally& tally) {
     }
 }
 
-// Most of the files are hostile; each is to be read or refused within its share of time and memory.
+// Most of the files are hostile: each must be read or refused in acceptable time and memory.
 TEST(PackageCollectionTest, EveryFileIsReadOrRefused) {
     const char* const collection = std::getenv("DOCPARSER_TESTDATA");
     ASSERT_NE(collection, nullptr) << "DOCPARSER_TESTDATA names no folder";

@@ -18,7 +18,7 @@ using testing::Pair;
 
 class PackageFileTest : public PackageTest {
 protected:
-    /// What the constructor of the physical package says about a path.
+    /// The message with which the physical package refuses a path.
     static std::string refusalOf(const std::u16string& path) {
         const opc::FileSystemOpsSelector selector(
             storage::microservicestoragesystem::GetStorageSystemReference());

@@ -59,7 +59,7 @@ PackageTest::~PackageTest() {
 }
 
 std::u16string PackageTest::write(std::string_view name, std::string_view bytes) const {
-    // Some file systems write a file out at once when it replaces what it held before.
+    // Some file systems write a file to disk at once if its content is replaced.
     std::filesystem::remove(folder / name);
     std::ofstream file(folder / name, std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -1,16 +1,13 @@
-#include "platform/ReadLimits.hpp"
+#include "tests/system/Watchdog.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
-
-#include <chrono>
 
 namespace docparser_tests {
 
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::Pair;
 
 class DirectoryTest : public PackageTest {};
@@ -76,18 +73,9 @@ TEST_F(DirectoryTest, RefusesWrongEndRecords) {
                  opc::PackageError);
 }
 
-TEST_F(DirectoryTest, RefusesADirectoryBeyondTheLimit) {
-    ZipBytes zip{.isZip64 = true};
-    const std::string longName(60'000, 'n');
-    for (int i = 0; i < 300; ++i)
-        zip.entries.push_back({.name = longName, .localName = "n"});
-    EXPECT_THAT(messageOf<platform::LimitError>([&] { open(zip); }),
-                testing::EndsWith("its directory takes more reads than the limit allows"));
-}
-
 TEST_F(DirectoryTest, OpensAFileWithManyEndRecordsInTime) {
-    // Each end points to the one directory, whose entries have long headers: a reader that compares
-    // all of them for each end reads gigabytes.
+    // Every end leads to the same directory, whose entries have long headers: a reader that
+    // compares all of them for each end reads gigabytes.
     ZipBytes zip;
     for (int i = 0; i < 100; ++i) {
         zip.entries.push_back({.name = std::to_string(i),
@@ -97,22 +85,7 @@ TEST_F(DirectoryTest, OpensAFileWithManyEndRecordsInTime) {
     const std::string end = bytes.substr(bytes.size() - 22);
     for (int i = 0; i < 1500; ++i)
         bytes += end;
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(open(bytes).leaves().size(), 100U);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
-}
-
-TEST_F(DirectoryTest, NamesMadeToShareAHashAreListedPromptly) {
-    ZipBytes zip{.isZip64 = true};
-    for (unsigned number = 0; number < 1U << 13; ++number) {
-        std::string name;
-        for (unsigned bit = 0; bit < 13; ++bit)
-            name += (number >> bit & 1) != 0 ? "Az" : "BY";
-        zip.entries.push_back({.name = std::move(name)});
-    }
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(open(zip).leaves().size(), 1U << 13);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    runWatched([&] { EXPECT_EQ(open(bytes).leaves().size(), 100U); });
 }
 
 TEST_F(DirectoryTest, RefusesAPackageWithAnAesEntryWithoutParameters) {

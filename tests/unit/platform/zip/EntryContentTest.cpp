@@ -16,7 +16,7 @@ using testing::Pair;
 
 class EntryContentTest : public PackageTest {};
 
-/// Writes a package of one file with libzip itself.
+/// Writes a package of one file with libzip.
 void writeWithLibzip(const std::string& file, const char* name, const std::string& content,
                      zip_int32_t method, zip_uint16_t encryption) {
     zip_t* archive = zip_open(file.c_str(), ZIP_CREATE | ZIP_EXCL, nullptr);
@@ -118,7 +118,7 @@ TEST_F(EntryContentTest, EmptyPackageHasNoLeaves) {
 }
 
 TEST_F(EntryContentTest, ListsManyEntriesInOrder) {
-    constexpr std::size_t kCount = 70'000; // more than fit into 16 bits
+    constexpr std::size_t kCount = 70'000; // more than 16 bits can count
     ZipBytes zip{.isZip64 = true};
     for (std::size_t i = 0; i < kCount; ++i)
         zip.entries.push_back({.name = std::to_string(i)});
@@ -159,12 +159,12 @@ TEST_F(EntryContentTest, StreamsCanBeReadInTurn) {
             package.manager.getFileContentSource(leaves[i % 2], opc::TransformMode::Decoded)
                 ->openInputStream();
     std::array<char, 777> buffer;
-    for (bool isGoing = true; isGoing;) {
-        isGoing = false;
+    for (bool hasMore = true; hasMore;) {
+        hasMore = false;
         for (std::size_t i = 0; i < streams.size(); ++i) {
             const std::size_t count = streams[i]->read(buffer.data(), buffer.size());
             texts[i].append(buffer.data(), count);
-            isGoing = isGoing || count > 0;
+            hasMore = hasMore || count > 0;
         }
     }
     for (const std::string& read : texts)

@@ -15,7 +15,7 @@ class EntryDamageTest : public PackageTest {};
 
 const std::string kText = "{\"name\": \"graft\", \"purpose\": \"Join two trees, join two trees\"}";
 
-/// Every way that one entry can be wrong, between two that are right.
+/// One way in which an entry can be wrong.
 struct DamagedEntry {
     std::string what;
     ZipEntryBytes entry;
@@ -31,25 +31,25 @@ std::vector<DamagedEntry> damagedEntries() {
          {.name = "x", .content = kText, .method = kDeflated, .crc = 1},
          "CRC error"},
         {"empty, wrong checksum", {.name = "x", .crc = 1}, "its checksum is wrong"},
-        {"stored, claimed longer",
+        {"stored, states too many bytes",
          {.name = "x", .content = kText, .size = length + 1},
          "inconsistent"},
-        {"stored, claimed shorter",
+        {"stored, states too few bytes",
          {.name = "x", .content = kText, .size = length - 1},
          "larger than the package says"},
-        {"deflated, claimed longer",
+        {"deflated, states too many bytes",
          {.name = "x", .content = kText, .method = kDeflated, .size = length + 1},
          "smaller than the package says"},
-        {"deflated, claimed much longer",
+        {"deflated, states far too many bytes",
          {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
          "smaller than the package says"},
-        {"deflated, claimed shorter",
+        {"deflated, states too few bytes",
          {.name = "x", .content = kText, .method = kDeflated, .size = length - 1},
          "larger than the package says"},
-        {"deflated, claimed empty",
+        {"deflated, states no bytes",
          {.name = "x", .content = kText, .method = kDeflated, .size = 0},
          "larger than the package says"},
-        {"claimed not to be stored at all",
+        {"states no stored bytes",
          {.name = "x", .content = kText, .method = kDeflated, .packedSize = 0},
          "smaller than the package says"},
         {"deflated stream cut",
@@ -61,10 +61,10 @@ std::vector<DamagedEntry> damagedEntries() {
         {"deflated stream broken",
          {.name = "x", .content = kText, .method = kDeflated, .packed = "\xFF\xFF\xFF\xFF"},
          "Zlib error"},
-        {"bytes end past the file",
+        {"stored bytes end beyond the file",
          {.name = "x", .content = kText, .size = 5000, .packedSize = 5000},
          "Premature end of file"},
-        {"header past the file", {.name = "x", .content = kText, .localOffset = 90'000}, ""},
+        {"header beyond the file", {.name = "x", .content = kText, .localOffset = 90'000}, ""},
         {"header in the wrong place", {.name = "x", .content = kText, .localOffset = 1}, ""},
         {"encrypted", {.name = "x", .content = kText, .flags = kEncryptedFlag}, "it is encrypted"},
         {"strongly encrypted",
@@ -113,7 +113,7 @@ TEST_F(EntryDamageTest, IgnoresTheNameInTheLocalHeader) {
     EXPECT_THAT(package.contents(), ElementsAre(Pair(u"a.json", "text")));
 }
 
-/// A package with every kind of part that the reader looks at.
+/// A package with every type of record that the reader uses.
 ZipBytes smallPackage() {
     return {.entries = {{.name = "a.json", .content = kText, .method = kDeflated},
                         {.name = "b.json", .content = "stored", .flags = kUtf8Flag},
@@ -126,23 +126,23 @@ ZipBytes smallPackage() {
             .isZip64 = true};
 }
 
-/// Reads all that can be read and expects that nothing else than the packed texts comes out.
+/// Reads the whole package and expects only the packed content or an exception.
 void expectNothingFalse(const std::u16string& path) {
     try {
         OpenPackage package(path);
         for (const auto& leaf : package.leaves()) {
             try {
                 const std::string text = package.read(leaf);
-                // An entry whose claims were all damaged to fit is read as an empty one.
+                // With a checksum, size and stored size of 0, an entry is a valid empty one.
                 EXPECT_TRUE(text == kText || text == "stored" || text.empty()) << text;
             } catch (const opc::PackageError&) {
-                // A damaged entry is to be refused.
+                // Expected for a damaged entry.
             } catch (const platform::LimitError&) {
-                // So is one whose damaged size is beyond the limit.
+                // Expected for an entry whose damaged size exceeds the limit.
             }
         }
     } catch (const opc::PackageError&) {
-        // A damaged package is to be refused.
+        // Expected for a damaged package.
     }
 }
 

@@ -23,7 +23,7 @@ protected:
     }
 };
 
-/// The text of CP437 bytes, by the system's converter.
+/// Decodes CP437 with the converter of the system.
 std::u16string fromCp437(std::string bytes) {
     const iconv_t converter = iconv_open("UTF-16LE", "CP437");
     EXPECT_NE(converter, reinterpret_cast<iconv_t>(-1));
@@ -94,7 +94,7 @@ TEST_F(EntryNameTest, DecodesUnflaggedNamesThatAreNotUtf8AsCp437) {
 }
 
 TEST_F(EntryNameTest, DecodesUnflaggedForbiddenUtf8AsCp437) {
-    // A surrogate and an overlong form: shaped like UTF-8, but no characters.
+    // A surrogate and an overlong form, which UTF-8 does not allow.
     EXPECT_THAT(open({.entries = {{.name = "a\xED\xA0\x80"}, {.name = "b\xC0\x80"}}}).leafNames(),
                 ElementsAre(fromCp437("a\xED\xA0\x80"), fromCp437("b\xC0\x80")));
 }
