@@ -25,20 +25,31 @@ namespace opc {
 class ZipArchive {
 public:
     explicit ZipArchive(const std::string& file)
-        : handle_(zip_open(file.c_str(), ZIP_RDONLY, nullptr)) {
+        : handle_(zip_open(file.c_str(), ZIP_RDONLY, nullptr), zip_discard) {
         if (!handle_)
             throw std::runtime_error("not a zip file: " + file);
+        if (shortestDirectory() > platform::readLimits().directoryBytes)
+            throw platform::LimitError("the directory is too large: " + file);
     }
-    ~ZipArchive() { zip_discard(handle_); }
-    ZipArchive(const ZipArchive&) = delete;
-    ZipArchive& operator=(const ZipArchive&) = delete;
 
-    zip_t* handle() const noexcept { return handle_; }
+    zip_t* handle() const noexcept { return handle_.get(); }
+    std::uint64_t entryCount() const noexcept {
+        return static_cast<std::uint64_t>(zip_get_num_entries(handle(), 0));
+    }
+    std::string entryName(std::uint64_t index) const { return zip_get_name(handle(), index, 0); }
 
     std::uint64_t deliveredBytes = 0; // of all entries together
 
 private:
-    zip_t* handle_;
+    // The length of the directory if its entries have no comments or extra fields.
+    std::uint64_t shortestDirectory() const {
+        std::uint64_t length = 0;
+        for (std::uint64_t index = 0; index < entryCount(); ++index)
+            length += 46 + entryName(index).size();
+        return length;
+    }
+
+    std::unique_ptr<zip_t, decltype(&zip_discard)> handle_;
 };
 
 namespace zippackage {
@@ -128,11 +139,10 @@ FileSystemManager::FileSystemManager(const model::Package& package, const FileSy
 
 std::vector<FileSystemEntry> FileSystemManager::getAllLeafs() {
     const fl::i18n::codecvt_string_to_ustring decoder("utf8", true);
-    zip_t* const archive = package_.archive()->handle();
-    const auto count = static_cast<std::uint64_t>(zip_get_num_entries(archive, 0));
+    const ZipArchive& archive = *package_.archive();
     std::vector<FileSystemEntry> leaves;
-    for (std::uint64_t index = 0; index < count; ++index) {
-        const std::string bytes = zip_get_name(archive, index, 0);
+    for (std::uint64_t index = 0; index < archive.entryCount(); ++index) {
+        const std::string bytes = archive.entryName(index);
         const std::u16string name = decoder.convert(bytes.data(), bytes.size());
         if (isLeaf(name))
             leaves.push_back({index, name.substr(name.find_last_of(u"/\\") + 1)});
