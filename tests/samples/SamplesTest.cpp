@@ -1,4 +1,5 @@
 #include "docparser/DocResourceParser.hpp"
+#include "docparser/account/LoadAccount.hpp"
 #include "platform/HostServices.hpp"
 #include "platform/InstallationManifest.hpp"
 #include "platform/i18n/Converter.hpp"
@@ -10,11 +11,15 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
 
 namespace docparser_tests {
 namespace {
 
 using reference::docparser::DocResourceParser;
+using reference::docparser::LoadAccount;
 using testing::ElementsAre;
 
 const std::u16string kSamples = fl::i18n::to_ustring(SAMPLES_FOLDER);
@@ -98,6 +103,25 @@ TEST_P(SamplesTest, ThePackageAndThePlainFileOfCellarAreMerged) {
     EXPECT_EQ(items.at(u"blend").size(), 2U);
     EXPECT_EQ(items.at(u"press").size(), 1U);
     EXPECT_EQ(items.at(u"volume").size(), 1U);
+}
+
+// Everything that a caller and a log sink see of all retrievals.
+auto retrieveEverything() {
+    const LogCapture log;
+    std::vector<decltype(DocResourceParser::getResourceFile(u""))> resources;
+    for (const std::u16string product : {u"Orchard", u"Cellar", u"HiveScale"})
+        resources.push_back(DocResourceParser::getResourceFile(product));
+    auto lookups = DocResourceParser::getResourceLookupFiles();
+    return std::tuple(std::move(resources), std::move(lookups), log.lines());
+}
+
+TEST_P(SamplesTest, AnAccountChangesNoResultAndNoLine) {
+    const auto unobserved = retrieveEverything();
+    LoadAccount account;
+    const LoadAccount::Scope scope(account);
+    EXPECT_TRUE(retrieveEverything() == unobserved);
+    EXPECT_TRUE(account.isComplete);
+    EXPECT_GT(account.files.size(), 10U);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, SamplesTest, testing::Values(u"en", u"de", u"ja"),
