@@ -34,8 +34,9 @@ void appendNewHrefs(const std::u16string& name, std::vector<RefItemLookup>& targ
             observer.recordDropped(name, target, source, index);
             continue;
         }
-        hrefs.insert(target.emplace_back(source[index]).getHref());
+        const RefItemLookup& appended = target.emplace_back(source[index]);
         observer.recordAppended(name, target, source, index);
+        hrefs.insert(appended.getHref());
     }
 }
 
