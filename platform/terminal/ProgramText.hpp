@@ -13,7 +13,7 @@ namespace platform {
 /// \param arguments      as main() gets them; Windows has lost characters of those, so its own
 ///                       command line is read instead
 DOCPARSER_SEAM_EXPORT std::vector<std::string> argumentsInUtf8(int argumentCount,
-                                                                   char* arguments[]);
+                                                               char* arguments[]);
 
 /// Returns an environment variable of this process in UTF-8; empty if it is not set.
 /// \param name  ASCII
