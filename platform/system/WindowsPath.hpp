@@ -16,8 +16,8 @@ bool isDeviceOrStream(std::wstring_view path) noexcept;
 /// Returns a path that Windows accepts whatever its length.
 ///
 /// A path that would exceed the limit of 260 characters becomes absolute, without "." and "..", and
-/// gets the prefix `\\?\`, or `\\?\UNC\` if it begins with a server. Every other path stays as it
-/// is. \param path  with `\` between its components
+/// gets the prefix `\\?\`, or `\\?\UNC\` if it begins with a server. Other paths are unchanged.
+/// \param path  with `\` between its components
 std::wstring withLongPathPrefix(std::wstring path);
 
 } // namespace platform
