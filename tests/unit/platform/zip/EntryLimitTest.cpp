@@ -38,7 +38,7 @@ TEST_F(EntryLimitTest, ReadsAnEntryThatIsExactlyAsLongAsTheLimit) {
         OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = method}}});
         setLimits(50'000, 1'000'000);
         EXPECT_TRUE(package.read(0) == text);
-        for (const std::uint64_t limit : {49'999, 0}) {
+        for (const std::uint64_t limit : {std::uint64_t{49'999}, std::uint64_t{0}}) {
             setLimits(limit, 1'000'000);
             EXPECT_THAT(messageOf<LimitError>([&] { package.read(0); }),
                         EndsWith(beyondEntryLimit(limit)));
