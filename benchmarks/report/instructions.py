@@ -10,7 +10,7 @@ import tables
 # The first pattern that a function's line matches has its instructions.
 SHARES = (
     ("allocator", r"malloc\.c|arena\.c|operator (new|delete)"),
-    ("inflating", r"libz\.so|libzip"),
+    ("inflating", r"libz\.so|libzip|libdeflate"),
     ("making text", r"fl::i18n|getFluString|makeText|convertText"),
     ("JSON parser and document", r"libboost_json|:boost::json::| boost::json::detail"),
     ("copying and comparing memory", r"/multiarch/|/string/|wmem"),
