@@ -30,11 +30,11 @@ std::string pointerTo(const SectionAccount& section, std::size_t index) {
     return fmt::format("{}/refItems/{}", section.pointer, index);
 }
 
-std::string textOf(const RecordKey& key) {
-    std::u16string text = key.name;
-    for (const std::u16string& part : {key.href, key.link})
-        text += u'\n' + part;
-    return fl::i18n::to_string(text);
+std::string identityOf(const std::u16string& section, const RecordKey& key) {
+    std::u16string identity = section;
+    for (const std::u16string* part : {&key.name, &key.href, &key.link})
+        identity.append(u"\n").append(*part);
+    return fl::i18n::to_string(identity);
 }
 
 // Answers the questions about one section of one file.
@@ -67,7 +67,7 @@ private:
         findings_.push_back({.rule = question.rule,
                              .spot = {.file = file_, .pointer = std::move(pointer)},
                              .message = question.message,
-                             .identity = fl::i18n::to_string(section_.key) + '\n' + textOf(key)});
+                             .identity = identityOf(section_.key, key)});
     }
 
     const SourceFile& file_;
@@ -116,11 +116,12 @@ void answerSection(const SectionAccount& section, FileRole role, const json::val
 void Questions::answer(const SourceFile& file, FileRole role,
                        const std::vector<SectionAccount>& sections, const json::value& document,
                        std::vector<Finding>& findings) {
+    const auto& askedOfRole = sections_[role];
     const auto askedOfFile = records_.find(file);
     for (const SectionAccount& section : sections) {
         if (section.fate == SectionFate::KeyTaken)
             continue;
-        if (const auto asked = sections_.find({role, section.key}); asked != sections_.end()) {
+        if (const auto asked = askedOfRole.find(section.key); asked != askedOfRole.end()) {
             Answering answering(file, section, asked->second, answered_, findings);
             answerSection(section, role, document, answering);
         }

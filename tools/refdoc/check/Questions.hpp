@@ -62,7 +62,7 @@ public:
     template <class MakeMessage>
     void askSection(FileRole role, const std::u16string& section, RuleId rule, RecordKey record,
                     bool isAskedOnce, MakeMessage makeMessage) {
-        SectionQuestions& questions = sections_[{role, section}];
+        SectionQuestions& questions = sections_[role][section];
         const auto [first, last] = questions.equal_range(record);
         const bool isAsked = std::any_of(
             first, last, [&](const auto& question) { return question.second.rule == rule; });
@@ -95,7 +95,7 @@ private:
             return hash(file.path) * 31 + hash(file.entry);
         }
     };
-    using Asked = std::map<std::pair<FileRole, std::u16string>, SectionQuestions>;
+    using Asked = std::map<FileRole, std::map<std::u16string, SectionQuestions>>;
     using ByHref = std::multimap<std::u16string, RecordAnswer>;
     using ByName = std::map<std::u16string, ByHref>;
 
