@@ -120,7 +120,8 @@ TEST_F(PackageLifetimeTest, ManyPackagesLeaveNoDescriptorOpen) {
         EXPECT_THROW(OpenPackage{bad}, opc::PackageError);
         EXPECT_THROW(OpenPackage(damaged).read(0), opc::PackageError);
     }
-    EXPECT_EQ(openDescriptors(), before);
+    // Windows may close handles of its own meanwhile.
+    EXPECT_LE(openDescriptors(), before);
 }
 
 TEST_F(PackageLifetimeTest, OneSelectorServesPackagesOnManyThreads) {
