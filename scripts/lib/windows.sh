@@ -205,14 +205,16 @@ provide_windows_dependencies() {
     touch "$prefix/complete"
 }
 
-# Starts Wine in a build folder, with the locale of this moment. It runs until stop_wine: a server that
-# ends with each program and starts with the next one loses connections.
+# start_wine BUILD-FOLDER LOCALE
+#
+# Starts Wine in a build folder. It runs until stop_wine: a server that ends with each program and starts
+# with the next one loses connections.
 start_wine() {
     export WINEPREFIX=$project_folder/$1/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
     say "Starting Wine in $1/wine"
     mkdir -p "$WINEPREFIX"
-    /usr/lib/wine/wineserver64 --persistent
-    /usr/lib/wine/wine64 wineboot >/dev/null 2>&1
+    LC_ALL=$2 /usr/lib/wine/wineserver64 --persistent
+    LC_ALL=$2 /usr/lib/wine/wine64 wineboot >/dev/null 2>&1
 }
 
 stop_wine() {
