@@ -5,10 +5,10 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/HostOverrides.hpp"
-#include "tools/refdoc/check/LanguageRun.hpp"
-#include "tools/refdoc/check/Report.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
+#include "tools/refdoc/check/report/Report.hpp"
+#include "tools/refdoc/check/rules/LanguageRun.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -64,7 +64,7 @@ std::size_t loadAll(const std::u16string& root, const std::vector<std::u16string
 }
 
 std::size_t checkAll() {
-    refdoc::check::Progress progress(/*isShown=*/false);
+    refdoc::Progress progress(/*isShown=*/false);
     const refdoc::check::PathNames names(std::filesystem::current_path());
     return makeReport(checkRoots(refdoc::check::Scope::Everything, names, progress), names, {})
         .size();

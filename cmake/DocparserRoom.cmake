@@ -32,3 +32,21 @@ function(docparser_room name)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
+
+# refdoc_room(NAME SOURCES FILE... MAY_INCLUDE PATH...)
+#
+# Adds the sources of a room of the tool, the folder tools/refdoc/NAME, to refdoc_parts. MAY_INCLUDE is
+# what docparser_room_includes() takes. A room may include only rooms that were declared before it, so
+# the includes of the rooms form no cycle.
+function(refdoc_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;MAY_INCLUDE" ${ARGN})
+    get_property(declared GLOBAL PROPERTY DOCPARSER_ROOMS)
+    foreach(path IN LISTS ROOM_MAY_INCLUDE)
+        if(path MATCHES "^tools/refdoc" AND NOT path IN_LIST declared)
+            message(FATAL_ERROR
+                "tools/refdoc/${name} may not include ${path}: it is not declared before")
+        endif()
+    endforeach()
+    docparser_room_includes(tools/refdoc/${name} ${ROOM_MAY_INCLUDE})
+    target_sources(refdoc_parts PRIVATE ${ROOM_SOURCES})
+endfunction()

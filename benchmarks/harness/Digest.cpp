@@ -1,6 +1,6 @@
 #include "benchmarks/harness/Digest.hpp"
 
-#include "tools/refdoc/RecordFields.hpp"
+#include "tools/refdoc/json/RecordFields.hpp"
 
 #include <concepts>
 #include <string>

@@ -1,5 +1,5 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
-#include "tools/refdoc/CommandTable.hpp"
+#include "tools/refdoc/cli/CommandTable.hpp"
 
 namespace refdoc_tests {
 namespace {

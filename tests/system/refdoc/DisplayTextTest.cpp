@@ -1,4 +1,4 @@
-#include "tools/refdoc/DisplayText.hpp"
+#include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tools/refdoc/JsonWriter.hpp"
+#include "tools/refdoc/json/JsonWriter.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "tools/refdoc/NearNames.hpp"
+#include "tools/refdoc/suggest/NearNames.hpp"
 
 #include <gtest/gtest.h>
 

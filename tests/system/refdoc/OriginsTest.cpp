@@ -10,8 +10,8 @@
 #include "tests/support/ResourceText.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
-#include "tools/refdoc/HostOverrides.hpp"
 #include "tools/refdoc/explain/FileTexts.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
 
 #include <random>
 #include <set>

@@ -1,4 +1,4 @@
-#include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/terminal/PageSetup.hpp"
 
 #include <gtest/gtest.h>
 

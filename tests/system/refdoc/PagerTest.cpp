@@ -1,5 +1,5 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
-#include "tools/refdoc/PagerChoice.hpp"
+#include "tools/refdoc/terminal/PagerChoice.hpp"
 
 namespace refdoc_tests {
 namespace {

@@ -1,7 +1,7 @@
-#include "tools/refdoc/CommandLine.hpp"
-#include "tools/refdoc/CompletionScripts.hpp"
-#include "tools/refdoc/ManPage.hpp"
-#include "tools/refdoc/TypedWords.hpp"
+#include "tools/refdoc/cli/CommandLine.hpp"
+#include "tools/refdoc/cli/CompletionScripts.hpp"
+#include "tools/refdoc/cli/ManPage.hpp"
+#include "tools/refdoc/cli/TypedWords.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "tools/refdoc/Table.hpp"
+#include "tools/refdoc/terminal/Table.hpp"
 
 #include <gtest/gtest.h>
 

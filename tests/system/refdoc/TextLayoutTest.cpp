@@ -1,6 +1,6 @@
-#include "tools/refdoc/TextLayout.hpp"
+#include "tools/refdoc/terminal/TextLayout.hpp"
 
-#include "tools/refdoc/DisplayText.hpp"
+#include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <gtest/gtest.h>
 

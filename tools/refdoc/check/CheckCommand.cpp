@@ -2,12 +2,12 @@
 
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
-#include "tools/refdoc/NearNames.hpp"
-#include "tools/refdoc/SourceTexts.hpp"
-#include "tools/refdoc/check/Progress.hpp"
-#include "tools/refdoc/check/ReportFormats.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
+#include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
+#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/terminal/Progress.hpp"
 
 #include <fmt/format.h>
 

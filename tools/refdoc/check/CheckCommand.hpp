@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tools/refdoc/Answer.hpp"
-#include "tools/refdoc/Options.hpp"
-#include "tools/refdoc/PageSetup.hpp"
+#include "tools/refdoc/cli/Answer.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/terminal/PageSetup.hpp"
 
 namespace refdoc {
 

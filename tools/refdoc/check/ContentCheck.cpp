@@ -1,6 +1,6 @@
 #include "tools/refdoc/check/ContentCheck.hpp"
 
-#include "tools/refdoc/check/SchemaWalker.hpp"
+#include "tools/refdoc/check/schema/SchemaWalker.hpp"
 
 #include <boost/json/error.hpp>
 #include <boost/json/monotonic_resource.hpp>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
-#include "tools/refdoc/SourceTexts.hpp"
-#include "tools/refdoc/check/Finding.hpp"
-#include "tools/refdoc/check/Questions.hpp"
+#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/rules/Questions.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <vector>
 

@@ -3,12 +3,12 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/HostServices.hpp"
 #include "platform/path/Path.hpp"
-#include "tools/refdoc/check/AccountRules.hpp"
 #include "tools/refdoc/check/ContentCheck.hpp"
-#include "tools/refdoc/check/CrossRules.hpp"
-#include "tools/refdoc/check/LanguageRun.hpp"
-#include "tools/refdoc/check/NameRules.hpp"
-#include "tools/refdoc/check/SchemaWalker.hpp"
+#include "tools/refdoc/check/rules/AccountRules.hpp"
+#include "tools/refdoc/check/rules/CrossRules.hpp"
+#include "tools/refdoc/check/rules/LanguageRun.hpp"
+#include "tools/refdoc/check/rules/NameRules.hpp"
+#include "tools/refdoc/check/schema/SchemaWalker.hpp"
 
 #include <boost/json/parse.hpp>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tools/refdoc/check/Finding.hpp"
-#include "tools/refdoc/check/PathNames.hpp"
-#include "tools/refdoc/check/Progress.hpp"
+#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/rules/PathNames.hpp"
+#include "tools/refdoc/terminal/Progress.hpp"
 
 #include <vector>
 

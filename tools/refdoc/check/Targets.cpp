@@ -2,12 +2,12 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/HostOverrides.hpp"
-#include "tools/refdoc/SourceTexts.hpp"
-#include "tools/refdoc/Words.hpp"
 #include "tools/refdoc/check/FileRoot.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
-#include "tools/refdoc/check/SchemaWalker.hpp"
+#include "tools/refdoc/check/schema/SchemaWalker.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/parse.hpp>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "tools/refdoc/Options.hpp"
-#include "tools/refdoc/check/Finding.hpp"
-#include "tools/refdoc/check/PathNames.hpp"
-#include "tools/refdoc/check/Progress.hpp"
+#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/rules/PathNames.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/terminal/Progress.hpp"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/Path.hpp"
-#include "tools/refdoc/Page.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
+#include "tools/refdoc/terminal/Page.hpp"
 
 #include <fmt/format.h>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
-#include "tools/refdoc/JsonWriter.hpp"
-#include "tools/refdoc/PageSetup.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
+#include "tools/refdoc/json/JsonWriter.hpp"
+#include "tools/refdoc/terminal/PageSetup.hpp"
 
 #include <optional>
 #include <string>

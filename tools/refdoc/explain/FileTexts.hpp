@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
-#include "tools/refdoc/SourceTexts.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <cstddef>
 #include <optional>

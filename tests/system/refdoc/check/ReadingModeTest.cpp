@@ -1,5 +1,5 @@
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tools/refdoc/check/SchemaWalker.hpp"
+#include "tools/refdoc/check/schema/SchemaWalker.hpp"
 
 #include <boost/json/serialize.hpp>
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tools/refdoc/check/Progress.hpp"
-#include "tools/refdoc/check/ReportFormats.hpp"
+#include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/terminal/Progress.hpp"
 
 #include <boost/json/parse.hpp>
 #include <valijson/adapters/boost_json_adapter.hpp>
@@ -195,7 +195,7 @@ TEST(SarifPaths, AreEscaped) {
 }
 
 TEST(Progress, IsABarOfWhatIsDone) {
-    using refdoc::check::Progress;
+    using refdoc::Progress;
     EXPECT_EQ(Progress::barOf("checking", 1, 3), "checking [##########....................] 1/3");
     EXPECT_EQ(Progress::barOf("checking", 9, 3), "checking [##############################] 3/3");
     EXPECT_EQ(Progress::barOf("checking", 0, 0), "checking [##############################] 0/0");

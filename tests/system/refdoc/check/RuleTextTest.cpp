@@ -1,5 +1,5 @@
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tools/refdoc/check/Rules.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <fmt/format.h>
 

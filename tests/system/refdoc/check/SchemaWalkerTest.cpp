@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/SchemaWalker.hpp"
+#include "tools/refdoc/check/schema/SchemaWalker.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gmock/gmock.h>

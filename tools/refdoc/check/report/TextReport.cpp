@@ -1,0 +1,78 @@
+#include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/terminal/Paint.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <set>
+#include <utility>
+
+namespace refdoc::check {
+
+namespace {
+
+Paint paintOf(Severity severity) {
+    switch (severity) {
+    case Severity::Error: return Paint::Alarm;
+    case Severity::Warning: return Paint::Caution;
+    case Severity::Note: break;
+    }
+    return Paint::Dim;
+}
+
+std::string counted(std::size_t count, std::string_view what) {
+    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
+
+std::string summaryOf(const std::vector<ReportedFinding>& findings) {
+    if (findings.empty())
+        return "nothing found\n";
+    std::set<std::pair<std::string_view, std::string_view>> files;
+    for (const ReportedFinding& finding : findings)
+        files.emplace(finding.spot.path, finding.spot.entry);
+    std::string summary;
+    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+        const auto count = static_cast<std::size_t>(
+            std::ranges::count(findings, severity, &ReportedFinding::severity));
+        if (count > 0)
+            summary += (summary.empty() ? "" : ", ") + counted(count, toWord(severity));
+    }
+    return fmt::format("{} in {}\n", summary, counted(files.size(), "file"));
+}
+
+} // namespace
+
+std::string textReport(const std::vector<ReportedFinding>& findings, bool color) {
+    std::string report;
+    for (const ReportedFinding& finding : findings) {
+        report += fmt::format(
+            "{}: {}: {} {}\n", painted(finding.spot.text(), Paint::Heading, color),
+            painted(toWord(finding.severity), paintOf(finding.severity), color), finding.message,
+            painted(fmt::format("[{}]", finding.rule->name), Paint::Dim, color));
+        for (const ReportedRelation& related : finding.related)
+            report += fmt::format("    {}: {}\n", related.spot.text(), related.message);
+    }
+    return report + summaryOf(findings);
+}
+
+std::string ruleList(bool color) {
+    std::size_t width = 0;
+    for (const Rule& rule : rules())
+        width = std::max(width, rule.name.size());
+    std::string list;
+    for (const Rule& rule : rules())
+        list += fmt::format(
+            "{}{:{}}  {}{:{}}  {}\n", painted(rule.name, Paint::Heading, color), "",
+            width - rule.name.size(), painted(toWord(rule.severity), paintOf(rule.severity), color),
+            "", toWord(Severity::Warning).size() - toWord(rule.severity).size(), rule.summary);
+    return list;
+}
+
+std::string ruleText(const Rule& rule, bool color) {
+    return fmt::format("{} ({}): {}\n\n{}\n", painted(rule.name, Paint::Heading, color),
+                       painted(toWord(rule.severity), paintOf(rule.severity), color), rule.summary,
+                       rule.explanation);
+}
+
+} // namespace refdoc::check

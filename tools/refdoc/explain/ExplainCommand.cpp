@@ -1,0 +1,125 @@
+#include "tools/refdoc/explain/ExplainCommand.hpp"
+
+#include "docparser/DocParserException.hpp"
+#include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/explain/Explanation.hpp"
+#include "tools/refdoc/lookup/LookupCommand.hpp"
+#include "tools/refdoc/show/ShowCommand.hpp"
+
+#include <map>
+#include <stdexcept>
+#include <utility>
+
+namespace refdoc {
+
+using namespace reference::docparser;
+using reference::property::RefItem;
+using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLookup>>;
+
+namespace {
+
+// How many records a result has of each key of each section.
+using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
+
+// \param key  counts only its records; absent: all
+template <class T>
+void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
+               Counts& counts) {
+    for (const auto& [sectionKey, section] : sections) {
+        for (const auto& [name, records] : section.items) {
+            if (!key || name == *key)
+                counts[{sectionKey, name}] += records.size();
+        }
+    }
+}
+
+// What was read a second time must come to what the library has made of it.
+void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
+    Counts found;
+    for (const SectionOrigins& section : sections) {
+        for (const auto& [name, records] : section.kept)
+            found[{section.key, name}] += records.size();
+    }
+    if (found != expected)
+        throw std::runtime_error("files changed while they were explained; try again");
+}
+
+// Keeps the sections that hold, or held, something of what was asked.
+void keepTelling(std::vector<SectionOrigins>& sections) {
+    std::erase_if(sections, [](const SectionOrigins& section) {
+        return section.kept.empty() && section.lost.empty();
+    });
+}
+
+std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
+    switch (format) {
+    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
+    case OutputFormat::JsonLines:
+        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Text: break;
+    }
+    return explanationPage(explanation, setup);
+}
+
+Answer answerOf(const Explanation& explanation, const Options& options, const PageSetup& setup,
+                std::vector<std::string> complaints) {
+    return {.status = complaints.empty() ? ExitStatus::Found : ExitStatus::NotFound,
+            .output = outputOf(explanation, options.format, setup),
+            .complaints = std::move(complaints)};
+}
+
+// \param resources  set to the product's
+// \returns          what there is to complain about
+std::vector<std::string> readProduct(const Options& options, LoadAccount& account,
+                                     ResourceMap<RefItem>& resources) {
+    try {
+        const LoadAccount::Scope scope(account);
+        resources = DocResourceParser::getResourceFile(options.product);
+    } catch (const DocParserException&) {
+        return {complaintAboutProduct(options.product)};
+    }
+    return complaintsAboutHrefs(options.product, options.names, resources);
+}
+
+Answer explainProduct(const Options& options, const PageSetup& setup) {
+    Explanation explanation{.product = options.product};
+    if (!options.names.empty())
+        explanation.href = options.names.front();
+    ResourceMap<RefItem> resources;
+    std::vector<std::string> complaints = readProduct(options, explanation.account, resources);
+    explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
+    explanation.sections = findOrigins(explanation.account, explanation.href);
+    Counts counts;
+    addCounts(resources, explanation.href, counts);
+    expectCounts(counts, explanation.sections);
+    if (explanation.href)
+        keepTelling(explanation.sections);
+    return answerOf(explanation, options, setup, std::move(complaints));
+}
+
+LookupResults readIndex(LoadAccount& account) {
+    const LoadAccount::Scope scope(account);
+    return DocResourceParser::getResourceLookupFiles();
+}
+
+Answer explainName(const Options& options, const PageSetup& setup) {
+    Explanation explanation{.name = options.explainedName};
+    const LookupResults results = readIndex(explanation.account);
+    explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
+    explanation.sections = findOrigins(explanation.account, explanation.name);
+    Counts counts;
+    addCounts(results.installed, explanation.name, counts);
+    addCounts(results.notInstalled, explanation.name, counts);
+    expectCounts(counts, explanation.sections);
+    keepTelling(explanation.sections);
+    return answerOf(explanation, options, setup,
+                    complaintsAboutNames({*explanation.name}, results));
+}
+
+} // namespace
+
+Answer runExplain(const Options& options, const PageSetup& setup) {
+    return options.explainedName ? explainName(options, setup) : explainProduct(options, setup);
+}
+
+} // namespace refdoc

@@ -1,0 +1,130 @@
+#include "tools/refdoc/lookup/LookupCommand.hpp"
+
+#include "docparser/DocResourceParser.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/session/Selection.hpp"
+#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Page.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <fmt/format.h>
+
+#include <string_view>
+
+namespace refdoc {
+
+using reference::docparser::DocResource;
+using reference::docparser::DocResourceParser;
+using reference::docparser::ParsingResults;
+using reference::docparser::ResourceMap;
+using reference::property::RefItemLookup;
+using LookupMap = ResourceMap<RefItemLookup>;
+using LookupResults = ParsingResults<LookupMap>;
+
+namespace {
+
+constexpr std::size_t kMostNearNames = 3;
+
+std::vector<std::u16string_view> allNames(const LookupResults& results) {
+    std::vector<std::u16string_view> names;
+    for (const LookupMap* sections : {&results.installed, &results.notInstalled}) {
+        for (const auto& [key, resource] : *sections) {
+            for (const auto& [name, entries] : resource.items)
+                names.push_back(name);
+        }
+    }
+    return names;
+}
+
+void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& product,
+              bool isInstalled, bool withLink) {
+    std::u16string marks = entry.getDeprecated() ? u"deprecated" : u"";
+    if (!isInstalled)
+        marks += marks.empty() ? u"not installed" : u", not installed";
+    table.addRow({{entry.getName(), entry.getDeprecated() ? Paint::Caution : Paint::Plain},
+                  {kindText(entry.getEntityType(), entry.getFunctionType())},
+                  {entry.getRefPurpose()},
+                  {product},
+                  {withLink ? entry.getHref() : std::u16string(), Paint::Dim},
+                  {marks, entry.getDeprecated() ? Paint::Caution : Paint::Dim}});
+}
+
+void addSections(Table& table, const LookupMap& sections, bool isInstalled, bool withLink) {
+    for (const auto& [key, resource] : sections) {
+        std::vector<Cell> heading{{resource.header.getProductName(), Paint::Heading},
+                                  {key, Paint::Dim}};
+        if (!isInstalled)
+            heading.push_back({u"not installed", Paint::Dim});
+        table.addHeading(std::move(heading));
+        for (const auto& [name, entries] : resource.items) {
+            for (const RefItemLookup& entry : entries)
+                addEntry(table, entry, resource.header.getProduct(), isInstalled, withLink);
+        }
+    }
+}
+
+std::string pageOf(const LookupResults& results, const PageSetup& setup, bool withLinks) {
+    Table table;
+    addSections(table, results.installed, true, withLinks);
+    addSections(table, results.notInstalled, false, withLinks);
+    Page page(setup);
+    page.index(table);
+    return page.take();
+}
+
+std::string linesOf(const LookupResults& results) {
+    const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
+    std::string lines;
+    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
+    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
+    return lines;
+}
+
+std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
+    switch (options.format) {
+    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::JsonLines: return linesOf(results);
+    case OutputFormat::Text: break;
+    }
+    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+}
+
+} // namespace
+
+std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>& names,
+                                              const LookupResults& results) {
+    std::set<std::u16string> found = keysIn(names, results.installed);
+    found.merge(keysIn(names, results.notInstalled));
+    std::vector<std::string> complaints;
+    const std::vector<std::u16string_view> known = allNames(results);
+    for (const std::u16string& name : missingKeys(names, std::move(found)))
+        complaints.push_back(
+            fmt::format("no entry {} in the lookup index{}", quoted(name),
+                        didYouMean(nearNames(name, known, kMostNearNames),
+                                   known.empty() ? kOtherFolders : "; see refdoc lookup")));
+    return complaints;
+}
+
+Answer runLookup(const Options& options, const PageSetup& setup) {
+    LookupResults results = DocResourceParser::getResourceLookupFiles();
+    Answer answer;
+    if (!options.names.empty()) {
+        answer.complaints = complaintsAboutNames(options.names, results);
+        if (!answer.complaints.empty())
+            answer.status = ExitStatus::NotFound;
+        keepOnly(options.names, results.installed);
+        keepOnly(options.names, results.notInstalled);
+    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
+        // Nothing on standard output could also mean that the tool had nothing to say.
+        answer.complaints.push_back(
+            fmt::format("no lookup entries in {}{}",
+                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
+                        kOtherFolders));
+    }
+    answer.output = outputOf(options, results, setup);
+    return answer;
+}
+
+} // namespace refdoc

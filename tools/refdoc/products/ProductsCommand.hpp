@@ -1,0 +1,14 @@
+#pragma once
+
+#include "tools/refdoc/cli/Answer.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/terminal/PageSetup.hpp"
+
+namespace refdoc {
+
+/// Runs `products`: the folders that are looked at, the languages, the product files that were
+/// found, the installed products and support packages.
+/// \throws whatever the host services throw
+Answer runProducts(const Options& options, const PageSetup& setup);
+
+} // namespace refdoc

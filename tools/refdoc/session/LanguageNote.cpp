@@ -1,0 +1,61 @@
+#include "tools/refdoc/session/LanguageNote.hpp"
+
+#include "docparser/DocResourceParser.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "platform/path/Path.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+#include <vector>
+
+namespace refdoc {
+
+using Tools = reference::docparser::DocResourceParser::ParsingTools;
+
+namespace {
+
+bool hasManifest(const platform::HostServices& services) {
+    const fl::filesystem::path file =
+        fl::filesystem::path(services.installPath()) / u"installation.json";
+    std::error_code ignored; // what can't be looked at has not been read either
+    return std::filesystem::exists(fl::filesystem::make_native_access_form_with_cleanup_i18n(file),
+                                   ignored);
+}
+
+// The languages that the options or the manifest name; absent when neither is there.
+std::optional<std::vector<std::u16string>> namedLanguages(const Options& options) {
+    if (options.supportedLanguages)
+        return options.supportedLanguages;
+    const std::shared_ptr<const platform::HostServices> services = servicesBehind(options);
+    if (!hasManifest(*services))
+        return std::nullopt;
+    return services->supportedDocLanguages();
+}
+
+std::string listOf(const std::vector<std::u16string>& languages) {
+    std::string list;
+    for (const std::u16string& language : languages)
+        list += (list.empty() ? "" : ", ") + fl::i18n::to_string(language);
+    return list;
+}
+
+} // namespace
+
+std::optional<std::string> unsupportedLanguageNote(const Options& options) {
+    if (!options.language || *options.language == Tools::kEnglishLocale)
+        return std::nullopt;
+    const std::optional<std::vector<std::u16string>> languages = namedLanguages(options);
+    if (!languages || std::ranges::find(*languages, *options.language) != languages->end())
+        return std::nullopt;
+    return fmt::format(
+        "note: {} is not among the supported languages ({}); it joins them for this call",
+        quoted(*options.language), listOf(*languages));
+}
+
+} // namespace refdoc

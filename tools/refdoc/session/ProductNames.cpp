@@ -1,0 +1,36 @@
+#include "tools/refdoc/session/ProductNames.hpp"
+
+#include "docparser/DocResourceParser.hpp"
+
+#include <set>
+
+namespace refdoc {
+
+using reference::docparser::DocResourceParser;
+using reference::docparser::ProductPathData;
+using Tools = DocResourceParser::ParsingTools;
+
+std::u16string productOf(const ProductPathData& file, const std::u16string& currentLanguage) {
+    std::u16string name = file.getName();
+    const std::u16string suffix = Tools::kLocaleSeparator + currentLanguage;
+    if (file.isNonEnglishLocale() && name.ends_with(suffix))
+        name.resize(name.size() - suffix.size());
+    return name;
+}
+
+std::vector<std::u16string> productNames() {
+    const std::u16string language = Tools::getCurrentLocale();
+    const std::vector<std::u16string> suffixes = Tools::getSupportedDocLocales();
+    std::set<std::u16string> names;
+    for (const std::u16string& folder : {DocResourceParser::getReferenceRoots()->referenceApiFolder,
+                                         *DocResourceParser::getSupportPackageRoot()}) {
+        const auto files =
+            DocResourceParser::getAllProducts(folder, suffixes, Tools::kLocaleSeparator + language);
+        for (const ProductPathData& file : files.jsonProducts) {
+            names.insert(productOf(file, language));
+        }
+    }
+    return {names.begin(), names.end()};
+}
+
+} // namespace refdoc

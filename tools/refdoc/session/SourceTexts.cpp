@@ -1,0 +1,120 @@
+#include "tools/refdoc/session/SourceTexts.hpp"
+
+#include "platform/Failure.hpp"
+#include "platform/package/ContentSource.hpp"
+#include "platform/package/FileSystemManager.hpp"
+#include "platform/package/Package.hpp"
+#include "platform/package/StorageSystem.hpp"
+#include "platform/package/StreamHelper.hpp"
+#include "platform/package/ZipPhysicalPackage.hpp"
+#include "platform/path/FileStream.hpp"
+#include "platform/path/Path.hpp"
+
+#include <algorithm>
+#include <sstream>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace refdoc {
+
+namespace {
+
+constexpr std::size_t kStartLength = 512;
+
+opc::FileSystemOpsSelector fileOperations() {
+    return opc::FileSystemOpsSelector(
+        storage::microservicestoragesystem::GetStorageSystemReference());
+}
+
+std::string readFile(const std::u16string& path, std::optional<std::size_t> length) {
+    std::string text;
+    fl::filesystem::ifstream stream(fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
+                                    std::ios::in | std::ios::binary,
+                                    fl::filesystem::share_mode::deny_none);
+    if (!stream.is_open())
+        return text;
+    stream.seekg(0, std::ios::end);
+    const auto size = static_cast<std::size_t>(std::max<std::streamoff>(stream.tellg(), 0));
+    text.resize(std::min(size, length.value_or(size)));
+    stream.seekg(0, std::ios::beg);
+    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(stream.gcount()));
+    return text;
+}
+
+std::string readStream(opc::InputStream& stream, std::optional<std::size_t> length) {
+    if (!length) {
+        std::ostringstream content;
+        // By default a stream hides that an allocation failed.
+        content.exceptions(std::ios::badbit);
+        opc::StreamHelper::copyStreamToStream(stream, content);
+        return std::move(content).str();
+    }
+    std::string text(*length, '\0');
+    text.resize(stream.read(text.data(), text.size()));
+    return text;
+}
+
+} // namespace
+
+struct SourceTexts::OpenPackage {
+    explicit OpenPackage(const std::u16string& file)
+        : path(file),
+          physical(file, fileOperations(), /*isReadOnly=*/true),
+          package(physical),
+          manager(package, fileOperations()) {
+        package.open(opc::OpenMode::ReadOnly);
+        leaves = manager.getAllLeafs().elements();
+        for (const opc::qorservices::FileSystemEntry& leaf : leaves)
+            byName[leaf.getName()].push_back(&leaf);
+    }
+
+    std::u16string path;
+    opc::zippackage::ZipPhysicalPackage physical;
+    opc::model::Package package;
+    opc::qorservices::FileSystemManager manager;
+    std::vector<opc::qorservices::FileSystemEntry> leaves;
+    std::unordered_map<std::u16string_view, std::vector<const opc::qorservices::FileSystemEntry*>>
+        byName;
+};
+
+SourceTexts::SourceTexts() = default;
+SourceTexts::~SourceTexts() = default;
+
+std::string SourceTexts::read(const SourceFile& file) {
+    std::string text;
+    // What went away since the library read it, or can't be read twice, has no places to show.
+    platform::ignoreFailure([&] {
+        text =
+            file.entry.empty() ? readFile(file.path, std::nullopt) : readEntry(file, std::nullopt);
+    });
+    return text;
+}
+
+std::string SourceTexts::readStart(const SourceFile& file) {
+    std::string text;
+    // What can't be read looks like nothing.
+    platform::ignoreFailure([&] {
+        text =
+            file.entry.empty() ? readFile(file.path, kStartLength) : readEntry(file, kStartLength);
+    });
+    return text;
+}
+
+std::string SourceTexts::readEntry(const SourceFile& file, std::optional<std::size_t> length) {
+    OpenPackage& package = open(file.path);
+    const opc::qorservices::FileSystemEntry& leaf =
+        *package.byName.at(file.entry).at(file.occurrence);
+    const auto source = package.manager.getFileContentSource(leaf, opc::TransformMode::Decoded);
+    return readStream(*source->openInputStream(), length);
+}
+
+SourceTexts::OpenPackage& SourceTexts::open(const std::u16string& path) {
+    if (!package_ || package_->path != path)
+        package_ = std::make_unique<OpenPackage>(path);
+    return *package_;
+}
+
+} // namespace refdoc

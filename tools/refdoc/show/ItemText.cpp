@@ -1,0 +1,231 @@
+#include "tools/refdoc/show/ItemText.hpp"
+
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace refdoc {
+
+using namespace reference::property;
+using fl::i18n::to_ustring;
+
+namespace {
+
+constexpr std::size_t kBody = 2;    // indent of what belongs to an item
+constexpr std::size_t kSection = 4; // indent of what stands under a heading within it
+
+// Labels with what they say, for what is there to be said.
+class Facts {
+public:
+    void add(std::u16string label, const std::u16string& text, Paint paint = Paint::Plain) {
+        if (!text.empty())
+            table_.addRow({{std::move(label), Paint::Dim}, {text, paint}});
+    }
+
+    const Table& table() const { return table_; }
+
+private:
+    Table table_;
+};
+
+std::u16string join(const std::vector<std::u16string>& texts, std::u16string_view separator) {
+    std::u16string joined;
+    for (const std::u16string& text : texts) {
+        if (&text != &texts.front())
+            joined += separator;
+        joined += text;
+    }
+    return joined;
+}
+
+// "series (class, constructor method), shift (function)"
+std::u16string titleOf(const RefItem& item) {
+    if (item.getRefEntities().empty())
+        return item.getHref();
+    std::vector<std::u16string> parts;
+    const std::u16string* name = nullptr;
+    for (const RefEntity& entity : item.getRefEntities()) {
+        const std::u16string kind = kindText(entity.getEntityType(), entity.getFunctionType());
+        if (name && *name == entity.getName())
+            parts.back().insert(parts.back().size() - 1, u", " + kind);
+        else
+            parts.push_back(entity.getName() + u" (" + kind + u")");
+        name = &entity.getName();
+    }
+    return join(parts, u", ");
+}
+
+void addDeprecation(Page& page, DeprecationStatus::Value status) {
+    switch (status) {
+    case DeprecationStatus::None: break;
+    case DeprecationStatus::Discouraged:
+        page.text(kBody, u"DISCOURAGED: better not used in new work", Paint::Caution);
+        break;
+    case DeprecationStatus::Deprecated:
+        page.text(kBody, u"DEPRECATED: to be removed in a later release", Paint::Caution);
+        break;
+    case DeprecationStatus::Removed:
+        page.text(kBody, u"REMOVED: no longer in the product", Paint::Alarm);
+        break;
+    }
+}
+
+// The heading "Inputs" or "Inputs: title".
+void addHeading(Page& page, std::u16string_view what, const std::u16string& title = {}) {
+    std::u16string heading(what);
+    if (!title.empty())
+        heading += u": " + title;
+    page.heading(kBody, heading);
+}
+
+std::u16string syntaxWord(SyntaxType::Value syntaxType) {
+    return to_ustring(SyntaxType::enumToString(syntaxType));
+}
+
+void addSyntaxes(Page& page, const std::vector<SyntaxGroup>& groups) {
+    for (const SyntaxGroup& group : groups) {
+        std::u16string what = u"Syntax";
+        if (group.getSyntaxType() != SyntaxType::getDefaultValue())
+            what += u" (" + syntaxWord(group.getSyntaxType()) + u")";
+        addHeading(page, what, group.getTitle());
+        for (const std::u16string& syntax : group.getSyntaxes())
+            page.text(kSection, syntax);
+    }
+}
+
+// Whether the arguments belong to different forms of syntax, which is worth a column then.
+template <class Argument>
+bool differInSyntax(const std::vector<Argument>& arguments) {
+    return std::ranges::any_of(arguments, [&](const Argument& other) {
+        return other.getSyntaxType() != arguments.front().getSyntaxType();
+    });
+}
+
+void addInputs(Page& page, std::u16string_view what, const std::u16string& title,
+               const std::vector<Input>& inputs) {
+    addHeading(page, what, title);
+    Table table({u"Name", u"Purpose", u"Syntax", u"Default", u"Values"});
+    const bool withSyntax = differInSyntax(inputs);
+    for (const Input& input : inputs) {
+        const ObjectInfo& info = input.getObjectInfo();
+        table.addRow({{info.getName() + (input.getIsNameValuePair() ? u"*" : u"")},
+                      {info.getPurpose()},
+                      {withSyntax ? syntaxWord(input.getSyntaxType()) : u""},
+                      {input.getDefaultValue()},
+                      {join(info.getValues(), u", ")}});
+    }
+    page.table(kSection, table);
+    if (std::ranges::any_of(inputs, &Input::getIsNameValuePair))
+        page.text(kSection, u"* given as a pair of name and value", Paint::Dim);
+}
+
+void addOutputs(Page& page, const std::vector<Output>& outputs) {
+    addHeading(page, u"Outputs");
+    Table table({u"Name", u"Purpose", u"Syntax", u"Values"});
+    const bool withSyntax = differInSyntax(outputs);
+    for (const Output& output : outputs) {
+        const ObjectInfo& info = output.getObjectInfo();
+        table.addRow({{info.getName()},
+                      {info.getPurpose()},
+                      {withSyntax ? syntaxWord(output.getSyntaxType()) : u""},
+                      {join(info.getValues(), u", ")}});
+    }
+    page.table(kSection, table);
+}
+
+template <class Described> // Parameter or ClassProperty
+void addDescribed(Page& page, std::u16string_view what, const std::u16string& title,
+                  const std::vector<Described>& all) {
+    addHeading(page, what, title);
+    Table table({u"Name", u"Purpose", u"Default", u"Values"});
+    for (const Described& one : all) {
+        const ObjectInfo& info = one.getObjectInfo();
+        table.addRow({{info.getName()},
+                      {info.getPurpose()},
+                      {one.getDefaultValue()},
+                      {join(info.getValues(), u", ")}});
+    }
+    page.table(kSection, table);
+}
+
+void addExamples(Page& page, const std::vector<Example>& examples) {
+    addHeading(page, u"Examples");
+    for (const Example& example : examples) {
+        if (!example.getTitle().empty())
+            page.text(kSection, example.getTitle());
+        Facts facts;
+        facts.add(u"open with", example.getOpenCommand());
+        facts.add(u"link", example.getUrl(), Paint::Dim);
+        page.table(kSection + 2, facts.table());
+    }
+}
+
+void addLinks(Page& page, const std::vector<SeeAlso>& links) {
+    addHeading(page, u"See also");
+    Table table;
+    for (const SeeAlso& link : links)
+        table.addRow({{link.getName()}, {link.getUrl(), Paint::Dim}});
+    page.table(kSection, table);
+}
+
+void addFacts(Page& page, const RefItem& item) {
+    const AppThumbnail& thumbnail = item.getAppThumbnail();
+    Facts facts;
+    facts.add(u"link", item.getHref(), Paint::Dim);
+    facts.add(u"package", item.getPackageName());
+    facts.add(u"introduced", item.getIntroduced());
+    facts.add(u"picture", thumbnail.getFileRef(), Paint::Dim);
+    facts.add(u"shows", thumbnail.getAlt());
+    page.table(kBody, facts.table());
+}
+
+} // namespace
+
+void addHeader(Page& page, const HeaderInfo& header, const std::u16string& note) {
+    page.title(header.getProductName(), '=');
+    Facts facts;
+    facts.add(u"help folder", header.getHelpFolder());
+    facts.add(u"base code", header.getBaseCode());
+    facts.add(u"help location", header.getHelpLocation());
+    facts.add(u"format", header.getSchemaVersion().empty()
+                             ? header.getSchema()
+                             : header.getSchema() + u" " + header.getSchemaVersion());
+    page.table(0, facts.table());
+    if (!note.empty())
+        page.text(0, note, Paint::Dim);
+}
+
+void addItem(Page& page, const RefItem& item, const std::u16string& note) {
+    page.title(titleOf(item), '-');
+    if (!note.empty())
+        page.text(kBody, note, Paint::Dim);
+    addDeprecation(page, item.getDeprecationStatus());
+    if (!item.getRefPurpose().empty())
+        page.text(kBody, item.getRefPurpose());
+    addFacts(page, item);
+    if (!item.getDescription().empty()) {
+        page.emptyLine();
+        page.text(kBody, item.getDescription());
+    }
+    addSyntaxes(page, item.getSyntaxGroups());
+    if (!item.getInputs().empty())
+        addInputs(page, u"Inputs", {}, item.getInputs());
+    for (const InputGroup& group : item.getInputGroups())
+        addInputs(page, u"Inputs", group.getTitle(), group.getInputs());
+    if (!item.getOutputs().empty())
+        addOutputs(page, item.getOutputs());
+    if (!item.getParameters().empty())
+        addDescribed(page, u"Parameters", {}, item.getParameters());
+    for (const ClassPropertyGroup& group : item.getClassPropertyGroups())
+        addDescribed(page, u"Properties", group.getTitle(), group.getProperties());
+    if (!item.getExamples().empty())
+        addExamples(page, item.getExamples());
+    if (!item.getSeeAlso().empty())
+        addLinks(page, item.getSeeAlso());
+}
+
+} // namespace refdoc

@@ -1,0 +1,52 @@
+#include "tools/refdoc/terminal/Progress.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace refdoc {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPatience{500};
+constexpr std::chrono::milliseconds kPause{100};
+constexpr std::size_t kBarLength = 30;
+
+} // namespace
+
+Progress::Progress(bool isShown) : isShown_(isShown), nextDrawing_(Clock::now() + kPatience) {}
+
+Progress::~Progress() {
+    // "\x1b[K" wipes the line from the cursor on.
+    if (isDrawn_ && std::fputs("\r\x1b[K", stderr) >= 0)
+        std::fflush(stderr);
+}
+
+void Progress::begin(std::string_view stage, std::size_t steps) {
+    stage_ = stage;
+    steps_ = steps;
+    done_ = 0;
+}
+
+void Progress::step() {
+    ++done_;
+    if (!isShown_)
+        return;
+    const Clock::time_point now = Clock::now();
+    if (now < nextDrawing_)
+        return;
+    nextDrawing_ = now + kPause;
+    isDrawn_ = true;
+    fmt::print(stderr, "\r{}\x1b[K", barOf(stage_, done_, steps_));
+    std::fflush(stderr);
+}
+
+std::string Progress::barOf(std::string_view stage, std::size_t done, std::size_t steps) {
+    const std::size_t reached = std::min(done, steps);
+    const std::size_t filled = steps == 0 ? kBarLength : reached * kBarLength / steps;
+    return fmt::format("{} [{:#>{}}{:.>{}}] {}/{}", stage, "", filled, "", kBarLength - filled,
+                       reached, steps);
+}
+
+} // namespace refdoc

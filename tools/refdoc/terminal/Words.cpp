@@ -1,0 +1,27 @@
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include "platform/i18n/Converter.hpp"
+
+#include <fmt/format.h>
+
+#include <string_view>
+
+namespace refdoc {
+
+using reference::property::FunctionType;
+using reference::property::RefEntityType;
+
+std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value functionType) {
+    const std::string_view entity = RefEntityType::enumToString(entityType);
+    const std::string_view function = FunctionType::enumToString(functionType);
+    // "function" is also what the files that tell nothing come to.
+    if (functionType == FunctionType::Function || function == entity)
+        return fl::i18n::to_ustring(entity);
+    return fl::i18n::to_ustring(fmt::format("{} {}", function, entity));
+}
+
+std::string quoted(const std::u16string& text) {
+    return fmt::format("\"{}\"", fl::i18n::to_string(text));
+}
+
+} // namespace refdoc
