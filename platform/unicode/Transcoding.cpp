@@ -98,6 +98,53 @@ std::size_t decode(std::string_view text, char16_t* const begin) noexcept {
     return static_cast<std::size_t>(out - begin);
 }
 
+// UTF-8 is validated in blocks. The fixed size lets the compiler process many bytes at once.
+constexpr std::size_t kBlockBytes = 64;
+
+// A byte is valid or not because of itself and of the three bytes before it.
+constexpr std::size_t kBytesBefore = 3;
+
+// Returns whether no well-formed text has these bytes one after the other. Nothing branches, so
+// that the compiler can compare many bytes at once.
+constexpr bool isIllFormedAt(const char* at) noexcept {
+    const auto byte = static_cast<std::uint8_t>(at[0]);
+    const auto previous = static_cast<std::uint8_t>(at[-1]);
+    const auto second = static_cast<std::uint8_t>(at[-2]);
+    const auto third = static_cast<std::uint8_t>(at[-3]);
+    const bool isTrail = (byte & 0xC0) == 0x80;
+    const bool isTrailExpected = (previous >= 0xC0) | (second >= 0xE0) | (third >= 0xF0);
+    const bool isNeverUsed = (byte == 0xC0) | (byte == 0xC1) | (byte >= 0xF5);
+    const bool isOverlong =
+        ((previous == 0xE0) & (byte < 0xA0)) | ((previous == 0xF0) & (byte < 0x90));
+    const bool isSurrogate = (previous == 0xED) & (byte > 0x9F);
+    const bool isTooLarge = (previous == 0xF4) & (byte > 0x8F);
+    return (isTrail != isTrailExpected) | isNeverUsed | isOverlong | isSurrogate | isTooLarge;
+}
+
+// Both also read the bytes before the block.
+bool isWellFormedBlock(const char* block) noexcept {
+    std::array<bool, kBlockBytes> isIllFormed;
+    for (std::size_t i = 0; i < kBlockBytes; ++i)
+        isIllFormed[i] = isIllFormedAt(block + i);
+    return isIllFormed == std::array<bool, kBlockBytes>{};
+}
+
+bool isAsciiBlock(const char* block) noexcept {
+    std::uint8_t allBits = 0;
+    for (const char* at = block - kBytesBefore; at < block + kBlockBytes; ++at)
+        allBits |= static_cast<std::uint8_t>(*at);
+    return allBits < 0x80;
+}
+
+// Validates a block at the start or at the end of a text. NUL stands for what the block lacks: it
+// may not follow an incomplete sequence.
+bool isWellFormedEdge(std::string_view before, std::string_view bytes) noexcept {
+    std::array<char, kBytesBefore + kBlockBytes> padded{};
+    std::ranges::copy_backward(before, padded.begin() + kBytesBefore);
+    std::ranges::copy(bytes, padded.begin() + kBytesBefore);
+    return isWellFormedBlock(padded.data() + kBytesBefore);
+}
+
 void appendUtf8(std::string& out, char32_t codePoint) {
     const auto byte = [](char32_t bits) { return static_cast<char>(bits); };
     if (codePoint < 0x80) {
@@ -156,13 +203,16 @@ std::string toUtf8(std::u16string_view text) {
 }
 
 bool isWellFormedUtf8(std::string_view text) noexcept {
-    while (!text.empty()) {
-        const DecodedSequence sequence = decodeUtf8(text);
-        if (!sequence.isWellFormed)
+    if (!isWellFormedEdge({}, text.substr(0, kBlockBytes)))
+        return false;
+    std::size_t done = kBlockBytes;
+    for (; done + kBlockBytes <= text.size(); done += kBlockBytes) {
+        const char* const block = text.data() + done;
+        if (!isAsciiBlock(block) && !isWellFormedBlock(block))
             return false;
-        text.remove_prefix(sequence.length);
     }
-    return true;
+    return done > text.size() ||
+           isWellFormedEdge(text.substr(done - kBytesBefore, kBytesBefore), text.substr(done));
 }
 
 bool isWellFormedUtf16(std::u16string_view text) noexcept {
