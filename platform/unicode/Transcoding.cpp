@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -45,37 +46,28 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
-// Widens `Count` bytes, a multiple of eight, if they are all ASCII, and returns whether they are.
-// The fixed size lets the compiler process many bytes at once.
-template <std::size_t Count>
-bool widenAsciiBlock(const char* bytes, char16_t* out) noexcept {
-    std::array<std::uint64_t, Count / sizeof(std::uint64_t)> words;
-    std::memcpy(words.data(), bytes, Count);
-    std::uint64_t allBits = 0;
-    for (const std::uint64_t word : words)
-        allBits |= word;
-    if ((allBits & 0x8080808080808080) != 0)
-        return false;
-    std::transform(bytes, bytes + Count, out, widen);
-    return true;
+// Returns the position of the first byte in memory that has its high bit set; one has.
+std::size_t firstMarkedByte(std::uint64_t word) noexcept {
+    const int bits = std::endian::native == std::endian::little ? std::countr_zero(word)
+                                                                : std::countl_zero(word);
+    return static_cast<std::size_t>(bits) / 8;
 }
 
 // Widens the ASCII bytes at the start of a string and returns their number. Most strings are ASCII
-// or have long runs of it.
+// or have long runs of it. `out` has room for every byte; what lies behind the result is
+// unspecified.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
     const char* const bytes = text.data();
     const std::size_t length = text.size();
     std::size_t done = 0;
-    // In other scripts the only ASCII is often a single space between words: try a small block
-    // before a large one.
-    if (length >= 8 && widenAsciiBlock<8>(bytes, out)) {
-        for (done = 8; length - done >= 32 && widenAsciiBlock<32>(bytes + done, out + done);)
-            done += 32;
-        while (length - done >= 8 && widenAsciiBlock<8>(bytes + done, out + done))
-            done += 8;
-        // Fewer than eight bytes are left: convert the last eight, some of them again.
-        if (length - done < 8 && widenAsciiBlock<8>(bytes + length - 8, out + length - 8))
-            return length;
+    for (; length - done >= 8; done += 8) {
+        // All eight are widened before it is known how many count, which needs no loop over them.
+        std::uint64_t word;
+        std::memcpy(&word, bytes + done, sizeof word);
+        std::transform(bytes + done, bytes + done + 8, out + done, widen);
+        const std::uint64_t beyondAscii = word & 0x8080808080808080;
+        if (beyondAscii != 0)
+            return done + firstMarkedByte(beyondAscii);
     }
     for (; done < length && isAscii(bytes[done]); ++done)
         out[done] = widen(bytes[done]);
