@@ -46,7 +46,7 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
-// Returns the position of the first byte in memory that has its high bit set; one has.
+// Returns the position of the first byte in memory with its high bit set. There must be one.
 std::size_t firstMarkedByte(std::uint64_t word) noexcept {
     const int bits = std::endian::native == std::endian::little ? std::countr_zero(word)
                                                                 : std::countl_zero(word);
@@ -54,14 +54,14 @@ std::size_t firstMarkedByte(std::uint64_t word) noexcept {
 }
 
 // Widens the ASCII bytes at the start of a string and returns their number. Most strings are ASCII
-// or have long runs of it. `out` has room for every byte; what lies behind the result is
-// unspecified.
+// or have long runs of it. `out` has room for as many units as the string has bytes; those after
+// the result are unspecified.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
     const char* const bytes = text.data();
     const std::size_t length = text.size();
     std::size_t done = 0;
     for (; length - done >= 8; done += 8) {
-        // All eight are widened before it is known how many count, which needs no loop over them.
+        // Widening all eight, though not all may count, saves a loop over single bytes.
         std::uint64_t word;
         std::memcpy(&word, bytes + done, sizeof word);
         std::transform(bytes + done, bytes + done + 8, out + done, widen);
