@@ -1,7 +1,8 @@
 # What `cpack -G ZIP` packs for Windows: refdoc with every DLL that it needs and that Windows lacks.
 
 # DLLs of Windows, the only ones that a program may need and the package leaves out.
-set(system_dlls advapi32 kernel32 msvcrt ole32 shell32 user32 ws2_32)
+set(system_dlls
+    advapi32 api-ms-win-core-synch-l1-2-0 bcrypt kernel32 msvcrt ole32 shell32 user32 ws2_32)
 list(JOIN system_dlls "|" system_dlls)
 
 install(CODE "
@@ -24,6 +25,7 @@ install(DIRECTORY ${DOCPARSER_WINDOWS_DEPENDENCIES}/licences
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_FILE_NAME refdoc-${PROJECT_VERSION}-windows-x86_64)
 set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
 set(CPACK_COMPONENTS_ALL libraries refdoc licences)
 set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
 include(CPack)

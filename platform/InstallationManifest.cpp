@@ -122,7 +122,8 @@ std::u16string readFolder(const Node& node, const std::u16string& installFolder)
     if (folder.empty())
         return folder;
     try {
-        if (std::filesystem::path(toNativePath(folder)).is_absolute())
+        // On Windows, \docs and C:docs have a root and are not relative to another folder.
+        if (std::filesystem::path(toNativePath(folder)).has_root_path())
             return folder;
     } catch (const std::system_error& invalidPath) {
         node.fail(invalidPath.what());

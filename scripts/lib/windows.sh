@@ -194,17 +194,16 @@ provide_windows_dependencies() {
     touch "$prefix/complete"
 }
 
-# Makes Wine's folder in a build folder, before many programs ask for it at once.
-wine_environment() {
+# Starts Wine in a build folder, with the locale of this moment. It runs until stop_wine: a server that
+# ends with each program and starts with the next one loses connections.
+start_wine() {
     export WINEPREFIX=$project_folder/$1/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
-    if [ ! -e "$WINEPREFIX/system.reg" ]; then
-        say "Preparing Wine in $1/wine"
-        /usr/lib/wine/wine64 wineboot --init >/dev/null 2>&1
-        stop_wine
-    fi
+    say "Starting Wine in $1/wine"
+    mkdir -p "$WINEPREFIX"
+    /usr/lib/wine/wineserver64 --persistent
+    /usr/lib/wine/wine64 wineboot >/dev/null 2>&1
 }
 
-# Waits until Wine's server of this WINEPREFIX has ended; it keeps the locale that it started with.
 stop_wine() {
     /usr/lib/wine/wineserver64 --kill || true
     /usr/lib/wine/wineserver64 --wait || true

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <span>
 
 namespace docparser_tests {
@@ -200,13 +199,6 @@ std::vector<Lookups> FaultTest::separateLookups() const {
     }
     reset();
     return results;
-}
-
-std::size_t openDescriptors() {
-    // The walk itself has one open, each time.
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
-                      std::filesystem::directory_iterator()));
 }
 
 std::pair<Listing, Listing> describe(const reference::docparser::ProductLists& lists) {

@@ -15,9 +15,18 @@ inline std::u16string native(std::u16string text) {
     return text;
 }
 
+inline std::string native(std::string text) {
+    std::ranges::replace(text, '/', static_cast<char>(platform::kPathSeparator));
+    return text;
+}
+
 /// The text with '/' in place of each separator of this system.
 inline std::u16string portable(std::u16string text) {
     std::ranges::replace(text, platform::kPathSeparator, u'/');
+    return text;
+}
+inline std::string portable(std::string text) {
+    std::ranges::replace(text, static_cast<char>(platform::kPathSeparator), '/');
     return text;
 }
 

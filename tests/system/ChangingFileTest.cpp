@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <set>
@@ -17,7 +18,7 @@ public:
     explicit Meanwhile(std::function<void()> step)
         : thread_([this, step = std::move(step)] {
               while (!isDone_)
-                  step();
+                  attempt(step);
           }) {}
     ~Meanwhile() {
         isDone_ = true;
@@ -27,6 +28,18 @@ public:
     Meanwhile& operator=(const Meanwhile&) = delete;
 
 private:
+    // Windows refuses to change what another thread has open; a later turn succeeds.
+    static void attempt(const std::function<void()>& step) {
+#ifdef _WIN32
+        try {
+            step();
+        } catch (const std::exception&) {
+        }
+#else
+        step();
+#endif
+    }
+
     std::atomic<bool> isDone_ = false;
     std::thread thread_;
 };
@@ -75,6 +88,7 @@ TEST_F(ChangingFileTest, AFileThatIsReplacedIsTheOldOneOrTheNewOne) {
     folder.write("new.json", largeText("new"));
     const Meanwhile writer([&] {
         for (const std::string version : {"new.json", "old.json"}) {
+            std::filesystem::remove(folder.path() / "next");
             std::filesystem::create_hard_link(folder.path() / version, folder.path() / "next");
             std::filesystem::rename(folder.path() / "next", apiPath("Orchard.json"));
         }
@@ -124,7 +138,8 @@ TEST_F(ChangingFileTest, AFolderThatVanishesHasWhatWasFoundBefore) {
     const Meanwhile writer([&] {
         for (const std::string name : {"First", "Second"})
             addLookup(name + ".json", ResourceText(name).str());
-        std::filesystem::remove_all(lookupFolder);
+        for (const std::string name : {"First.json", "Second.json", ""})
+            std::filesystem::remove(lookupPath(name));
     });
     for (int read = 0; read < kReads; ++read) {
         const std::set<std::u16string> listed = namesOf(productsOfLookupFolder().jsonProducts);

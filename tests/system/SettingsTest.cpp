@@ -35,7 +35,7 @@ TEST_F(SettingsTest, ASnapshotOfTheRootsKeepsItsValues) {
     const auto snapshot = DocResourceParser::getReferenceRoots();
     DocResourceParser::setReferenceRoot(u"second");
     EXPECT_EQ(snapshot->root, u"first");
-    EXPECT_EQ(snapshot->referenceApiFolder, u"first/docCatalog/referenceapi");
+    EXPECT_EQ(snapshot->referenceApiFolder, native(u"first/docCatalog/referenceapi"));
     EXPECT_EQ(DocResourceParser::getReferenceRoots()->root, u"second");
     DocResourceParser::restoreDefaultSettings();
     EXPECT_EQ(snapshot->root, u"first");

@@ -24,4 +24,9 @@ function(expect_output expression)
 endfunction()
 
 expect_output("^refdoc ${EXPECTED_VERSION}\n" --version)
-expect_output("\"product\":\"Orchard\"" --install Z:${SAMPLES} show Orchard --json)
+expect_output("\"product\": \"Orchard\"" --install Z:${SAMPLES} show Orchard --json)
+
+# Wine cannot make a junction, but shows a link of the build machine as the folder behind it.
+file(CREATE_LINK ${SAMPLES} ${SCRATCH}/junction SYMBOLIC)
+expect_output("\"product\": \"Orchard\"" --install Z:${SCRATCH}/junction show Orchard --json)
+expect_output("\"installed\"" --install Z:${SCRATCH}/junction lookup --json)

@@ -113,6 +113,7 @@ public:
         : table_(table), app_(sentenceOf(table.summary), std::string(table.program)) {
         app_.require_subcommand(1);
         app_.fallthrough();
+        app_.allow_windows_style_options(false); // "/help" is a path on every system
         app_.footer(footerOf(table));
         for (const OptionEntry& option : table.options)
             addOption(app_, option);

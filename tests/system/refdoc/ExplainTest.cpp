@@ -1,3 +1,4 @@
+#include "tests/support/NativeText.hpp"
 #include "tests/support/Schema.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
@@ -10,6 +11,7 @@ namespace refdoc_tests {
 namespace {
 
 namespace json = boost::json;
+using docparser_tests::portable;
 using docparser_tests::Schema;
 using docparser_tests::ZipBytes;
 using testing::AllOf;
@@ -25,12 +27,16 @@ std::string shortened(std::string text, const std::string& folder) {
 
 class ExplainTest : public RefdocTest {
 protected:
-    // Wide enough for the paths of any folder for temporary files.
+    // Wide enough for the paths of any folder for temporary files. Text has '/' in paths.
     Outcome explain(std::vector<std::string> arguments) const {
+        const bool isText = std::ranges::none_of(
+            arguments, [](const std::string& word) { return word.starts_with("--json"); });
         arguments.insert(arguments.begin(), "explain");
         Outcome outcome = run(std::move(arguments), {.variables = {{"COLUMNS", "100"}}});
         outcome.out = shortened(std::move(outcome.out), path("help/docCatalog"));
         outcome.err = shortened(std::move(outcome.err), path("help/docCatalog"));
+        if (isText)
+            outcome.out = portable(std::move(outcome.out));
         return outcome;
     }
 

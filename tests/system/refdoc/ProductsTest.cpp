@@ -1,3 +1,5 @@
+#include "tests/support/NativeText.hpp"
+#include "tests/support/PosixTest.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 
 #include <boost/json/array.hpp>
@@ -8,6 +10,8 @@
 
 namespace refdoc_tests {
 namespace {
+
+using docparser_tests::native;
 
 using testing::HasSubstr;
 using testing::Not;
@@ -83,8 +87,10 @@ TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
               R"({
   "roots": {
     "root": "r",
-    "lookupFolder": "r/docCatalog/referenceapi_lookup",
-    "referenceApiFolder": "r/docCatalog/referenceapi",
+    "lookupFolder": )" +
+                  boost::json::serialize("r" + native("/docCatalog/referenceapi_lookup")) + R"(,
+    "referenceApiFolder": )" +
+                  boost::json::serialize("r" + native("/docCatalog/referenceapi")) + R"(,
     "supportPackageFolder": "s"
   },
   "language": "en",
@@ -99,7 +105,7 @@ TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
 
 TEST_F(ProductsTest, TextTellsTheSameInTables) {
     const std::string help = path("help");
-    const std::string lookup = help + "/docCatalog/referenceapi_lookup";
+    const std::string lookup = help + native("/docCatalog/referenceapi_lookup");
     const std::string packages = path("packages/help/docCatalog/referenceapi");
     EXPECT_EQ(run({"products"}).out, "Folders\n"
                                      "-------\n"
@@ -107,8 +113,8 @@ TEST_F(ProductsTest, TextTellsTheSameInTables) {
                                          help +
                                          "\n"
                                          "full resource files  " +
-                                         help +
-                                         "/docCatalog/referenceapi\n"
+                                         help + native("/docCatalog/referenceapi") +
+                                         "\n"
                                          "support packages     " +
                                          packages +
                                          "\n"
@@ -125,31 +131,31 @@ TEST_F(ProductsTest, TextTellsTheSameInTables) {
                                          "-------------------\n"
                                          "Name     Language  File\n"
                                          "Orchard  en        " +
-                                         help +
-                                         "/docCatalog/referenceapi/Orchard.json\n"
+                                         help + native("/docCatalog/referenceapi/Orchard.json") +
+                                         "\n"
                                          "\n"
                                          "Full resource files of support packages\n"
                                          "---------------------------------------\n"
                                          "Name    Language  File\n"
                                          "Kit_de  de        " +
-                                         packages +
-                                         "/Kit_de.json\n"
+                                         packages + native("/Kit_de.json") +
+                                         "\n"
                                          "\n"
                                          "Lookup files\n"
                                          "------------\n"
                                          "Name        Language  Kind         File\n"
                                          "Orchard     en        plain file   " +
-                                         lookup +
-                                         "/Orchard.json\n"
+                                         lookup + native("/Orchard.json") +
+                                         "\n"
                                          "Orchard_de  de        plain file   " +
-                                         lookup +
-                                         "/Orchard_de.json\n"
+                                         lookup + native("/Orchard_de.json") +
+                                         "\n"
                                          "Cellar      en        zip package  " +
-                                         lookup +
-                                         "/Cellar.zip\n"
+                                         lookup + native("/Cellar.zip") +
+                                         "\n"
                                          "Cellar_de   de        zip package  " +
-                                         lookup +
-                                         "/Cellar_de.zip\n"
+                                         lookup + native("/Cellar_de.zip") +
+                                         "\n"
                                          "\n"
                                          "Installed products\n"
                                          "------------------\n"
@@ -172,7 +178,7 @@ TEST_F(ProductsTest, TextSaysWhatIsNotThere) {
     EXPECT_THAT(out, HasSubstr("Installed support packages\n--------------------------\nnone\n"));
 }
 
-TEST_F(ProductsTest, AFileNameThatIsNoTextIsPrintedAsText) {
+POSIX_TEST_F(ProductsTest, AFileNameThatIsNoTextIsPrintedAsText) {
     add("help/docCatalog/referenceapi_lookup/a\xff\x1b.json", "");
     EXPECT_THAT(run({"products"}).out, HasSubstr("a\xef\xbf\xbd␛  "));
     const Outcome json = run({"products", "--json"});

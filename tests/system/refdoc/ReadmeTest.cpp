@@ -1,3 +1,4 @@
+#include "tests/support/NativeText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/refdoc/ToolProcess.hpp"
 
@@ -13,6 +14,7 @@
 namespace refdoc_tests {
 namespace {
 
+using docparser_tests::portable;
 using docparser_tests::TemporaryFolder;
 
 constexpr std::string_view kPrompt = "$ refdoc ";
@@ -93,9 +95,9 @@ TEST(ReadmeTest, ShowsWhatTheProgramPrints) {
     for (const Quotation& quotation : shown) {
         const bool isCheck = quotation.arguments.front() == "check";
         const Outcome outcome = runProgram(
-            quotation.arguments,
-            {.folder = isCheck ? damaged.path().string() : std::string(SAMPLES_FOLDER "/..")});
-        EXPECT_TRUE(isQuoted(outcome.out, quotation.output))
+            quotation.arguments, {.folder = isCheck ? docparser_tests::textOf(damaged.path())
+                                                    : std::string(SAMPLES_FOLDER "/..")});
+        EXPECT_TRUE(isQuoted(portable(outcome.out), quotation.output))
             << "refdoc " << testing::PrintToString(quotation.arguments);
         EXPECT_EQ(outcome.status, isCheck ? 1 : 0);
         EXPECT_EQ(outcome.err, "");

@@ -1,11 +1,13 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
 
+#include "tests/support/NativeText.hpp"
+
 #include <boost/json/parse.hpp>
 
 namespace refdoc_tests {
 
 void RefdocTest::add(const std::string& path, std::string_view text) const {
-    folder_.write(path, text);
+    folder_.write(docparser_tests::pathOf(path), text);
 }
 
 void RefdocTest::addResource(const std::string& name, std::string_view text) const {
@@ -21,8 +23,9 @@ void RefdocTest::addManifest(std::string_view text) const {
 }
 
 std::string RefdocTest::path(const std::string& below) const {
-    std::filesystem::path path = below.empty() ? folder_.path() : folder_.path() / below;
-    return path.make_preferred().string();
+    std::filesystem::path path =
+        below.empty() ? folder_.path() : folder_.path() / docparser_tests::pathOf(below);
+    return docparser_tests::textOf(path.make_preferred());
 }
 
 Outcome RefdocTest::run(std::vector<std::string> arguments,

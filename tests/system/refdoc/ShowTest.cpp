@@ -1,8 +1,10 @@
+#include "tests/support/NativeText.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 
 namespace refdoc_tests {
 namespace {
 
+using docparser_tests::native;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -17,7 +19,7 @@ protected:
 
     std::string tried(const std::string& files) const {
         return path("help/docCatalog/referenceapi") + " (" + files + "), " +
-               "/help/docCatalog/referenceapi (" + files + ")";
+               native("/help/docCatalog/referenceapi") + " (" + files + ")";
     }
 };
 
@@ -53,9 +55,10 @@ TEST_F(ShowTest, AMissingProductNamesTheLanguageFilesThatWereTried) {
 TEST_F(ShowTest, AMissingProductNamesTheSupportFolderAsItStands) {
     EXPECT_EQ(
         run({"--root", "no/root", "--support-folder", "no/support", "show", "P"}),
-        (Outcome{1, "",
-                 "refdoc: no resources for \"P\"; tried no/root/docCatalog/referenceapi "
-                 "(P.json), no/support (P.json); --install or --root names another folder\n"}));
+        (Outcome{
+            1, "",
+            "refdoc: no resources for \"P\"; tried no/root" + native("/docCatalog/referenceapi") +
+                " (P.json), no/support (P.json); --install or --root names another folder\n"}));
 }
 
 TEST_F(ShowTest, AMalformedFileIsAsGoodAsAMissingOne) {

@@ -53,7 +53,7 @@ std::string bytesOf(const std::filesystem::path& file) {
 }
 
 // An argument as the program's run-time library takes it apart again.
-std::wstring quoted(std::wstring_view argument) {
+std::wstring inQuotes(std::wstring_view argument) {
     std::wstring text = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t unit : argument) {
@@ -66,9 +66,9 @@ std::wstring quoted(std::wstring_view argument) {
 }
 
 std::wstring commandLine(const std::vector<std::string>& arguments) {
-    std::wstring line = quoted(toWide(REFDOC_PROGRAM));
+    std::wstring line = inQuotes(toWide(REFDOC_PROGRAM));
     for (const std::string& argument : arguments)
-        line += L' ' + quoted(toWide(argument));
+        line += L' ' + inQuotes(toWide(argument));
     return line;
 }
 

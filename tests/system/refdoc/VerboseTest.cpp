@@ -1,12 +1,15 @@
+#include "tests/support/NativeText.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 
 namespace refdoc_tests {
 namespace {
 
+using docparser_tests::native;
+
 class VerboseTest : public RefdocTest {
 protected:
     std::string reading(const std::string& file) const {
-        return "[16] Reading file: " + path("help/docCatalog/") + file + "\n";
+        return "[16] Reading file: " + path("help/docCatalog/" + file) + "\n";
     }
 };
 
@@ -26,8 +29,8 @@ TEST_F(VerboseTest, ShowsThatAProductIsMissingAtBothSeverities) {
         outcome.err,
         testing::StartsWith(
             reading("referenceapi/P.json") + reading("referenceapi/P_de.json") +
-            "[16] Reading file: /help/docCatalog/referenceapi/P.json\n"
-            "[16] Reading file: /help/docCatalog/referenceapi/P_de.json\n"
+            native("[16] Reading file: /help/docCatalog/referenceapi/P.json\n"
+                   "[16] Reading file: /help/docCatalog/referenceapi/P_de.json\n") +
             "[512] DocParserException thrown in getResourceFile for product: P\nrefdoc: no "));
 }
 

@@ -1,3 +1,4 @@
+#include "platform/unicode/Transcoding.hpp"
 #include "tools/refdoc/check/ReportFormats.hpp"
 
 #include <boost/json/serialize.hpp>
@@ -31,8 +32,10 @@ std::string uriOf(std::string_view path) {
 }
 
 std::string fileUriOf(std::string_view path) {
-    // A drive letter needs a slash before it.
-    return (path.starts_with('/') ? "file://" : "file:///") + uriOf(path);
+    if (path.starts_with('/'))
+        return "file://" + uriOf(path);
+    // A drive needs a slash before it and keeps its colon.
+    return "file:///" + std::string(path.substr(0, 2)) + uriOf(path.substr(2));
 }
 
 json::object textObject(std::string_view text) {
@@ -40,7 +43,7 @@ json::object textObject(std::string_view text) {
 }
 
 json::object artifactOf(const ReportedSpot& spot) {
-    if (std::filesystem::path(spot.path).is_absolute())
+    if (std::filesystem::path(platform::toUtf16(spot.path)).is_absolute())
         return {{"uri", fileUriOf(spot.path)}};
     return {{"uri", uriOf(spot.path)}, {"uriBaseId", kSourceRoot}};
 }

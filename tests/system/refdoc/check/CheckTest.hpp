@@ -1,10 +1,12 @@
 #pragma once
 
+#include "tests/support/NativeText.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 #include "tests/system/refdoc/check/SeededTree.hpp"
 
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,13 +22,16 @@ protected:
         return runProgram(arguments, {.variables = {}, .folder = path(), .output = {}});
     }
 
-    void seed() const { writeSeededTree(path()); }
+    void seed() { tree_.emplace(docparser_tests::pathOf(path())); }
 
     /// The text of a file below the test's folder.
     std::string read(const std::string& file) const {
         std::ifstream stream(path(file), std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
+
+private:
+    std::optional<SeededTree> tree_;
 };
 
 inline std::vector<std::string> linesOf(const std::string& text) {

@@ -15,6 +15,8 @@ namespace refdoc_tests {
 namespace {
 
 namespace json = boost::json;
+using docparser_tests::portable;
+using docparser_tests::textOf;
 using refdoc::check::Rule;
 using refdoc::check::rules;
 
@@ -30,6 +32,11 @@ bool isFinding(const json::value& line) {
 
 std::string textAt(const json::value& value, std::string_view pointer) {
     return std::string(value.at_pointer(pointer).as_string());
+}
+
+// Before a drive stands a slash.
+std::string uriOfAbsolute(const std::string& path) {
+    return (path.starts_with('/') ? "file://" : "file:///") + path;
 }
 
 class ReportFormatTest : public CheckTest {
@@ -109,7 +116,7 @@ TEST_F(SarifTest, ItIsOneRunOfOneTool) {
     EXPECT_EQ(textAt(run(), "/tool/driver/semanticVersion"), REFDOC_VERSION);
     EXPECT_EQ(textAt(run(), "/columnKind"), "unicodeCodePoints");
     const std::string base = textAt(run(), "/originalUriBaseIds/%SRCROOT%/uri");
-    EXPECT_EQ(base, "file://" + path() + "/");
+    EXPECT_EQ(base, uriOfAbsolute(portable(path())) + "/");
 }
 
 TEST_F(SarifTest, EachRuleHasHelp) {
@@ -173,16 +180,17 @@ TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
 }
 
 TEST(SarifPaths, AreEscaped) {
+    const std::string drive = textOf(std::filesystem::current_path().root_name());
     const Rule& rule = rules().front();
     const auto report = refdoc::check::sarifReport(
         {{&rule, rule.severity, {"a b/ä:c.json", "", {}, {}}, "m", "0", {}},
-         {&rule, rule.severity, {"/x y.json", "", {}, {}}, "m", "1", {}}},
+         {&rule, rule.severity, {drive + "/x y.json", "", {}, {}}, "m", "1", {}}},
         "/base folder");
     const json::value run = document(report).at_pointer("/runs/0");
     EXPECT_EQ(run.at_pointer("/results/0/locations/0/physicalLocation/artifactLocation"),
               document(R"({"uri": "a%20b/%C3%A4%3Ac.json", "uriBaseId": "%SRCROOT%"})"));
     EXPECT_EQ(run.at_pointer("/results/1/locations/0/physicalLocation/artifactLocation"),
-              document(R"({"uri": "file:///x%20y.json"})"));
+              json::value({{"uri", uriOfAbsolute(drive + "/x%20y.json")}}));
     EXPECT_EQ(textAt(run, "/originalUriBaseIds/%SRCROOT%/uri"), "file:///base%20folder/");
 }
 

@@ -92,7 +92,6 @@ void writeLookups(const fs::path& folder) {
           section("orchard", R"({"name": "graft", "href": "graft.html", "refpurpose": ""})"));
     write(folder / "Lonely.json",
           section("lonely", R"({"name": "alone", "href": "alone.html", "refpurpose": ""})"));
-    fs::create_symlink(folder / "nothing", folder / "Gone.json");
     write(folder / "Broken.zip", "this is no package");
     write(folder / "Locked.zip", zip({{.name = "Locked.json",
                                        .content = section("locked", ""),
@@ -105,13 +104,18 @@ void writeLookups(const fs::path& folder) {
                {.name = "readme.txt", .content = "counts"}}));
 }
 
-} // namespace
-
-void writeSeededTree(const fs::path& folder) {
+// Returns the folder.
+const fs::path& writeTree(const fs::path& folder) {
     write(folder / "installation.json", kManifest);
     writeResources(folder / "help/docCatalog/referenceapi");
     writeLookups(folder / "help/docCatalog/referenceapi_lookup");
     write(folder / "packages/help/docCatalog/referenceapi/Orchard.json", section("orchard", ""));
+    return folder;
 }
+
+} // namespace
+
+SeededTree::SeededTree(const fs::path& folder)
+    : gone_(writeTree(folder) / "help/docCatalog/referenceapi_lookup/Gone.json") {}
 
 } // namespace refdoc_tests

@@ -1,11 +1,19 @@
 #pragma once
 
+#include "tests/support/UnopenableFile.hpp"
+
 #include <filesystem>
 
 namespace refdoc_tests {
 
-/// Writes an install folder in which each rule of `refdoc check` has exactly one finding.
-/// \param folder  is there and empty
-void writeSeededTree(const std::filesystem::path& folder);
+/// An install folder in which each rule of `refdoc check` has exactly one finding.
+class SeededTree {
+public:
+    /// \param folder  exists and is empty
+    explicit SeededTree(const std::filesystem::path& folder);
+
+private:
+    docparser_tests::UnopenableFile gone_;
+};
 
 } // namespace refdoc_tests

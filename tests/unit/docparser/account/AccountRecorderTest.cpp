@@ -2,6 +2,7 @@
 
 #include "docparser/account/RetrievalRecording.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
+#include "tests/support/NativeText.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +16,7 @@
 namespace reference::docparser {
 namespace {
 
+using docparser_tests::native;
 using property::RefItemLookup;
 using testing::ElementsAre;
 using testing::Field;
@@ -90,7 +92,7 @@ TEST_F(AccountRecorderTest, NamesTheEntriesOfAPackage) {
                         .fate = Fate::SkippedName},
             FileAccount{.role = FileRole::Lookup, .path = u"a/P.zip", .entry = u"en/P.json"},
             FileAccount{.role = FileRole::Lookup,
-                        .path = u"a/P_ja.json",
+                        .path = native(u"a/P_ja.json"),
                         .isTranslation = true,
                         .fate = Fate::SkippedLanguage}));
 }

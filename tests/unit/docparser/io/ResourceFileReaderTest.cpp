@@ -1,6 +1,7 @@
 #include "docparser/io/ResourceFileReader.hpp"
 
 #include "tests/support/LogCapture.hpp"
+#include "tests/support/NativeText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
@@ -14,6 +15,7 @@ namespace {
 using docparser_tests::LogCapture;
 using docparser_tests::LogLine;
 using docparser_tests::TemporaryFolder;
+using docparser_tests::textOf;
 using testing::ElementsAre;
 
 class ResourceFileReader : public testing::Test {
@@ -49,12 +51,12 @@ TEST_F(ResourceFileReader, ReturnsAnEmptyStringForAnEmptyOrMissingFileOrAFolder)
 }
 
 TEST_F(ResourceFileReader, LogsThePathWhetherOrNotTheFileCanBeRead) {
-    const std::string path = folder.write("Orchard.json", "{}").string();
+    folder.write("Orchard.json", "{}");
     const LogCapture log;
     read(folder.u16() + u"/Orchard.json");
     read(folder.u16() + u"/Missing.json");
-    EXPECT_THAT(log.lines(), ElementsAre(readingLine(path),
-                                         readingLine(folder.path().string() + "/Missing.json")));
+    EXPECT_THAT(log.lines(), ElementsAre(readingLine(textOf(folder.path()) + "/Orchard.json"),
+                                         readingLine(textOf(folder.path()) + "/Missing.json")));
 }
 
 #ifdef __linux__

@@ -1,3 +1,4 @@
+#include "tests/support/OpenDescriptors.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
@@ -12,6 +13,7 @@ namespace docparser_tests {
 
 namespace {
 
+using docparser_tests::openDescriptors;
 using opc::qorservices::FileSystemEntry;
 using opc::qorservices::FileSystemManager;
 using testing::HasSubstr;
@@ -29,11 +31,6 @@ static_assert(static_cast<int>(opc::TransformMode::Decoded) == 1);
 ZipBytes twoFiles() {
     return {.entries = {{.name = "en/a.json", .content = "first"},
                         {.name = "en/b.json", .content = "second", .method = kDeflated}}};
-}
-
-std::size_t openDescriptors() {
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
 }
 
 TEST_F(PackageLifetimeTest, CopyOfAnEntryStandsForTheSameFile) {
@@ -106,7 +103,7 @@ TEST_F(PackageLifetimeTest, UnfinishedStreamLeavesNothingOpen) {
         char byte = 0;
         EXPECT_EQ(stream->read(&byte, 1), 1U);
     }
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_LE(openDescriptors(), before);
 }
 
 TEST_F(PackageLifetimeTest, ManyPackagesLeaveNoDescriptorOpen) {
@@ -120,7 +117,7 @@ TEST_F(PackageLifetimeTest, ManyPackagesLeaveNoDescriptorOpen) {
         EXPECT_THROW(OpenPackage{bad}, opc::PackageError);
         EXPECT_THROW(OpenPackage(damaged).read(0), opc::PackageError);
     }
-    EXPECT_EQ(openDescriptors(), before);
+    EXPECT_LE(openDescriptors(), before);
 }
 
 TEST_F(PackageLifetimeTest, OneSelectorServesPackagesOnManyThreads) {

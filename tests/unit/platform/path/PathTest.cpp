@@ -119,7 +119,7 @@ TEST(PathTest, NativeFormHasTheSeparatorsOfTheSystem) {
 
 TEST(PathTest, ConvertsToTheFormOfTheSystem) {
     EXPECT_EQ(make_native_access_form_with_cleanup_i18n(u"/\u6771/P.json"),
-              std::filesystem::path(u"/\u6771/P.json").native());
+              std::filesystem::path(u"/\u6771/P.json").make_preferred().native());
     EXPECT_THROW(make_native_access_form_with_cleanup_i18n(u16string{u'a', u'\0'}),
                  std::system_error);
 }

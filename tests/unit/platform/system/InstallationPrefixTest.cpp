@@ -6,6 +6,11 @@ namespace platform {
 
 namespace {
 
+// An absolute path as this system has it: with a drive on Windows.
+std::filesystem::path onThisDrive(const char* path) {
+    return std::filesystem::current_path().root_name() / path;
+}
+
 struct TreeCase {
     const char* libraryFolder;
     const char* relativeFolder;
@@ -29,17 +34,19 @@ TEST(InstallationPrefixTest, IsTheLibraryFolderWithoutTheLibrarysRelativeFolder)
         {"/usr", ".", "/usr"},
     };
     for (const TreeCase& one : cases) {
-        const auto root = rootOfInstalledTree(one.libraryFolder, one.relativeFolder);
+        const auto root = rootOfInstalledTree(onThisDrive(one.libraryFolder), one.relativeFolder);
         EXPECT_EQ(root.has_value(), one.root != nullptr)
             << one.libraryFolder << ' ' << one.relativeFolder;
-        EXPECT_EQ(root.value_or(""), one.root == nullptr ? "" : one.root) << one.libraryFolder;
+        EXPECT_EQ(root.value_or(""), one.root == nullptr ? "" : onThisDrive(one.root))
+            << one.libraryFolder;
     }
 }
 
 TEST(InstallationPrefixTest, IsUnknownIfTheLibraryWasBuiltForAnAbsoluteFolder) {
-    EXPECT_FALSE(rootOfInstalledTree("/opt/lib", "/opt/lib"));
-    EXPECT_FALSE(rootOfInstalledTree("/opt/lib", "/"));
-    EXPECT_FALSE(rootOfInstalledTree("/", "/"));
+    for (const char* folder : {"/opt/lib", "/"}) {
+        EXPECT_FALSE(rootOfInstalledTree(onThisDrive("/opt/lib"), onThisDrive(folder)));
+        EXPECT_FALSE(rootOfInstalledTree(onThisDrive("/"), onThisDrive(folder)));
+    }
 }
 
 TEST(InstallationPrefixTest, IsUnknownIfTheLibraryFolderIsNotAbsolute) {

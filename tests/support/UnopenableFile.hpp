@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#ifdef _WIN32
+#include <system_error>
+
+#include <windows.h>
+#endif
+
+namespace docparser_tests {
+
+/// A name that a folder lists and that cannot be opened while the object lives: a link that leads
+/// nowhere or, on Windows, a file that this process does not share.
+class UnopenableFile {
+public:
+#ifdef _WIN32
+    explicit UnopenableFile(const std::filesystem::path& path)
+        : handle_(::CreateFileW(path.c_str(), GENERIC_WRITE, /*dwShareMode=*/0, nullptr, CREATE_NEW,
+                                FILE_ATTRIBUTE_NORMAL, nullptr)) {
+        if (handle_ == INVALID_HANDLE_VALUE)
+            throw std::system_error(static_cast<int>(::GetLastError()), std::system_category());
+    }
+    ~UnopenableFile() { ::CloseHandle(handle_); }
+#else
+    explicit UnopenableFile(const std::filesystem::path& path) {
+        std::filesystem::create_symlink("nothing", path);
+    }
+#endif
+    UnopenableFile(const UnopenableFile&) = delete;
+    UnopenableFile& operator=(const UnopenableFile&) = delete;
+
+#ifdef _WIN32
+private:
+    HANDLE handle_;
+#endif
+};
+
+} // namespace docparser_tests
