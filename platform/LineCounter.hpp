@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -23,21 +24,27 @@ public:
     /// point. An offset past the end of the text means the end.
     /// \param offset  at least that of the previous call, so that the text is read only once
     LineAndColumn positionOf(std::size_t offset) noexcept {
-        for (; offset_ < offset && offset_ < text_.size(); ++offset_) {
-            if (text_[offset_] == '\n') {
-                ++position_.line;
-                position_.column = 1;
-            } else if (!isContinuation(offset_ + 1)) {
-                ++position_.column;
-            }
+        const std::string_view passed = text_.substr(0, offset);
+        for (std::size_t end = passed.find('\n', offset_); end != passed.npos;
+             end = passed.find('\n', offset_)) {
+            offset_ = end + 1;
+            position_ = {position_.line + 1, 1};
         }
+        if (offset_ < passed.size())
+            passColumns(passed.size());
         return position_;
     }
 
 private:
-    // Whether the byte continues a code point.
-    bool isContinuation(std::size_t offset) const noexcept {
-        return offset < text_.size() && (static_cast<unsigned char>(text_[offset]) & 0xC0U) == 0x80;
+    // A column is passed where the byte after it starts another code point, or the text ends.
+    void passColumns(std::size_t end) noexcept {
+        const auto isContinuation = [](char byte) {
+            return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+        };
+        const std::string_view next = text_.substr(offset_ + 1, end - offset_);
+        const auto continuations = std::ranges::count_if(next, isContinuation);
+        position_.column += end - offset_ - static_cast<std::size_t>(continuations);
+        offset_ = end;
     }
 
     std::string_view text_;

@@ -10,7 +10,7 @@ import tables
 # The first pattern that a function's line matches has its instructions.
 SHARES = (
     ("allocator", r"malloc\.c|arena\.c|operator (new|delete)"),
-    ("inflating", r"libz\.so|libzip"),
+    ("inflating", r"libz\.so|libzip|libdeflate"),
     ("validating UTF-8", r"isWellFormed|isValidatedInAdvance"),
     ("making text", r"fl::i18n|getFluString|StringConverters|platform::.*(toUtf16|::decode\()"),
     ("JSON parser and document", r"libboost_json|^[^(]*\bboost::json::"),

@@ -137,10 +137,17 @@ private:
     void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
 
     void skipString() {
-        for (++at_; at_ < text_.size() && text_[at_] != '"'; ++at_)
-            at_ += text_[at_] == '\\' ? 1 : 0;
-        at_ = std::min(at_ + 1, text_.size());
+        std::size_t quote = text_.find('"', ++at_);
+        for (std::size_t escape = findEscape(quote); escape != text_.npos;
+             escape = findEscape(quote)) {
+            at_ = escape + 2;
+            if (at_ > quote) // it was the escaped character
+                quote = text_.find('"', at_);
+        }
+        at_ = quote < text_.size() ? quote + 1 : text_.size();
     }
+
+    std::size_t findEscape(std::size_t end) const { return text_.substr(0, end).find('\\', at_); }
 
     // Skips a value and everything in it; at least one character, so that every walk ends.
     void skipValue() {
@@ -155,6 +162,8 @@ private:
                 ++at_;
             } else if (character == '}' || character == ']') {
                 depth -= depth == 0 ? 0 : 1;
+                ++at_;
+            } else if (depth > 0) {
                 ++at_;
             } else {
                 at_ = std::min(text_.find_first_of("\"{}[],: \t\r\n", at_ + 1), text_.size());

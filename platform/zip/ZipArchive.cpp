@@ -15,6 +15,17 @@ namespace {
 // Enough for the records that lead to a directory, even if the tail of a file is full of them.
 constexpr std::uint64_t kEndRecordBytes = std::uint64_t{512} << 10;
 
+// Larger entries are rare, and libzip does not hold their whole content in memory.
+constexpr zip_uint64_t kMostSmallBytes = zip_uint64_t{1} << 20;
+
+bool isSmallAndDeflated(const zip_stat_t& description) noexcept {
+    constexpr zip_uint64_t kNeeded = ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC |
+                                     ZIP_STAT_COMP_METHOD | ZIP_STAT_ENCRYPTION_METHOD;
+    return (description.valid & kNeeded) == kNeeded && description.comp_method == ZIP_CM_DEFLATE &&
+           description.encryption_method == ZIP_EM_NONE && description.size <= kMostSmallBytes &&
+           description.comp_size <= kMostSmallBytes;
+}
+
 std::string messageOf(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
@@ -133,6 +144,34 @@ ZipFileHandle ZipArchive::openEntry(std::uint64_t index) {
     if (!entry)
         throw ZipError(entryFailure(index, zip_strerror(archive_.get())));
     return entry;
+}
+
+std::unique_ptr<char[]> ZipArchive::readSmallEntry(std::uint64_t index,
+                                                   const zip_stat_t& description) {
+    std::unique_ptr<char[]> result;
+    if (!isSmallAndDeflated(description))
+        return result;
+    const auto packedSize = static_cast<std::size_t>(description.comp_size);
+    const auto size = static_cast<std::size_t>(description.size);
+    // A failure is not reported: libzip reads the entry next, and if it fails too, says why.
+    ignoreFailure([&] {
+        const std::unique_ptr<char[]> packed = readPacked(index, packedSize);
+        if (!packed)
+            return;
+        auto content = std::make_unique_for_overwrite<char[]>(size);
+        if (inflater_.inflate({packed.get(), packedSize}, {content.get(), size}, description.crc))
+            result = std::move(content);
+    });
+    return result;
+}
+
+std::unique_ptr<char[]> ZipArchive::readPacked(std::uint64_t index, std::size_t length) {
+    auto packed = std::make_unique_for_overwrite<char[]>(length);
+    const ZipFileHandle entry(zip_fopen_index(archive_.get(), index, ZIP_FL_COMPRESSED));
+    if (entry && zip_fread(entry.get(), packed.get(), length) == static_cast<zip_int64_t>(length))
+        return packed;
+    source_.takeReadFailure(); // or entryFailure() would report it for a later failure
+    return nullptr;
 }
 
 std::string ZipArchive::entryFailure(std::uint64_t index, std::string_view reason) {

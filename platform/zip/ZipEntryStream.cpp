@@ -12,16 +12,26 @@ ZipEntryStream::ZipEntryStream(std::shared_ptr<ZipArchive> archive, std::uint64_
     : archive_(std::move(archive)),
       index_(index),
       limits_(readLimits()),
-      description_(archive_->entryDescription(index)),
-      entry_(archive_->openEntry(index)) {
-    if (description_.size > affordableBytes())
+      description_(archive_->entryDescription(index)) {
+    const bool isAffordable = description_.size <= affordableBytes();
+    if (isAffordable)
+        content_ = archive_->readSmallEntry(index, description_);
+    if (content_)
+        return;
+    entry_ = archive_->openEntry(index);
+    if (!isAffordable)
         failAtLimit(description_.size);
+}
+
+void ZipEntryStream::close() noexcept {
+    content_.reset();
+    entry_.reset();
 }
 
 template <class Error>
 void ZipEntryStream::fail(std::string_view reason) {
     const Error failure(archive_->entryFailure(index_, reason));
-    entry_.reset();
+    close();
     throw failure;
 }
 
@@ -36,14 +46,14 @@ void ZipEntryStream::failAtLimit(std::uint64_t bytes) {
 std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     if (isComplete_ || length == 0)
         return 0;
-    if (!entry_)
+    if (!isOpen())
         fail("it has failed before");
 
     letCancellationPass();
     const std::uint64_t affordable = affordableBytes();
     // Asking for one byte beyond the limit tells an entry that ends there from a longer one.
     const std::uint64_t asked = affordable < length ? affordable + 1 : length;
-    const zip_int64_t answer = zip_fread(entry_.get(), buffer, asked);
+    const zip_int64_t answer = copyNext(buffer, asked);
     if (answer < 0)
         fail(zip_file_strerror(entry_.get()));
     if (answer == 0) {
@@ -58,6 +68,14 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
     if (deliveredBytes_ > description_.size)
         fail("it is larger than the package says");
     return static_cast<std::size_t>(count);
+}
+
+zip_int64_t ZipEntryStream::copyNext(char* buffer, std::uint64_t length) {
+    if (entry_)
+        return zip_fread(entry_.get(), buffer, length);
+    const std::uint64_t count = std::min(length, description_.size - deliveredBytes_);
+    std::copy_n(content_.get() + deliveredBytes_, count, buffer);
+    return static_cast<zip_int64_t>(count);
 }
 
 std::uint64_t ZipEntryStream::affordableBytes() const noexcept {
@@ -75,7 +93,7 @@ void ZipEntryStream::finish() {
     if (deliveredBytes_ == 0 && (description_.valid & ZIP_STAT_CRC) != 0 && description_.crc != 0)
         fail("its checksum is wrong");
     isComplete_ = true;
-    entry_.reset();
+    close();
 }
 
 } // namespace platform::zip

@@ -26,6 +26,10 @@ public:
 
 private:
     std::uint64_t affordableBytes() const noexcept;
+    bool isOpen() const noexcept { return content_ || entry_; }
+    void close() noexcept;
+    /// Copies the next bytes; returns what zip_fread() does.
+    zip_int64_t copyNext(char* buffer, std::uint64_t length);
     void finish();
     template <class Error = ZipError>
     [[noreturn]] void fail(std::string_view reason);
@@ -36,7 +40,9 @@ private:
     std::uint64_t index_;
     ReadLimits limits_;
     zip_stat_t description_;
-    ZipFileHandle entry_; // null at the end and after a failure
+    // One of the two, as ZipArchive::readSmallEntry() decides; none at the end and after a failure.
+    std::unique_ptr<char[]> content_;
+    ZipFileHandle entry_;
     std::uint64_t deliveredBytes_ = 0;
     bool isComplete_ = false;
 };

@@ -9,6 +9,7 @@ build_packages=(
     libboost-json1.81-dev
     libboost-log1.81-dev
     libzip-dev
+    libdeflate-dev
     libcli11-dev
     libfmt-dev
 )

@@ -134,6 +134,15 @@ build_libzip() {
         -DBUILD_{TOOLS,REGRESS,EXAMPLES,DOC}=OFF
 }
 
+# The Makefile names the static library as Microsoft's linker expects it.
+build_libdeflate() {
+    local archives=$1 prefix=$2 source=$3/libdeflate
+    unpack "$archives"/libdeflate_*.orig.tar.gz "$source"
+    make --silent --directory "$source" DISABLE_SHARED=1 PREFIX="$prefix" \
+        CC=x86_64-w64-mingw32-gcc-posix AR=x86_64-w64-mingw32-ar install
+    mv "$prefix/lib/libdeflatestatic.lib" "$prefix/lib/libdeflate.a"
+}
+
 build_fmt() {
     local archives=$1 prefix=$2 source=$3/fmt
     unpack "$archives"/fmtlib_*.orig.tar.gz "$source"
@@ -161,6 +170,7 @@ copy_licences() {
     mkdir -p "$prefix/licences"
     cp "$source/boost/LICENSE_1_0.txt" "$prefix/licences/boost.txt"
     cp "$source/libzip/LICENSE" "$prefix/licences/libzip.txt"
+    cp "$source/libdeflate/COPYING" "$prefix/licences/libdeflate.txt"
     cp "$source/fmt/LICENSE.rst" "$prefix/licences/fmt.txt"
     for package in libz-mingw-w64-dev gcc-mingw-w64-base mingw-w64-x86-64-dev; do
         cp "/usr/share/doc/$package/copyright" "$prefix/licences/$package.txt"
@@ -179,11 +189,12 @@ provide_windows_dependencies() {
     local scratch=$prefix.scratch
     rm -rf "$prefix" "$scratch"
     mkdir -p "$prefix" "$scratch"
-    say "Fetching Debian source packages: boost1.81 libzip fmtlib"
-    fetch_sources "$scratch/archives" boost1.81 libzip fmtlib
-    say "Building Boost, libzip, fmt and GoogleTest for Windows into $prefix; this takes a few minutes"
+    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib"
+    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib
+    say "Building the libraries and GoogleTest for Windows into $prefix; this takes a few minutes"
     build_boost "$scratch/archives" "$prefix" "$scratch"
     build_libzip "$scratch/archives" "$prefix" "$scratch"
+    build_libdeflate "$scratch/archives" "$prefix" "$scratch"
     build_fmt "$scratch/archives" "$prefix" "$scratch"
     cp --recursive /usr/src/googletest "$scratch/googletest"
     cross_build "$scratch/googletest" "$prefix"
@@ -194,14 +205,16 @@ provide_windows_dependencies() {
     touch "$prefix/complete"
 }
 
-# Starts Wine in a build folder, with the locale of this moment. It runs until stop_wine: a server that
-# ends with each program and starts with the next one loses connections.
+# start_wine BUILD-FOLDER LOCALE
+#
+# Starts Wine in a build folder. It runs until stop_wine: a server that ends with each program and starts
+# with the next one loses connections.
 start_wine() {
     export WINEPREFIX=$project_folder/$1/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
     say "Starting Wine in $1/wine"
     mkdir -p "$WINEPREFIX"
-    /usr/lib/wine/wineserver64 --persistent
-    /usr/lib/wine/wine64 wineboot >/dev/null 2>&1
+    LC_ALL=$2 /usr/lib/wine/wineserver64 --persistent
+    LC_ALL=$2 /usr/lib/wine/wine64 wineboot >/dev/null 2>&1
 }
 
 stop_wine() {

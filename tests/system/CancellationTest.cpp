@@ -1,13 +1,13 @@
 #include "tests/support/Cancellation.hpp"
 
 #include "tests/support/LogCallback.hpp"
+#include "tests/support/OpenDescriptors.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
 #include "tests/system/Watchdog.hpp"
 
 #include <filesystem>
 #include <functional>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -33,11 +33,6 @@ protected:
         addLookup("Packed.zip", zip.build());
     }
 
-    static std::ptrdiff_t openFiles() {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
-                             std::filesystem::directory_iterator());
-    }
-
     static void read() {
         DocResourceParser::getResourceFile(u"Orchard");
         DocResourceParser::getResourceLookupFiles();
@@ -58,7 +53,7 @@ protected:
 
 TEST_F(CancellationTest, ThreadIsUnwoundAtWhateverLogLineItIsCancelled) {
     constexpr int kLines = 5;
-    const auto openBefore = openFiles();
+    const auto openBefore = openDescriptors();
     for (int line = 0; line < kLines; ++line) {
         SCOPED_TRACE(line);
         {
@@ -71,7 +66,7 @@ TEST_F(CancellationTest, ThreadIsUnwoundAtWhateverLogLineItIsCancelled) {
             });
             EXPECT_TRUE(isCancelledIn(read));
         }
-        EXPECT_EQ(openFiles(), openBefore);
+        EXPECT_LE(openDescriptors(), openBefore);
         expectEverythingWorks();
     }
 }
@@ -93,7 +88,7 @@ TEST_F(CancellationTest, ThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
 
 TEST_F(CancellationTest, ThreadThatIsCancelledWhileItsPackageIsOpenClosesIt) {
     std::filesystem::remove(lookupPath("Orchard.json"));
-    const auto openBefore = openFiles();
+    const auto openBefore = openDescriptors();
     int questions = 0;
     host->onProducts = [&questions] {
         if (++questions == 2)
@@ -105,7 +100,7 @@ TEST_F(CancellationTest, ThreadThatIsCancelledWhileItsPackageIsOpenClosesIt) {
         sections = DocResourceParser::getResourceLookupFiles().notInstalled.size();
     }));
     EXPECT_EQ(sections, 2U);
-    EXPECT_EQ(openFiles(), openBefore);
+    EXPECT_LE(openDescriptors(), openBefore);
 }
 
 } // namespace

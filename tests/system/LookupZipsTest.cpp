@@ -2,6 +2,7 @@
 #include "platform/package/Package.hpp"
 #include "platform/package/StorageSystem.hpp"
 #include "platform/package/ZipPhysicalPackage.hpp"
+#include "tests/support/OpenDescriptors.hpp"
 #include "tests/support/PosixTest.hpp"
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/SystemTest.hpp"
@@ -340,16 +341,13 @@ TEST_F(LookupZipsTest, PackagesOfPathsBeyondAsciiAreRead) {
 }
 
 TEST_F(LookupZipsTest, NothingStaysOpen) {
-    const auto openFiles = [] {
-        const std::filesystem::directory_iterator descriptors("/proc/self/fd");
-        return std::distance(begin(descriptors), end(descriptors));
-    };
     addZip("Good.zip", {entry("Good.json", "good")});
     addLookup("NoZip.zip", "this is no package");
-    const auto before = openFiles();
+    read();
+    const std::size_t before = openDescriptors();
     for (int i = 0; i < 50; ++i)
         read();
-    EXPECT_EQ(openFiles(), before);
+    EXPECT_LE(openDescriptors(), before);
 }
 
 static_assert(!std::is_copy_assignable_v<ProductZipData>);

@@ -125,6 +125,9 @@ std::u16string visibleLine(std::u16string_view text) {
 }
 
 std::string visibleLine(std::string_view text) {
+    const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
+    if (std::ranges::all_of(text, isPlain))
+        return std::string(text);
     return fl::i18n::to_string(visibleLine(fl::i18n::to_ustring(text)));
 }
 

@@ -114,6 +114,8 @@ bool isLoss(const RecordAccount& record) {
 
 void addLossesOf(const SectionAccount& section, const LoadAccount& account,
                  const std::vector<SourceFile>& sources, std::set<Loss>& losses) {
+    if (std::ranges::none_of(section.records, isLoss))
+        return;
     std::map<std::tuple<std::size_t, std::u16string_view, std::u16string_view>, std::size_t> seen;
     for (const RecordAccount& record : section.records) {
         const std::size_t occurrence = seen[{record.file, record.name, record.href}]++;
@@ -125,7 +127,7 @@ void addLossesOf(const SectionAccount& section, const LoadAccount& account,
         // A translation is there to replace what has the same link.
         if (isHidden && isSameHref)
             continue;
-        losses.insert({sources[record.file], sources[record.winner], section.key, record.name,
+        losses.insert({section.key, sources[record.file], sources[record.winner], record.name,
                        record.href, occurrence, isSameHref, isHidden});
     }
 }

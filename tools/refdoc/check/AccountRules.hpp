@@ -24,12 +24,12 @@ void addAccountFindings(const LoadAccount& account, const std::vector<SourceFile
 
 /// A lookup record that was lost when two sections were combined.
 struct Loss {
+    std::u16string section; // first, because it tells most losses apart
     SourceFile loser;
     SourceFile winner;
-    std::u16string section;
     std::u16string name;
     std::u16string href;
-    std::size_t occurrence; ///< which of the file's records with this name and href
+    std::size_t occurrence; ///< which of the loser's records with this name and href
     bool isSameHref;        ///< the winner has the href; else it has no fewer records of the name
     bool isHidden;          ///< by a translation; else by another file of the same language
 

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 #include <unordered_set>
 #include <utility>
 
@@ -18,25 +19,26 @@ using reference::docparser::DocResourceParser;
 
 namespace {
 
-using Texts = std::unordered_set<std::u16string>;
+// Appends a part of a path; ".." removes the last one instead.
+void addPart(std::u16string_view part, std::u16string& path) {
+    if (part == u".." && !path.empty()) {
+        const std::size_t last = path.rfind(u'/');
+        path.erase(last == path.npos ? 0 : last);
+    } else if (!part.empty() && part != u".") {
+        path.append(path.empty() ? u"" : u"/").append(part);
+    }
+}
 
 // The path without "." and ".." and what follows "#".
 std::u16string normalized(std::u16string_view location, std::u16string_view link) {
-    std::u16string path(location);
-    path.append(path.empty() ? u"" : u"/").append(link.substr(0, link.find(u'#')));
-    std::vector<std::u16string_view> parts;
-    for (std::size_t start = 0; start <= path.size();) {
-        const std::size_t end = std::min(path.find(u'/', start), path.size());
-        const std::u16string_view part = std::u16string_view(path).substr(start, end - start);
-        start = end + 1;
-        if (part == u".." && !parts.empty())
-            parts.pop_back();
-        else if (!part.empty() && part != u".")
-            parts.push_back(part);
-    }
     std::u16string result;
-    for (const std::u16string_view part : parts)
-        result.append(result.empty() ? u"" : u"/").append(part);
+    for (const std::u16string_view path : {location, link.substr(0, link.find(u'#'))}) {
+        for (std::size_t start = 0; start <= path.size();) {
+            const std::size_t end = std::min(path.find(u'/', start), path.size());
+            addPart(path.substr(start, end - start), result);
+            start = end + 1;
+        }
+    }
     return result;
 }
 
@@ -59,16 +61,15 @@ public:
     void askAll() {
         const bool isInstallationKnown = isAnythingInstalled();
         for (const auto& [key, section] : run_.lookups) {
-            addTargets(section.helpLocation, section.records);
             if (section.isInstalled || !isInstallationKnown)
                 askAboutLookup(key, section);
         }
         for (const auto& [product, sections] : run_.products) {
-            for (const auto& [key, section] : sections) {
-                addTargets(section.helpLocation, section.pages);
+            for (const auto& [key, section] : sections)
                 askAboutPages(key, section);
-            }
         }
+        forEachTarget(
+            [&](std::u16string_view, std::u16string_view href) { targets_.insert(href); });
         for (const auto& [product, sections] : run_.products) {
             for (const auto& [key, section] : sections)
                 askAboutLinks(key, section);
@@ -76,12 +77,31 @@ public:
     }
 
 private:
-    template <class Records>
-    void addTargets(const std::u16string& helpLocation, const Records& records) {
-        for (const auto& record : records) {
-            targets_.insert(record.href);
-            locatedTargets_.insert(normalized(helpLocation, record.href));
+    // Calls use(helpLocation, href) for every record and item.
+    template <class Use>
+    void forEachTarget(Use use) const {
+        for (const auto& [key, section] : run_.lookups) {
+            for (const LookupRecord& record : section.records)
+                use(section.helpLocation, record.href);
         }
+        for (const auto& [product, sections] : run_.products) {
+            for (const auto& [key, section] : sections) {
+                for (const Page& page : section.pages)
+                    use(section.helpLocation, page.href);
+            }
+        }
+    }
+
+    bool isTarget(std::u16string_view helpLocation, const std::u16string& link) {
+        if (targets_.contains(link))
+            return true;
+        if (!locatedTargets_) {
+            locatedTargets_.emplace();
+            forEachTarget([&](std::u16string_view location, std::u16string_view href) {
+                locatedTargets_->insert(normalized(location, href));
+            });
+        }
+        return locatedTargets_->contains(normalized(helpLocation, link));
     }
 
     void askAboutLookup(const std::u16string& key, const LookupSection& section) {
@@ -148,8 +168,7 @@ private:
 
     void askAboutLinks(const std::u16string& key, const FullSection& section) {
         for (const std::u16string& link : section.links) {
-            if (leavesDocumentation(link) || targets_.contains(link) ||
-                locatedTargets_.contains(normalized(section.helpLocation, link)))
+            if (leavesDocumentation(link) || isTarget(section.helpLocation, link))
                 continue;
             ask(FileRole::Resources, key, RuleId::BrokenLink, {.link = link}, [&] {
                 return fmt::format("no product has an item with the link \"{}\"", to_string(link));
@@ -167,8 +186,9 @@ private:
 
     const LanguageRun& run_;
     Questions& questions_;
-    Texts targets_;        // links as they stand
-    Texts locatedTargets_; // links below their help location
+    std::unordered_set<std::u16string_view> targets_; // links as they stand
+    // Links below their help location; needed only for a link that is none of the others.
+    std::optional<std::unordered_set<std::u16string>> locatedTargets_;
 };
 
 // Where the manifest names an installed product or package; what it does not name, the reference

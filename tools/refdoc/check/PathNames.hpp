@@ -3,8 +3,8 @@
 #include "tools/refdoc/check/Finding.hpp"
 
 #include <filesystem>
-#include <map>
 #include <string>
+#include <unordered_map>
 
 namespace refdoc::check {
 
@@ -32,7 +32,7 @@ private:
     std::filesystem::path base_;
     std::filesystem::path from_;
     std::filesystem::path to_;
-    mutable std::map<std::u16string, std::string> known_; // many findings name few files
+    mutable std::unordered_map<std::u16string, std::string> known_; // many findings name few files
 };
 
 } // namespace refdoc::check

@@ -12,12 +12,17 @@ using reference::docparser::ValuePlace;
 
 void findPlaces(std::vector<Finding>& findings) {
     std::map<SourceFile, std::vector<Spot*>> files;
+    auto current = files.end(); // most spots lie in the file of the previous one
     const auto want = [&](Spot& spot) {
-        if (spot.pointer && !spot.place)
-            files[spot.file].push_back(&spot);
+        if (!spot.pointer || spot.place)
+            return;
+        if (current == files.end() || current->first != spot.file)
+            current = files.try_emplace(spot.file).first;
+        current->second.push_back(&spot);
     };
-    for (Finding& finding : findings) {
+    for (Finding& finding : findings)
         want(finding.spot);
+    for (Finding& finding : findings) {
         for (RelatedSpot& related : finding.related)
             want(related.spot);
     }

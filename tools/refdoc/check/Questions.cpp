@@ -30,11 +30,11 @@ std::string pointerTo(const SectionAccount& section, std::size_t index) {
     return fmt::format("{}/refItems/{}", section.pointer, index);
 }
 
-std::string textOf(const RecordKey& key) {
-    std::u16string text = key.name;
-    for (const std::u16string& part : {key.href, key.link})
-        text += u'\n' + part;
-    return fl::i18n::to_string(text);
+std::string identityOf(const std::u16string& section, const RecordKey& key) {
+    std::u16string identity = section;
+    for (const std::u16string* part : {&key.name, &key.href, &key.link})
+        identity.append(u"\n").append(*part);
+    return fl::i18n::to_string(identity);
 }
 
 // Answers the questions about one section of one file.
@@ -42,65 +42,72 @@ class Answering {
 public:
     // `answered` are the questions that no file need answer any more.
     Answering(const SourceFile& file, const SectionAccount& section,
-              const std::set<SectionQuestion>& questions,
-              std::set<const SectionQuestion*>& answered, std::vector<Finding>& findings)
-        : file_(file), section_(section), answered_(answered), findings_(findings) {
-        for (const SectionQuestion& question : questions)
-            questions_.emplace(question.record, &question);
-    }
+              const SectionQuestions& questions,
+              std::unordered_set<const SectionQuestion*>& answered, std::vector<Finding>& findings)
+        : file_(file),
+          section_(section),
+          questions_(questions),
+          answered_(answered),
+          findings_(findings) {}
 
-    void about(const RecordKey& key, const std::string& pointer) {
+    // makePointer() returns the position of the record; called only if something is asked about it.
+    template <class MakePointer>
+    void about(const RecordKey& key, MakePointer makePointer) {
         const auto [first, last] = questions_.equal_range(key);
         for (auto entry = first; entry != last; ++entry) {
-            const SectionQuestion& question = *entry->second;
-            std::set<const SectionQuestion*>& done = question.isAskedOnce ? answered_ : done_;
+            const SectionQuestion& question = entry->second;
+            auto& done = question.isAskedOnce ? answered_ : done_;
             if (done.insert(&question).second)
-                add(question, pointer);
+                add(question, key, makePointer());
         }
     }
 
 private:
-    void add(const SectionQuestion& question, const std::string& pointer) {
-        findings_.push_back(
-            {.rule = question.rule,
-             .spot = {.file = file_, .pointer = pointer},
-             .message = question.message,
-             .identity = fl::i18n::to_string(section_.key) + '\n' + textOf(question.record)});
+    void add(const SectionQuestion& question, const RecordKey& key, std::string pointer) {
+        findings_.push_back({.rule = question.rule,
+                             .spot = {.file = file_, .pointer = std::move(pointer)},
+                             .message = question.message,
+                             .identity = identityOf(section_.key, key)});
     }
 
     const SourceFile& file_;
     const SectionAccount& section_;
-    std::multimap<RecordKey, const SectionQuestion*> questions_; // by what they are about
-    std::set<const SectionQuestion*>& answered_;
-    std::set<const SectionQuestion*> done_; // each is answered once in a section
+    const SectionQuestions& questions_;
+    std::unordered_set<const SectionQuestion*>& answered_;
+    std::unordered_set<const SectionQuestion*> done_; // each is answered once in a section
     std::vector<Finding>& findings_;
 };
 
-void answerLookup(const json::value& record, const std::string& pointer, Answering& answering) {
+template <class MakePointer>
+void answerLookup(const json::value& record, MakePointer makePointer, Answering& answering) {
     answering.about({.name = fl::i18n::to_ustring(record.at("name").as_string()),
                      .href = linkIn(record, "href")},
-                    pointer);
+                    makePointer);
 }
 
-void answerItem(const json::value& item, const std::string& pointer, Answering& answering) {
-    answering.about({.href = linkIn(item, "href")}, pointer);
+template <class MakePointer>
+void answerItem(const json::value& item, MakePointer makePointer, Answering& answering) {
+    answering.about({.href = linkIn(item, "href")}, makePointer);
     const json::value* links = item.as_object().if_contains("seealso");
     if (!links)
         return;
     std::size_t index = 0;
-    for (const json::value& link : links->as_array())
+    for (const json::value& link : links->as_array()) {
         answering.about({.link = linkIn(link, "url")},
-                        fmt::format("{}/seealso/{}/url", pointer, index++));
+                        [&] { return fmt::format("{}/seealso/{}/url", makePointer(), index); });
+        ++index;
+    }
 }
 
 void answerSection(const SectionAccount& section, FileRole role, const json::value& document,
                    Answering& answering) {
-    answering.about({}, section.pointer);
+    answering.about({}, [&] { return section.pointer; });
     std::size_t index = 0;
+    const auto makePointer = [&] { return pointerTo(section, index); };
     for (const json::value& item : itemsOf(document, section)) {
-        const std::string pointer = pointerTo(section, index++);
-        role == FileRole::Lookup ? answerLookup(item, pointer, answering)
-                                 : answerItem(item, pointer, answering);
+        role == FileRole::Lookup ? answerLookup(item, makePointer, answering)
+                                 : answerItem(item, makePointer, answering);
+        ++index;
     }
 }
 
@@ -109,11 +116,12 @@ void answerSection(const SectionAccount& section, FileRole role, const json::val
 void Questions::answer(const SourceFile& file, FileRole role,
                        const std::vector<SectionAccount>& sections, const json::value& document,
                        std::vector<Finding>& findings) {
+    const auto& askedOfRole = sections_[role];
     const auto askedOfFile = records_.find(file);
     for (const SectionAccount& section : sections) {
         if (section.fate == SectionFate::KeyTaken)
             continue;
-        if (const auto asked = sections_.find({role, section.key}); asked != sections_.end()) {
+        if (const auto asked = askedOfRole.find(section.key); asked != askedOfRole.end()) {
             Answering answering(file, section, asked->second, answered_, findings);
             answerSection(section, role, document, answering);
         }
@@ -129,11 +137,12 @@ void Questions::answerRecords(const SectionAccount& section, const json::value& 
                               ByName& names) {
     std::size_t index = 0;
     for (const json::value& record : itemsOf(document, section)) {
-        const std::string pointer = pointerTo(section, index++);
         const auto asked = names.find(fl::i18n::to_ustring(record.at("name").as_string()));
         if (asked != names.end())
-            asked->second.emplace(linkIn(record, "href"),
-                                  RecordAnswer{pointer, std::hash<json::value>()(record)});
+            asked->second.emplace(
+                linkIn(record, "href"),
+                RecordAnswer{pointerTo(section, index), std::hash<json::value>()(record)});
+        ++index;
     }
 }
 

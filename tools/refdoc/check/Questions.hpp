@@ -5,11 +5,13 @@
 
 #include <boost/json/value.hpp>
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <map>
-#include <set>
 #include <string>
-#include <tuple>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -24,7 +26,14 @@ struct RecordKey {
     std::u16string href{};
     std::u16string link{}; ///< of an item: the see-also link that is meant
 
-    auto operator<=>(const RecordKey&) const = default;
+    bool operator==(const RecordKey&) const = default;
+};
+
+struct RecordKeyHash {
+    std::size_t operator()(const RecordKey& key) const noexcept {
+        const std::hash<std::u16string> hash;
+        return (hash(key.name) * 31 + hash(key.href)) * 31 + hash(key.link);
+    }
 };
 
 /// Where a record stands in one file, and what it says.
@@ -37,18 +46,12 @@ struct RecordAnswer {
 /// answered while they are.
 struct SectionQuestion {
     RuleId rule;
-    RecordKey record; ///< all empty: the section itself
     std::string message;
     bool isAskedOnce; ///< the first file that can answer bears the finding alone
-
-    /// A question that was asked in another language is the same.
-    auto operator<=>(const SectionQuestion& other) const {
-        return std::tie(rule, record) <=> std::tie(other.rule, other.record);
-    }
-    bool operator==(const SectionQuestion& other) const {
-        return rule == other.rule && record == other.record;
-    }
 };
+
+/// The questions about a section, by the record they are about; an empty key is the section itself.
+using SectionQuestions = std::unordered_multimap<RecordKey, SectionQuestion, RecordKeyHash>;
 
 /// All that is asked before the files are read.
 class Questions {
@@ -59,13 +62,12 @@ public:
     template <class MakeMessage>
     void askSection(FileRole role, const std::u16string& section, RuleId rule, RecordKey record,
                     bool isAskedOnce, MakeMessage makeMessage) {
-        auto& questions = sections_[{role, section}];
-        SectionQuestion question{rule, std::move(record), {}, isAskedOnce};
-        const auto place = questions.lower_bound(question);
-        if (place != questions.end() && *place == question)
-            return;
-        question.message = makeMessage();
-        questions.insert(place, std::move(question));
+        SectionQuestions& questions = sections_[role][section];
+        const auto [first, last] = questions.equal_range(record);
+        const bool isAsked = std::any_of(
+            first, last, [&](const auto& question) { return question.second.rule == rule; });
+        if (!isAsked)
+            questions.emplace(std::move(record), SectionQuestion{rule, makeMessage(), isAskedOnce});
     }
 
     /// Asks for all records of one name in a section of a file.
@@ -87,7 +89,13 @@ public:
                                                                const std::u16string& name) const;
 
 private:
-    using Asked = std::map<std::pair<FileRole, std::u16string>, std::set<SectionQuestion>>;
+    struct FileHash {
+        std::size_t operator()(const SourceFile& file) const noexcept {
+            const std::hash<std::u16string> hash;
+            return hash(file.path) * 31 + hash(file.entry);
+        }
+    };
+    using Asked = std::map<FileRole, std::map<std::u16string, SectionQuestions>>;
     using ByHref = std::multimap<std::u16string, RecordAnswer>;
     using ByName = std::map<std::u16string, ByHref>;
 
@@ -95,8 +103,8 @@ private:
                        ByName& names);
 
     Asked sections_;
-    std::set<const SectionQuestion*> answered_; // of those that are asked once
-    std::map<SourceFile, std::map<std::u16string, ByName>> records_;
+    std::unordered_set<const SectionQuestion*> answered_; // of those that are asked once
+    std::unordered_map<SourceFile, std::map<std::u16string, ByName>, FileHash> records_;
 };
 
 } // namespace refdoc::check

@@ -33,9 +33,9 @@ private:
     std::uint64_t value_ = 0xCBF29CE484222325U;
 };
 
-ReportedSpot reported(const Spot& spot, const PathNames& names) {
+ReportedSpot reported(Spot& spot, const PathNames& names) {
     return {visibleLine(names.pathOf(spot.file)), visibleLine(fl::i18n::to_string(spot.file.entry)),
-            spot.place, spot.pointer};
+            spot.place, std::move(spot.pointer)};
 }
 
 Severity severityOf(const Rule& rule, const ReportSettings& settings) {
@@ -69,8 +69,8 @@ private:
     std::unordered_map<std::uint64_t, std::size_t> counts_;
 };
 
-ReportedFinding reported(const Finding& finding, const PathNames& names,
-                         const ReportSettings& settings) {
+// Takes the strings that the fingerprint does not need.
+ReportedFinding reported(Finding& finding, const PathNames& names, const ReportSettings& settings) {
     const Rule& rule = ruleOf(finding.rule);
     ReportedFinding result{&rule,
                            severityOf(rule, settings),
@@ -78,8 +78,8 @@ ReportedFinding reported(const Finding& finding, const PathNames& names,
                            visibleLine(finding.message),
                            {},
                            {}};
-    for (const RelatedSpot& related : finding.related)
-        result.related.push_back({reported(related.spot, names), related.message});
+    for (RelatedSpot& related : finding.related)
+        result.related.push_back({reported(related.spot, names), std::move(related.message)});
     return result;
 }
 
@@ -103,7 +103,7 @@ std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const Pat
 
     std::vector<std::pair<ReportedFinding, const Finding*>> report;
     report.reserve(findings.size());
-    for (const Finding& finding : findings)
+    for (Finding& finding : findings)
         report.emplace_back(reported(finding, names, settings), &finding);
     // Many large entries: only their addresses are moved about.
     std::vector<std::pair<ReportedFinding, const Finding*>*> order;

@@ -13,10 +13,13 @@
 #include <boost/json/parse.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
+#include <unordered_set>
 #include <utility>
 
 namespace refdoc::check {
@@ -154,20 +157,29 @@ private:
 };
 
 // The languages find much the same.
-std::vector<Finding> distinct(const std::vector<Finding>& findings) {
+std::vector<Finding> distinct(std::vector<Finding> findings) {
     const auto keyOf = [](const Finding* finding) {
         const Spot& spot = finding->spot;
-        return std::tie(finding->rule, spot.file, spot.pointer, spot.isAtKey, finding->identity);
+        return std::tie(finding->rule, spot.pointer, spot.isAtKey, finding->identity, spot.file);
     };
-    const auto isLess = [&](const Finding* left, const Finding* right) {
-        return keyOf(left) < keyOf(right);
+    const auto hash = [](const Finding* finding) {
+        return std::hash<std::optional<std::string>>()(finding->spot.pointer) * 31 +
+               std::hash<std::string>()(finding->identity);
     };
-    std::set<const Finding*, decltype(isLess)> seen(isLess);
-    std::vector<Finding> result;
-    for (const Finding& finding : findings) {
+    const auto isEqual = [&](const Finding* left, const Finding* right) {
+        return keyOf(left) == keyOf(right);
+    };
+    std::unordered_set<const Finding*, decltype(hash), decltype(isEqual)> seen(findings.size(),
+                                                                               hash, isEqual);
+    std::vector<Finding*> first;
+    for (Finding& finding : findings) {
         if (seen.insert(&finding).second)
-            result.push_back(finding);
+            first.push_back(&finding);
     }
+    std::vector<Finding> result;
+    result.reserve(first.size());
+    for (Finding* finding : first)
+        result.push_back(std::move(*finding));
     return result;
 }
 

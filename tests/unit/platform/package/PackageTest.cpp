@@ -1,3 +1,4 @@
+#include "tests/support/NativeText.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include "platform/package/StreamHelper.hpp"
@@ -46,8 +47,8 @@ std::vector<NamedText> OpenPackage::contents() {
 
 std::u16string PackageTest::write(std::string_view name, std::string_view bytes) const {
     // Some file systems write a file to disk at once if its content is replaced.
-    std::filesystem::remove(folder / name);
-    std::ofstream file(folder / name, std::ios::binary);
+    std::filesystem::remove(folder / pathOf(name));
+    std::ofstream file(folder / pathOf(name), std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     EXPECT_TRUE(file) << name;
@@ -55,7 +56,7 @@ std::u16string PackageTest::write(std::string_view name, std::string_view bytes)
 }
 
 std::u16string PackageTest::path(std::string_view name) const {
-    return (folder / name).u16string();
+    return (folder / pathOf(name)).u16string();
 }
 
 std::string sampleText(std::size_t length) {

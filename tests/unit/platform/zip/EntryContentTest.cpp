@@ -63,6 +63,17 @@ TEST_F(EntryContentTest, ReadsLongEntriesWhole) {
     }
 }
 
+TEST_F(EntryContentTest, IgnoresBytesBehindADeflatedStream) {
+    for (const std::size_t length : {std::size_t{5000}, std::size_t{1024 * 1024 + 1}}) {
+        const std::string text = sampleText(length);
+        OpenPackage package = open({.entries = {{.name = "a",
+                                                 .content = text,
+                                                 .method = kDeflated,
+                                                 .packed = deflated(text) + "rest"}}});
+        EXPECT_TRUE(package.read(0) == text) << length;
+    }
+}
+
 TEST_F(EntryContentTest, ReadsEntriesWithDataDescriptors) {
     const std::string text = sampleText(5000);
     ZipBytes zip;

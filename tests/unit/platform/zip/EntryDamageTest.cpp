@@ -7,6 +7,7 @@ namespace docparser_tests {
 
 namespace {
 
+using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
@@ -22,56 +23,56 @@ struct DamagedEntry {
     std::string reason;
 };
 
-std::vector<DamagedEntry> damagedEntries() {
-    const std::string packed = deflated(kText);
-    const auto length = static_cast<std::uint64_t>(kText.size());
+std::vector<DamagedEntry> damagedEntries(const std::string& text) {
+    const std::string packed = deflated(text);
+    const auto length = static_cast<std::uint64_t>(text.size());
     return {
-        {"stored, wrong checksum", {.name = "x", .content = kText, .crc = 1}, "CRC error"},
+        {"stored, wrong checksum", {.name = "x", .content = text, .crc = 1}, "CRC error"},
         {"deflated, wrong checksum",
-         {.name = "x", .content = kText, .method = kDeflated, .crc = 1},
+         {.name = "x", .content = text, .method = kDeflated, .crc = 1},
          "CRC error"},
         {"empty, wrong checksum", {.name = "x", .crc = 1}, "its checksum is wrong"},
         {"stored, states too many bytes",
-         {.name = "x", .content = kText, .size = length + 1},
+         {.name = "x", .content = text, .size = length + 1},
          "inconsistent"},
         {"stored, states too few bytes",
-         {.name = "x", .content = kText, .size = length - 1},
+         {.name = "x", .content = text, .size = length - 1},
          "larger than the package says"},
         {"deflated, states too many bytes",
-         {.name = "x", .content = kText, .method = kDeflated, .size = length + 1},
+         {.name = "x", .content = text, .method = kDeflated, .size = length + 1},
          "smaller than the package says"},
         {"deflated, states far too many bytes",
-         {.name = "x", .content = kText, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
+         {.name = "x", .content = text, .method = kDeflated, .isZip64 = true, .size = 1ULL << 29},
          "smaller than the package says"},
         {"deflated, states too few bytes",
-         {.name = "x", .content = kText, .method = kDeflated, .size = length - 1},
+         {.name = "x", .content = text, .method = kDeflated, .size = length - 1},
          "larger than the package says"},
         {"deflated, states no bytes",
-         {.name = "x", .content = kText, .method = kDeflated, .size = 0},
+         {.name = "x", .content = text, .method = kDeflated, .size = 0},
          "larger than the package says"},
         {"states no stored bytes",
-         {.name = "x", .content = kText, .method = kDeflated, .packedSize = 0},
+         {.name = "x", .content = text, .method = kDeflated, .packedSize = 0},
          "smaller than the package says"},
         {"deflated stream cut",
          {.name = "x",
-          .content = kText,
+          .content = text,
           .method = kDeflated,
           .packed = packed.substr(0, packed.size() / 2)},
          "CRC error"},
         {"deflated stream broken",
-         {.name = "x", .content = kText, .method = kDeflated, .packed = "\xFF\xFF\xFF\xFF"},
+         {.name = "x", .content = text, .method = kDeflated, .packed = "\xFF\xFF\xFF\xFF"},
          "Zlib error"},
         {"stored bytes end beyond the file",
-         {.name = "x", .content = kText, .size = 5000, .packedSize = 5000},
+         {.name = "x", .content = text, .size = 5'000'000, .packedSize = 5'000'000},
          "Premature end of file"},
-        {"header beyond the file", {.name = "x", .content = kText, .localOffset = 90'000}, ""},
-        {"header in the wrong place", {.name = "x", .content = kText, .localOffset = 1}, ""},
-        {"encrypted", {.name = "x", .content = kText, .flags = kEncryptedFlag}, "it is encrypted"},
+        {"header beyond the file", {.name = "x", .content = text, .localOffset = 9'000'000}, ""},
+        {"header in the wrong place", {.name = "x", .content = text, .localOffset = 1}, ""},
+        {"encrypted", {.name = "x", .content = text, .flags = kEncryptedFlag}, "it is encrypted"},
         {"strongly encrypted",
-         {.name = "x", .content = kText, .flags = kEncryptedFlag | 0x0040},
+         {.name = "x", .content = text, .flags = kEncryptedFlag | 0x0040},
          "it is encrypted"},
         {"unknown method",
-         {.name = "x", .content = kText, .method = 98},
+         {.name = "x", .content = text, .method = 98},
          "compression method 98 is not supported"},
         {"unknown method, nothing stored",
          {.name = "x", .method = 97, .packed = ""},
@@ -80,19 +81,40 @@ std::vector<DamagedEntry> damagedEntries() {
 }
 
 TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
-    for (const DamagedEntry& damage : damagedEntries()) {
-        SCOPED_TRACE(damage.what);
-        OpenPackage package = open({.entries = {{.name = "before.json", .content = "before"},
-                                                damage.entry,
-                                                {.name = "after.json", .content = "after"}}});
-        ASSERT_THAT(package.leafNames(), ElementsAre(u"before.json", u"x", u"after.json"));
-        EXPECT_THAT(messageOf([&] { package.read(1); }),
-                    testing::AllOf(testing::StartsWith("entry 1 \"x\" of the package \""),
-                                   HasSubstr("package.zip\" cannot be delivered: "),
-                                   HasSubstr(damage.reason)));
-        EXPECT_EQ(package.read(0), "before");
-        EXPECT_EQ(package.read(2), "after");
+    // Entries of at most 1 MiB are read in another way than larger ones.
+    for (const std::string& text :
+         {kText, sampleText(std::size_t{1} << 20), sampleText((std::size_t{1} << 20) + 2)}) {
+        SCOPED_TRACE(text.size());
+        for (const DamagedEntry& damage : damagedEntries(text)) {
+            SCOPED_TRACE(damage.what);
+            OpenPackage package = open({.entries = {{.name = "before.json", .content = "before"},
+                                                    damage.entry,
+                                                    {.name = "after.json", .content = "after"}}});
+            ASSERT_THAT(package.leafNames(), ElementsAre(u"before.json", u"x", u"after.json"));
+            EXPECT_THAT(messageOf([&] { package.read(1); }),
+                        testing::AllOf(testing::StartsWith("entry 1 \"x\" of the package \""),
+                                       HasSubstr("package.zip\" cannot be delivered: "),
+                                       HasSubstr(damage.reason)));
+            EXPECT_EQ(package.read(0), "before");
+            EXPECT_EQ(package.read(2), "after");
+        }
     }
+}
+
+TEST_F(EntryDamageTest, ReservedCodeYieldsNoFalseContent) {
+    // One block with the fixed codes: the character 'a', the reserved length code 286 with the
+    // distance 1, the end. A decoder that does not refuse the code repeats the character 258 times.
+    const std::string packed = "\x4B\x1C\x03\x00"s;
+    const std::string content(259, 'a');
+    OpenPackage package = open(
+        {.entries = {{.name = "right", .content = content, .method = kDeflated, .packed = packed},
+                     {.name = "wrong checksum",
+                      .content = content,
+                      .method = kDeflated,
+                      .packed = packed,
+                      .crc = 1}}});
+    EXPECT_EQ(package.read(0), content);
+    EXPECT_THAT(messageOf([&] { package.read(1); }), HasSubstr("Zlib error"));
 }
 
 TEST_F(EntryDamageTest, ReadingExactlyTheSizeDoesNotHideAWrongChecksum) {

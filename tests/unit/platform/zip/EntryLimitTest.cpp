@@ -23,6 +23,9 @@ std::string beyondPackageLimit(std::uint64_t limit) {
            std::to_string(limit) + " bytes";
 }
 
+// Entries of at most 1 MiB are read in another way than larger ones.
+constexpr std::uint64_t kLengths[] = {50'000, (std::uint64_t{1} << 20) + 1};
+
 class EntryLimitTest : public PackageTest {
 protected:
     ~EntryLimitTest() override { platform::setReadLimits({}); }
@@ -33,74 +36,95 @@ protected:
 };
 
 TEST_F(EntryLimitTest, ReadsAnEntryThatIsExactlyAsLongAsTheLimit) {
-    const std::string text = sampleText(50'000);
-    for (const std::uint16_t method : {kStored, kDeflated}) {
-        OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = method}}});
-        setLimits(50'000, 1'000'000);
-        EXPECT_TRUE(package.read(0) == text);
-        for (const std::uint64_t limit : {std::uint64_t{49'999}, std::uint64_t{0}}) {
-            setLimits(limit, 1'000'000);
-            EXPECT_THAT(messageOf<LimitError>([&] { package.read(0); }),
-                        EndsWith(beyondEntryLimit(limit)));
+    for (const std::uint64_t length : kLengths) {
+        const std::string text = sampleText(length);
+        for (const std::uint16_t method : {kStored, kDeflated}) {
+            OpenPackage package =
+                open({.entries = {{.name = "a", .content = text, .method = method}}});
+            setLimits(length, 10'000'000);
+            EXPECT_TRUE(package.read(0) == text);
+            for (const std::uint64_t limit : {length - 1, std::uint64_t{0}}) {
+                setLimits(limit, 10'000'000);
+                EXPECT_THAT(messageOf<LimitError>([&] { package.read(0); }),
+                            EndsWith(beyondEntryLimit(limit)));
+            }
         }
     }
 }
 
 TEST_F(EntryLimitTest, EntryThatStatesMoreThanALimitIsRefusedWhenItIsOpened) {
-    const std::string text = sampleText(50'000);
-    OpenPackage package = open({.entries = {{.name = "a", .content = text, .method = kDeflated}}});
-    const auto source =
-        package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded);
-    setLimits(49'999, 1'000'000);
-    EXPECT_THAT(messageOf<LimitError>([&] { source->openInputStream(); }),
-                EndsWith(beyondEntryLimit(49'999)));
-    setLimits(50'000, 49'998);
-    EXPECT_THAT(messageOf<LimitError>([&] { source->openInputStream(); }),
-                EndsWith(beyondPackageLimit(49'998)));
+    for (const std::uint64_t length : kLengths) {
+        OpenPackage package =
+            open({.entries = {{.name = "a", .content = sampleText(length), .method = kDeflated}}});
+        const auto source = package.manager.getFileContentSource(package.leaves().front(),
+                                                                 opc::TransformMode::Decoded);
+        setLimits(length - 1, 10'000'000);
+        EXPECT_THAT(messageOf<LimitError>([&] { source->openInputStream(); }),
+                    EndsWith(beyondEntryLimit(length - 1)));
+        setLimits(length, length - 2);
+        EXPECT_THAT(messageOf<LimitError>([&] { source->openInputStream(); }),
+                    EndsWith(beyondPackageLimit(length - 2)));
+    }
 }
 
 TEST_F(EntryLimitTest, EntryThatUnderstatesItsSizeStopsAtTheStatedSize) {
-    OpenPackage package = open({.entries = {{.name = "bomb",
-                                             .content = std::string(64 << 20, '\0'),
-                                             .method = kDeflated,
-                                             .size = 100'000}}});
-    const auto stream =
-        package.manager.getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
-            ->openInputStream();
-    std::string buffer(60'000, '\0');
-    EXPECT_EQ(stream->read(buffer.data(), buffer.size()), 60'000U);
-    EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), buffer.size()); }),
-                EndsWith("it is larger than the package says"));
+    for (const std::uint64_t size : kLengths) {
+        OpenPackage package = open({.entries = {{.name = "bomb",
+                                                 .content = std::string(64 << 20, '\0'),
+                                                 .method = kDeflated,
+                                                 .size = size}}});
+        const auto stream =
+            package.manager
+                .getFileContentSource(package.leaves().front(), opc::TransformMode::Decoded)
+                ->openInputStream();
+        std::string buffer(size, '\0');
+        EXPECT_EQ(stream->read(buffer.data(), size - 1), size - 1);
+        EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), size); }),
+                    EndsWith("it is larger than the package says"));
+    }
 }
 
 TEST_F(EntryLimitTest, LimitReachedWhileAnEntryIsReadStopsIt) {
-    const std::string text = sampleText(1000);
-    setLimits(1000, 1500);
-    OpenPackage package =
-        open({.entries = {{.name = "a", .content = text}, {.name = "b", .content = text}}});
-    const auto leaves = package.leaves();
-    const auto first = package.manager.getFileContentSource(leaves[0], opc::TransformMode::Decoded)
-                           ->openInputStream();
-    EXPECT_EQ(package.read(1).size(), 1000U);
-    std::string buffer(1000, '\0');
-    EXPECT_THAT(messageOf<LimitError>([&] { first->read(buffer.data(), buffer.size()); }),
-                EndsWith(beyondPackageLimit(1500)));
+    for (const std::uint64_t length : kLengths) {
+        const std::string text = sampleText(length);
+        for (const std::uint16_t method : {kStored, kDeflated}) {
+            setLimits(length, length + 500);
+            OpenPackage package =
+                open({.entries = {{.name = "a", .content = text, .method = method},
+                                  {.name = "b", .content = text, .method = method}}});
+            const auto leaves = package.leaves();
+            const auto first =
+                package.manager.getFileContentSource(leaves[0], opc::TransformMode::Decoded)
+                    ->openInputStream();
+            EXPECT_EQ(package.read(1).size(), length);
+            std::string buffer(500, '\0');
+            EXPECT_EQ(first->read(buffer.data(), buffer.size()), 500U);
+            EXPECT_EQ(buffer, text.substr(0, 500));
+            EXPECT_THAT(messageOf<LimitError>([&] { first->read(buffer.data(), buffer.size()); }),
+                        EndsWith(beyondPackageLimit(length + 500)));
+            EXPECT_THAT(messageOf([&] { first->read(buffer.data(), buffer.size()); }),
+                        EndsWith("it has failed before"));
+        }
+    }
 }
 
 TEST_F(EntryLimitTest, EntriesOfAPackageShareOneLimit) {
-    ZipBytes zip;
-    for (int i = 0; i < 10; ++i)
-        zip.entries.push_back(
-            {.name = std::to_string(i), .content = sampleText(1000), .method = kDeflated});
-    setLimits(1000, 5500);
-    OpenPackage package = open(zip);
-    for (std::size_t i = 0; i < 5; ++i)
-        EXPECT_EQ(package.read(i).size(), 1000U) << i;
-    for (std::size_t i = 5; i < 10; ++i)
-        EXPECT_THAT(messageOf<LimitError>([&] { package.read(i); }),
-                    EndsWith(beyondPackageLimit(5500)))
-            << i;
-    EXPECT_EQ(OpenPackage(path("package.zip")).read(9).size(), 1000U);
+    for (const std::uint64_t length : kLengths) {
+        ZipBytes zip;
+        for (int i = 0; i < 5; ++i)
+            zip.entries.push_back(
+                {.name = std::to_string(i), .content = sampleText(length), .method = kDeflated});
+        const std::uint64_t limit = 2 * length + length / 2;
+        setLimits(length, limit);
+        OpenPackage package = open(zip);
+        for (std::size_t i = 0; i < 2; ++i)
+            EXPECT_EQ(package.read(i).size(), length) << i;
+        for (std::size_t i = 2; i < 5; ++i)
+            EXPECT_THAT(messageOf<LimitError>([&] { package.read(i); }),
+                        EndsWith(beyondPackageLimit(limit)))
+                << i;
+        EXPECT_EQ(OpenPackage(path("package.zip")).read(4).size(), length);
+    }
 }
 
 TEST_F(EntryLimitTest, EntriesThatShareTheirBytesCountEachTime) {

@@ -1,7 +1,11 @@
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include <gmock/gmock.h>
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <iconv.h>
+#endif
 
 #include <array>
 
@@ -25,6 +29,13 @@ protected:
 
 /// Decodes CP437 with the converter of the system.
 std::u16string fromCp437(std::string bytes) {
+#ifdef _WIN32
+    std::wstring wide(bytes.size(), L'\0');
+    EXPECT_EQ(::MultiByteToWideChar(437, 0, bytes.data(), static_cast<int>(bytes.size()),
+                                    wide.data(), static_cast<int>(wide.size())),
+              static_cast<int>(bytes.size()));
+    return {wide.begin(), wide.end()};
+#else
     const iconv_t converter = iconv_open("UTF-16LE", "CP437");
     EXPECT_NE(converter, reinterpret_cast<iconv_t>(-1));
     std::u16string text(bytes.size(), u'\0');
@@ -36,6 +47,7 @@ std::u16string fromCp437(std::string bytes) {
     iconv_close(converter);
     text.resize(text.size() - outputLeft / sizeof(char16_t));
     return text;
+#endif
 }
 
 TEST_F(EntryNameTest, FoldersAndPackagingMetadataAreNotLeaves) {
