@@ -24,7 +24,7 @@ function(docparser_room name)
     add_library(${target} OBJECT ${ROOM_SOURCES})
     target_include_directories(${target} PUBLIC
         ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/include)
-    target_link_libraries(${target} PUBLIC ${DOCPARSER_PLATFORM} docparser::seam Boost::json
+    target_link_libraries(${target} PUBLIC ${DOCPARSER_PLATFORM} docparser::seam docparser_json
         PRIVATE $<BUILD_INTERFACE:docparser_options>)
     target_compile_definitions(${target} PRIVATE docparser_EXPORTS)
     set_target_properties(${target} PROPERTIES

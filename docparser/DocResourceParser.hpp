@@ -11,6 +11,7 @@
 #include "platform/docproduct/TopLevelDocProduct.hpp"
 
 #include <boost/json/fwd.hpp>
+#include <boost/version.hpp>
 
 #include <memory>
 #include <string>
@@ -18,6 +19,10 @@
 #include <vector>
 
 namespace reference::docparser {
+
+// Callers pass JSON values to the library, so both must agree on their layout.
+static_assert(BOOST_VERSION / 100 == DOCPARSER_BOOST_VERSION / 100,
+              "docparser was built with another release of Boost");
 
 /// Tells what reference documentation the installed products provide: the library's entrance.
 ///

@@ -3,7 +3,7 @@
 #include "docparser/parsing/DocResource.hpp"
 #include "docparser/parsing/RefItem.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
-#include "docparser/retrieval/LookupReadContext.hpp"
+#include "docparser/retrieval/LookupFiles.hpp"
 
 #include <cstdint>
 

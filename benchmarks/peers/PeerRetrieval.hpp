@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docparser/parsing/RefItem.hpp"
-#include "docparser/retrieval/LookupReadContext.hpp"
+#include "docparser/retrieval/LookupFiles.hpp"
 
 #include <filesystem>
 #include <functional>

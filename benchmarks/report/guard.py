@@ -54,7 +54,7 @@ def package_version(package):
 def built_with():
     """What the counts hang on besides the project's own code."""
     compiler = subprocess.run(["c++", "--version"], stdout=subprocess.PIPE, text=True, check=True)
-    packages = ("libboost-json1.81.0", "libc6", "libdeflate0", "libstdc++6", "libzip4", "valgrind",
+    packages = ("libboost1.81-dev", "libc6", "libdeflate0", "libstdc++6", "libzip4", "valgrind",
                 "zlib1g")
     return {"compiler": compiler.stdout.splitlines()[0], "preset": "release",
             **{package: package_version(package) for package in packages}}

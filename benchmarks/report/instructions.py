@@ -11,8 +11,9 @@ import tables
 SHARES = (
     ("allocator", r"malloc\.c|arena\.c|operator (new|delete)"),
     ("inflating", r"libz\.so|libzip|libdeflate"),
-    ("making text", r"fl::i18n|getFluString|makeText|convertText"),
-    ("JSON parser and document", r"libboost_json|:boost::json::| boost::json::detail"),
+    ("validating UTF-8", r"isWellFormed|isValidatedInAdvance"),
+    ("making text", r"fl::i18n|getFluString|StringConverters|platform::.*(toUtf16|::decode\()"),
+    ("JSON parser and document", r"libboost_json|^[^(]*\bboost::json::"),
     ("copying and comparing memory", r"/multiarch/|/string/|wmem"),
     ("records: keys, maps, vectors", r"docparser_workload|libdocparser|libstdc\+\+"),
 )

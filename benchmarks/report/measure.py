@@ -123,7 +123,7 @@ def measure_memory(programs, root):
 
 def measure_root(programs, root, effort):
     warm = measure_warm(programs, root, effort)
-    first_rows = [row for row in warm.times if not row.endswith(":parse and copy")]
+    first_rows = [row for row in warm.times if not row.endswith("parse and copy")]
     return Report(root=str(root), warm=warm,
                   parts=measure_warm(programs, root, effort, "--parts"),
                   first=measure_first_calls(programs, root, first_rows, effort),

@@ -1,15 +1,13 @@
 #include "benchmarks/rows/Floors.hpp"
 
 #include "benchmarks/peers/Peers.hpp"
-
-#include <boost/json/monotonic_resource.hpp>
-#include <boost/json/parse.hpp>
+#include "docparser/parsing/DocumentParser.hpp"
 
 namespace reference::docparser::benchmarks {
 
-std::size_t parseOnly(const ProductText& text) {
+std::size_t parseOnly(std::string_view text) {
     boost::json::monotonic_resource arena(1024);
-    const boost::json::value document = boost::json::parse(text.text, &arena);
+    const boost::json::value document = parseDocument(text, arena);
     return document.is_object() ? 1 : 0;
 }
 

@@ -3,8 +3,10 @@
 #include "benchmarks/harness/Digest.hpp"
 #include "benchmarks/rows/Floors.hpp"
 #include "benchmarks/rows/Row.hpp"
+#include "benchmarks/rows/SharedParse.hpp"
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -59,13 +61,23 @@ public:
         return {name_, std::move(rowName), pass, {}};
     }
 
-    /// The floors "parse" and "parse and copy".
+    /// The floors "parse" and "parse and copy", then the same with the system's shared Boost.JSON.
     std::vector<Row> parseFloors() const {
+        std::vector<Row> rows = parseFloors("parse", parseOnly);
+        for (Row& row : parseFloors("shared parse", parseWithSharedJson))
+            rows.push_back(std::move(row));
+        return rows;
+    }
+
+private:
+    using ParseText = std::size_t (*)(std::string_view text);
+
+    std::vector<Row> parseFloors(const std::string& rowName, ParseText parseText) const {
         const auto copyTexts = [](const Unit<Result>& unit) { return copyOf(unit.texts); };
-        const auto parse = [](const Unit<Result>&, std::vector<ProductText> texts) {
+        const auto parse = [parseText](const Unit<Result>&, std::vector<ProductText> texts) {
             std::size_t documents = 0;
             for (const ProductText& text : texts)
-                documents += parseOnly(text);
+                documents += parseText(text.text);
             return documents;
         };
         // A reader finds its document in the cache, so the records to copy have to be there, too.
@@ -78,11 +90,10 @@ public:
             parse(unit, std::move(texts));
             return Result(state->finishedRecords(unit));
         };
-        return {floor("parse", copyTexts, parse),
-                row("parse and copy", touchRecords, parseAndCopy)};
+        return {floor(rowName, copyTexts, parse),
+                row(rowName + " and copy", touchRecords, parseAndCopy)};
     }
 
-private:
     struct State {
         std::function<Units()> load;
         Reference reference;

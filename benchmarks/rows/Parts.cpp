@@ -6,11 +6,9 @@
 #include "docparser/discovery/ProductEnumeration.hpp"
 #include "docparser/io/ResourceFileReader.hpp"
 #include "docparser/io/ZipPackage.hpp"
+#include "docparser/parsing/DocumentParser.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 #include "platform/package/StorageSystem.hpp"
-
-#include <boost/json/monotonic_resource.hpp>
-#include <boost/json/parse.hpp>
 
 namespace reference::docparser::benchmarks {
 
@@ -24,7 +22,7 @@ constexpr const char* kLanguage = "de";
 // A parsed document with the arena that it lies in.
 struct Document {
     explicit Document(const ProductText& text)
-        : product(text.product), root(boost::json::parse(text.text, &arena)) {}
+        : product(text.product), root(parseDocument(text.text, arena)) {}
 
     std::u16string product;
     boost::json::monotonic_resource arena{1024};

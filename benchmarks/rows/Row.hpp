@@ -27,8 +27,9 @@ struct Row {
 ///   full/en, full/de                each product's records from the root
 ///   lookup/en, lookup/de            the lookup index of the root, packages included
 ///
-/// Each group has the floors "read" (where it reads), "parse" and "parse and copy", the peers and
-/// the library. Texts are read from the disk when a row first needs them.
+/// Each group has the floors "read" (where it reads), "parse" and "parse and copy", both also with
+/// the system's shared Boost.JSON, the peers and the library. Texts are read from the disk when a
+/// row first needs them.
 std::vector<Row> makeRows(std::shared_ptr<const Corpus> corpus);
 
 /// The parts of the library's work, group by group:

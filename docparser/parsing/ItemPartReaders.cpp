@@ -29,18 +29,11 @@ using Argument = Members<
 // A group of inputs, or an element that only holds such groups under "namevaluepairs".
 using GroupOfInputs = Members<Keys<"title", "inputs", "namevaluepairs">>;
 
-ObjectInfo makeObjectInfo(std::u16string name, const json::value& purpose,
-                          const json::value* values, std::u16string link) {
-    std::u16string purposeText = getFluString(purpose, Utf8);
-    return {std::move(name), std::move(purposeText), readTexts(values, Utf8), std::move(link)};
-}
-
 ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,
                           StringParsingType nameType) {
     std::u16string link = makeLink(href, u"#", argument.optionalText<"htmlid">(Ascii));
-    std::u16string name = argument.text<"name">(nameType);
-    return makeObjectInfo(std::move(name), argument.required<"purpose">(),
-                          argument.value<"value">(), std::move(link));
+    return {argument.text<"name">(nameType), argument.text<"purpose">(Utf8),
+            readTexts(argument.value<"value">(), Utf8), std::move(link)};
 }
 
 // How the inputs of one item are read.
@@ -50,18 +43,16 @@ struct InputStyle {
     bool isNameValuePair;
 };
 
-void appendInput(const Argument& input, const InputStyle& style, std::vector<Input>& inputs) {
+Input readInput(const Argument& input, const InputStyle& style) {
     std::u16string defaultValue = input.optionalText<"defaultvalue">(Utf8);
-    const SyntaxType::Value syntaxType = input.word<SyntaxType, "syntaxtype">();
-    inputs.emplace_back(readObjectInfo(input, style.href, style.nameType), syntaxType,
-                        std::move(defaultValue), style.isNameValuePair);
+    return {readObjectInfo(input, style.href, style.nameType),
+            input.word<SyntaxType, "syntaxtype">(), std::move(defaultValue), style.isNameValuePair};
 }
 
 InputGroup readInputGroup(const GroupOfInputs& group, const InputStyle& style) {
-    std::vector<Input> inputs = readEach<Input>(
-        group.value<"inputs">(), [&](const json::value& input, std::vector<Input>& result) {
-            appendInput(Argument(input), style, result);
-        });
+    std::vector<Input> inputs = readEach(group.value<"inputs">(), [&](const json::value& input) {
+        return readInput(Argument(input), style);
+    });
     return {group.text<"title">(Utf8), std::move(inputs)};
 }
 
@@ -74,20 +65,14 @@ void reserveMore(std::vector<Record>& records, std::size_t count) {
         records.reserve(std::max(needed, 2 * records.capacity()));
 }
 
-std::vector<ClassProperty> readClassProperties(const json::value* classproperty,
-                                               const std::u16string& href,
-                                               StringParsingType nameType) {
-    using Property = Members<Keys<"name", "purpose", "value", "defaultvalue">>;
-
-    return readEach<ClassProperty>(classproperty, [&](const json::value& element,
-                                                      std::vector<ClassProperty>& properties) {
-        const Property property(element);
-        std::u16string name = property.text<"name">(nameType);
-        std::u16string link = makeLink(href, u"#prop_", name);
-        ObjectInfo objectInfo = makeObjectInfo(std::move(name), property.required<"purpose">(),
-                                               property.value<"value">(), std::move(link));
-        properties.emplace_back(std::move(objectInfo), property.optionalText<"defaultvalue">(Utf8));
-    });
+ClassProperty readClassProperty(const json::value& element, const std::u16string& href,
+                                StringParsingType nameType) {
+    const Members<Keys<"name", "purpose", "value", "defaultvalue">> property(element);
+    std::u16string name = property.text<"name">(nameType);
+    std::u16string link = makeLink(href, u"#prop_", name);
+    return {ObjectInfo{std::move(name), property.text<"purpose">(Utf8),
+                       readTexts(property.value<"value">(), Utf8), std::move(link)},
+            property.optionalText<"defaultvalue">(Utf8)};
 }
 
 } // namespace
@@ -96,14 +81,13 @@ RefEntities readRefEntities(const json::value* refentity) {
     using Entity = Members<Keys<"type", "fcntype", "name">>;
 
     RefEntities result;
-    result.entities = readEach<RefEntity>(
-        refentity, [&](const json::value& element, std::vector<RefEntity>& entities) {
-            const Entity entity(element);
-            const RefEntityType::Value entityType = entity.word<RefEntityType, "type">();
-            const FunctionType::Value functionType = entity.word<FunctionType, "fcntype">();
-            result.hasComponent |= entityType == RefEntityType::Component;
-            entities.emplace_back(entityType, entity.text<"name">(Utf8), functionType);
-        });
+    result.entities = readEach(refentity, [&](const json::value& element) {
+        const Entity entity(element);
+        const RefEntityType::Value entityType = entity.word<RefEntityType, "type">();
+        result.hasComponent |= entityType == RefEntityType::Component;
+        return RefEntity{entityType, entity.text<"name">(Utf8),
+                         entity.word<FunctionType, "fcntype">()};
+    });
     return result;
 }
 
@@ -111,37 +95,35 @@ AppThumbnail readAppThumbnail(const json::value* appthumbnail) {
     if (!appthumbnail)
         return {{}, {}};
     const Members<Keys<"fileref", "alt">> thumbnail(*appthumbnail);
-    std::u16string fileRef = thumbnail.text<"fileref">(Ascii);
-    return {std::move(fileRef), thumbnail.text<"alt">(Utf8)};
+    return {thumbnail.text<"fileref">(Ascii), thumbnail.text<"alt">(Utf8)};
 }
 
 std::vector<SyntaxGroup> readSyntaxGroups(const json::value* syntaxgroup) {
-    using Group = Members<Keys<"syntaxtype", "title", "syntax">>;
-
-    return readEach<SyntaxGroup>(
-        syntaxgroup, [](const json::value& element, std::vector<SyntaxGroup>& groups) {
-            const Group group(element);
-            const SyntaxType::Value syntaxType = group.word<SyntaxType, "syntaxtype">();
-            std::u16string title = group.text<"title">(Utf8);
-            groups.emplace_back(std::move(title), syntaxType,
-                                readTexts(group.value<"syntax">(), Ascii));
-        });
+    return readEach(syntaxgroup, [](const json::value& element) {
+        const Members<Keys<"syntaxtype", "title", "syntax">> group(element);
+        return SyntaxGroup{group.text<"title">(Utf8), group.word<SyntaxType, "syntaxtype">(),
+                           readTexts(group.value<"syntax">(), Ascii)};
+    });
 }
 
 std::vector<Input> readInputs(const json::value* inputs, const std::u16string& href,
                               StringParsingType nameType) {
     const InputStyle plain{href, nameType, /*isNameValuePair=*/false};
     const InputStyle pair{href, nameType, /*isNameValuePair=*/true};
+    const auto append = [](const Argument& input, const InputStyle& style,
+                           std::vector<Input>& result) {
+        result.emplace_back(InPlace([&] { return readInput(input, style); }));
+    };
 
-    return readEach<Input>(inputs, [&](const json::value& element, std::vector<Input>& result) {
+    return appendEach<Input>(inputs, [&](const json::value& element, std::vector<Input>& result) {
         const Argument input(element);
         const json::value* namevaluepairs = input.value<"namevaluepairs">();
         if (!namevaluepairs)
-            return appendInput(input, plain, result);
+            return append(input, plain, result);
         const json::array& pairs = getJsonArray(*namevaluepairs);
         reserveMore(result, pairs.size());
         for (const json::value& nameAndValue : pairs)
-            appendInput(Argument(nameAndValue), pair, result);
+            append(Argument(nameAndValue), pair, result);
     });
 }
 
@@ -150,7 +132,7 @@ std::vector<InputGroup> readInputGroups(const json::value* inputgroup, const std
     const InputStyle plain{href, nameType, /*isNameValuePair=*/false};
     const InputStyle pair{href, nameType, /*isNameValuePair=*/true};
 
-    return readEach<InputGroup>(
+    return appendEach<InputGroup>(
         inputgroup, [&](const json::value& element, std::vector<InputGroup>& groups) {
             const GroupOfInputs group(element);
             const json::value* namevaluepairs = group.value<"namevaluepairs">();
@@ -162,54 +144,46 @@ std::vector<InputGroup> readInputGroups(const json::value* inputgroup, const std
 }
 
 std::vector<Output> readOutputs(const json::value* outputs, const std::u16string& href) {
-    return readEach<Output>(outputs, [&](const json::value& element, std::vector<Output>& result) {
+    return readEach(outputs, [&](const json::value& element) {
         const Argument output(element);
-        const SyntaxType::Value syntaxType = output.word<SyntaxType, "syntaxtype">();
-        result.emplace_back(readObjectInfo(output, href, Utf8), syntaxType);
+        return Output{readObjectInfo(output, href, Utf8), output.word<SyntaxType, "syntaxtype">()};
     });
 }
 
 std::vector<ClassPropertyGroup> readClassPropertyGroups(const json::value* classpropertygroup,
                                                         const std::u16string& href,
                                                         StringParsingType nameType) {
-    using Group = Members<Keys<"title", "classproperty">>;
-
-    return readEach<ClassPropertyGroup>(
-        classpropertygroup,
-        [&](const json::value& element, std::vector<ClassPropertyGroup>& groups) {
-            const Group group(element);
-            std::u16string title = group.optionalText<"title">(Utf8);
-            groups.emplace_back(
-                std::move(title),
-                readClassProperties(group.value<"classproperty">(), href, nameType));
-        });
+    return readEach(classpropertygroup, [&](const json::value& element) {
+        const Members<Keys<"title", "classproperty">> group(element);
+        return ClassPropertyGroup{
+            group.optionalText<"title">(Utf8),
+            readEach(group.value<"classproperty">(), [&](const json::value& property) {
+                return readClassProperty(property, href, nameType);
+            })};
+    });
 }
 
 std::vector<SeeAlso> readSeeAlso(const json::value* seealso) {
-    return readEach<SeeAlso>(seealso, [](const json::value& element, std::vector<SeeAlso>& links) {
+    return readEach(seealso, [](const json::value& element) {
         const Members<Keys<"url", "name">> link(element);
-        std::u16string url = link.text<"url">(Ascii);
-        links.emplace_back(std::move(url), link.text<"name">(Utf8));
+        return SeeAlso{link.text<"url">(Ascii), link.text<"name">(Utf8)};
     });
 }
 
 std::vector<Example> readExamples(const json::value* examples) {
-    return readEach<Example>(examples, [](const json::value& element,
-                                          std::vector<Example>& result) {
+    return readEach(examples, [](const json::value& element) {
         const Members<Keys<"url", "open_command", "title">> example(element);
-        std::u16string url = example.text<"url">(Ascii);
-        std::u16string openCommand = example.text<"open_command">(Ascii);
-        result.emplace_back(std::move(url), std::move(openCommand), example.text<"title">(Utf8));
+        return Example{example.text<"url">(Ascii), example.text<"open_command">(Ascii),
+                       example.text<"title">(Utf8)};
     });
 }
 
 std::vector<Parameter> readParameters(const json::value* parameters, const std::u16string& href) {
-    return readEach<Parameter>(
-        parameters, [&](const json::value& element, std::vector<Parameter>& result) {
-            const Argument parameter(element);
-            std::u16string defaultValue = parameter.optionalText<"defaultvalue">(Utf8);
-            result.emplace_back(readObjectInfo(parameter, href, Utf8), std::move(defaultValue));
-        });
+    return readEach(parameters, [&](const json::value& element) {
+        const Argument parameter(element);
+        std::u16string defaultValue = parameter.optionalText<"defaultvalue">(Utf8);
+        return Parameter{readObjectInfo(parameter, href, Utf8), std::move(defaultValue)};
+    });
 }
 
 } // namespace reference::docparser

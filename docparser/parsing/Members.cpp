@@ -37,10 +37,7 @@ void throwMissingKey(const json::object& object, std::string_view key) {
 }
 
 std::vector<std::u16string> readTexts(const json::value* list, StringParsingType type) {
-    return readEach<std::u16string>(
-        list, [&](const json::value& element, std::vector<std::u16string>& texts) {
-            texts.push_back(getFluString(element, type));
-        });
+    return readEach(list, [&](const json::value& text) { return getFluString(text, type); });
 }
 
 } // namespace reference::docparser

@@ -9,6 +9,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace reference::docparser {
@@ -111,25 +113,55 @@ private:
     std::array<const boost::json::value*, KnownKeys::kNames.size()> slots_{};
 };
 
+/// Lets a container construct an element in place from what a function returns:
+///
+///     inputs.emplace_back(InPlace([&] { return readInput(input, style); }));
+///
+/// The element is then neither moved nor copied into the container.
+template <class Make>
+class InPlace {
+public:
+    explicit InPlace(Make make) : make_(std::move(make)) {}
+
+    operator std::invoke_result_t<Make&>() { return make_(); }
+
+private:
+    Make make_;
+};
+
 /// The largest number of records that a vector reserves memory for before the first one is read.
 /// A few bytes of a hostile file can announce a million records.
 inline constexpr std::size_t kMostReserved = 4096;
 
-/// Reads every element of an optional array.
-/// \param list  the array; null if the item does not have it, which means no records
-/// \param read  called as read(element, records) to append the records of one element
-/// \returns     the records in file order
-/// \throws FormatError  `list` is not an array; also whatever `read` throws
-template <class Record, class Read>
-std::vector<Record> readEach(const boost::json::value* list, Read read) {
+/// Reads an optional array whose elements may stand for any number of records.
+/// \param list    the array; null if the item does not have it, which means no records
+/// \param append  called as append(element, records) to append the records of one element
+/// \returns       the records in file order
+/// \throws FormatError  `list` is not an array; also whatever `append` throws
+template <class Record, class Append>
+std::vector<Record> appendEach(const boost::json::value* list, Append append) {
     std::vector<Record> records;
     if (!list)
         return records;
     const boost::json::array& elements = getJsonArray(*list);
     records.reserve(std::min(elements.size(), kMostReserved));
     for (const boost::json::value& element : elements)
-        read(element, records);
+        append(element, records);
     return records;
+}
+
+/// Reads an optional array of records.
+/// \param list  the array; null if the item does not have it, which means no records
+/// \param read  called as read(element); returns the record of one element
+/// \returns     the records in file order
+/// \throws FormatError  `list` is not an array; also whatever `read` throws
+template <class Read>
+auto readEach(const boost::json::value* list, Read read) {
+    using Record = std::invoke_result_t<Read&, const boost::json::value&>;
+    return appendEach<Record>(list,
+                              [&](const boost::json::value& element, std::vector<Record>& records) {
+                                  records.emplace_back(InPlace([&] { return read(element); }));
+                              });
 }
 
 /// Reads an optional array of strings; null means no strings.

@@ -1,13 +1,10 @@
 #include "docparser/retrieval/ResourceText.hpp"
 
+#include "docparser/parsing/DocumentParser.hpp"
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/parsing/JsonAccess.hpp"
 #include "docparser/parsing/RefItem.hpp"
 #include "docparser/parsing/RefItemLookup.hpp"
-#include "platform/system/NonStopArithmetic.hpp"
-
-#include <boost/json/monotonic_resource.hpp>
-#include <boost/json/parse.hpp>
 
 #include <cstddef>
 #include <utility>
@@ -19,11 +16,6 @@ namespace json = boost::json;
 namespace {
 
 constexpr std::size_t kFirstBlockBytes = 1024;
-
-json::value parseDocument(const std::string& text, json::monotonic_resource& arena) {
-    const platform::NonStopArithmetic nonStop;
-    return json::parse(text, &arena);
-}
 
 template <class T>
 void insertSection(ResourceMap<T>& sections, std::u16string key, DocResource<T> section,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -45,37 +46,28 @@ char16_t* appendUtf16(char16_t* out, char32_t codePoint) noexcept {
     return out;
 }
 
-// Widens `Count` bytes, a multiple of eight, if they are all ASCII, and returns whether they are.
-// The fixed size lets the compiler process many bytes at once.
-template <std::size_t Count>
-bool widenAsciiBlock(const char* bytes, char16_t* out) noexcept {
-    std::array<std::uint64_t, Count / sizeof(std::uint64_t)> words;
-    std::memcpy(words.data(), bytes, Count);
-    std::uint64_t allBits = 0;
-    for (const std::uint64_t word : words)
-        allBits |= word;
-    if ((allBits & 0x8080808080808080) != 0)
-        return false;
-    std::transform(bytes, bytes + Count, out, widen);
-    return true;
+// Returns the position of the first byte in memory with its high bit set. There must be one.
+std::size_t firstMarkedByte(std::uint64_t word) noexcept {
+    const int bits = std::endian::native == std::endian::little ? std::countr_zero(word)
+                                                                : std::countl_zero(word);
+    return static_cast<std::size_t>(bits) / 8;
 }
 
 // Widens the ASCII bytes at the start of a string and returns their number. Most strings are ASCII
-// or have long runs of it.
+// or have long runs of it. `out` has room for as many units as the string has bytes; those after
+// the result are unspecified.
 std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
     const char* const bytes = text.data();
     const std::size_t length = text.size();
     std::size_t done = 0;
-    // In other scripts the only ASCII is often a single space between words: try a small block
-    // before a large one.
-    if (length >= 8 && widenAsciiBlock<8>(bytes, out)) {
-        for (done = 8; length - done >= 32 && widenAsciiBlock<32>(bytes + done, out + done);)
-            done += 32;
-        while (length - done >= 8 && widenAsciiBlock<8>(bytes + done, out + done))
-            done += 8;
-        // Fewer than eight bytes are left: convert the last eight, some of them again.
-        if (length - done < 8 && widenAsciiBlock<8>(bytes + length - 8, out + length - 8))
-            return length;
+    for (; length - done >= 8; done += 8) {
+        // Widening all eight, though not all may count, saves a loop over single bytes.
+        std::uint64_t word;
+        std::memcpy(&word, bytes + done, sizeof word);
+        std::transform(bytes + done, bytes + done + 8, out + done, widen);
+        const std::uint64_t beyondAscii = word & 0x8080808080808080;
+        if (beyondAscii != 0)
+            return done + firstMarkedByte(beyondAscii);
     }
     for (; done < length && isAscii(bytes[done]); ++done)
         out[done] = widen(bytes[done]);
@@ -96,6 +88,53 @@ std::size_t decode(std::string_view text, char16_t* const begin) noexcept {
         text.remove_prefix(sequence.length);
     }
     return static_cast<std::size_t>(out - begin);
+}
+
+// UTF-8 is validated in blocks. The fixed size lets the compiler process many bytes at once.
+constexpr std::size_t kBlockBytes = 64;
+
+// A byte is valid or not because of itself and of the three bytes before it.
+constexpr std::size_t kBytesBefore = 3;
+
+// Returns whether no well-formed text has these bytes one after the other. Nothing branches, so
+// that the compiler can compare many bytes at once.
+constexpr bool isIllFormedAt(const char* at) noexcept {
+    const auto byte = static_cast<std::uint8_t>(at[0]);
+    const auto previous = static_cast<std::uint8_t>(at[-1]);
+    const auto second = static_cast<std::uint8_t>(at[-2]);
+    const auto third = static_cast<std::uint8_t>(at[-3]);
+    const bool isTrail = (byte & 0xC0) == 0x80;
+    const bool isTrailExpected = (previous >= 0xC0) | (second >= 0xE0) | (third >= 0xF0);
+    const bool isNeverUsed = (byte == 0xC0) | (byte == 0xC1) | (byte >= 0xF5);
+    const bool isOverlong =
+        ((previous == 0xE0) & (byte < 0xA0)) | ((previous == 0xF0) & (byte < 0x90));
+    const bool isSurrogate = (previous == 0xED) & (byte > 0x9F);
+    const bool isTooLarge = (previous == 0xF4) & (byte > 0x8F);
+    return (isTrail != isTrailExpected) | isNeverUsed | isOverlong | isSurrogate | isTooLarge;
+}
+
+// Both also read the bytes before the block.
+bool isWellFormedBlock(const char* block) noexcept {
+    std::array<bool, kBlockBytes> isIllFormed;
+    for (std::size_t i = 0; i < kBlockBytes; ++i)
+        isIllFormed[i] = isIllFormedAt(block + i);
+    return isIllFormed == std::array<bool, kBlockBytes>{};
+}
+
+bool isAsciiBlock(const char* block) noexcept {
+    std::uint8_t allBits = 0;
+    for (const char* at = block - kBytesBefore; at < block + kBlockBytes; ++at)
+        allBits |= static_cast<std::uint8_t>(*at);
+    return allBits < 0x80;
+}
+
+// Validates a block at the start or at the end of a text. NUL stands for what the block lacks: it
+// may not follow an incomplete sequence.
+bool isWellFormedEdge(std::string_view before, std::string_view bytes) noexcept {
+    std::array<char, kBytesBefore + kBlockBytes> padded{};
+    std::ranges::copy_backward(before, padded.begin() + kBytesBefore);
+    std::ranges::copy(bytes, padded.begin() + kBytesBefore);
+    return isWellFormedBlock(padded.data() + kBytesBefore);
 }
 
 void appendUtf8(std::string& out, char32_t codePoint) {
@@ -156,13 +195,16 @@ std::string toUtf8(std::u16string_view text) {
 }
 
 bool isWellFormedUtf8(std::string_view text) noexcept {
-    while (!text.empty()) {
-        const DecodedSequence sequence = decodeUtf8(text);
-        if (!sequence.isWellFormed)
+    if (!isWellFormedEdge({}, text.substr(0, kBlockBytes)))
+        return false;
+    std::size_t done = kBlockBytes;
+    for (; done + kBlockBytes <= text.size(); done += kBlockBytes) {
+        const char* const block = text.data() + done;
+        if (!isAsciiBlock(block) && !isWellFormedBlock(block))
             return false;
-        text.remove_prefix(sequence.length);
     }
-    return true;
+    return done > text.size() ||
+           isWellFormedEdge(text.substr(done - kBytesBefore, kBytesBefore), text.substr(done));
 }
 
 bool isWellFormedUtf16(std::u16string_view text) noexcept {

@@ -53,6 +53,18 @@ constexpr Utf8Lead classifyUtf8Lead(std::uint8_t byte) noexcept {
 constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     constexpr char32_t kReplacement = 0xFFFD;
     const auto byteAt = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
+    const auto isTrail = [&](std::size_t i) { return (byteAt(i) & 0xC0) == 0x80; };
+    const auto payloadOf = [&](std::size_t i) { return static_cast<char32_t>(byteAt(i) & 0x3F); };
+
+    // Most characters beyond ASCII have two or three bytes; these two cases need fewer comparisons.
+    if (byteAt(0) >= 0xC2 && byteAt(0) <= 0xDF && text.size() > 1 && isTrail(1))
+        return {static_cast<char32_t>(byteAt(0) & 0x1F) << 6 | payloadOf(1), 2, true};
+    if ((byteAt(0) & 0xF0) == 0xE0 && text.size() > 2 && isTrail(1) && isTrail(2)) {
+        const char32_t codePoint =
+            static_cast<char32_t>(byteAt(0) & 0x0F) << 12 | payloadOf(1) << 6 | payloadOf(2);
+        if (codePoint >= 0x800 && (codePoint < 0xD800 || codePoint > 0xDFFF))
+            return {codePoint, 3, true};
+    }
 
     const Utf8Lead lead = classifyUtf8Lead(byteAt(0));
     if (lead.length == 0)

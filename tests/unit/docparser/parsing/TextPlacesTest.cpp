@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace reference::docparser {
@@ -97,6 +98,18 @@ TEST(FindSyntaxProblem, ReturnsPositionAndReason) {
     EXPECT_EQ(findSyntaxProblem("\xEF\xBB\xBF{}")->place, TextPlace());
     EXPECT_EQ(findSyntaxProblem("")->place, TextPlace());
     EXPECT_FALSE(findSyntaxProblem("[1,\n  x]")->reason.empty());
+}
+
+TEST(FindSyntaxProblem, PointsToTheFirstByteOfAnIllFormedSequence) {
+    const std::pair<std::string, std::size_t> cases[] = {
+        {"[\"a\xE9\", 1]", 3},
+        {"{\"k\xC3\": 1}", 3},
+        {"[\"\xC3\xA9\xE3\x81\"]", 4},
+        {"[\"a\\n\xC3\xA9\xE3\x41\"]", 7},
+        {"[\"a string of more than 16 bytes: \xED\xA0\x80\"]", 34},
+    };
+    for (const auto& [text, offset] : cases)
+        EXPECT_EQ(findSyntaxProblem(text)->place.offset, offset) << text;
 }
 
 TEST(FindSyntaxProblem, ReportsNestingOverTheLimit) {
