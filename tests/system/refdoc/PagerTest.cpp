@@ -1,5 +1,4 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
-#include "tools/refdoc/terminal/PagerChoice.hpp"
 
 namespace refdoc_tests {
 namespace {
@@ -87,24 +86,6 @@ TEST_F(PagerTest, ThePagerGetsOptionsForLessUnlessThereAreSome) {
                 StartsWith("LESS is -i\n"));
     EXPECT_THAT(page({"show", "Long"}, {{"PAGER", pager}, {"LESS", ""}}).out,
                 StartsWith("LESS is \n"));
-}
-
-TEST(PagerChoiceTest, LessIsUsedWhereItIsInstalledAndTheTerminalIsAble) {
-    using refdoc::choosePager;
-    EXPECT_EQ(choosePager({std::nullopt, "xterm", true}), "less");
-    EXPECT_EQ(choosePager({std::nullopt, "xterm", false}), "");
-    EXPECT_EQ(choosePager({std::nullopt, "dumb", true}), "");
-    EXPECT_EQ(choosePager({std::nullopt, std::nullopt, true}), "");
-    EXPECT_EQ(choosePager({"more -s", "dumb", false}), "more -s");
-    EXPECT_EQ(choosePager({"", "xterm", true}), "");
-}
-
-TEST(PagerChoiceTest, LongIsWhatLeavesNoLineForThePrompt) {
-    using refdoc::isLong;
-    EXPECT_FALSE(isLong("1\n2\n", {.isTerminal = true, .columns = 80, .rows = 3}));
-    EXPECT_TRUE(isLong("1\n2\n3\n", {.isTerminal = true, .columns = 80, .rows = 3}));
-    EXPECT_FALSE(isLong("1\n2\n3\n", {.isTerminal = true, .columns = 80, .rows = 0}));
-    EXPECT_FALSE(isLong("1\n2\n3\n", {}));
 }
 
 } // namespace

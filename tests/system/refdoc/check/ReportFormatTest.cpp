@@ -1,6 +1,5 @@
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tools/refdoc/check/report/ReportFormats.hpp"
-#include "tools/refdoc/terminal/Progress.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <boost/json/parse.hpp>
 #include <valijson/adapters/boost_json_adapter.hpp>
@@ -16,7 +15,6 @@ namespace {
 
 namespace json = boost::json;
 using docparser_tests::portable;
-using docparser_tests::textOf;
 using refdoc::check::Rule;
 using refdoc::check::rules;
 
@@ -177,28 +175,6 @@ TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
     const json::array& related = resultOf("dropped-record").at("relatedLocations").as_array();
     ASSERT_EQ(related.size(), 1U);
     EXPECT_EQ(textAt(related[0], "/message/text"), "in/Orchard.json:2:1: the record that is kept.");
-}
-
-TEST(SarifPaths, AreEscaped) {
-    const std::string drive = textOf(std::filesystem::current_path().root_name());
-    const Rule& rule = rules().front();
-    const auto report = refdoc::check::sarifReport(
-        {{&rule, rule.severity, {"a b/ä:c.json", "", {}, {}}, "m", "0", {}},
-         {&rule, rule.severity, {drive + "/x y.json", "", {}, {}}, "m", "1", {}}},
-        "/base folder");
-    const json::value run = document(report).at_pointer("/runs/0");
-    EXPECT_EQ(run.at_pointer("/results/0/locations/0/physicalLocation/artifactLocation"),
-              document(R"({"uri": "a%20b/%C3%A4%3Ac.json", "uriBaseId": "%SRCROOT%"})"));
-    EXPECT_EQ(run.at_pointer("/results/1/locations/0/physicalLocation/artifactLocation"),
-              json::value({{"uri", uriOfAbsolute(drive + "/x%20y.json")}}));
-    EXPECT_EQ(textAt(run, "/originalUriBaseIds/%SRCROOT%/uri"), "file:///base%20folder/");
-}
-
-TEST(Progress, IsABarOfWhatIsDone) {
-    using refdoc::Progress;
-    EXPECT_EQ(Progress::barOf("checking", 1, 3), "checking [##########....................] 1/3");
-    EXPECT_EQ(Progress::barOf("checking", 9, 3), "checking [##############################] 3/3");
-    EXPECT_EQ(Progress::barOf("checking", 0, 0), "checking [##############################] 0/0");
 }
 
 } // namespace

@@ -3,8 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <set>
-
 namespace refdoc_tests {
 namespace {
 
@@ -33,27 +31,6 @@ TEST_F(RuleTextTest, EachRuleIsExplained) {
                                                 rule.explanation),
                                     ""}));
     }
-}
-
-TEST(Rules, HaveDifferentNamesAndWholeSentences) {
-    std::set<std::string_view> names;
-    for (const Rule& rule : rules()) {
-        EXPECT_TRUE(names.insert(rule.name).second) << rule.name;
-        EXPECT_EQ(refdoc::check::findRule(rule.name), &rule);
-        EXPECT_FALSE(rule.summary.ends_with('.')) << rule.name;
-        EXPECT_TRUE(rule.explanation.ends_with('.')) << rule.name;
-    }
-    EXPECT_EQ(refdoc::check::findRule("no-such-rule"), nullptr);
-}
-
-TEST(RuleDocumentation, ListsEachRuleInTheirOrder) {
-    std::ifstream stream(std::string(DOCS_FOLDER) + "/check.md");
-    const std::string page{std::istreambuf_iterator<char>(stream), {}};
-    std::string table;
-    for (const Rule& rule : rules())
-        table += fmt::format("| `{}` | {} | {} |\n", rule.name,
-                             refdoc::check::toWord(rule.severity), rule.summary);
-    EXPECT_THAT(page, HasSubstr("|---|---|---|\n" + table + "\n"));
 }
 
 } // namespace

@@ -8,11 +8,16 @@
 #include "platform/HostServices.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tests/support/ResourceText.hpp"
+#include "tests/support/TemporaryFolder.hpp"
 #include "tests/support/ZipBytes.hpp"
-#include "tests/system/refdoc/RefdocTest.hpp"
 #include "tools/refdoc/explain/FileTexts.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
 #include <random>
 #include <set>
 
@@ -23,7 +28,6 @@ using namespace reference::docparser;
 using namespace refdoc;
 using docparser_tests::ResourceText;
 using docparser_tests::ZipBytes;
-using fl::i18n::to_ustring;
 
 // Section, key, href and purpose of each record, in the order of a result.
 using Lines = std::vector<std::u16string>;
@@ -63,16 +67,21 @@ Lines linesOf(const std::vector<SectionOrigins>& sections) {
     return lines;
 }
 
-class OriginsTest : public RefdocTest {
+class OriginsTest : public testing::Test {
 protected:
     ~OriginsTest() override {
         platform::setHostServices(nullptr);
         DocResourceParser::restoreDefaultSettings();
     }
 
-    static void use(const std::string& installFolder, const std::u16string& language) {
+    // Writes a plain lookup file; `name` without ".json".
+    void addLookup(const std::string& name, std::string_view text) const {
+        folder_.write("help/docCatalog/referenceapi_lookup/" + name + ".json", text);
+    }
+
+    static void use(const std::filesystem::path& installFolder, const std::u16string& language) {
         refdoc::Options options;
-        options.installFolder = to_ustring(installFolder);
+        options.installFolder = installFolder.u16string();
         options.language = language;
         applyOptions(options);
     }
@@ -119,6 +128,7 @@ protected:
         }
     }
 
+    const docparser_tests::TemporaryFolder folder_;
     LoadAccount account_;
 
 private:
@@ -213,15 +223,16 @@ protected:
 
 TEST_P(RandomOriginsTest, AreThoseOfEveryRecordOfTheIndex) {
     RandomFiles files(GetParam());
-    addManifest(R"({"supportedDocLanguages": ["en", "de", "ja"],
+    folder_.write("installation.json", R"({"supportedDocLanguages": ["en", "de", "ja"],
                     "topLevelProducts": [{"shortName": "orchard"}],
                     "hardwareSupportPackages": ["kit"]})");
     for (std::size_t rest = 2 + files.below(5); rest > 0; --rest)
         addLookup(files.fileName(), files.text(/*isLookup=*/true));
     for (std::size_t rest = files.below(4); rest > 0; --rest)
-        add("help/docCatalog/referenceapi_lookup/" + files.fileName() + ".zip", files.package());
+        folder_.write("help/docCatalog/referenceapi_lookup/" + files.fileName() + ".zip",
+                      files.package());
     for (const char16_t* language : {u"en", u"de"}) {
-        use(path(), language);
+        use(folder_.path(), language);
         const std::vector<SectionOrigins> all = expectIndexExplained();
         expectPlaces(all);
         for (const std::u16string name : {u"graft", u"prune", u"press"}) {
@@ -233,16 +244,17 @@ TEST_P(RandomOriginsTest, AreThoseOfEveryRecordOfTheIndex) {
 
 TEST_P(RandomOriginsTest, AreThoseOfEveryItemOfAProduct) {
     RandomFiles files(GetParam());
-    addManifest(R"({"supportedDocLanguages": ["en", "de"], "supportPackageRoot": "packages"})");
+    folder_.write("installation.json",
+                  R"({"supportedDocLanguages": ["en", "de"], "supportPackageRoot": "packages"})");
     for (const std::string folder :
          {"help/docCatalog/referenceapi/", "packages/help/docCatalog/referenceapi/"}) {
         for (const std::string name : {"Orchard.json", "Orchard_de.json"}) {
             if (files.below(4) > 0)
-                add(folder + name, files.text(/*isLookup=*/false));
+                folder_.write(folder + name, files.text(/*isLookup=*/false));
         }
     }
     for (const char16_t* language : {u"en", u"de"}) {
-        use(path(), language);
+        use(folder_.path(), language);
         expectPlaces(expectProductExplained(u"Orchard"));
     }
 }
@@ -251,7 +263,7 @@ TEST_P(RandomOriginsTest, NoRecordOfAFileThatIsReadIsForgotten) {
     RandomFiles files(GetParam());
     for (std::size_t rest = 4; rest > 0; --rest)
         addLookup(files.fileName(), files.text(/*isLookup=*/true));
-    use(path(), u"de");
+    use(folder_.path(), u"de");
     std::multiset<std::u16string> told;
     for (const SectionOrigins& section : expectIndexExplained()) {
         for (const auto& [name, records] : section.kept) {
