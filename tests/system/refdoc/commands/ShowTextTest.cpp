@@ -1,5 +1,5 @@
-#include "tests/system/refdoc/FullProduct.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
+#include "tests/system/refdoc/commands/FullProduct.hpp"
 
 #include <algorithm>
 
