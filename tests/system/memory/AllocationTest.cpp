@@ -1,5 +1,5 @@
-#include "tests/system/AllocationCounter.hpp"
 #include "tests/system/SystemTest.hpp"
+#include "tests/system/memory/AllocationCounter.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>

@@ -1,6 +1,6 @@
 #include "tests/support/ZipBytes.hpp"
-#include "tests/system/AllocationCounter.hpp"
 #include "tests/system/SystemTest.hpp"
+#include "tests/system/memory/AllocationCounter.hpp"
 
 #include <unistd.h>
 

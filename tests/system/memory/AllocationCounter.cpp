@@ -1,4 +1,4 @@
-#include "tests/system/AllocationCounter.hpp"
+#include "tests/system/memory/AllocationCounter.hpp"
 
 #include <malloc.h>
 
