@@ -6,6 +6,7 @@ set(system_dlls
 list(JOIN system_dlls "|" system_dlls)
 
 install(CODE "
+    set(ENV{LC_ALL} C) # CMake parses what objdump prints
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND \"${CMAKE_OBJDUMP}\")
