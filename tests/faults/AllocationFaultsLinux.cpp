@@ -1,4 +1,5 @@
 #include "tests/faults/AllocationFaults.hpp"
+#include "tests/support/ReplacedNew.hpp"
 
 #include <link.h>
 
@@ -7,7 +8,6 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
-#include <new>
 #include <string_view>
 
 // What the functions replaced here do: a sanitizer's version where there is one, else that of the
@@ -163,12 +163,6 @@ void* allocate(std::size_t size, const void* caller) noexcept {
     return account(__interceptor_malloc ? __interceptor_malloc(size) : __libc_malloc(size), caller);
 }
 
-void* allocateOrThrow(std::size_t size) {
-    if (void* memory = allocate(size, nullptr))
-        return memory;
-    throw std::bad_alloc();
-}
-
 void release(void* memory) noexcept {
     if (!memory)
         return;
@@ -205,11 +199,18 @@ void forgetLiveAllocations() noexcept {
     liveOfLibzip.clear();
 }
 
+void* allocateForNew(std::size_t size) noexcept {
+    return allocate(size, nullptr);
+}
+
+void releaseForDelete(void* memory) noexcept {
+    release(memory);
+}
+
 } // namespace docparser_tests
 
 using docparser_tests::account;
 using docparser_tests::allocate;
-using docparser_tests::allocateOrThrow;
 using docparser_tests::fails;
 using docparser_tests::forget;
 using docparser_tests::release;
@@ -248,34 +249,3 @@ void free(void* memory) noexcept {
 }
 
 } // extern "C"
-
-void* operator new(std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size, nullptr);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size, nullptr);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    release(memory);
-}

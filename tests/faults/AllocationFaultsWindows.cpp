@@ -1,7 +1,7 @@
 #include "tests/faults/AllocationFaults.hpp"
+#include "tests/support/ReplacedNew.hpp"
 
 #include <cstdlib>
-#include <new>
 
 namespace docparser_tests {
 
@@ -9,18 +9,6 @@ namespace {
 
 constinit thread_local CallSchedule schedule;
 constinit thread_local bool isArmed = false;
-
-void* allocate(std::size_t size) noexcept {
-    if (isArmed && schedule.nextFails())
-        return nullptr;
-    return std::malloc(size == 0 ? 1 : size);
-}
-
-void* allocateOrThrow(std::size_t size) {
-    if (void* memory = allocate(size))
-        return memory;
-    throw std::bad_alloc();
-}
 
 } // namespace
 
@@ -48,38 +36,14 @@ std::size_t liveAllocations(Allocator) noexcept {
 
 void forgetLiveAllocations() noexcept {}
 
+void* allocateForNew(std::size_t size) noexcept {
+    if (isArmed && schedule.nextFails())
+        return nullptr;
+    return std::malloc(size == 0 ? 1 : size);
+}
+
+void releaseForDelete(void* memory) noexcept {
+    std::free(memory);
+}
+
 } // namespace docparser_tests
-
-using docparser_tests::allocate;
-using docparser_tests::allocateOrThrow;
-
-void* operator new(std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}

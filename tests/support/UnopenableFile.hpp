@@ -2,9 +2,9 @@
 
 #include <filesystem>
 #ifdef _WIN32
-#include <system_error>
-
 #include <windows.h>
+
+#include <system_error>
 #endif
 
 namespace docparser_tests {
@@ -20,7 +20,9 @@ public:
         if (handle_ == INVALID_HANDLE_VALUE)
             throw std::system_error(static_cast<int>(::GetLastError()), std::system_category());
     }
-    ~UnopenableFile() { ::CloseHandle(handle_); }
+    ~UnopenableFile() {
+        ::CloseHandle(handle_);
+    }
 #else
     explicit UnopenableFile(const std::filesystem::path& path) {
         std::filesystem::create_symlink("nothing", path);

@@ -1,10 +1,11 @@
 #include "tests/system/memory/AllocationCounter.hpp"
 
+#include "tests/support/ReplacedNew.hpp"
+
 #include <malloc.h>
 
 #include <atomic>
 #include <cstdlib>
-#include <new>
 
 namespace docparser_tests {
 
@@ -14,31 +15,6 @@ constinit std::atomic<std::size_t> live{0};
 constinit std::atomic<std::size_t> peak{0};
 constinit std::atomic<std::size_t> largeAllocations{0};
 constinit std::atomic<std::size_t> firstLarge{0};
-
-void* allocate(std::size_t size) noexcept {
-    void* memory = std::malloc(size ? size : 1);
-    if (!memory)
-        return nullptr;
-    const std::size_t now = live += ::malloc_usable_size(memory);
-    for (std::size_t before = peak; before < now && !peak.compare_exchange_weak(before, now);) {
-    }
-    if (size >= kLargeBytes && largeAllocations++ == 0)
-        firstLarge = size;
-    return memory;
-}
-
-void* allocateOrThrow(std::size_t size) {
-    if (void* memory = allocate(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void release(void* memory) noexcept {
-    if (!memory)
-        return;
-    live -= ::malloc_usable_size(memory);
-    std::free(memory);
-}
 
 } // namespace
 
@@ -64,39 +40,23 @@ std::size_t AllocationObserver::peakBytes() const noexcept {
     return peak - liveBefore_;
 }
 
+void* allocateForNew(std::size_t size) noexcept {
+    void* memory = std::malloc(size ? size : 1);
+    if (!memory)
+        return nullptr;
+    const std::size_t now = live += ::malloc_usable_size(memory);
+    for (std::size_t before = peak; before < now && !peak.compare_exchange_weak(before, now);) {
+    }
+    if (size >= kLargeBytes && largeAllocations++ == 0)
+        firstLarge = size;
+    return memory;
+}
+
+void releaseForDelete(void* memory) noexcept {
+    if (!memory)
+        return;
+    live -= ::malloc_usable_size(memory);
+    std::free(memory);
+}
+
 } // namespace docparser_tests
-
-using docparser_tests::allocate;
-using docparser_tests::allocateOrThrow;
-using docparser_tests::release;
-
-void* operator new(std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new[](std::size_t size) {
-    return allocateOrThrow(size);
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    release(memory);
-}

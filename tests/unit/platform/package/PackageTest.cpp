@@ -1,7 +1,7 @@
-#include "tests/support/NativeText.hpp"
 #include "tests/unit/platform/package/PackageTest.hpp"
 
 #include "platform/package/StreamHelper.hpp"
+#include "tests/support/NativeText.hpp"
 
 #include <fstream>
 #include <sstream>
