@@ -11,8 +11,8 @@ class Meter {
 public:
     virtual ~Meter() = default;
 
-    /// Measures one call. Making its input takes no time but counts as memory, since whoever calls
-    /// holds it; dropping its result takes none either, since that is the caller's affair.
+    /// Measures one call. Neither making its input nor dropping its result counts as time; the
+    /// input counts as memory, because the caller holds it.
     /// \param inputBytes  the JSON text that the call is about
     /// \param makeInput   makeInput() is the call's argument
     /// \param call        call(input) returns what the caller keeps
