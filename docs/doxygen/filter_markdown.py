@@ -6,7 +6,6 @@
 - Links to pages, sections and public headers become references; the pages that a README lists or has
   in a table become its sub-pages.
 - A link to a source file in a line of its own becomes the file's text.
-- Blocks of ```dot become pictures.
 - Other links into the source tree keep their text only.
 """
 
@@ -103,8 +102,7 @@ class Page:
 
     @staticmethod
     def code(lines):
-        marks = ("@dot", "@enddot") if lines[0] == "```dot" else (lines[0], "```")
-        return "\n".join([marks[0], *lines[1:], marks[1]])
+        return "\n".join([*lines, "```"])
 
 
 if __name__ == "__main__":
