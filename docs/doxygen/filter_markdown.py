@@ -5,7 +5,6 @@
 - Headings get the anchors that links in the source tree use: "page" and "page-section".
 - Links to pages, sections and public headers become references; the pages that a README lists or has
   in a table become its sub-pages.
-- A link to a source file in a line of its own becomes the file's text.
 - Other links into the source tree keep their text only.
 """
 
@@ -15,7 +14,6 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 LINK = re.compile(r"(?<!!)\[([^\]]*)\]\(([^)#]*)(?:#([^)]*))?\)")
-LISTING = re.compile(r"^\[[^\]]*\]\(([^)]*\.(?:cpp|hpp|txt|json))\)$")
 
 
 def page_name(file):
@@ -70,11 +68,6 @@ class Page:
         return f'@{command} {reference} "{quoted}"'
 
     def line(self, line):
-        listing = LISTING.match(line)
-        if listing:
-            target = (self.file.parent / listing[1]).resolve()
-            command = "verbinclude" if target.suffix == ".txt" else "include"
-            return f"@{command} {target.relative_to(ROOT)}"
         return self.heading(line) if re.match(r"#+ ", line) else line
 
     def prose(self, lines):
