@@ -36,9 +36,10 @@ struct SourceSection {
 
 /// The sections of a file that a retrieval has read, with the places of their records.
 ///
-/// The places are found in one pass over the text, which is read anew. A file that has changed
-/// since may lack what the account says of it; then records or places are missing here. \param
-/// index  of the file in the account \param key    keeps only the records of this key; absent: all
+/// The places are found in one pass over the text, which is read again. If the file has changed
+/// since the retrieval, records or places may be missing.
+/// \param index  of the file in the account
+/// \param key    keeps only the records of this key; absent: all
 /// \returns      a section for each of the account's, in their order
 std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
                                         const std::optional<std::u16string>& key);
