@@ -12,7 +12,7 @@
 
 namespace docparser_fuzz {
 
-/// The document in the text, or nothing when it is no JSON.
+/// The document in the text, or nothing if it is not valid JSON.
 inline std::optional<boost::json::value> findDocument(const std::string& text) {
     boost::system::error_code error;
     boost::json::value document = boost::json::parse(text, error);
@@ -50,7 +50,7 @@ void requireSections(const reference::docparser::ResourceMap<T>& sections,
 }
 
 /// Reads the text as a resource file and requires that it ends in records, in a format error whose
-/// place is there, or in the refusal of text that is no JSON; in the same one each time.
+/// position exists, or in an error for invalid JSON, and in the same one each time.
 template <class T>
 void requireReadOrRefused(const std::string& text,
                           reference::docparser::SectionParser<T> parseSection,
@@ -61,12 +61,12 @@ void requireReadOrRefused(const std::string& text,
     try {
         const ResourceMap<T> sections =
             parseResourceText<T>(text, product, parseSection, unobserved);
-        require(document.has_value(), "text that is no JSON is refused");
+        require(document.has_value(), "invalid JSON is refused");
         requireSections(sections, product, getKey);
         require(sections == parseResourceText<T>(text, product, parseSection, unobserved),
                 "a text is read the same each time");
     } catch (const FormatError& error) {
-        require(document.has_value(), "text that is no JSON has no place to point to");
+        require(document.has_value(), "invalid JSON has no position to point to");
         requirePlace(error, *document);
     } catch (const boost::system::system_error&) {
         require(!document.has_value(), "JSON is never taken for anything else");

@@ -25,8 +25,8 @@ Finding noJson(const FileAccount& account, const SourceFile& file, std::string_v
                const json::error_code& error) {
     Finding finding{.rule = RuleId::MalformedJson,
                     .spot = {.file = file, .place = account.place},
-                    .message = fmt::format("the text is no JSON: {}; the whole file is dropped",
-                                           account.reason)};
+                    .message =
+                        fmt::format("invalid JSON: {}; the whole file is dropped", account.reason)};
     if (text.starts_with(kByteOrderMark)) {
         finding.rule = RuleId::ByteOrderMark;
         finding.message = "the text begins with a byte-order mark; the whole file is dropped";

@@ -200,7 +200,7 @@ std::vector<Finding> checkManifest(const SourceFile& file) {
         const auto problem = reference::docparser::findSyntaxProblem(text);
         findings.push_back({RuleId::MalformedJson,
                             {.file = file, .place = problem ? problem->place : TextPlace()},
-                            "the text is no JSON: " + error.message()});
+                            "invalid JSON: " + error.message()});
         return findings;
     }
     for (ContentFinding& found : walkDocument(manifestSchema(), document))

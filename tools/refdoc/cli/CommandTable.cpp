@@ -81,7 +81,7 @@ std::vector<OptionEntry> checkOptions() {
 
 CommandEntry checkCommand() {
     return {"check",
-            "Find what is dropped, changed or passed over in silence",
+            "Find what is silently dropped, changed or ignored",
             "Checks resource files as a compiler does, one line a finding. A PATH is a reference "
             "root, an install folder, a resource file, a package or an installation.json; without "
             "one, the current roots are checked, in all supported languages. With --json one JSON "

@@ -18,7 +18,7 @@ struct TypedWords {
     std::string word;                      ///< so far; of "--option=value" the value
 };
 
-/// Sorts the words by the table. What it does not know is passed over; in a folder that starts with
+/// Sorts the words by the table. What it does not know is ignored; in a folder that starts with
 /// "~" the variable HOME takes its place.
 /// \param words  after the program's name; the last one is the one under the cursor
 TypedWords sortWords(const CommandTable& table, const std::vector<std::string>& words);

@@ -74,7 +74,7 @@ TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {
         linesOf(check({"installation.json"}).out),
         (std::vector<std::string>{
             "installation.json:1:2: warning: the key \"docLanguag\" has no meaning here and is "
-            "passed over; did you mean \"docLanguage\"? [unknown-key]",
+            "ignored; did you mean \"docLanguage\"? [unknown-key]",
             "installation.json:2:23: error: the required key \"shortName\" is missing; the whole "
             "file "
             "is dropped [missing-key]",

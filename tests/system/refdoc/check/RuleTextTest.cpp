@@ -17,7 +17,7 @@ TEST_F(RuleTextTest, TheListHasALineForEachRule) {
     EXPECT_EQ(outcome.status, 0);
     const std::vector<std::string> lines = linesOf(outcome.out);
     ASSERT_EQ(lines.size(), rules().size());
-    EXPECT_EQ(lines[0], "malformed-json                   error    the text is no JSON");
+    EXPECT_EQ(lines[0], "malformed-json                   error    invalid JSON");
     EXPECT_EQ(lines[5], "unknown-key                      warning  the key has no meaning where it "
                         "stands");
 }

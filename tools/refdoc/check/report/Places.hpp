@@ -7,7 +7,7 @@
 namespace refdoc::check {
 
 /// Finds the places that the pointers of findings, and of what is related to them, stand for. Each
-/// file is read once more and passed over once, and only files with findings are.
+/// file is read again and walked once, and only files with findings are.
 void findPlaces(std::vector<Finding>& findings);
 
 } // namespace refdoc::check

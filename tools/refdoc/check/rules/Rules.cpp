@@ -12,11 +12,11 @@ using enum RuleId;
 using enum Severity;
 
 constexpr Rule kRules[] = {
-    {MalformedJson, "malformed-json", Error, "the text is no JSON",
-     "A file that is no JSON is dropped as a whole, as if it were not there. An empty file is no "
-     "JSON either. Mend the text at the place that is given."},
+    {MalformedJson, "malformed-json", Error, "invalid JSON",
+     "A file that is not valid JSON is dropped as a whole, like a missing file. An empty file is "
+     "not valid either. Fix the error at the reported position."},
     {ByteOrderMark, "byte-order-mark", Error, "the text begins with a byte-order mark",
-     "JSON begins with a value. The three bytes EF BB BF before it make the text no JSON, and the "
+     "JSON begins with a value. The three bytes EF BB BF before it make the text invalid, and the "
      "file is dropped as a whole. Save it as UTF-8 without a byte-order mark."},
     {NestingTooDeep, "nesting-too-deep", Error, "values are nested deeper than 32 levels",
      "The parser gives up below 32 levels of objects and arrays, and the file is dropped as a "
@@ -28,9 +28,9 @@ constexpr Rule kRules[] = {
      "One value of the wrong kind, such as a number where a text belongs, costs the whole file. "
      "Only enumeration words and \"deprecated\" are exempt."},
     {UnknownKey, "unknown-key", Warning, "the key has no meaning where it stands",
-     "Keys that the format does not know are passed over, so a misspelt key is as good as absent. "
+     "Keys that the format does not know are ignored, so a misspelt key counts as absent. "
      "Keys are compared to the letter, upper and lower case included. Beside \"namevaluepairs\" "
-     "every other key is passed over. Correct the key or remove it."},
+     "every other key is ignored. Correct the key or remove it."},
     {UnknownWord, "unknown-word", Warning, "the enumeration has no such word",
      "A word that an enumeration does not know, or a value that is no text, counts as the "
      "enumeration's default. Words are compared to the letter."},
@@ -73,7 +73,7 @@ constexpr Rule kRules[] = {
     {IgnoredFile, "ignored-file", Warning, "what looks like a resource file is ignored",
      "The name or the first bytes say that the file was meant to be read, but its name is not that "
      "of a resource file. Only \"NAME.json\" and, in the lookup folder, \"NAME.zip\" are read. "
-     "Rename the file, or move it out of the folder. Other files are passed over without a word."},
+     "Rename the file, or move it out of the folder. Other files are silently ignored."},
     {UnsupportedLanguage, "unsupported-language", Warning,
      "the suffix of the name is no supported language",
      "A file counts as a translation only when its name ends with \"_\" and a supported language "

@@ -207,7 +207,7 @@ private:
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
         add(RuleId::UnknownKey, /*isAtKey=*/true,
-            fmt::format("the key \"{}\" has no meaning here and is passed over{}", key,
+            fmt::format("the key \"{}\" has no meaning here and is ignored{}", key,
                         hintFor(key, known)));
     }
 
