@@ -50,4 +50,7 @@ std::string section(const std::string& helpFolder, const std::string& items,
 /// The document that the program printed; a failure of the test when it is none.
 boost::json::value document(const std::string& text);
 
+/// The documents that the program printed, one on each line.
+std::vector<boost::json::value> documents(const std::string& lines);
+
 } // namespace refdoc_tests

@@ -53,9 +53,8 @@ void keepTelling(std::vector<SectionOrigins>& sections) {
 
 std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
     switch (format) {
-    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
-    case OutputFormat::JsonLines:
-        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Json: return explanationDocument(explanation);
+    case OutputFormat::JsonLines: return explanationLines(explanation);
     case OutputFormat::Text: break;
     }
     return explanationPage(explanation, setup);

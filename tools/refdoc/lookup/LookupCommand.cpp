@@ -2,13 +2,14 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <fmt/format.h>
 
 #include <string_view>
@@ -74,17 +75,20 @@ std::string pageOf(const LookupResults& results, const PageSetup& setup, bool wi
     return page.take();
 }
 
+std::string documentOf(const LookupResults& results) {
+    boost::json::monotonic_resource pool;
+    return toIndentedJson(toJson(results, &pool));
+}
+
 std::string linesOf(const LookupResults& results) {
     const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
-    std::string lines;
-    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
-    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
-    return lines;
+    return recordLines(results.installed, language, [](const auto&) { return true; }) +
+           recordLines(results.notInstalled, language, [](const auto&) { return false; });
 }
 
 std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::Json: return documentOf(results);
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Text: break;
     }

@@ -3,7 +3,7 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/EnglishFallback.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
@@ -34,11 +34,15 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
     return fmt::format("{} ({})", to_string(folder), files);
 }
 
+std::string documentOf(const std::u16string& product, const ResourceMap<RefItem>& resources) {
+    return toIndentedJson({{"product", toJson(product)}, {"resources", toJson(resources)}});
+}
+
 Answer productNotFound(const Options& options) {
     Answer answer{.status = ExitStatus::NotFound,
                   .complaints = {complaintAboutProduct(options.product)}};
     if (options.format == OutputFormat::Json)
-        answer.output = showDocument(options.product, {});
+        answer.output = documentOf(options.product, {});
     return answer;
 }
 
@@ -64,13 +68,10 @@ std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources
 std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
                      const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return showDocument(options.product, resources);
-    case OutputFormat::JsonLines: {
-        std::string lines;
-        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
-                       &DocResourceParser::isProductInstalled);
-        return lines;
-    }
+    case OutputFormat::Json: return documentOf(options.product, resources);
+    case OutputFormat::JsonLines:
+        return recordLines(resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                           &DocResourceParser::isProductInstalled);
     case OutputFormat::Text: break;
     }
     return pageOf(options, resources, setup);

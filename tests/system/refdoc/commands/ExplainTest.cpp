@@ -11,6 +11,7 @@ namespace refdoc_tests {
 namespace {
 
 namespace json = boost::json;
+using docparser_tests::native;
 using docparser_tests::portable;
 using docparser_tests::Schema;
 using docparser_tests::ZipBytes;
@@ -50,7 +51,7 @@ protected:
         return printed;
     }
 
-    const Schema schema_{"explain.schema.json"};
+    const Schema schema_{"refdoc-explain.schema.json", "explain"};
 };
 
 class ExplainProductTest : public ExplainTest {
@@ -69,6 +70,11 @@ protected:
 "productName": "Orchard", "baseCode": "OR", "helpFolder": "orchard", "helpLocation": "h",
 "refItems": [
   {"href": "graft.html", "refpurpose": "Veredeln"}]})");
+    }
+
+    // A file as the lines name it.
+    json::object fileObject(const std::string& name) const {
+        return {{"path", path("help/docCatalog/referenceapi") + native("/" + name)}, {"entry", ""}};
     }
 };
 
@@ -210,10 +216,37 @@ TEST_F(ExplainProductTest, TheDocumentHasTheSameForPrograms) {
     EXPECT_EQ(printed.at("language"), "de");
 }
 
-TEST_F(ExplainProductTest, TheDocumentIsOneLineWhereLinesAreAskedFor) {
-    const Outcome line = explain({"Orchard", "--jsonl"});
-    EXPECT_EQ(std::ranges::count(line.out, '\n'), 1);
-    EXPECT_EQ(document(line.out), explainDocument({"Orchard"}));
+TEST_F(ExplainProductTest, PrintsEachRecordOnALineWithItsFileAndTheOneItLostTo) {
+    const auto record = [&](const char* file, const char* pointer, const char* purpose,
+                            json::value place) {
+        return json::object{{"section", "orchard"},  {"language", "de"},
+                            {"key", "graft.html"},   {"href", "graft.html"},
+                            {"refPurpose", purpose}, {"file", fileObject(file)},
+                            {"pointer", pointer},    {"place", std::move(place)}};
+    };
+    json::object kept = record("Orchard_de.json", "/refItems/0", "Veredeln",
+                               {{"offset", 108}, {"line", 4}, {"column", 3}});
+    kept["rule"] = nullptr;
+    kept["winner"] = nullptr;
+    json::object first = record("Orchard.json", "/refItems/0", "Join trees",
+                                {{"offset", 108}, {"line", 4}, {"column", 3}});
+    json::object second = record("Orchard.json", "/refItems/2", "Join trees again",
+                                 {{"offset", 214}, {"line", 6}, {"column", 3}});
+    for (json::object* lost : {&first, &second}) {
+        (*lost)["rule"] = "replaced";
+        (*lost)["winner"] = fileObject("Orchard_de.json");
+    }
+    EXPECT_EQ(run({"explain", "Orchard", "graft.html", "--lang", "de", "--jsonl"}),
+              (Outcome{0,
+                       json::serialize(kept) + "\n" + json::serialize(first) + "\n" +
+                           json::serialize(second) + "\n",
+                       ""}));
+}
+
+TEST_F(ExplainProductTest, PrintsNoLineForAnUnknownItem) {
+    const Outcome outcome = run({"explain", "Orchard", "prun.html", "--jsonl"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
 }
 
 TEST_F(ExplainProductTest, EveryDocumentIsValid) {
