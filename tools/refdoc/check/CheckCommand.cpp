@@ -87,8 +87,12 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Option
                       const PageSetup& setup, const PathNames& names) {
     if (options.check.isSarif)
         return sarifReport(findings, names.base());
-    return options.format == OutputFormat::Text ? textReport(findings, setup.color)
-                                                : jsonReport(findings);
+    switch (options.format) {
+    case OutputFormat::Json: return jsonReport(findings);
+    case OutputFormat::JsonLines: return jsonLinesReport(findings);
+    case OutputFormat::Text: break;
+    }
+    return textReport(findings, setup.color);
 }
 
 } // namespace

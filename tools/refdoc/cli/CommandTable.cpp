@@ -32,7 +32,8 @@ std::vector<OptionEntry> outputOptions() {
             {.name = "--jsonl",
              .placeholder = "",
              .kind = ValueKind::None,
-             .help = "Print JSON with one document a line: each record, or for products each file",
+             .help = "Print one JSON object a line: each record, or the files of products, or the "
+                     "findings of check",
              .excludes = "--json"},
             {"--color",
              "WHEN",
@@ -63,7 +64,8 @@ std::vector<OptionEntry> checkOptions() {
              .help = "Print a SARIF 2.1.0 document",
              .excludes = "--json"},
             {"--baseline", "FILE", ValueKind::File,
-             "Report only what is not in this former output of --json or --sarif"},
+             "Report only what is not in this former output of --json, --jsonl or "
+             "--sarif"},
             {.name = "--werror",
              .placeholder = "RULE",
              .kind = ValueKind::Rule,
@@ -84,8 +86,8 @@ CommandEntry checkCommand() {
             "Find what is silently dropped, changed or ignored",
             "Checks resource files as a compiler does, one line a finding. A PATH is a reference "
             "root, an install folder, a resource file, a package or an installation.json; without "
-            "one, the current roots are checked, in all supported languages. With --json one JSON "
-            "object a line is printed. The status is 1 when errors were found.",
+            "one, the current roots are checked, in all supported languages. The status is 1 when "
+            "errors were found.",
             {{"PATH", ValueKind::Path, false, true,
               "Only these: a reference root, an install folder, a file or a package"}},
             checkOptions()};

@@ -9,7 +9,7 @@ class BaselineTest : public CheckTest {};
 
 TEST_F(BaselineTest, WhatIsInItIsNotReportedAgain) {
     seed();
-    for (const char* format : {"--json", "--sarif"}) {
+    for (const char* format : {"--json", "--jsonl", "--sarif"}) {
         add("old", check({".", format}).out);
         EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""})) << format;
     }
