@@ -17,7 +17,7 @@ struct Field {
 template <class Get>
 Field(const char*, Get) -> Field<Get>;
 
-/// The fields of a record type, a tuple of Field. Specialised for each type that has fields:
+/// The fields of a record type, as a tuple of Field. Each such type has a specialisation:
 ///
 ///     template <>
 ///     inline constexpr auto kFields<Spot> =

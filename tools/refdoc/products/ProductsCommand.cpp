@@ -30,7 +30,7 @@ inline constexpr auto kFields<ProductPathData> =
 
 namespace {
 
-// Everything that the command tells, gathered before a word is written.
+// What the command prints, in any format.
 struct Findings {
     std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
     std::u16string supportFolder = *DocResourceParser::getSupportPackageRoot();
@@ -76,28 +76,26 @@ boost::json::value documentOf(const Findings& findings) {
             {"supportPackages", toJson(findings.supportPackages)}};
 }
 
-void addFileLines(std::string& lines, const std::vector<ProductPathData>& files,
-                  const std::u16string& language, std::string_view place, bool isPackage) {
-    for (const ProductPathData& file : files)
-        lines += toJsonLine(
-            {{"product", toJson(productOf(file, language))},
-             {"place", place},
-             {"language", toJson(file.isNonEnglishLocale() ? language : Tools::kEnglishLocale)},
-             {"package", isPackage},
-             {"fullPath", toJson(file.getFullPath())}});
-}
-
-// A line for each product file; full resource files are plain ones.
+// A line for each product file. Full resource files are never packages.
 std::string linesOf(const Findings& findings) {
     std::string lines;
-    addFileLines(lines, findings.productsIn(findings.roots->referenceApiFolder).jsonProducts,
-                 findings.language, "referenceApi", /*isPackage=*/false);
-    addFileLines(lines, findings.productsIn(findings.supportFolder).jsonProducts, findings.language,
-                 "supportPackages", /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.jsonProducts, findings.language, "lookup",
-                 /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.zipProducts, findings.language, "lookup",
-                 /*isPackage=*/true);
+    const auto add = [&](const std::vector<ProductPathData>& files, std::string_view place,
+                         bool isPackage) {
+        const std::u16string& language = findings.language;
+        for (const ProductPathData& file : files)
+            lines += toJsonLine(
+                {{"product", toJson(productOf(file, language))},
+                 {"place", place},
+                 {"language", toJson(file.isNonEnglishLocale() ? language : Tools::kEnglishLocale)},
+                 {"package", isPackage},
+                 {"fullPath", toJson(file.getFullPath())}});
+    };
+    add(findings.productsIn(findings.roots->referenceApiFolder).jsonProducts, "referenceApi",
+        /*isPackage=*/false);
+    add(findings.productsIn(findings.supportFolder).jsonProducts, "supportPackages",
+        /*isPackage=*/false);
+    add(findings.lookupFiles.jsonProducts, "lookup", /*isPackage=*/false);
+    add(findings.lookupFiles.zipProducts, "lookup", /*isPackage=*/true);
     return lines;
 }
 
@@ -128,7 +126,7 @@ void addLanguages(Page& page, const Findings& findings) {
     page.table(0, table);
 }
 
-// By name, for the folder has no order that people would see through.
+// Sorted by name, because the order of a folder is arbitrary.
 void addFileRows(Table& table, std::vector<const ProductPathData*> files,
                  const std::u16string& language, std::u16string_view kind) {
     std::ranges::sort(files, {}, [](const ProductPathData* file) { return file->getName(); });
