@@ -2,10 +2,12 @@
 #include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/ToJson.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace refdoc {
 
@@ -97,8 +99,11 @@ Fingerprints readLines(std::string_view report) {
 } // namespace
 
 std::string jsonReport(const std::vector<ReportedFinding>& findings) {
-    return toIndentedJson(
-        {{"findings", toJson(findings)}, {"summary", toJson(summarize(findings))}});
+    json::monotonic_resource pool;
+    json::object document(&pool);
+    document["findings"] = toJson(findings, &pool);
+    document["summary"] = toJson(summarize(findings), &pool);
+    return toIndentedJson(std::move(document));
 }
 
 std::string jsonLinesReport(const std::vector<ReportedFinding>& findings) {
