@@ -5,7 +5,7 @@
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 
-#include <algorithm>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -64,34 +64,33 @@ namespace {
 
 using Fingerprints = std::set<std::string, std::less<>>;
 
-std::string textAt(const json::value& value, std::string_view pointer) {
-    return std::string(value.at_pointer(pointer).as_string());
-}
-
-Fingerprints readDocument(const json::value& document) {
-    Fingerprints fingerprints;
-    for (const json::value& finding : document.at("findings").as_array())
-        fingerprints.insert(textAt(finding, "/fingerprint"));
-    return fingerprints;
-}
-
-Fingerprints readSarif(const json::value& document) {
-    Fingerprints fingerprints;
-    for (const json::value& run : document.at("runs").as_array()) {
-        for (const json::value& result : run.at("results").as_array())
-            fingerprints.insert(textAt(result, "/partialFingerprints/refdocFinding~1v1"));
-    }
-    return fingerprints;
+void addFingerprint(Fingerprints& fingerprints, const json::value& finding,
+                    std::string_view pointer = "/fingerprint") {
+    fingerprints.emplace(finding.at_pointer(pointer).as_string());
 }
 
 Fingerprints readLines(std::string_view report) {
     Fingerprints fingerprints;
-    for (std::size_t start = 0; start < report.size();) {
-        const std::size_t end = std::min(report.find('\n', start), report.size());
-        const std::string_view line = report.substr(start, end - start);
-        start = end + 1;
-        if (line.find_first_not_of(" \t\r") != line.npos)
-            fingerprints.insert(textAt(json::parse(line), "/fingerprint"));
+    std::istringstream lines{std::string(report)};
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find_first_not_of(" \t\r") != std::string::npos)
+            addFingerprint(fingerprints, json::parse(line));
+    }
+    return fingerprints;
+}
+
+Fingerprints readDocument(const json::object& document) {
+    Fingerprints fingerprints;
+    if (const json::value* findings = document.if_contains("findings")) {
+        for (const json::value& finding : findings->as_array())
+            addFingerprint(fingerprints, finding);
+    } else if (const json::value* runs = document.if_contains("runs")) {
+        for (const json::value& run : runs->as_array()) {
+            for (const json::value& result : run.at("results").as_array())
+                addFingerprint(fingerprints, result, "/partialFingerprints/refdocFinding~1v1");
+        }
+    } else {
+        addFingerprint(fingerprints, document); // one line of --jsonl
     }
     return fingerprints;
 }
@@ -117,13 +116,9 @@ std::set<std::string, std::less<>> readFingerprints(std::string_view report) {
     try {
         json::error_code error;
         const json::value document = json::parse(report, error);
-        if (!error && document.as_object().contains("findings"))
-            return readDocument(document);
-        if (!error && document.as_object().contains("runs"))
-            return readSarif(document);
-        return readLines(report);
-    } catch (const std::exception& error) {
-        throw std::runtime_error(std::string("it is no report of refdoc check: ") + error.what());
+        return error ? readLines(report) : readDocument(document.as_object());
+    } catch (const std::exception&) {
+        throw std::runtime_error("not the output of refdoc check --json, --jsonl or --sarif");
     }
 }
 
