@@ -12,6 +12,7 @@ build_packages=(
     libdeflate-dev
     libcli11-dev
     libfmt-dev
+    libutf8proc-dev
 )
 
 # For the tests and benchmarks, besides.

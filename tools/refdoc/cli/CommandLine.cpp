@@ -1,6 +1,5 @@
 #include "tools/refdoc/cli/CommandLine.hpp"
 
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
 #include <CLI/CLI.hpp>
@@ -71,10 +70,7 @@ std::vector<std::string> markedWords(const CommandTable& table,
 }
 
 std::string wrappedHelp(std::string_view help) {
-    std::string wrapped;
-    for (const std::u16string& line : wrapText(fl::i18n::to_ustring(help), kHelpWidth))
-        wrapped += (wrapped.empty() ? "" : "\n") + fl::i18n::to_string(line);
-    return wrapped;
+    return fmt::format("{}", fmt::join(wrapText(help, kHelpWidth), "\n"));
 }
 
 // What stands below the options in the help.
@@ -85,8 +81,8 @@ std::string footerOf(const CommandTable& table) {
                          "\nExit status:\n";
     for (const Remark& status : table.exitStatuses) {
         std::string_view lead = status.subject;
-        for (const std::u16string& line : wrapText(fl::i18n::to_ustring(status.text), 70)) {
-            footer += fmt::format("  {:3}{}\n", lead, fl::i18n::to_string(line));
+        for (const std::string& line : wrapText(status.text, 70)) {
+            footer += fmt::format("  {:3}{}\n", lead, line);
             lead = "";
         }
     }

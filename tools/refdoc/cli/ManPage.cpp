@@ -1,6 +1,5 @@
 #include "tools/refdoc/cli/ManPage.hpp"
 
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
 #include <fmt/format.h>
@@ -54,11 +53,9 @@ public:
     void section(std::string_view title) { macro(fmt::format(".SH {}", argument(title))); }
 
     void text(std::string_view text) {
-        for (const std::u16string& line :
-             wrapText(fl::i18n::to_ustring(escaped(text)), kSourceWidth))
+        for (const std::string& line : wrapText(escaped(text), kSourceWidth))
             // A line that starts so would be taken for a macro.
-            macro((line.starts_with(u'.') || line.starts_with(u'\'') ? "\\&" : "") +
-                  fl::i18n::to_string(line));
+            macro((line.starts_with('.') || line.starts_with('\'') ? "\\&" : "") + line);
     }
 
     // A term and, below it and further in, what it means.
