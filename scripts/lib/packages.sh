@@ -11,6 +11,7 @@ build_packages=(
     libzip-dev
     libdeflate-dev
     libfmt-dev
+    libutf8proc-dev
 )
 
 # For the tests and benchmarks, besides.

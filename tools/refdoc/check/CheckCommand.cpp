@@ -8,7 +8,7 @@
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Progress.hpp"
 
 #include <fmt/format.h>
@@ -23,7 +23,6 @@ namespace refdoc {
 namespace {
 
 using namespace check;
-using fl::i18n::to_string;
 using fl::i18n::to_ustring;
 
 Answer wrongUsage(std::string complaint) {
@@ -31,13 +30,11 @@ Answer wrongUsage(std::string complaint) {
 }
 
 std::string unknownRule(const std::string& name) {
-    std::vector<std::u16string> known;
+    std::vector<std::string> known;
     for (const Rule& rule : rules())
-        known.push_back(to_ustring(rule.name));
-    const auto near = nearNames(to_ustring(name), {known.begin(), known.end()}, 1);
-    return fmt::format(
-        "there is no rule \"{}\"{}; see refdoc check --rules", name,
-        near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front())));
+        known.emplace_back(rule.name);
+    return fmt::format("there is no rule \"{}\"{}; see refdoc check --rules", name,
+                       didYouMean(name, known));
 }
 
 // The first name that is no rule's; empty when all are.

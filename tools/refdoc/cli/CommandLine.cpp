@@ -1,8 +1,7 @@
 #include "tools/refdoc/cli/CommandLine.hpp"
 
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Help.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 
 #include <fmt/format.h>
 
@@ -13,8 +12,6 @@
 namespace refdoc {
 
 namespace {
-
-using fl::i18n::to_ustring;
 
 // "-5", "-!" and "---" are names of operators or numbers in an index, not options.
 bool looksLikeOption(std::string_view word) {
@@ -27,25 +24,17 @@ bool looksLikeOption(std::string_view word) {
 }
 
 // "a, b or c"
-std::string alternatives(const std::vector<std::string_view>& names) {
+std::string alternatives(const std::vector<std::string>& names) {
     return fmt::format("{} or {}", fmt::join(names.begin(), std::prev(names.end()), ", "),
                        names.back());
 }
 
 template <class Entries>
-std::vector<std::string_view> namesOf(const Entries& entries) {
-    std::vector<std::string_view> names;
-    std::ranges::transform(entries, std::back_inserter(names),
-                           [](const auto& entry) { return entry.name; });
+std::vector<std::string> namesOf(const Entries& entries) {
+    std::vector<std::string> names;
+    for (const auto& entry : entries)
+        names.emplace_back(entry.name);
     return names;
-}
-
-// The nearest of the names; empty if none is near.
-std::string nearest(std::string_view typed, const std::vector<std::string_view>& names) {
-    std::vector<std::u16string> known;
-    std::ranges::transform(names, std::back_inserter(known), to_ustring);
-    const auto near = nearNames(to_ustring(typed), {known.begin(), known.end()}, 1);
-    return near.empty() ? std::string() : fl::i18n::to_string(near.front());
 }
 
 class Sorter {
@@ -102,9 +91,8 @@ private:
     }
 
     std::string unknownCommand(const std::string& word) const {
-        const std::string near = nearest(word, namesOf(table_.commands));
         return fmt::format("unknown command \"{}\"{}", word,
-                           near.empty() ? "" : fmt::format("; did you mean \"{}\"?", near));
+                           didYouMean(word, namesOf(table_.commands)));
     }
 
     std::string unknownOption(const std::string& name) const {
@@ -112,12 +100,12 @@ private:
             if (findOption(table_, &command, name))
                 return fmt::format("{} must follow the command {}", name, command.name);
         }
-        std::vector<std::string_view> known;
+        std::vector<std::string> known;
         for (const OptionEntry* option : optionsFor(table_, line_.command))
-            known.push_back(option->name);
-        const std::string near = nearest(name, known);
-        return fmt::format("unknown option {}{}", name,
-                           near.empty() ? "" : fmt::format("; did you mean {}?", near));
+            known.emplace_back(option->name);
+        std::string question = didYouMean(name, known);
+        std::erase(question, '"'); // options are not quoted
+        return fmt::format("unknown option {}{}", name, question);
     }
 
     void fail(std::string fault) {

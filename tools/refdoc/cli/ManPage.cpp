@@ -1,6 +1,5 @@
 #include "tools/refdoc/cli/ManPage.hpp"
 
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
 #include <boost/algorithm/string/case_conv.hpp>
@@ -44,11 +43,9 @@ public:
     void section(std::string_view title) { macro(fmt::format(".SH {}", quotedArgument(title))); }
 
     void text(std::string_view text) {
-        for (const std::u16string& line :
-             wrapText(fl::i18n::to_ustring(escaped(text)), kSourceWidth))
+        for (const std::string& line : wrapText(escaped(text), kSourceWidth))
             // roff reads a line that starts with a period or an apostrophe as a macro.
-            macro((line.starts_with(u'.') || line.starts_with(u'\'') ? "\\&" : "") +
-                  fl::i18n::to_string(line));
+            macro((line.starts_with('.') || line.starts_with('\'') ? "\\&" : "") + line);
     }
 
     // A term and, indented below it, its explanation.

@@ -26,8 +26,6 @@ using LookupResults = ParsingResults<LookupMap>;
 
 namespace {
 
-constexpr std::size_t kMostNearNames = 3;
-
 std::vector<std::u16string_view> allNames(const LookupResults& results) {
     std::vector<std::u16string_view> names;
     for (const LookupMap* sections : {&results.installed, &results.notInstalled}) {
@@ -123,7 +121,7 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
     for (const std::u16string& name : missingKeys(names, std::move(found)))
         complaints.push_back(
             fmt::format("no entry {} in the lookup index{}", quoted(name),
-                        didYouMean(nearNames(name, known, kMostNearNames),
+                        didYouMean(nearNames(name, known),
                                    known.empty() ? kOtherFolders : "; see refdoc lookup")));
     return complaints;
 }

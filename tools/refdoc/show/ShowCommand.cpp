@@ -9,6 +9,7 @@
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/show/ItemText.hpp"
+#include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -110,7 +111,7 @@ std::string complaintAboutProduct(const std::u16string& product) {
     return fmt::format("no resources for {}; tried {}, {}{}", quoted(product),
                        triedPlace(name, DocResourceParser::getReferenceRoots()->referenceApiFolder),
                        triedPlace(name, *DocResourceParser::getSupportPackageRoot()),
-                       didYouMean(nearProducts(product, products),
+                       didYouMean(nearNames(product, {products.begin(), products.end()}),
                                   products.empty() ? kOtherFolders : "; see refdoc products"));
 }
 
