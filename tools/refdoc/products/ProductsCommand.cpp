@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
@@ -194,8 +195,6 @@ std::string pageOf(const Findings& findings, const PageSetup& setup) {
     return page.take();
 }
 
-} // namespace
-
 Answer runProducts(const Options& options, const PageSetup& setup) {
     const Findings findings;
     switch (options.format) {
@@ -204,6 +203,17 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
     case OutputFormat::Text: break;
     }
     return {.output = pageOf(findings, setup)};
+}
+
+} // namespace
+
+CommandEntry productsCommand() {
+    return {"products",
+            "List the product files, installed products, support packages, languages and folders",
+            "Prints which files the other commands read, and from which folders.",
+            {},
+            {},
+            runProducts};
 }
 
 } // namespace refdoc
