@@ -17,14 +17,14 @@ using fl::i18n::to_ustring;
 
 namespace {
 
-// Wide enough for "dropped" and the fates of files that are mostly seen.
+// Wide enough for "dropped" and the most frequent fates of files.
 constexpr std::size_t kLabelWidth = 9;
 
 std::u16string padded(std::string_view label) {
     return to_ustring(fmt::format("{:<{}}", label, kLabelWidth));
 }
 
-// "label    place" and what there is to say about it below the place.
+// Adds "label    place", with the remark below the place.
 void addPlace(Page& page, std::size_t indent, Cell label, std::u16string place,
               const std::u16string& remark) {
     const std::size_t width = std::max(label.text.size(), kLabelWidth) + 1;
@@ -37,7 +37,7 @@ bool isContributing(const FileAccount& file) {
     return file.fate == Fate::Used || file.fate == Fate::Overlay || file.fate == Fate::Merged;
 }
 
-// Whether somebody would have to do something to get the file used.
+// Whether the file would be used if it were repaired.
 bool isProblem(const FileAccount& file) {
     return !isContributing(file) && file.fate != Fate::SkippedLanguage &&
            file.fate != Fate::SkippedName && file.fate != Fate::Missing;
@@ -68,7 +68,7 @@ void addFile(Page& page, const FileAccount& file) {
              remarkOn(file));
 }
 
-// The files that the sections tell of.
+// The files that the sections refer to.
 std::set<std::size_t> filesOf(const Explanation& explanation) {
     std::set<std::size_t> files;
     for (const SectionOrigins& section : explanation.sections) {
@@ -100,7 +100,7 @@ void addCounts(Page& page, const std::map<std::string_view, std::size_t>& counts
 
 void addFiles(Page& page, const Explanation& explanation) {
     page.heading(0, u"Files considered");
-    // The index has many files; those that have nothing to do with the name are counted.
+    // The index has many files, so those without the name are only counted.
     const bool all = explanation.product.has_value();
     const std::set<std::size_t> telling = filesOf(explanation);
     bool anyTold = false;
@@ -145,7 +145,7 @@ private:
         return placeText(files_[origin.file], origin.place);
     }
 
-    // What stands under one key: the records of the result and those that lost.
+    // The records with one key: those of the result and those that lost.
     struct Records {
         const std::vector<SourceRecord>* kept = nullptr;
         std::vector<const LostRecord*> lost{};
@@ -178,7 +178,7 @@ private:
         return isLookup_ ? record.href + u": " + record.refPurpose : record.refPurpose;
     }
 
-    // The winner's whole path stands beside its own records.
+    // Without the folder, which is shown with the winner's own records.
     std::u16string nameOf(std::size_t file) const {
         const std::u16string text = fileText(files_[file]);
         const std::size_t name = fl::filesystem::path(files_[file].path).filename().string().size();

@@ -104,7 +104,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
         keepOnly(options.arguments, results.installed);
         keepOnly(options.arguments, results.notInstalled);
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Nothing on standard output could also mean that the tool had nothing to say.
+        // Empty output alone would not tell an empty index from a wrong folder.
         answer.complaints.push_back(
             fmt::format("no lookup entries in {}{}",
                         fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),

@@ -15,10 +15,10 @@ using fl::i18n::to_ustring;
 
 namespace {
 
-constexpr std::size_t kBody = 2;    // indent of what belongs to an item
-constexpr std::size_t kSection = 4; // indent of what stands under a heading within it
+constexpr std::size_t kBody = 2;    // indent of the content of an item
+constexpr std::size_t kSection = 4; // indent of the content below a heading in it
 
-// Labels with what they say, for what is there to be said.
+// Labels and values; empty values are left out.
 class Facts {
 public:
     void add(std::u16string label, const std::u16string& text, Paint paint = Paint::Plain) {
@@ -97,7 +97,7 @@ void addSyntaxes(Page& page, const std::vector<SyntaxGroup>& groups) {
     }
 }
 
-// Whether the arguments belong to different forms of syntax, which is worth a column then.
+// Whether the arguments belong to different types of syntax, which then have a column.
 template <class Argument>
 bool differInSyntax(const std::vector<Argument>& arguments) {
     return std::ranges::any_of(arguments, [&](const Argument& other) {

@@ -95,7 +95,7 @@ Answer runShow(const Options& options, const PageSetup& setup) {
     Answer answer;
     const std::vector<std::u16string> hrefs(options.arguments.begin() + 1, options.arguments.end());
     if (!hrefs.empty()) {
-        // Before the sections lose what was not asked for.
+        // First, because similar hrefs are looked for in all items.
         answer.complaints = complaintsAboutHrefs(productArgument(options), hrefs, resources);
         keepOnly(hrefs, resources);
     }
