@@ -115,11 +115,12 @@ CommandEntry checkCommand() {
     return {
         .name = "check",
         .help = "Find what is silently dropped, changed or ignored",
-        .description = "Checks resource files like a compiler and prints one line per finding. A "
-                       "PATH is a reference root, an install folder, a resource file, a package or "
-                       "an installation.json; without a PATH, the current roots are checked in all "
-                       "supported languages. With --json, each finding is one JSON object on a "
-                       "line. The status is 1 if errors were found.",
+        .description =
+            "Resource files are checked as a compiler checks sources: each finding is one "
+            "line. A PATH is a reference root, an install folder, a resource file, a "
+            "package or an installation.json; without a PATH, the current roots are "
+            "checked in all supported languages. With --json, each finding is one JSON "
+            "object on a line. The status is 1 if errors were found.",
         .arguments = {{.name = "PATH",
                        .type = ValueType::Path,
                        .isList = true,

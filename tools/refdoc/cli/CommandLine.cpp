@@ -29,6 +29,12 @@ std::string alternatives(const std::vector<std::string>& names) {
                        names.back());
 }
 
+// "a PRODUCT", "an OUT"
+std::string withArticle(std::string_view name) {
+    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
+}
+
 template <class Entries>
 std::vector<std::string> namesOf(const Entries& entries) {
     std::vector<std::string> names;
@@ -124,10 +130,10 @@ std::string argumentFault(const CommandLine& line) {
     for (std::size_t at = 0; at < entries.size(); ++at) {
         const ArgumentEntry& entry = entries[at];
         if (entry.isRequired && at >= given)
-            return fmt::format("{} needs a {}", line.command->name, entry.name);
+            return fmt::format("{} needs {}", line.command->name, withArticle(entry.name));
         if (!entry.alternative.empty() && line.options.has(entry.alternative) == (at < given))
-            return fmt::format("{} needs either a {} or {}", line.command->name, entry.name,
-                               entry.alternative);
+            return fmt::format("{} needs either {} or {}", line.command->name,
+                               withArticle(entry.name), entry.alternative);
     }
     const bool endsWithList = !entries.empty() && entries.back().isList;
     if (given > entries.size() && !endsWithList)

@@ -21,8 +21,7 @@ enum class ValueType {
     Choice,     ///< one of the entry's choices; the parser refuses any other value
     Name,       ///< a name that the command validates; completion offers the entry's choices
     Folder,     ///< a folder of the file system
-    File,       ///< a file of the file system
-    Path,       ///< either of them
+    Path,       ///< a file or folder of the file system
     Language,   ///< a language, as in "ja"
     Languages,  ///< languages, separated by commas
     Sections,   ///< keys of sections, separated by commas

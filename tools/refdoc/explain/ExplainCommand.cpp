@@ -132,10 +132,11 @@ CommandEntry explainCommand() {
     return {
         .name = "explain",
         .help = "Print which file each record comes from, and what happened to the others",
-        .description = "Prints, for each section and record of a product or of a name in the "
-                       "lookup index, the file or package entry and the line that it comes from, "
-                       "the records that it replaces and by which rule, and what happened to each "
-                       "candidate file.",
+        .description =
+            "For each section and record of a product, or of a name in the lookup index, "
+            "the output names the file or package entry and the line that it comes "
+            "from, the records that it replaces and by which rule, and what happened to "
+            "each candidate file.",
         .arguments = {{.name = "PRODUCT",
                        .type = ValueType::Product,
                        .help = "The name of the product's resource file, without .json",

@@ -130,8 +130,8 @@ CommandEntry lookupCommand() {
     return {
         .name = "lookup",
         .help = "Print the lookup index of all products",
-        .description = "Prints one line per record, installed products first; with names, only the "
-                       "records of these names, with their links.",
+        .description = "Each record is one line, installed products first. With NAMEs, only the "
+                       "records of these names are printed, with their links.",
         .arguments = {{.name = "NAME",
                        .type = ValueType::LookupName,
                        .isList = true,

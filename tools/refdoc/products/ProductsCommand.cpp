@@ -239,7 +239,8 @@ CommandEntry productsCommand() {
         .name = "products",
         .help = "List the product files, installed products, support packages, languages and "
                 "folders",
-        .description = "Prints which files the other commands read, and from which folders.",
+        .description =
+            "The lists show which files the other commands read, and from which folders.",
         .run = runProducts,
     };
 }

@@ -130,8 +130,8 @@ CommandEntry showCommand() {
     return {
         .name = "show",
         .help = "Print the full records of one product",
-        .description = "Prints all records of the product, or only the items with the given links. "
-                       "Records that the translation lacks are printed in English and marked.",
+        .description = "With HREFs, only the items with these links are printed. Records that the "
+                       "translation lacks are printed in English and marked.",
         .arguments = {{.name = "PRODUCT",
                        .type = ValueType::Product,
                        .isRequired = true,
