@@ -115,7 +115,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
         keepOnly(options.names, results.installed);
         keepOnly(options.names, results.notInstalled);
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Nothing on standard output could also mean that the tool had nothing to say.
+        // Empty output alone could look like a failure.
         answer.complaints.push_back(
             fmt::format("no lookup entries in {}{}",
                         fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),

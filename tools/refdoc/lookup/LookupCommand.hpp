@@ -10,14 +10,14 @@
 
 namespace refdoc {
 
-/// Runs `lookup`: the lookup index, or the entries of the NAMEs.
+/// Runs `lookup`: the lookup index, or its entries for the NAMEs.
 ///
-/// Each NAME that the index has not is a complaint, with up to three names that may be meant.
-/// An empty index is no failure.
+/// Each NAME that the index lacks is a complaint that suggests up to three names. An empty index is
+/// not a failure.
 /// \throws whatever the host services throw
 Answer runLookup(const Options& options, const PageSetup& setup);
 
-/// A complaint for each of the NAMEs that no section of the index has.
+/// Returns a complaint for each NAME that the index lacks.
 std::vector<std::string> complaintsAboutNames(
     const std::vector<std::u16string>& names,
     const reference::docparser::ParsingResults<

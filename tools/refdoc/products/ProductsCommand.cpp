@@ -6,7 +6,10 @@
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 
+#include <boost/algorithm/string/join.hpp>
+
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -128,10 +131,10 @@ std::string linesOf(const Findings& findings) {
 
 // "de, ja"; each suffix is a separator and a language.
 std::u16string languagesOf(const std::vector<std::u16string>& localeSuffixes) {
-    std::u16string languages;
+    std::vector<std::u16string> languages;
     for (const std::u16string& suffix : localeSuffixes)
-        languages += (languages.empty() ? u"" : u", ") + suffix.substr(1);
-    return languages;
+        languages.push_back(suffix.substr(1));
+    return boost::join(languages, u", ");
 }
 
 void addFolders(Page& page, const Findings& findings) {
@@ -153,22 +156,24 @@ void addLanguages(Page& page, const Findings& findings) {
     page.table(0, table);
 }
 
-// By name, for the folder has no order that people would see through.
-void addFileRows(Table& table, std::vector<const ProductPathData*> files,
+// Adds the files sorted by name, because the order of a folder is arbitrary.
+void addFileRows(Table& table, const std::vector<ProductPathData>& files,
                  const std::u16string& language, std::u16string_view kind) {
-    std::ranges::sort(files, {}, [](const ProductPathData* file) { return file->getName(); });
-    for (const ProductPathData* file : files)
+    std::multimap<std::u16string_view, const ProductPathData*> byName;
+    for (const ProductPathData& file : files)
+        byName.emplace(file.getName(), &file);
+    for (const auto& [name, file] : byName)
         table.addRow({{file->getName()},
                       {file->isNonEnglishLocale() ? language : Tools::kEnglishLocale},
                       {std::u16string(kind)},
                       {file->getFullPath(), Paint::Dim}});
 }
 
-std::vector<const ProductPathData*> pointers(const std::vector<ProductPathData>& files) {
-    std::vector<const ProductPathData*> pointers;
-    for (const ProductPathData& file : files)
-        pointers.push_back(&file);
-    return pointers;
+void addTable(Page& page, const Table& table, std::u16string_view ifEmpty) {
+    if (table.isEmpty())
+        page.text(0, ifEmpty);
+    else
+        page.index(table);
 }
 
 void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
@@ -176,13 +181,10 @@ void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
     page.emptyLine();
     page.title(title, '-');
     Table table({u"Name", u"Language", u"Kind", u"File"});
-    addFileRows(table, pointers(files.jsonProducts), language, withPackages ? u"plain file" : u"");
+    addFileRows(table, files.jsonProducts, language, withPackages ? u"plain file" : u"");
     if (withPackages)
-        addFileRows(table, pointers(files.zipProducts), language, u"zip package");
-    if (table.isEmpty())
-        page.text(0, u"none found");
-    else
-        page.index(table);
+        addFileRows(table, files.zipProducts, language, u"zip package");
+    addTable(page, table, u"none found");
 }
 
 void addInstalled(Page& page, const Findings& findings) {
@@ -193,10 +195,7 @@ void addInstalled(Page& page, const Findings& findings) {
         table.addRow({{to_ustring(product->getShortName())},
                       {to_ustring(product->getDisplayName())},
                       {to_ustring(product->getHelpLocation()), Paint::Dim}});
-    if (table.isEmpty())
-        page.text(0, u"none");
-    else
-        page.index(table);
+    addTable(page, table, u"none");
 
     page.emptyLine();
     page.title(u"Installed support packages", '-');

@@ -6,8 +6,7 @@
 
 namespace refdoc {
 
-/// Runs `products`: the folders that are looked at, the languages, the product files that were
-/// found, the installed products and support packages.
+/// Runs `products`: folders, languages, product files, installed products and support packages.
 /// \throws whatever the host services throw
 Answer runProducts(const Options& options, const PageSetup& setup);
 

@@ -8,13 +8,13 @@
 
 namespace refdoc {
 
-/// Puts the heading of a section on the page: the product's name and what identifies it.
-/// \param note  stands below it, unless it is empty
+/// Adds the header of a section to the page: the product's name and its other properties.
+/// \param note  shown below the header unless it is empty
 void addHeader(Page& page, const reference::property::HeaderInfo& header,
                const std::u16string& note);
 
-/// Puts everything that an item documents on the page; what is empty leaves no trace.
-/// \param note  stands first below its title
+/// Adds an item to the page, without its empty fields.
+/// \param note  shown below the title unless it is empty
 void addItem(Page& page, const reference::property::RefItem& item, const std::u16string& note);
 
 } // namespace refdoc

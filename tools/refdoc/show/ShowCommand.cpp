@@ -110,7 +110,7 @@ Answer runShow(const Options& options, const PageSetup& setup) {
 
     Answer answer;
     if (!options.names.empty()) {
-        // Before the sections lose what was not asked for.
+        // Suggestions need all sections, so they come before keepOnly().
         answer.complaints = complaintsAboutHrefs(options.product, options.names, resources);
         keepOnly(options.names, resources);
     }
