@@ -132,6 +132,7 @@ std::string linesOf(const Findings& findings) {
 // "de, ja"; each suffix is a separator and a language.
 std::u16string languagesOf(const std::vector<std::u16string>& localeSuffixes) {
     std::vector<std::u16string> languages;
+    languages.reserve(localeSuffixes.size());
     for (const std::u16string& suffix : localeSuffixes)
         languages.push_back(suffix.substr(1));
     return boost::join(languages, u", ");
