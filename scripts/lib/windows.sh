@@ -158,9 +158,9 @@ build_utf8proc() {
 # Libraries of headers alone are the same on every system.
 copy_headers() {
     local prefix=$1
-    cp --recursive /usr/include/{CLI,valijson} "$prefix/include/"
+    cp --recursive /usr/include/valijson "$prefix/include/"
     mkdir -p "$prefix/share/cmake"
-    cp --recursive /usr/share/cmake/{CLI11,valijson} "$prefix/share/cmake/"
+    cp --recursive /usr/share/cmake/valijson "$prefix/share/cmake/"
 }
 
 copy_compiler_dlls() {

@@ -41,9 +41,10 @@ private:
     docparser_tests::TemporaryFolder folder_;
 };
 
-/// Returns a section as JSON. Its product name is "HELPFOLDER name", its base code "HELPFOLDER
-/// code". \param items  the elements of "refItems", without the brackets \param more   further
-/// members of the section, with a comma before them
+/// Returns a section as JSON, with "HELPFOLDER name" as product name and so on.
+///
+/// \param items  the elements of "refItems", without the brackets
+/// \param more   further members of the section, with a comma before them
 std::string section(const std::string& helpFolder, const std::string& items,
                     const std::string& more = {});
 

@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonLines.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
@@ -86,7 +87,27 @@ std::string outputOf(const Options& options, const LookupResults& results, const
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Text: break;
     }
-    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    return pageOf(results, setup, /*withLinks=*/!options.arguments.empty());
+}
+
+Answer runLookup(const Options& options, const PageSetup& setup) {
+    LookupResults results = DocResourceParser::getResourceLookupFiles();
+    Answer answer;
+    if (!options.arguments.empty()) {
+        answer.complaints = complaintsAboutNames(options.arguments, results);
+        if (!answer.complaints.empty())
+            answer.status = ExitStatus::Negative;
+        keepOnly(options.arguments, results.installed);
+        keepOnly(options.arguments, results.notInstalled);
+    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
+        // Empty output alone could look like a failure.
+        answer.complaints.push_back(
+            fmt::format("no lookup entries in {}{}",
+                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
+                        kOtherFolders));
+    }
+    answer.output = outputOf(options, results, setup);
+    return answer;
 }
 
 } // namespace
@@ -105,24 +126,15 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
     return complaints;
 }
 
-Answer runLookup(const Options& options, const PageSetup& setup) {
-    LookupResults results = DocResourceParser::getResourceLookupFiles();
-    Answer answer;
-    if (!options.names.empty()) {
-        answer.complaints = complaintsAboutNames(options.names, results);
-        if (!answer.complaints.empty())
-            answer.status = ExitStatus::NotFound;
-        keepOnly(options.names, results.installed);
-        keepOnly(options.names, results.notInstalled);
-    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Empty output alone could look like a failure.
-        answer.complaints.push_back(
-            fmt::format("no lookup entries in {}{}",
-                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
-                        kOtherFolders));
-    }
-    answer.output = outputOf(options, results, setup);
-    return answer;
+CommandEntry lookupCommand() {
+    return {
+        "lookup",
+        "Print the lookup index of all products",
+        "Prints one line per record, installed products first; with names, only the records of "
+        "these names, with their links.",
+        {{"NAME", ValueType::LookupName, false, true, "Print only the entries with these names"}},
+        {},
+        runLookup};
 }
 
 } // namespace refdoc

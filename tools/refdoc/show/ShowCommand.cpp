@@ -3,6 +3,7 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonLines.hpp"
 #include "tools/refdoc/session/EnglishFallback.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
@@ -35,17 +36,21 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
     return fmt::format("{} ({})", to_string(folder), files);
 }
 
+const std::u16string& productArgument(const Options& options) {
+    return options.arguments.front();
+}
+
 Answer productNotFound(const Options& options) {
-    Answer answer{.status = ExitStatus::NotFound,
-                  .complaints = {complaintAboutProduct(options.product)}};
+    Answer answer{.status = ExitStatus::Negative,
+                  .complaints = {complaintAboutProduct(productArgument(options))}};
     if (options.format == OutputFormat::Json)
-        answer.output = showDocument(options.product, {});
+        answer.output = showDocument(productArgument(options), {});
     return answer;
 }
 
 std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
                    const PageSetup& setup) {
-    const EnglishFallback fallback(options.product);
+    const EnglishFallback fallback(productArgument(options));
     Page page(setup);
     for (const auto& [key, resource] : resources) {
         if (!page.isEmpty())
@@ -65,7 +70,7 @@ std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources
 std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
                      const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return showDocument(options.product, resources);
+    case OutputFormat::Json: return showDocument(productArgument(options), resources);
     case OutputFormat::JsonLines: {
         std::string lines;
         addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
@@ -75,6 +80,27 @@ std::string outputOf(const Options& options, const ResourceMap<RefItem>& resourc
     case OutputFormat::Text: break;
     }
     return pageOf(options, resources, setup);
+}
+
+Answer runShow(const Options& options, const PageSetup& setup) {
+    ResourceMap<RefItem> resources;
+    try {
+        resources = DocResourceParser::getResourceFile(productArgument(options));
+    } catch (const DocParserException&) {
+        return productNotFound(options);
+    }
+
+    Answer answer;
+    const std::vector<std::u16string> hrefs(options.arguments.begin() + 1, options.arguments.end());
+    if (!hrefs.empty()) {
+        // Suggestions need all sections, so they come before keepOnly().
+        answer.complaints = complaintsAboutHrefs(productArgument(options), hrefs, resources);
+        keepOnly(hrefs, resources);
+    }
+    if (!answer.complaints.empty())
+        answer.status = ExitStatus::Negative;
+    answer.output = outputOf(options, resources, setup);
+    return answer;
 }
 
 } // namespace
@@ -100,24 +126,17 @@ std::vector<std::string> complaintsAboutHrefs(const std::u16string& product,
     return complaints;
 }
 
-Answer runShow(const Options& options, const PageSetup& setup) {
-    ResourceMap<RefItem> resources;
-    try {
-        resources = DocResourceParser::getResourceFile(options.product);
-    } catch (const DocParserException&) {
-        return productNotFound(options);
-    }
-
-    Answer answer;
-    if (!options.names.empty()) {
-        // Suggestions need all sections, so they come before keepOnly().
-        answer.complaints = complaintsAboutHrefs(options.product, options.names, resources);
-        keepOnly(options.names, resources);
-    }
-    if (!answer.complaints.empty())
-        answer.status = ExitStatus::NotFound;
-    answer.output = outputOf(options, resources, setup);
-    return answer;
+CommandEntry showCommand() {
+    return {
+        "show",
+        "Print the full records of one product",
+        "Prints all records of the product, or only the items with the given links. Records that "
+        "the translation lacks are printed in English and marked.",
+        {{"PRODUCT", ValueType::Product, true, false,
+          "The name of the product's resource file, without .json"},
+         {"HREF", ValueType::Href, false, true, "Print only the items with these links"}},
+        {},
+        runShow};
 }
 
 } // namespace refdoc
