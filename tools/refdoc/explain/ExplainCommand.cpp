@@ -20,10 +20,10 @@ using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLoo
 
 namespace {
 
-// How many records a result has of each key of each section.
+// The number of records of each section and key.
 using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
 
-// \param key  counts only its records; absent: all
+// \param key  whose records to count; absent for all
 template <class T>
 void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
                Counts& counts) {
@@ -35,7 +35,7 @@ void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16strin
     }
 }
 
-// What was read a second time must come to what the library has made of it.
+// The files are read a second time, and their records must lead to the library's result.
 void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
     Counts found;
     for (const SectionOrigins& section : sections) {
@@ -46,7 +46,7 @@ void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sec
         throw std::runtime_error("files changed while they were explained; try again");
 }
 
-// Keeps the sections that hold, or held, something of what was asked.
+// Removes the sections that have, and lost, no record of the requested item or name.
 void keepTelling(std::vector<SectionOrigins>& sections) {
     std::erase_if(sections, [](const SectionOrigins& section) {
         return section.kept.empty() && section.lost.empty();

@@ -18,7 +18,7 @@ CommandEntry showCommand();
 /// \throws whatever the host services throw
 std::string complaintAboutProduct(const std::u16string& product);
 
-/// Returns a complaint for each HREF that the product lacks.
+/// Returns a complaint for each href that the product lacks.
 std::vector<std::string> complaintsAboutHrefs(
     const std::u16string& product, const std::vector<std::u16string>& hrefs,
     const reference::docparser::ResourceMap<reference::property::RefItem>& resources);
