@@ -20,7 +20,8 @@ std::vector<OptionEntry> checkOptions() {
     return {
         {.name = "--sarif", .help = "Print a SARIF 2.1.0 document", .group = kFormatGroup},
         {"--baseline", "FILE", ValueType::File,
-         "Report only findings that are not in this earlier output of --json or --sarif"},
+         "Report only findings that are not in this earlier output of --json, --jsonl or "
+         "--sarif"},
         {.name = "--werror",
          .placeholder = "RULE",
          .type = ValueType::Name,

@@ -20,10 +20,10 @@ using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLoo
 
 namespace {
 
-// The number of records of each section and key.
+// The number of records in a result, by section and key.
 using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
 
-// \param key  whose records to count; absent for all
+// \param key  the key whose records are counted; all if absent
 template <class T>
 void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
                Counts& counts) {
@@ -35,7 +35,7 @@ void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16strin
     }
 }
 
-// The files are read a second time, and their records must lead to the library's result.
+// Fails if the records that were read again are not those of the library.
 void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
     Counts found;
     for (const SectionOrigins& section : sections) {
@@ -46,7 +46,7 @@ void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sec
         throw std::runtime_error("files changed while they were explained; try again");
 }
 
-// Removes the sections that have, and lost, no record of the requested item or name.
+// Removes the sections that have neither kept nor lost records.
 void keepTelling(std::vector<SectionOrigins>& sections) {
     std::erase_if(sections, [](const SectionOrigins& section) {
         return section.kept.empty() && section.lost.empty();
@@ -55,9 +55,8 @@ void keepTelling(std::vector<SectionOrigins>& sections) {
 
 std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
     switch (format) {
-    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
-    case OutputFormat::JsonLines:
-        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Json: return explanationDocument(explanation);
+    case OutputFormat::JsonLines: return explanationLines(explanation);
     case OutputFormat::Text: break;
     }
     return explanationPage(explanation, setup);

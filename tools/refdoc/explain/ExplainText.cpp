@@ -24,7 +24,7 @@ std::u16string padded(std::string_view label) {
     return to_ustring(fmt::format("{:<{}}", label, kLabelWidth));
 }
 
-// Adds "label    place", and the remark below the place.
+// Adds "label    place", with the remark below the place.
 void addPlace(Page& page, std::size_t indent, Cell label, std::u16string place,
               const std::u16string& remark) {
     const std::size_t width = std::max(label.text.size(), kLabelWidth) + 1;
@@ -37,7 +37,7 @@ bool isContributing(const FileAccount& file) {
     return file.fate == Fate::Used || file.fate == Fate::Overlay || file.fate == Fate::Merged;
 }
 
-// Returns whether the file would have to change to be used.
+// Whether the file would be used if it were repaired.
 bool isProblem(const FileAccount& file) {
     return !isContributing(file) && file.fate != Fate::SkippedLanguage &&
            file.fate != Fate::SkippedName && file.fate != Fate::Missing;
@@ -68,7 +68,7 @@ void addFile(Page& page, const FileAccount& file) {
              remarkOn(file));
 }
 
-// The files that the sections or their records come from.
+// The files that the sections refer to.
 std::set<std::size_t> filesOf(const Explanation& explanation) {
     std::set<std::size_t> files;
     for (const SectionOrigins& section : explanation.sections) {
@@ -101,7 +101,7 @@ void addCounts(Page& page, const std::map<std::string_view, std::size_t>& counts
 
 void addFiles(Page& page, const Explanation& explanation) {
     page.heading(0, u"Files considered");
-    // The index has many files. Those without the name are only counted.
+    // The index has many files, so those without the name are only counted.
     const bool all = explanation.product.has_value();
     const std::set<std::size_t> sources = filesOf(explanation);
     bool isAnyShown = false;
@@ -146,7 +146,7 @@ private:
         return placeText(files_[origin.file], origin.place);
     }
 
-    // The records of one key: those of the result and those that lost.
+    // The records with one key: those of the result and those that lost.
     struct Records {
         const std::vector<SourceRecord>* kept = nullptr;
         std::vector<const LostRecord*> lost{};
@@ -179,7 +179,7 @@ private:
         return isLookup_ ? record.href + u": " + record.refPurpose : record.refPurpose;
     }
 
-    // The name alone, because the winner's own records show its path.
+    // Without the folder, which is shown with the winner's own records.
     std::u16string nameOf(std::size_t file) const {
         const std::u16string text = fileText(files_[file]);
         const std::size_t name = fl::filesystem::path(files_[file].path).filename().string().size();

@@ -3,7 +3,8 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/json/JsonWriter.hpp"
+#include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 
@@ -25,9 +26,15 @@ using reference::docparser::ProductPathData;
 using reference::docparser::ReferenceRoots;
 using Tools = DocResourceParser::ParsingTools;
 
+template <>
+inline constexpr auto kFields<ProductPathData> =
+    std::tuple{Field{"name", &ProductPathData::getName},
+               Field{"nonEnglishLocale", &ProductPathData::isNonEnglishLocale},
+               Field{"fullPath", &ProductPathData::getFullPath}};
+
 namespace {
 
-// Everything that the command tells, gathered before a word is written.
+// What the command prints, in any format.
 struct Findings {
     std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
     std::u16string supportFolder = *DocResourceParser::getSupportPackageRoot();
@@ -52,81 +59,47 @@ private:
     }
 };
 
-void writeTexts(JsonWriter& json, std::string_view name, const std::vector<std::u16string>& texts) {
-    json.key(name);
-    json.beginArray();
-    for (const std::u16string& text : texts)
-        json.text(text);
-    json.endArray();
-}
-
-void writeFiles(JsonWriter& json, std::string_view name,
-                const std::vector<ProductPathData>& files) {
-    json.key(name);
-    json.beginArray();
-    for (const ProductPathData& file : files) {
-        json.beginObject();
-        json.member("name", file.getName());
-        json.key("nonEnglishLocale");
-        json.boolean(file.isNonEnglishLocale());
-        json.member("fullPath", file.getFullPath());
-        json.endObject();
-    }
-    json.endArray();
-}
-
-std::string documentOf(const Findings& findings) {
-    JsonWriter json;
-    json.beginObject();
-    json.key("roots");
-    json.beginObject();
-    json.member("root", findings.roots->root);
-    json.member("lookupFolder", findings.roots->lookupFolder);
-    json.member("referenceApiFolder", findings.roots->referenceApiFolder);
-    json.member("supportPackageFolder", findings.supportFolder);
-    json.endObject();
-    json.member("language", findings.language);
-    writeTexts(json, "localeSuffixes", findings.localeSuffixes);
-    writeFiles(json, "jsonProducts", findings.lookupFiles.jsonProducts);
-    writeFiles(json, "zipProducts", findings.lookupFiles.zipProducts);
-    json.key("topLevelProducts");
-    json.beginArray();
+std::vector<std::string> shortNames(const Findings& findings) {
+    std::vector<std::string> names;
     for (const auto& product : *findings.topLevelProducts)
-        json.text(to_ustring(product->getShortName()));
-    json.endArray();
-    writeTexts(json, "supportPackages", findings.supportPackages);
-    json.endObject();
-    return json.take();
+        names.push_back(product->getShortName());
+    return names;
 }
 
-void addFileLines(std::string& lines, const std::vector<ProductPathData>& files,
-                  const std::u16string& language, std::string_view place, bool isPackage) {
-    for (const ProductPathData& file : files) {
-        JsonWriter json(JsonWriter::Layout::OneLine);
-        json.beginObject();
-        json.member("product", productOf(file, language));
-        json.key("place");
-        json.word(place);
-        json.member("language", file.isNonEnglishLocale() ? language : Tools::kEnglishLocale);
-        json.key("package");
-        json.boolean(isPackage);
-        json.member("fullPath", file.getFullPath());
-        json.endObject();
-        lines += json.take();
-    }
+boost::json::value documentOf(const Findings& findings) {
+    return {{"roots",
+             {{"root", toJson(findings.roots->root)},
+              {"lookupFolder", toJson(findings.roots->lookupFolder)},
+              {"referenceApiFolder", toJson(findings.roots->referenceApiFolder)},
+              {"supportPackageFolder", toJson(findings.supportFolder)}}},
+            {"language", toJson(findings.language)},
+            {"localeSuffixes", toJson(findings.localeSuffixes)},
+            {"jsonProducts", toJson(findings.lookupFiles.jsonProducts)},
+            {"zipProducts", toJson(findings.lookupFiles.zipProducts)},
+            {"topLevelProducts", toJson(shortNames(findings))},
+            {"supportPackages", toJson(findings.supportPackages)}};
 }
 
-// A line for each product file; full resource files are plain ones.
+// A line for each product file. Full resource files are never packages.
 std::string linesOf(const Findings& findings) {
     std::string lines;
-    addFileLines(lines, findings.productsIn(findings.roots->referenceApiFolder).jsonProducts,
-                 findings.language, "referenceApi", /*isPackage=*/false);
-    addFileLines(lines, findings.productsIn(findings.supportFolder).jsonProducts, findings.language,
-                 "supportPackages", /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.jsonProducts, findings.language, "lookup",
-                 /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.zipProducts, findings.language, "lookup",
-                 /*isPackage=*/true);
+    const auto add = [&](const std::vector<ProductPathData>& files, std::string_view place,
+                         bool isPackage) {
+        const std::u16string& language = findings.language;
+        for (const ProductPathData& file : files)
+            lines += toJsonLine(
+                {{"product", toJson(productOf(file, language))},
+                 {"place", place},
+                 {"language", toJson(file.isNonEnglishLocale() ? language : Tools::kEnglishLocale)},
+                 {"package", isPackage},
+                 {"fullPath", toJson(file.getFullPath())}});
+    };
+    add(findings.productsIn(findings.roots->referenceApiFolder).jsonProducts, "referenceApi",
+        /*isPackage=*/false);
+    add(findings.productsIn(findings.supportFolder).jsonProducts, "supportPackages",
+        /*isPackage=*/false);
+    add(findings.lookupFiles.jsonProducts, "lookup", /*isPackage=*/false);
+    add(findings.lookupFiles.zipProducts, "lookup", /*isPackage=*/true);
     return lines;
 }
 
@@ -225,7 +198,7 @@ std::string pageOf(const Findings& findings, const PageSetup& setup) {
 Answer runProducts(const Options& options, const PageSetup& setup) {
     const Findings findings;
     switch (options.format) {
-    case OutputFormat::Json: return {.output = documentOf(findings)};
+    case OutputFormat::Json: return {.output = toIndentedJson(documentOf(findings))};
     case OutputFormat::JsonLines: return {.output = linesOf(findings)};
     case OutputFormat::Text: break;
     }

@@ -164,7 +164,7 @@ TEST_F(CommandLineTableTest, OptionsWithoutValues) {
         {{"check", "--jsonl", "--sarif"}, 2, "", "--jsonl and --sarif cannot be combined"},
         {{"check", "--sarif", "--jsonl"}, 2, "", "--jsonl and --sarif cannot be combined"},
         {{"check", "--json=false", "--sarif"}, 2, "", "--json and --sarif cannot be combined"},
-        {{"check", "--json"}, 0, "", ""},
+        {{"check", "--json"}, 0, "{", ""},
         {{"check", "--jsonl"}, 0, "", ""},
         {{"check", "--sarif"}, 0, "{\"$schema\":\"https://json.schemastore.org", ""},
     });
