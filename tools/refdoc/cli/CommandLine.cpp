@@ -13,7 +13,7 @@ namespace refdoc {
 
 namespace {
 
-// "-5", "-!" and "---" are names of operators or numbers in an index, not options.
+// No option starts like "-5", "-!" or "---", which an index may have as names.
 bool looksLikeOption(std::string_view word) {
     const std::size_t dashes = word.starts_with("--") ? 2 : 1;
     if (!word.starts_with('-') || word.size() == dashes)
@@ -21,6 +21,12 @@ bool looksLikeOption(std::string_view word) {
     const char first = word[dashes];
     return std::string_view("-! \n").find(first) == std::string_view::npos &&
            (dashes == 2 || first < '0' || first > '9');
+}
+
+// "a PRODUCT", "an OUT"
+std::string withArticle(std::string_view name) {
+    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
 }
 
 template <class Entries>
@@ -116,11 +122,12 @@ std::string argumentFault(const CommandLine& line) {
     const std::vector<ArgumentEntry>& entries = line.command->arguments;
     const std::size_t given = line.arguments.size();
     for (std::size_t at = 0; at < entries.size(); ++at) {
-        const auto& [name, type, isRequired, isList, help, alternative] = entries[at];
-        if (isRequired && at >= given)
-            return fmt::format("{} needs a {}", line.command->name, name);
-        if (!alternative.empty() && line.options.has(alternative) == (at < given))
-            return fmt::format("{} needs either a {} or {}", line.command->name, name, alternative);
+        const ArgumentEntry& entry = entries[at];
+        if (entry.isRequired && at >= given)
+            return fmt::format("{} needs {}", line.command->name, withArticle(entry.name));
+        if (!entry.alternative.empty() && line.options.has(entry.alternative) == (at < given))
+            return fmt::format("{} needs either {} or {}", line.command->name,
+                               withArticle(entry.name), entry.alternative);
     }
     const bool endsWithList = !entries.empty() && entries.back().isList;
     if (given > entries.size() && !endsWithList)

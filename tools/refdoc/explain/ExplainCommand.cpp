@@ -129,17 +129,26 @@ Answer runExplain(const Options& options, const PageSetup& setup) {
 
 CommandEntry explainCommand() {
     return {
-        "explain",
-        "Print which file each record comes from, and what happened to the others",
-        "Prints, for each section and record of a product or of a name in the lookup index, the "
-        "file or package entry and the line that it comes from, the records that it replaces and "
-        "by which rule, and what happened to each candidate file.",
-        {{"PRODUCT", ValueType::Product, false, false,
-          "The name of the product's resource file, without .json", "--name"},
-         {"HREF", ValueType::Href, false, false, "Explain only the item with this link"}},
-        {{"--name", "NAME", ValueType::LookupName,
-          "Explain a name of the lookup index instead of a product"}},
-        runExplain};
+        .name = "explain",
+        .help = "Print which file each record comes from, and what happened to the others",
+        .description =
+            "For each section and record of a product, or of a name in the lookup index, "
+            "the output names the file or package entry and the line that it comes "
+            "from, the records that it replaces and by which rule, and what happened to "
+            "each candidate file.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .help = "The name of the product's resource file, without .json",
+                       .alternative = "--name"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .help = "Explain only the item with this link"}},
+        .options = {{.name = "--name",
+                     .placeholder = "NAME",
+                     .type = ValueType::LookupName,
+                     .help = "Explain a name of the lookup index instead of a product"}},
+        .run = runExplain,
+    };
 }
 
 } // namespace refdoc

@@ -132,13 +132,16 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
 
 CommandEntry lookupCommand() {
     return {
-        "lookup",
-        "Print the lookup index of all products",
-        "Prints one line per record, installed products first; with names, only the records of "
-        "these names, with their links.",
-        {{"NAME", ValueType::LookupName, false, true, "Print only the entries with these names"}},
-        {},
-        runLookup};
+        .name = "lookup",
+        .help = "Print the lookup index of all products",
+        .description = "Each record is one line, installed products first. With NAMEs, only the "
+                       "records of these names are printed, with their links.",
+        .arguments = {{.name = "NAME",
+                       .type = ValueType::LookupName,
+                       .isList = true,
+                       .help = "Print only the entries with these names"}},
+        .run = runLookup,
+    };
 }
 
 } // namespace refdoc

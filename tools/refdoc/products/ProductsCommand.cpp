@@ -208,12 +208,14 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
 } // namespace
 
 CommandEntry productsCommand() {
-    return {"products",
-            "List the product files, installed products, support packages, languages and folders",
-            "Prints which files the other commands read, and from which folders.",
-            {},
-            {},
-            runProducts};
+    return {
+        .name = "products",
+        .help = "List the product files, installed products, support packages, languages and "
+                "folders",
+        .description =
+            "The lists show which files the other commands read, and from which folders.",
+        .run = runProducts,
+    };
 }
 
 } // namespace refdoc

@@ -130,15 +130,20 @@ std::vector<std::string> complaintsAboutHrefs(const std::u16string& product,
 
 CommandEntry showCommand() {
     return {
-        "show",
-        "Print the full records of one product",
-        "Prints all records of the product, or only the items with the given links. Records that "
-        "the translation lacks are printed in English and marked.",
-        {{"PRODUCT", ValueType::Product, true, false,
-          "The name of the product's resource file, without .json"},
-         {"HREF", ValueType::Href, false, true, "Print only the items with these links"}},
-        {},
-        runShow};
+        .name = "show",
+        .help = "Print the full records of one product",
+        .description = "With HREFs, only the items with these links are printed. Records that the "
+                       "translation lacks are printed in English and marked.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .isRequired = true,
+                       .help = "The name of the product's resource file, without .json"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .isList = true,
+                       .help = "Print only the items with these links"}},
+        .run = runShow,
+    };
 }
 
 } // namespace refdoc
