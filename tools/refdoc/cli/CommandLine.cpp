@@ -2,11 +2,11 @@
 
 #include "tools/refdoc/cli/Help.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace refdoc {
@@ -21,12 +21,6 @@ bool looksLikeOption(std::string_view word) {
     const char first = word[dashes];
     return std::string_view("-! \n").find(first) == std::string_view::npos &&
            (dashes == 2 || first < '0' || first > '9');
-}
-
-// "a, b or c", for two or more names.
-std::string alternatives(const std::vector<std::string>& names) {
-    return fmt::format("{} or {}", fmt::join(names.begin(), std::prev(names.end()), ", "),
-                       names.back());
 }
 
 // "a PRODUCT", "an OUT"

@@ -85,36 +85,37 @@ std::set<std::size_t> filesOf(const Explanation& explanation) {
     return files;
 }
 
-// "12 others: 9 used, 3 skipped-language"
+// "12 more: 9 used, 3 skipped-language"
 void addCounts(Page& page, const std::map<std::string_view, std::size_t>& counts,
                std::string_view noun) {
     std::size_t sum = 0;
-    std::string list;
+    std::vector<std::string> parts;
     for (const auto& [word, count] : counts) {
         sum += count;
-        list += fmt::format("{}{} {}", list.empty() ? "" : ", ", count, word);
+        parts.push_back(fmt::format("{} {}", count, word));
     }
     if (sum > 0)
-        page.text(2, to_ustring(fmt::format("{} {}: {}", sum, noun, list)), Paint::Dim);
+        page.text(2, to_ustring(fmt::format("{} {}: {}", sum, noun, fmt::join(parts, ", "))),
+                  Paint::Dim);
 }
 
 void addFiles(Page& page, const Explanation& explanation) {
     page.heading(0, u"Files considered");
     // The index has many files, so those without the name are only counted.
     const bool all = explanation.product.has_value();
-    const std::set<std::size_t> telling = filesOf(explanation);
-    bool anyTold = false;
+    const std::set<std::size_t> sources = filesOf(explanation);
+    bool isAnyShown = false;
     std::map<std::string_view, std::size_t> others;
     for (std::size_t index = 0; index < explanation.account.files.size(); ++index) {
         const FileAccount& file = explanation.account.files[index];
-        if (all || telling.contains(index) || isProblem(file)) {
+        if (all || sources.contains(index) || isProblem(file)) {
             addFile(page, file);
-            anyTold = true;
+            isAnyShown = true;
         } else {
             ++others[toWord(file.fate)];
         }
     }
-    addCounts(page, others, anyTold ? "more" : "without it");
+    addCounts(page, others, isAnyShown ? "more" : "without it");
     if (explanation.account.files.empty())
         page.text(2, u"none");
 }

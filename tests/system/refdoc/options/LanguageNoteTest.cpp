@@ -17,9 +17,8 @@ protected:
     }
 
     static constexpr const char* kManifest = R"({"supportedDocLanguages": ["en", "de", "ja"]})";
-    static constexpr const char* kNote =
-        "refdoc: note: \"fr\" is not among the supported languages "
-        "(en, de, ja); it joins them for this call\n";
+    static constexpr const char* kNote = "refdoc: note: \"fr\" is not a supported language "
+                                         "(en, de, ja); it is added for this call\n";
 };
 
 TEST_F(UnsupportedLanguageTest, NoteListsTheSupportedLanguagesAndIsNoFailure) {
