@@ -81,7 +81,7 @@ private:
     }
 
     void take(LanguageRun run) {
-        const std::vector<SourceFile> sources = sourcesOf(run.account);
+        const std::vector<SourceFile> sources = sourceFiles(run.account);
         addAccountFindings(run.account, sources, findings_);
         addLosses(run.account, sources, losses_);
         addLookupFiles(run.account, sources, lookupFiles_);

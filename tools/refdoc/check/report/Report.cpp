@@ -124,4 +124,18 @@ std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const Pat
     return result;
 }
 
+Summary summarize(const std::vector<ReportedFinding>& findings) {
+    std::set<std::pair<std::string_view, std::string_view>> files;
+    for (const ReportedFinding& finding : findings)
+        files.emplace(finding.spot.path, finding.spot.entry);
+    const auto count = [&](Severity severity) {
+        return static_cast<std::size_t>(
+            std::ranges::count(findings, severity, &ReportedFinding::severity));
+    };
+    return {.files = files.size(),
+            .errors = count(Severity::Error),
+            .warnings = count(Severity::Warning),
+            .notes = count(Severity::Note)};
+}
+
 } // namespace refdoc::check

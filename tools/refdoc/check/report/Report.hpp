@@ -3,6 +3,7 @@
 #include "tools/refdoc/check/rules/Finding.hpp"
 #include "tools/refdoc/check/rules/PathNames.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <set>
 #include <string>
@@ -48,5 +49,15 @@ struct ReportSettings {
 /// order of files and places.
 std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const PathNames& names,
                                         const ReportSettings& settings);
+
+/// The number of findings of each severity, and of files and package entries that have findings.
+struct Summary {
+    std::size_t files = 0;
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+    std::size_t notes = 0;
+};
+
+Summary summarize(const std::vector<ReportedFinding>& findings);
 
 } // namespace refdoc::check

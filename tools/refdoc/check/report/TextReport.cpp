@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <set>
 #include <utility>
 
 namespace refdoc::check {
@@ -25,20 +24,16 @@ std::string counted(std::size_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
-std::string summaryOf(const std::vector<ReportedFinding>& findings) {
-    if (findings.empty())
-        return "nothing found\n";
-    std::set<std::pair<std::string_view, std::string_view>> files;
-    for (const ReportedFinding& finding : findings)
-        files.emplace(finding.spot.path, finding.spot.entry);
-    std::string summary;
-    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
-        const auto count = static_cast<std::size_t>(
-            std::ranges::count(findings, severity, &ReportedFinding::severity));
+std::string summaryText(const Summary& summary) {
+    std::string text;
+    for (const auto& [count, word] :
+         {std::pair(summary.errors, "error"), std::pair(summary.warnings, "warning"),
+          std::pair(summary.notes, "note")}) {
         if (count > 0)
-            summary += (summary.empty() ? "" : ", ") + counted(count, toWord(severity));
+            text += (text.empty() ? "" : ", ") + counted(count, word);
     }
-    return fmt::format("{} in {}\n", summary, counted(files.size(), "file"));
+    return text.empty() ? "nothing found\n"
+                        : fmt::format("{} in {}\n", text, counted(summary.files, "file"));
 }
 
 } // namespace
@@ -53,7 +48,7 @@ std::string textReport(const std::vector<ReportedFinding>& findings, bool color)
         for (const ReportedRelation& related : finding.related)
             report += fmt::format("    {}: {}\n", related.spot.text(), related.message);
     }
-    return report + summaryOf(findings);
+    return report + summaryText(summarize(findings));
 }
 
 std::string ruleList(bool color) {

@@ -199,16 +199,6 @@ Finding hiddenRecord(const Loss& loss, const RecordAnswer& lost, const Records& 
 
 } // namespace
 
-std::vector<SourceFile> sourcesOf(const LoadAccount& account) {
-    std::vector<SourceFile> sources;
-    std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> seen;
-    for (const FileAccount& file : account.files) {
-        const bool isEntry = !file.entry.empty();
-        sources.push_back({file.path, file.entry, isEntry ? seen[{file.path, file.entry}]++ : 0});
-    }
-    return sources;
-}
-
 void addAccountFindings(const LoadAccount& account, const std::vector<SourceFile>& sources,
                         std::vector<Finding>& findings) {
     for (std::size_t index = 0; index < sources.size(); ++index) {

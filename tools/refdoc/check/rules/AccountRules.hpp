@@ -14,9 +14,6 @@ namespace refdoc::check {
 
 using reference::docparser::LoadAccount;
 
-/// The files of an account, in its order, told apart even when a package has entries of one name.
-std::vector<SourceFile> sourcesOf(const LoadAccount& account);
-
 /// Files and sections that were dropped for another reason than their content.
 /// \throws std::runtime_error  a file could not be judged: memory, or a service of the host, failed
 void addAccountFindings(const LoadAccount& account, const std::vector<SourceFile>& sources,

@@ -2,7 +2,7 @@
 
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 
 #include <fmt/format.h>
 
@@ -15,7 +15,6 @@ namespace refdoc::check {
 namespace json = boost::json;
 
 using fl::i18n::to_string;
-using fl::i18n::to_ustring;
 using reference::docparser::pointerToken;
 
 namespace {
@@ -51,16 +50,6 @@ std::string_view firstBeyondAscii(std::string_view text) {
     const auto isBeyond = [](char byte) { return static_cast<signed char>(byte) < 0; };
     const auto first = std::ranges::find_if(text, isBeyond);
     return {first, std::find_if_not(first, text.end(), isBeyond)};
-}
-
-// "; did you mean "x"?", or nothing.
-std::string hintFor(std::string_view typed, const std::vector<std::string>& known) {
-    std::vector<std::u16string> names;
-    for (const std::string& name : known)
-        names.push_back(to_ustring(name));
-    const std::vector<std::u16string> near =
-        nearNames(to_ustring(typed), {names.begin(), names.end()}, 1);
-    return near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front()));
 }
 
 // What people would call an element of an array by; empty when it has nothing of the kind.
@@ -180,7 +169,7 @@ private:
         if (std::ranges::find(node.words, std::string_view(*word)) == node.words.end())
             add(RuleId::UnknownWord, /*isAtKey=*/false,
                 fmt::format("unknown word \"{}\" counts as \"{}\"{}", std::string_view(*word),
-                            node.defaultWord, hintFor(*word, node.words)));
+                            node.defaultWord, didYouMean(*word, node.words)));
     }
 
     void checkPresence(const json::value& value) {
@@ -208,7 +197,7 @@ private:
             known.push_back(member.key);
         add(RuleId::UnknownKey, /*isAtKey=*/true,
             fmt::format("the key \"{}\" has no meaning here and is ignored{}", key,
-                        hintFor(key, known)));
+                        didYouMean(key, known)));
     }
 
     void add(RuleId rule, bool isAtKey, std::string message, std::string_view detail = {}) {
