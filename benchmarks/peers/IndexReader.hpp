@@ -17,7 +17,7 @@ struct IndexSettings {
 };
 
 /// Reads the lookup index as an application would without the library: with the standard walk over
-/// a folder, standard streams and libzip. Sections are merged by the library.
+/// a folder, POSIX calls and libzip. Sections are merged by the library.
 LookupResults readIndex(const std::u16string& folder, const IndexSettings& settings);
 
 } // namespace reference::docparser::benchmarks

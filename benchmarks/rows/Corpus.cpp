@@ -6,8 +6,11 @@
 #include "docparser/retrieval/LookupFiles.hpp"
 #include "platform/i18n/Converter.hpp"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
-#include <fstream>
 #include <utility>
 
 namespace reference::docparser::benchmarks {
@@ -15,16 +18,19 @@ namespace reference::docparser::benchmarks {
 namespace fs = std::filesystem;
 
 std::string readFile(const std::string& path) {
-    std::ifstream file;
-    file.rdbuf()->pubsetbuf(nullptr, 0);
-    file.open(path, std::ios::binary | std::ios::ate);
     std::string text;
-    if (file) {
-        const auto size = static_cast<std::size_t>(file.tellg());
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return text;
+    struct stat status {};
+    if (::fstat(file, &status) == 0) {
+        const auto size = static_cast<std::size_t>(status.st_size);
         text.reserve(size + kSpareBytes);
         text.resize(size);
-        file.seekg(0).read(text.data(), static_cast<std::streamsize>(text.size()));
+        if (::read(file, text.data(), size) != status.st_size)
+            text.clear();
     }
+    ::close(file);
     return text;
 }
 
