@@ -104,8 +104,9 @@ TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
 }
 
 TEST_F(ReportFormatTest, AReportHasOneFormat) {
-    EXPECT_EQ(check({".", "--json", "--sarif"}),
-              (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
+    EXPECT_EQ(
+        check({".", "--json", "--sarif"}),
+        (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
 }
 
 TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
