@@ -7,7 +7,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/report/Report.hpp"
-#include "tools/refdoc/check/rules/LanguageRun.hpp"
+#include "tools/refdoc/check/rules/LanguageContents.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 
 #include <algorithm>

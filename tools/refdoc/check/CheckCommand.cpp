@@ -5,6 +5,7 @@
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/terminal/Progress.hpp"
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <stdexcept>
 
 namespace refdoc {
@@ -30,15 +30,15 @@ Answer wrongUsage(std::string complaint) {
 
 std::string unknownRule(const std::string& name) {
     std::vector<std::u16string> known;
-    for (const Rule& rule : rules())
-        known.push_back(to_ustring(rule.name));
+    for (const Rule* rule : rules())
+        known.push_back(to_ustring(rule->name));
     const auto near = nearNames(to_ustring(name), {known.begin(), known.end()}, 1);
     return fmt::format(
         "there is no rule \"{}\"{}; see refdoc check --rules", name,
         near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front())));
 }
 
-// The first name that is no rule's; empty when all are.
+// Returns the first name that no rule has; empty if there is none.
 std::string firstUnknown(const CheckOptions& options) {
     std::vector<std::string> names = options.errorRules;
     names.insert(names.end(), options.ignoredRules.begin(), options.ignoredRules.end());
@@ -72,14 +72,13 @@ ReportSettings settingsOf(const CheckOptions& options) {
     return settings;
 }
 
-std::vector<Finding> findAll(const Options& options, const PathNames& names) {
+Findings findAll(const Options& options, const PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.names.empty())
         return checkRoots(Scope::Everything, names, progress);
-    std::vector<Finding> findings;
+    Findings findings;
     for (const std::u16string& target : options.names)
-        std::ranges::move(checkTarget(target, options, names, progress),
-                          std::back_inserter(findings));
+        checkTarget(target, options, names, progress, findings);
     return findings;
 }
 

@@ -6,9 +6,9 @@
 
 namespace refdoc {
 
-/// `refdoc check [PATH...]`: what the library drops, changes or passes over in silence. Status
-/// Found: no errors; NotFound: errors were found.
-/// \throws std::exception  the check could not be carried out
+/// `refdoc check [PATH...]`: what the library silently skips, changes or ignores. The status is
+/// Found if there are no errors, NotFound if there are some.
+/// \throws std::exception  the check could not be completed
 Answer runCheck(const Options& options, const PageSetup& setup);
 
 } // namespace refdoc

@@ -118,8 +118,8 @@ Candidates valuesOf(const TypedWords& typed, const OptionEntry& option) {
     case ValueKind::Sections: return listsWith(typed.word, sectionKeys());
     case ValueKind::LookupName: return lookupNames();
     case ValueKind::Rule:
-        for (const check::Rule& rule : check::rules())
-            choices.emplace(rule.name, rule.summary);
+        for (const check::Rule* rule : check::rules())
+            choices.emplace(rule->name, rule->summary);
         return choices;
     default: return {};
     }

@@ -13,12 +13,12 @@ namespace json = boost::json;
 namespace {
 
 // The members that say where something is; null is what is not known.
-json::object spotObject(const ReportedSpot& spot) {
+json::object spotObject(const ReportedLocation& spot) {
     json::object object;
-    object["file"] = spot.path;
-    object["entry"] = spot.entry.empty() ? json::value() : json::value(spot.entry);
-    object["line"] = spot.place ? json::value(spot.place->line) : json::value();
-    object["column"] = spot.place ? json::value(spot.place->column) : json::value();
+    object["file"] = spot.file->path;
+    object["entry"] = spot.file->entry.empty() ? json::value() : json::value(spot.file->entry);
+    object["line"] = spot.position ? json::value(spot.position->line) : json::value();
+    object["column"] = spot.position ? json::value(spot.position->column) : json::value();
     object["pointer"] = spot.pointer ? json::value(*spot.pointer) : json::value();
     return object;
 }
@@ -27,13 +27,13 @@ json::object findingObject(const ReportedFinding& finding) {
     json::object object;
     object["rule"] = finding.rule->name;
     object["severity"] = toWord(finding.severity);
-    for (const json::key_value_pair& member : spotObject(finding.spot))
+    for (const json::key_value_pair& member : spotObject(finding.location))
         object.insert(member);
     object["message"] = finding.message;
     object["fingerprint"] = finding.fingerprint;
     json::array related;
     for (const ReportedRelation& relation : finding.related) {
-        json::object& element = related.emplace_back(spotObject(relation.spot)).as_object();
+        json::object& element = related.emplace_back(spotObject(relation.location)).as_object();
         element["message"] = relation.message;
     }
     object["related"] = std::move(related);

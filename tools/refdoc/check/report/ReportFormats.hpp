@@ -10,8 +10,8 @@
 
 namespace refdoc::check {
 
-/// A line for each finding, "file:line:column: severity: message [rule]", what is related to it
-/// indented below it, and a summary at the end.
+/// Returns a line for each finding, "file:line:column: severity: message [rule]", with its related
+/// locations indented below it, and a summary at the end.
 std::string textReport(const std::vector<ReportedFinding>& findings, bool color);
 
 /// JSON Lines: one object a finding, as schema/refdoc_check.schema.json says.
@@ -26,10 +26,10 @@ std::string sarifReport(const std::vector<ReportedFinding>& findings,
 /// \throws std::runtime_error  the text is neither
 std::set<std::string, std::less<>> readFingerprints(std::string_view report);
 
-/// The rules, a line each.
+/// Returns a line for each rule.
 std::string ruleList(bool color);
 
-/// What there is to say about a rule.
+/// Returns the summary and the explanation of a rule.
 std::string ruleText(const Rule& rule, bool color);
 
 } // namespace refdoc::check

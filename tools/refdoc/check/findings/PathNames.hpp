@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/findings/Finding.hpp"
 
 #include <filesystem>
 #include <string>

@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/rules/PathNames.hpp"
+#include "tools/refdoc/check/findings/PathNames.hpp"
 
 #include "platform/i18n/Converter.hpp"
 
