@@ -97,7 +97,7 @@ void writeLost(JsonWriter& json, const SectionOrigins& section) {
     for (const LostHeader& lost : section.lostHeaders) {
         json.beginObject();
         writeOrigin(json, "origin", lost.header);
-        writeWord(json, "rule", lost.rule);
+        writeWord(json, "rule", toWord(lost.fate));
         writeNumber(json, "winner", lost.winner);
         json.endObject();
     }
@@ -108,7 +108,7 @@ void writeLost(JsonWriter& json, const SectionOrigins& section) {
         json.beginObject();
         json.member("key", lost.record.key);
         writeRecord(json, lost.record);
-        writeWord(json, "rule", lost.rule);
+        writeWord(json, "rule", toWord(lost.fate));
         writeNumber(json, "winner", lost.winner);
         json.endObject();
     }

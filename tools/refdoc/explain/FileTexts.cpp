@@ -19,7 +19,7 @@ FileTexts::FileTexts(const LoadAccount& account) : account_(account) {
 std::optional<std::string> FileTexts::read(std::size_t index) {
     const FileAccount& file = account_.files[index];
     std::string text = texts_.read({file.path, file.entry, equalsBefore_[index]});
-    // What was of use a moment ago had a text; without one it has gone since.
+    // The library has used the text, so an empty one means that the file is gone.
     if (text.empty())
         return std::nullopt;
     return text;

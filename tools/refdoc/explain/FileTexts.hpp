@@ -10,26 +10,25 @@
 
 namespace refdoc {
 
-/// The texts of the files and package entries that a retrieval has read, read anew.
+/// Reads the texts of the files and package entries of a retrieval again.
 class FileTexts {
 public:
-    /// \param account  outlives this and does not change meanwhile
+    /// \param account  must outlive this object and not change
     explicit FileTexts(const reference::docparser::LoadAccount& account);
 
     const reference::docparser::LoadAccount& account() const noexcept { return account_; }
 
-    /// The text of one file. It costs little to read the entries of a package one after the other.
+    /// Returns the text of one file. Consecutive reads of entries of one package open it once.
     ///
-    /// Of entries of equal names it is the one that the account means: they stand in the account in
-    /// the order of the package.
+    /// Entries of a package that have the same name are in the account in the order of the package.
     /// \param index  of the file in the account
-    /// \returns      nothing when the file can't be read any more, or not as a whole
+    /// \returns      nothing if the file can no longer be read completely
     std::optional<std::string> read(std::size_t index);
 
 private:
     const reference::docparser::LoadAccount& account_;
-    std::vector<std::size_t> equalsBefore_; // of each file, how many of its name the account has
-                                            // before it
+    std::vector<std::size_t> equalsBefore_; // for each file, the number of earlier files with its
+                                            // name
     SourceTexts texts_;
 };
 
