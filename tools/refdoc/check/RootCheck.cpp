@@ -43,17 +43,6 @@ std::vector<std::u16string> allLanguages() {
     return distinct;
 }
 
-// Returns the files of an account. Entries of a package with the same name are numbered.
-std::vector<SourceFile> sourcesOf(const LoadAccount& account) {
-    std::vector<SourceFile> sources;
-    std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> counts;
-    for (const FileAccount& file : account.files) {
-        const bool isEntry = !file.entry.empty();
-        sources.push_back({file.path, file.entry, isEntry ? counts[{file.path, file.entry}]++ : 0});
-    }
-    return sources;
-}
-
 class RootCheck {
 public:
     RootCheck(Scope scope, const PathNames& names, Progress& progress)
@@ -80,7 +69,7 @@ private:
 
     void take(LanguageContents contents) {
         LoadAccount& account = contents.account;
-        const std::vector<SourceFile> sources = sourcesOf(account);
+        const std::vector<SourceFile> sources = sourceFiles(account);
         mergeLosses_.add(account, sources);
         addLookupFiles(account, sources, lookupFiles_);
         for (std::size_t index = 0; index < sources.size(); ++index) {

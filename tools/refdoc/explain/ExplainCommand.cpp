@@ -2,6 +2,8 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
@@ -63,30 +65,33 @@ std::string outputOf(const Explanation& explanation, OutputFormat format, const 
 
 Answer answerOf(const Explanation& explanation, const Options& options, const PageSetup& setup,
                 std::vector<std::string> complaints) {
-    return {.status = complaints.empty() ? ExitStatus::Found : ExitStatus::NotFound,
+    return {.status = complaints.empty() ? ExitStatus::Success : ExitStatus::Negative,
             .output = outputOf(explanation, options.format, setup),
             .complaints = std::move(complaints)};
 }
 
+// \param arguments  the product and, if there is one, the href
 // \param resources  set to the product's
-// \returns          what there is to complain about
-std::vector<std::string> readProduct(const Options& options, LoadAccount& account,
-                                     ResourceMap<RefItem>& resources) {
+// \returns          the complaints about a missing product or href
+std::vector<std::string> readProduct(const std::vector<std::u16string>& arguments,
+                                     LoadAccount& account, ResourceMap<RefItem>& resources) {
+    const std::u16string& product = arguments.front();
     try {
         const LoadAccount::Scope scope(account);
-        resources = DocResourceParser::getResourceFile(options.product);
+        resources = DocResourceParser::getResourceFile(product);
     } catch (const DocParserException&) {
-        return {complaintAboutProduct(options.product)};
+        return {complaintAboutProduct(product)};
     }
-    return complaintsAboutHrefs(options.product, options.names, resources);
+    return complaintsAboutHrefs(product, {arguments.begin() + 1, arguments.end()}, resources);
 }
 
 Answer explainProduct(const Options& options, const PageSetup& setup) {
-    Explanation explanation{.product = options.product};
-    if (!options.names.empty())
-        explanation.href = options.names.front();
+    Explanation explanation{.product = options.arguments.front()};
+    if (options.arguments.size() > 1)
+        explanation.href = options.arguments[1];
     ResourceMap<RefItem> resources;
-    std::vector<std::string> complaints = readProduct(options, explanation.account, resources);
+    std::vector<std::string> complaints =
+        readProduct(options.arguments, explanation.account, resources);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.href);
     Counts counts;
@@ -102,8 +107,8 @@ LookupResults readIndex(LoadAccount& account) {
     return DocResourceParser::getResourceLookupFiles();
 }
 
-Answer explainName(const Options& options, const PageSetup& setup) {
-    Explanation explanation{.name = options.explainedName};
+Answer explainName(const std::string& name, const Options& options, const PageSetup& setup) {
+    Explanation explanation{.name = fl::i18n::to_ustring(name)};
     const LookupResults results = readIndex(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.name);
@@ -116,10 +121,26 @@ Answer explainName(const Options& options, const PageSetup& setup) {
                     complaintsAboutNames({*explanation.name}, results));
 }
 
+Answer runExplain(const Options& options, const PageSetup& setup) {
+    const std::optional<std::string> name = options.values.value("--name");
+    return name ? explainName(*name, options, setup) : explainProduct(options, setup);
+}
+
 } // namespace
 
-Answer runExplain(const Options& options, const PageSetup& setup) {
-    return options.explainedName ? explainName(options, setup) : explainProduct(options, setup);
+CommandEntry explainCommand() {
+    return {
+        "explain",
+        "Print which file each record comes from, and what happened to the others",
+        "Prints, for each section and record of a product or of a name in the lookup index, the "
+        "file or package entry and the line that it comes from, the records that it replaces and "
+        "by which rule, and what happened to each candidate file.",
+        {{"PRODUCT", ValueType::Product, false, false,
+          "The name of the product's resource file, without .json", "--name"},
+         {"HREF", ValueType::Href, false, false, "Explain only the item with this link"}},
+        {{"--name", "NAME", ValueType::LookupName,
+          "Explain a name of the lookup index instead of a product"}},
+        runExplain};
 }
 
 } // namespace refdoc

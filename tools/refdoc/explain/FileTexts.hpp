@@ -10,25 +10,22 @@
 
 namespace refdoc {
 
-/// Reads the texts of the files and package entries of a retrieval again.
+/// Reads the files and package entries of a retrieval again.
 class FileTexts {
 public:
-    /// \param account  must outlive this object and not change
+    /// \param account  must outlive this object and stay unchanged
     explicit FileTexts(const reference::docparser::LoadAccount& account);
 
     const reference::docparser::LoadAccount& account() const noexcept { return account_; }
 
-    /// Returns the text of one file. Consecutive reads of entries of one package open it once.
-    ///
-    /// Entries of a package that have the same name are in the account in the order of the package.
+    /// Returns the content of one file; nothing if it can no longer be read. Reading the entries of
+    /// a package one after the other is cheap.
     /// \param index  of the file in the account
-    /// \returns      nothing if the file can no longer be read completely
     std::optional<std::string> read(std::size_t index);
 
 private:
     const reference::docparser::LoadAccount& account_;
-    std::vector<std::size_t> equalsBefore_; // for each file, the number of earlier files with its
-                                            // name
+    std::vector<SourceFile> files_;
     SourceTexts texts_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonLines.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
@@ -24,8 +25,6 @@ using LookupMap = ResourceMap<RefItemLookup>;
 using LookupResults = ParsingResults<LookupMap>;
 
 namespace {
-
-constexpr std::size_t kMostNearNames = 3;
 
 std::vector<std::u16string_view> allNames(const LookupResults& results) {
     std::vector<std::u16string_view> names;
@@ -88,7 +87,27 @@ std::string outputOf(const Options& options, const LookupResults& results, const
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Text: break;
     }
-    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    return pageOf(results, setup, /*withLinks=*/!options.arguments.empty());
+}
+
+Answer runLookup(const Options& options, const PageSetup& setup) {
+    LookupResults results = DocResourceParser::getResourceLookupFiles();
+    Answer answer;
+    if (!options.arguments.empty()) {
+        answer.complaints = complaintsAboutNames(options.arguments, results);
+        if (!answer.complaints.empty())
+            answer.status = ExitStatus::Negative;
+        keepOnly(options.arguments, results.installed);
+        keepOnly(options.arguments, results.notInstalled);
+    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
+        // Nothing on standard output could also mean that the tool had nothing to say.
+        answer.complaints.push_back(
+            fmt::format("no lookup entries in {}{}",
+                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
+                        kOtherFolders));
+    }
+    answer.output = outputOf(options, results, setup);
+    return answer;
 }
 
 } // namespace
@@ -102,29 +121,20 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
     for (const std::u16string& name : missingKeys(names, std::move(found)))
         complaints.push_back(
             fmt::format("no entry {} in the lookup index{}", quoted(name),
-                        didYouMean(nearNames(name, known, kMostNearNames),
+                        didYouMean(nearNames(name, known),
                                    known.empty() ? kOtherFolders : "; see refdoc lookup")));
     return complaints;
 }
 
-Answer runLookup(const Options& options, const PageSetup& setup) {
-    LookupResults results = DocResourceParser::getResourceLookupFiles();
-    Answer answer;
-    if (!options.names.empty()) {
-        answer.complaints = complaintsAboutNames(options.names, results);
-        if (!answer.complaints.empty())
-            answer.status = ExitStatus::NotFound;
-        keepOnly(options.names, results.installed);
-        keepOnly(options.names, results.notInstalled);
-    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Nothing on standard output could also mean that the tool had nothing to say.
-        answer.complaints.push_back(
-            fmt::format("no lookup entries in {}{}",
-                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
-                        kOtherFolders));
-    }
-    answer.output = outputOf(options, results, setup);
-    return answer;
+CommandEntry lookupCommand() {
+    return {
+        "lookup",
+        "Print the lookup index of all products",
+        "Prints one line per record, installed products first; with names, only the records of "
+        "these names, with their links.",
+        {{"NAME", ValueType::LookupName, false, true, "Print only the entries with these names"}},
+        {},
+        runLookup};
 }
 
 } // namespace refdoc

@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonWriter.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
@@ -221,8 +222,6 @@ std::string pageOf(const Findings& findings, const PageSetup& setup) {
     return page.take();
 }
 
-} // namespace
-
 Answer runProducts(const Options& options, const PageSetup& setup) {
     const Findings findings;
     switch (options.format) {
@@ -231,6 +230,17 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
     case OutputFormat::Text: break;
     }
     return {.output = pageOf(findings, setup)};
+}
+
+} // namespace
+
+CommandEntry productsCommand() {
+    return {"products",
+            "List the product files, installed products, support packages, languages and folders",
+            "Prints which files the other commands read, and from which folders.",
+            {},
+            {},
+            runProducts};
 }
 
 } // namespace refdoc

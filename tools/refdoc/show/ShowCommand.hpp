@@ -1,21 +1,18 @@
 #pragma once
 
 #include "docparser/DocResourceParser.hpp"
-#include "tools/refdoc/cli/Answer.hpp"
-#include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/terminal/PageSetup.hpp"
+#include "tools/refdoc/cli/CommandTable.hpp"
 
 #include <string>
 #include <vector>
 
 namespace refdoc {
 
-/// Runs `show`: the full records of one product, or those of its items that have one of the HREFs.
+/// The command `show`: the full records of one product, or its items with the given hrefs.
 ///
-/// A product without resources, and each HREF that the product has not, is a complaint, with up to
-/// three names that may be meant.
-/// \throws whatever the host services throw
-Answer runShow(const Options& options, const PageSetup& setup);
+/// A product without resources and each href that the product lacks is a complaint, with up to
+/// three similar names.
+CommandEntry showCommand();
 
 /// The complaint about a product without resources: the places that were tried, near names.
 /// \throws whatever the host services throw

@@ -14,7 +14,7 @@ using reference::property::RefEntityType;
 std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value functionType) {
     const std::string_view entity = RefEntityType::enumToString(entityType);
     const std::string_view function = FunctionType::enumToString(functionType);
-    // "function" is also what the files that tell nothing come to.
+    // "function" is also the default, for files that do not say.
     if (functionType == FunctionType::Function || function == entity)
         return fl::i18n::to_ustring(entity);
     return fl::i18n::to_ustring(fmt::format("{} {}", function, entity));

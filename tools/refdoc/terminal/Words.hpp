@@ -6,11 +6,11 @@
 
 namespace refdoc {
 
-/// What an entity is, in words: "class", "static method", "macro function".
+/// Returns the type of an entity in words: "class", "static method", "macro function".
 std::u16string kindText(reference::property::RefEntityType::Value entityType,
                         reference::property::FunctionType::Value functionType);
 
-/// The text between quotation marks, as UTF-8.
+/// Returns a string in quotation marks, as UTF-8.
 std::string quoted(const std::u16string& text);
 
 } // namespace refdoc

@@ -78,7 +78,7 @@ TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
 
 TEST_F(ReportFormatTest, AReportHasOneFormat) {
     EXPECT_EQ(check({".", "--json", "--sarif"}),
-              (Outcome{2, "", "refdoc: --json excludes --sarif; see refdoc --help\n"}));
+              (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
     EXPECT_EQ(check({".", "--jsonl"}).out, check({".", "--json"}).out);
 }
 

@@ -240,7 +240,7 @@ TEST_F(JsonLinesTest, EachProductFileIsALine) {
 
 TEST_F(JsonLinesTest, DoesNotGoWithJson) {
     EXPECT_EQ(run({"--json", "--jsonl", "lookup"}),
-              (Outcome{2, "", "refdoc: --json excludes --jsonl; see refdoc --help\n"}));
+              (Outcome{2, "", "refdoc: --json and --jsonl cannot be combined; see refdoc --help\n"}));
 }
 
 } // namespace

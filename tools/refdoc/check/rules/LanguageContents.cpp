@@ -1,10 +1,11 @@
 #include "tools/refdoc/check/rules/LanguageContents.hpp"
 
 #include "docparser/DocParserException.hpp"
-#include "platform/HostServices.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/ProductNames.hpp"
 
-#include <memory>
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <unordered_set>
 #include <utility>
@@ -15,41 +16,12 @@ using reference::docparser::DocParserException;
 using reference::docparser::DocResource;
 using reference::docparser::DocResourceParser;
 using reference::docparser::LoadAccount;
-using reference::docparser::ProductPathData;
 using reference::docparser::ResourceMap;
 using reference::property::RefItem;
 using reference::property::RefItemLookup;
 using reference::property::SeeAlso;
-using Tools = DocResourceParser::ParsingTools;
 
 namespace {
-
-// Changes the documentation language during its life.
-class CurrentLanguage {
-public:
-    explicit CurrentLanguage(const std::u16string& language) : services_(platform::hostServices()) {
-        platform::setHostServices(
-            std::make_shared<LanguageOverrides>(services_, language, std::nullopt));
-    }
-    ~CurrentLanguage() { platform::setHostServices(services_); }
-    CurrentLanguage(const CurrentLanguage&) = delete;
-    CurrentLanguage& operator=(const CurrentLanguage&) = delete;
-
-private:
-    std::shared_ptr<const platform::HostServices> services_;
-};
-
-void addProductsOf(const std::u16string& folder, ProductNames& names) {
-    const std::u16string suffix = Tools::kLocaleSeparator + Tools::getCurrentLocale();
-    const auto lists =
-        DocResourceParser::getAllProducts(folder, Tools::getSupportedDocLocales(), suffix);
-    for (const ProductPathData& file : lists.jsonProducts) {
-        std::u16string name = file.getName();
-        if (file.isNonEnglishLocale())
-            name.resize(name.size() - suffix.size());
-        names.insert(std::move(name));
-    }
-}
 
 FullSection sectionOf(const DocResource<RefItem>& resource) {
     FullSection section{resource.header.getHelpLocation(), {}, {}};
@@ -89,15 +61,14 @@ void retrieveProduct(const std::u16string& product, LanguageContents& contents) 
 
 void addFullProducts(const std::vector<std::u16string>& languages, ProductNames& names) {
     for (const std::u16string& language : languages) {
-        const CurrentLanguage current(language);
-        addProductsOf(DocResourceParser::getReferenceRoots()->referenceApiFolder, names);
-        addProductsOf(*DocResourceParser::getSupportPackageRoot(), names);
+        const LanguageGuard current(language);
+        std::ranges::move(productNames(), std::inserter(names, names.end()));
     }
 }
 
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
                                   const std::function<void()>& step) {
-    const CurrentLanguage current(language);
+    const LanguageGuard current(language);
     LanguageContents contents;
     const LoadAccount::Scope scope(contents.account);
     auto lookups = DocResourceParser::getResourceLookupFiles();

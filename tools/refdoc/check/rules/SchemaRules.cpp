@@ -2,7 +2,7 @@
 
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 
 #include <fmt/format.h>
 
@@ -15,7 +15,6 @@ namespace refdoc::check {
 namespace json = boost::json;
 
 using fl::i18n::to_string;
-using fl::i18n::to_ustring;
 using reference::docparser::FileAccount;
 using reference::docparser::pointerToken;
 
@@ -84,16 +83,6 @@ std::string_view firstBeyondAscii(std::string_view text) {
     const auto isBeyond = [](char byte) { return static_cast<signed char>(byte) < 0; };
     const auto first = std::ranges::find_if(text, isBeyond);
     return {first, std::find_if_not(first, text.end(), isBeyond)};
-}
-
-// "; did you mean "x"?", or nothing.
-std::string hintFor(std::string_view typed, const std::vector<std::string>& known) {
-    std::vector<std::u16string> names;
-    for (const std::string& name : known)
-        names.push_back(to_ustring(name));
-    const std::vector<std::u16string> near =
-        nearNames(to_ustring(typed), {names.begin(), names.end()}, 1);
-    return near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front()));
 }
 
 // What identifies an element of an array for its author; empty if nothing does.
@@ -219,7 +208,8 @@ private:
         if (std::ranges::find(node.words, std::string_view(*word)) == node.words.end())
             add(kUnknownWord, /*isAtKey=*/false,
                 fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
-                            std::string_view(*word), node.defaultWord, hintFor(*word, node.words)));
+                            std::string_view(*word), node.defaultWord,
+                            didYouMean(*word, node.words)));
     }
 
     void checkPresence(const json::value& value) {
@@ -246,7 +236,7 @@ private:
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
         add(kUnknownKey, /*isAtKey=*/true,
-            fmt::format("unknown key \"{}\", ignored{}", key, hintFor(key, known)));
+            fmt::format("unknown key \"{}\", ignored{}", key, didYouMean(key, known)));
     }
 
     void add(const Rule& rule, bool isAtKey, std::string message, std::string_view detail = {}) {

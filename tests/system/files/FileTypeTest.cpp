@@ -11,12 +11,13 @@ namespace {
 
 using testing::ElementsAre;
 
-// What bears the name of a product's file, first in the reference root and again as a lookup file.
-class FileKindTest : public SystemTest {
+// Things that have the name of a product's file, in the reference-API folder and the lookup folder.
+class FileTypeTest : public SystemTest {
 protected:
-    FileKindTest() { addSupport("Orchard.json", resourceText("orchard", {})); }
+    FileTypeTest() { addSupport("Orchard.json", resourceText("orchard", {})); }
 
-    // The file counts as missing: no line but those of the reading, and the next place is tried.
+    // Expects that the file counts as missing: only the attempt is logged, and the next folder is
+    // tried.
     void expectMissing() const {
         runWatched([this] {
             const LogCapture log(528);
@@ -37,66 +38,66 @@ protected:
     const Resources supported = {{u"orchard", section(u"orchard", u"Orchard", {})}};
 };
 
-TEST_F(FileKindTest, AMissingFileLeavesOnlyTheLineOfItsReading) {
+TEST_F(FileTypeTest, MissingFileLogsOnlyTheAttempt) {
     expectMissing();
 }
 
-TEST_F(FileKindTest, AnEmptyFileIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, EmptyFileCountsAsMissing) {
     addApi("Orchard.json", "");
     expectMissing();
     addLookup("Orchard.json", "");
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, AFolderIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, FolderCountsAsMissing) {
     std::filesystem::create_directory(apiPath("Orchard.json"));
     expectMissing();
     std::filesystem::create_directory(lookupPath("Orchard.json"));
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, APipeWithoutAWriterIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, PipeWithoutWriterCountsAsMissing) {
     ASSERT_EQ(::mkfifo(apiPath("Orchard.json").c_str(), 0600), 0);
     expectMissing();
     ASSERT_EQ(::mkfifo(lookupPath("Orchard.json").c_str(), 0600), 0);
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, AnEndlessDeviceIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, EndlessDeviceCountsAsMissing) {
     std::filesystem::create_symlink("/dev/zero", apiPath("Orchard.json"));
     expectMissing();
     std::filesystem::create_symlink("/dev/zero", lookupPath("Orchard.json"));
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, ASocketIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, SocketCountsAsMissing) {
     ASSERT_EQ(::mknod(apiPath("Orchard.json").c_str(), S_IFSOCK | 0600, 0), 0);
     expectMissing();
     ASSERT_EQ(::mknod(lookupPath("Orchard.json").c_str(), S_IFSOCK | 0600, 0), 0);
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, ALinkThatLeadsNowhereIsAsGoodAsMissing) {
+TEST_F(FileTypeTest, DanglingLinkCountsAsMissing) {
     std::filesystem::create_symlink("absent", apiPath("Orchard.json"));
     expectMissing();
     std::filesystem::create_symlink("Orchard.json", lookupPath("Orchard.json"));
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, ALinkToAFileIsThatFile) {
+TEST_F(FileTypeTest, FollowsLinkToFile) {
     folder.write("elsewhere.json", resourceText("linked", {}));
     std::filesystem::create_symlink(folder.path() / "elsewhere.json", apiPath("Orchard.json"));
     const Resources expected = {{u"linked", section(u"linked", u"Orchard", {})}};
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(FileKindTest, AMissingFolderHasNoFiles) {
+TEST_F(FileTypeTest, MissingFolderHasNoFiles) {
     std::filesystem::remove_all(folder.path() / "root");
     expectMissing();
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
 }
 
-TEST_F(FileKindTest, AFileOverTheLimitIsAProblemAndTheNextPlaceIsTried) {
+TEST_F(FileTypeTest, FileOverTheLimitLogsProblemAndNextFolderIsTried) {
     const std::string large = resourceText("orchard", {{"graft.html", "Join trees"}});
     addApi("Orchard.json", large);
     platform::setReadLimits({.fileBytes = large.size() - 1});
@@ -107,7 +108,7 @@ TEST_F(FileKindTest, AFileOverTheLimitIsAProblemAndTheNextPlaceIsTried) {
                                             "Reading file: " + supportPath("Orchard.json")));
 }
 
-TEST_F(FileKindTest, ALookupFileOverTheLimitIsAProblemOfThatFileAlone) {
+TEST_F(FileTypeTest, SkipsOnlyLookupFileOverTheLimit) {
     const std::string large = ResourceText("orchard").set("productName", "longer").str();
     const std::string small = ResourceText("o").str();
     addLookup("Orchard.json", large);
@@ -120,14 +121,14 @@ TEST_F(FileKindTest, ALookupFileOverTheLimitIsAProblemOfThatFileAlone) {
                 ElementsAre("Problem reading JSON file: " + lookupPath("Orchard.json")));
 }
 
-TEST_F(FileKindTest, AFileOfExactlyTheLimitIsRead) {
+TEST_F(FileTypeTest, ReadsFileOfExactlyTheLimit) {
     const std::string text = resourceText("exact", {});
     addApi("Orchard.json", text);
     platform::setReadLimits({.fileBytes = text.size()});
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").count(u"exact"), 1U);
 }
 
-TEST_F(FileKindTest, AFileThatClaimsToBeHugeTakesNoMemory) {
+TEST_F(FileTypeTest, SparseFileTakesNoMemory) {
     addApi("Orchard.json", "{");
     std::filesystem::resize_file(apiPath("Orchard.json"), std::uintmax_t{1} << 40);
     const LogCapture log(512);
@@ -136,7 +137,7 @@ TEST_F(FileKindTest, AFileThatClaimsToBeHugeTakesNoMemory) {
                 ElementsAre("Problem reading JSON file: " + apiPath("Orchard.json")));
 }
 
-TEST_F(FileKindTest, LineEndsOfAnyKindAreRead) {
+TEST_F(FileTypeTest, AcceptsWindowsLineEnds) {
     std::string text = resourceText("orchard", {{"graft.html", "Join trees"}});
     for (std::size_t comma = text.find(','); comma != std::string::npos;
          comma = text.find(',', comma + 3))
@@ -147,14 +148,14 @@ TEST_F(FileKindTest, LineEndsOfAnyKindAreRead) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(FileKindTest, AByteOrderMarkStaysAndIsNoJson) {
+TEST_F(FileTypeTest, ByteOrderMarkIsInvalidJson) {
     addApi("Orchard.json", "\xEF\xBB\xBF" + resourceText("marked", {}));
     expectMissing();
     addLookup("Orchard.json", "\xEF\xBB\xBF" + ResourceText("marked").str());
     expectMissingLookup();
 }
 
-TEST_F(FileKindTest, AFileThatMayBeWrittenMeanwhileIsReadAllTheSame) {
+TEST_F(FileTypeTest, ReadsFileThatIsOpenForWriting) {
     addApi("Orchard.json", resourceText("open", {}));
     const std::fstream writer(apiPath("Orchard.json"), std::ios::in | std::ios::out);
     ASSERT_TRUE(writer.is_open());
