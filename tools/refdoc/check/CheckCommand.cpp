@@ -71,7 +71,7 @@ ReportSettings settingsOf(const CheckOptions& options) {
     return settings;
 }
 
-Findings findAll(const Options& options, const PathNames& names) {
+Findings findAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.arguments.empty())
         return checkRoots(Scope::Everything, names, progress);
@@ -99,7 +99,7 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return wrongUsage(unknownRule(unknown));
 
     const ReportSettings settings = settingsOf(check);
-    const PathNames names(std::filesystem::current_path());
+    PathNames names(std::filesystem::current_path());
     const std::vector<ReportedFinding> findings =
         makeReport(findAll(options, names), names, settings);
     const bool hasErrors =

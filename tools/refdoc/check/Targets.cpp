@@ -103,27 +103,17 @@ Findings checkManifestFile(const SourceFile& file) {
     return findings;
 }
 
-Findings checkFile(const fs::path& file, Options options, PathNames names, Progress& progress) {
+Findings checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
     const TemporaryRoot root(file, folderFor(file));
     names.rename(root.folder(), file.parent_path());
     if (!options.installFolder)
         options.installFolder = findInstallFolder(file.parent_path());
     options.referenceRoot = root.path().u16string();
     options.supportFolder = (root.path() / "none").u16string();
-    Findings findings;
-    for (auto& [source, found] : check(Scope::FilesAlone, options, names, progress)) {
-        for (Finding& finding : found) {
-            for (RelatedLocation& related : finding.related)
-                related.file.path = file.u16string();
-        }
-        SourceFile renamed = source;
-        renamed.path = file.u16string();
-        findings.emplace(std::move(renamed), std::move(found));
-    }
-    return findings;
+    return check(Scope::FilesAlone, options, names, progress);
 }
 
-Findings checkPath(const std::u16string& target, const Options& options, const PathNames& names,
+Findings checkPath(const std::u16string& target, const Options& options, PathNames& names,
                    Progress& progress) {
     const fs::path path = fs::absolute(fs::path(target)).lexically_normal();
     if (fs::is_directory(path)) {
@@ -139,7 +129,7 @@ Findings checkPath(const std::u16string& target, const Options& options, const P
 
 } // namespace
 
-void checkTarget(const std::u16string& target, const Options& options, const PathNames& names,
+void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, Findings& findings) {
     for (auto& [file, found] : checkPath(target, options, names, progress))
         addFindings(found, file, findings);

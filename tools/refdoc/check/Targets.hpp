@@ -15,9 +15,10 @@ namespace refdoc::check {
 ///
 /// Without --install, the nearest installation.json above determines the languages and what is
 /// installed. Afterwards the settings of the library are those of this target.
+/// \param names     receives the names of temporary folders
 /// \param findings  receives the findings
 /// \throws std::exception  there is no such file or folder, or the check could not be completed
-void checkTarget(const std::u16string& target, const Options& options, const PathNames& names,
+void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, Findings& findings);
 
 } // namespace refdoc::check

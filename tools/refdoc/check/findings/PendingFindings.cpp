@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
+#include <utility>
 
 namespace refdoc::check {
 
@@ -18,6 +18,12 @@ using reference::docparser::SectionFate;
 
 namespace {
 
+// Writes the key to a string that is reused, because it is made for every record of a file.
+void assignKey(std::string& key, std::string_view name, std::string_view href,
+               std::string_view link) {
+    key.assign(name).append(1, '\n').append(href).append(1, '\n').append(link);
+}
+
 // The library reads links byte by byte, so each code unit is a byte of the text.
 void appendLink(std::string& key, std::u16string_view link) {
     key += '\n';
@@ -25,10 +31,11 @@ void appendLink(std::string& key, std::u16string_view link) {
         key += static_cast<char>(unit);
 }
 
-// Writes the key to a string that is reused, because it is made for every record of a file.
-void assignKey(std::string& key, std::string_view name, std::string_view href,
-               std::string_view link) {
-    key.assign(name).append(1, '\n').append(href).append(1, '\n').append(link);
+std::string keyOf(const RecordKey& record) {
+    std::string key = fl::i18n::to_string(record.name);
+    appendLink(key, record.href);
+    appendLink(key, record.link);
+    return key;
 }
 
 std::string_view stringIn(const json::value& object, std::string_view key) {
@@ -94,8 +101,11 @@ private:
             if (isReported)
                 continue;
             pending.reportedBy = number_;
-            findings_.push_back(pending.finding);
-            findings_.back().location.pointer = makePointer();
+            findings_.push_back(
+                {.rule = pending.rule,
+                 .location = {.pointer = makePointer()},
+                 .message = pending.message,
+                 .identity = fmt::format("{}\n{}", fl::i18n::to_string(account_.key), key_)});
         }
     }
 
@@ -106,6 +116,15 @@ private:
     std::string key_;
 };
 
+void PendingFindings::add(const Rule& rule, FileRole role, const std::u16string& section,
+                          const RecordKey& record, Reporter reporter, std::string message) {
+    Section& pending = sections_[role][section];
+    std::string key = keyOf(record);
+    const auto [first, last] = pending.equal_range(key);
+    if (std::none_of(first, last, [&](const auto& entry) { return entry.second.rule == &rule; }))
+        pending.emplace(std::move(key), Pending{&rule, std::move(message), reporter});
+}
+
 void PendingFindings::report(const FileAccount& account, const json::value& document,
                              std::vector<Finding>& findings) {
     auto& pending = sections_[account.role];
@@ -115,26 +134,6 @@ void PendingFindings::report(const FileAccount& account, const json::value& docu
             SectionReport(section, found->second, ++sectionCount_, findings)
                 .run(account.role, document);
     }
-}
-
-std::string PendingFindings::keyOf(const RecordKey& record) {
-    std::string key = fl::i18n::to_string(record.name);
-    appendLink(key, record.href);
-    appendLink(key, record.link);
-    return key;
-}
-
-std::string PendingFindings::identityOf(const std::u16string& section, const RecordKey& record) {
-    std::string identity = fl::i18n::to_string(section);
-    for (const std::u16string_view part : {record.name, record.href, record.link})
-        identity.append("\n").append(fl::i18n::to_string(part));
-    return identity;
-}
-
-bool PendingFindings::contains(const Section& section, const std::string& key, const Rule& rule) {
-    const auto [first, last] = section.equal_range(key);
-    return std::any_of(first, last,
-                       [&](const auto& entry) { return entry.second.finding.rule == &rule; });
 }
 
 } // namespace refdoc::check

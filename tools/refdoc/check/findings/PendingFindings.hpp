@@ -32,20 +32,10 @@ public:
     };
 
     /// Adds a finding, unless the record has one of the same rule.
-    /// \param makeMessage  returns the finding's message
-    template <class MakeMessage>
     void add(const Rule& rule, reference::docparser::FileRole role, const std::u16string& section,
-             const RecordKey& record, Reporter reporter, MakeMessage makeMessage) {
-        Section& pending = sections_[role][section];
-        std::string key = keyOf(record);
-        if (!contains(pending, key, rule))
-            pending.emplace(std::move(key), Pending{{.rule = &rule,
-                                                     .message = makeMessage(),
-                                                     .identity = identityOf(section, record)},
-                                                    reporter});
-    }
+             const RecordKey& record, Reporter reporter, std::string message);
 
-    /// Moves to `findings` what is pending about the records of a file.
+    /// Adds to `findings` what is pending about the records of a file.
     /// \param account   of the file, which the library has read
     /// \param document  the file's content
     void report(const reference::docparser::FileAccount& account,
@@ -53,7 +43,8 @@ public:
 
 private:
     struct Pending {
-        Finding finding; ///< without a location
+        const Rule* rule;
+        std::string message;
         Reporter reporter;
         std::size_t reportedBy = 0; ///< number of the section that reported it last
     };
@@ -61,10 +52,6 @@ private:
     using Section = std::unordered_multimap<std::string, Pending>;
 
     class SectionReport;
-
-    static std::string keyOf(const RecordKey& record);
-    static std::string identityOf(const std::u16string& section, const RecordKey& record);
-    static bool contains(const Section& section, const std::string& key, const Rule& rule);
 
     std::map<reference::docparser::FileRole, std::map<std::u16string, Section>> sections_;
     std::size_t sectionCount_ = 0; // sections of files that were compared

@@ -152,20 +152,18 @@ private:
     }
 
     void checkLookup(const std::u16string& key, const LookupSection& lookup) {
-        const std::u16string& productName = lookup.resource.header.getProduct();
-        const auto product = contents_.products.find(productName);
+        const std::u16string& name = lookup.resource.header.getProduct();
+        const auto product = contents_.products.find(name);
         if (product == contents_.products.end())
-            return addToSection(kLookupWithoutResources, FileRole::Lookup, key, [&] {
-                return fmt::format("the product \"{}\" has no full resources",
-                                   to_string(productName));
-            });
+            return addToSection(
+                kLookupWithoutResources, FileRole::Lookup, key,
+                fmt::format("the product \"{}\" has no full resources", to_string(name)));
         const auto full = product->second.find(key);
         if (full == product->second.end())
-            return addToSection(kLookupWithoutResources, FileRole::Lookup, key, [&] {
-                return fmt::format("the full resources of the product \"{}\" have no section "
-                                   "\"{}\"",
-                                   to_string(productName), to_string(key));
-            });
+            return addToSection(
+                kLookupWithoutResources, FileRole::Lookup, key,
+                fmt::format("the full resources of the product \"{}\" have no section \"{}\"",
+                            to_string(name), to_string(key)));
         checkRecords(key, lookup, full->second);
     }
 
@@ -174,18 +172,16 @@ private:
         std::unordered_set<std::u16string_view> pages;
         for (const Page& page : full.pages)
             pages.insert(page.href);
+        const std::string product = to_string(lookup.resource.header.getProduct());
         forEachRecord(lookup, [&](const std::u16string& name, const auto& record) {
             const std::u16string& href = record.getHref();
-            if (pages.contains(href))
-                return;
-            pending_.add(kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
-                         Reporter::EveryFile, [&] {
-                             return fmt::format(
-                                 "no item of the product \"{}\" has the link \"{}\" of the "
-                                 "record \"{}\"",
-                                 to_string(lookup.resource.header.getProduct()), to_string(href),
-                                 to_string(name));
-                         });
+            if (!pages.contains(href))
+                pending_.add(
+                    kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
+                    Reporter::EveryFile,
+                    fmt::format(
+                        "no item of the product \"{}\" has the link \"{}\" of the record \"{}\"",
+                        product, to_string(href), to_string(name)));
         });
     }
 
@@ -193,44 +189,38 @@ private:
         const auto lookup = contents_.lookups.find(key);
         if (lookup == contents_.lookups.end()) {
             if (std::ranges::any_of(section.pages, &Page::hasNames))
-                addToSection(kPageWithoutLookup, FileRole::Resources, key, [&] {
-                    return fmt::format("no lookup file has the section \"{}\": its items can't be "
-                                       "found by name",
-                                       to_string(key));
-                });
+                addToSection(kPageWithoutLookup, FileRole::Resources, key,
+                             fmt::format("no lookup file has the section \"{}\": its items can't "
+                                         "be found by name",
+                                         to_string(key)));
             return;
         }
         std::unordered_set<std::u16string_view> hrefs;
         forEachRecord(lookup->second,
                       [&](const auto&, const auto& record) { hrefs.insert(record.getHref()); });
         for (const Page& page : section.pages) {
-            if (!page.hasNames || hrefs.contains(page.href))
-                continue;
-            pending_.add(kPageWithoutLookup, FileRole::Resources, key, {.href = page.href},
-                         Reporter::FirstFile, [&] {
-                             return fmt::format("no lookup record has the link \"{}\": the item "
-                                                "can't be found by name",
-                                                to_string(page.href));
-                         });
+            if (page.hasNames && !hrefs.contains(page.href))
+                pending_.add(
+                    kPageWithoutLookup, FileRole::Resources, key, {.href = page.href},
+                    Reporter::FirstFile,
+                    fmt::format(
+                        "no lookup record has the link \"{}\": the item can't be found by name",
+                        to_string(page.href)));
         }
     }
 
     void checkLinks(const std::u16string& key, const FullSection& section) {
         for (const std::u16string& link : section.links) {
-            if (leavesDocumentation(link) || isTarget(section.helpLocation, link))
-                continue;
-            pending_.add(kBrokenLink, FileRole::Resources, key, {.link = link}, Reporter::EveryFile,
-                         [&] {
-                             return fmt::format("no product has an item with the link \"{}\"",
-                                                to_string(link));
-                         });
+            if (!leavesDocumentation(link) && !isTarget(section.helpLocation, link))
+                pending_.add(
+                    kBrokenLink, FileRole::Resources, key, {.link = link}, Reporter::EveryFile,
+                    fmt::format("no product has an item with the link \"{}\"", to_string(link)));
         }
     }
 
-    template <class MakeMessage>
     void addToSection(const Rule& rule, FileRole role, const std::u16string& key,
-                      MakeMessage makeMessage) {
-        pending_.add(rule, role, key, {}, Reporter::FirstFile, makeMessage);
+                      std::string message) {
+        pending_.add(rule, role, key, {}, Reporter::FirstFile, std::move(message));
     }
 
     const LanguageContents& contents_;

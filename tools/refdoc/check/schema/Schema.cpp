@@ -1,7 +1,5 @@
 #include "tools/refdoc/check/schema/Schema.hpp"
 
-#include "tools/refdoc/check/schema/EmbeddedSchemas.hpp"
-
 #include <boost/json/parse.hpp>
 
 #include <algorithm>
@@ -108,21 +106,6 @@ void Schema::inherit(SchemaNode& node, const json::value& reference) {
     node.type = parent.type;
     node.nameRule = parent.nameRule;
     node.members.insert(node.members.end(), parent.members.begin(), parent.members.end());
-}
-
-const Schema& resourceSchema() {
-    static const Schema schema(kResourceSchemaText);
-    return schema;
-}
-
-const Schema& lookupSchema() {
-    static const Schema schema(kLookupSchemaText);
-    return schema;
-}
-
-const Schema& manifestSchema() {
-    static const Schema schema(kManifestSchemaText);
-    return schema;
 }
 
 } // namespace refdoc::check
