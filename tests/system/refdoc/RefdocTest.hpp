@@ -51,4 +51,7 @@ std::string section(const std::string& helpFolder, const std::string& items,
 /// Parses the JSON that the program printed. Fails the test if it is invalid.
 boost::json::value document(const std::string& text);
 
+/// The documents that the program printed, one on each line.
+std::vector<boost::json::value> documents(const std::string& lines);
+
 } // namespace refdoc_tests

@@ -85,8 +85,12 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Option
                       const PageSetup& setup, const PathNames& names) {
     if (options.values.has("--sarif"))
         return sarifReport(findings, names.base());
-    return options.format == OutputFormat::Text ? textReport(findings, setup.color)
-                                                : jsonReport(findings);
+    switch (options.format) {
+    case OutputFormat::Json: return jsonReport(findings);
+    case OutputFormat::JsonLines: return jsonLinesReport(findings);
+    case OutputFormat::Text: break;
+    }
+    return textReport(findings, setup.color);
 }
 
 Answer runCheck(const Options& options, const PageSetup& setup) {
@@ -112,16 +116,21 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
 
 CommandEntry checkCommand() {
     return {
-        "check",
-        "Find what is silently dropped, changed or ignored",
-        "Checks resource files like a compiler and prints one line per finding. A PATH is a "
-        "reference root, an install folder, a resource file, a package or an installation.json; "
-        "without a PATH, the current roots are checked in all supported languages. With --json, "
-        "each finding is one JSON object on a line. The status is 1 if errors were found.",
-        {{"PATH", ValueType::Path, false, true,
-          "Check only these: a reference root, an install folder, a file or a package"}},
-        checkOptions(),
-        runCheck};
+        .name = "check",
+        .help = "Find what is silently dropped, changed or ignored",
+        .description =
+            "Resource files are checked as a compiler checks sources: each finding is one "
+            "line. A PATH is a reference root, an install folder, a resource file, a "
+            "package or an installation.json; without a PATH, the current roots are "
+            "checked in all supported languages. The status is 1 if errors were found.",
+        .arguments = {{.name = "PATH",
+                       .type = ValueType::Path,
+                       .isList = true,
+                       .help = "Check only these: a reference root, an install folder, a file or a "
+                               "package"}},
+        .options = checkOptions(),
+        .run = runCheck,
+    };
 }
 
 } // namespace refdoc

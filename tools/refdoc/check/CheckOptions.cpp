@@ -19,8 +19,9 @@ std::vector<Choice> ruleChoices() {
 std::vector<OptionEntry> checkOptions() {
     return {
         {.name = "--sarif", .help = "Print a SARIF 2.1.0 document", .group = kFormatGroup},
-        {"--baseline", "FILE", ValueType::File,
-         "Report only findings that are not in this earlier output of --json or --sarif"},
+        {"--baseline", "FILE", ValueType::Path,
+         "Report only findings that are not in this earlier output of --json, --jsonl or "
+         "--sarif"},
         {.name = "--werror",
          .placeholder = "RULE",
          .type = ValueType::Name,

@@ -8,8 +8,7 @@ namespace refdoc {
 /// The exit status of the tool.
 enum class ExitStatus : int {
     Success = 0,
-    Negative =
-        1, ///< the command ran, and its answer is no: a name was not found, a check found errors
+    Negative = 1,   ///< the answer is no: a name was not found, or a check found errors
     WrongUsage = 2, ///< the command line is invalid
     Failed = 3      ///< any other failure
 };

@@ -2,18 +2,18 @@
 
 #include "tools/refdoc/cli/Help.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace refdoc {
 
 namespace {
 
-// "-5", "-!" and "---" are names of operators or numbers in an index, not options.
+// No option starts like "-5", "-!" or "---", which an index may have as names.
 bool looksLikeOption(std::string_view word) {
     const std::size_t dashes = word.starts_with("--") ? 2 : 1;
     if (!word.starts_with('-') || word.size() == dashes)
@@ -23,10 +23,10 @@ bool looksLikeOption(std::string_view word) {
            (dashes == 2 || first < '0' || first > '9');
 }
 
-// "a, b or c"
-std::string alternatives(const std::vector<std::string>& names) {
-    return fmt::format("{} or {}", fmt::join(names.begin(), std::prev(names.end()), ", "),
-                       names.back());
+// "a PRODUCT", "an OUT"
+std::string withArticle(std::string_view name) {
+    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
 }
 
 template <class Entries>
@@ -122,11 +122,12 @@ std::string argumentFault(const CommandLine& line) {
     const std::vector<ArgumentEntry>& entries = line.command->arguments;
     const std::size_t given = line.arguments.size();
     for (std::size_t at = 0; at < entries.size(); ++at) {
-        const auto& [name, type, isRequired, isList, help, alternative] = entries[at];
-        if (isRequired && at >= given)
-            return fmt::format("{} needs a {}", line.command->name, name);
-        if (!alternative.empty() && line.options.has(alternative) == (at < given))
-            return fmt::format("{} needs either a {} or {}", line.command->name, name, alternative);
+        const ArgumentEntry& entry = entries[at];
+        if (entry.isRequired && at >= given)
+            return fmt::format("{} needs {}", line.command->name, withArticle(entry.name));
+        if (!entry.alternative.empty() && line.options.has(entry.alternative) == (at < given))
+            return fmt::format("{} needs either {} or {}", line.command->name,
+                               withArticle(entry.name), entry.alternative);
     }
     const bool endsWithList = !entries.empty() && entries.back().isList;
     if (given > entries.size() && !endsWithList)

@@ -46,12 +46,16 @@ CommandLine sortWords(const CommandTable& table, const std::vector<std::string>&
 
 /// Parses the words that follow the program's name.
 ///
-/// An option may stand before or after the command, as "--option value" or "--option=value"; the
-/// next word is its value whatever it looks like. A value after the "=" of a flag is ignored. Names
-/// are not abbreviated. After "--", and from "-5", "-!" or "---" on, a word is an argument.
-/// \returns  the sorted words, complete and valid; or the answer to print: the help, the version,
-/// or
-///           a complaint about wrong usage
+/// - "--option value" and "--option=value" are the same; the value may look like anything. Options
+///   and commands cannot be abbreviated.
+/// - The value in "--flag=value" is ignored; "-hx" is "-h".
+/// - After "--", a word is an argument, or the value of an option before the "--". A word like
+///   "-", "-5", "-!" or "---" is always an argument.
+///
+/// Help and version have precedence over all faults except invalid values.
+///
+/// \returns  the sorted words if they are complete and valid; otherwise the answer to print: the
+///           help, the version, or a complaint about wrong usage
 std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,
                                                    const std::vector<std::string>& words);
 

@@ -21,8 +21,7 @@ enum class ValueType {
     Choice,     ///< one of the entry's choices; the parser refuses any other value
     Name,       ///< a name that the command validates; completion offers the entry's choices
     Folder,     ///< a folder of the file system
-    File,       ///< a file of the file system
-    Path,       ///< either of them
+    Path,       ///< a file or folder of the file system
     Language,   ///< a language, as in "ja"
     Languages,  ///< languages, separated by commas
     Sections,   ///< keys of sections, separated by commas
@@ -51,17 +50,16 @@ struct OptionEntry {
 struct ArgumentEntry {
     std::string_view name; ///< "PRODUCT"
     ValueType type;
-    bool isRequired;
-    bool isList; ///< takes any number of words; only for the last argument of a command
-    std::string_view help;
-    std::string_view
-        alternative{}; ///< the option that replaces it: exactly one of both is required
+    bool isRequired = false;
+    bool isList = false; ///< takes any number of words; only for the last argument of a command
+    std::string_view help{};
+    std::string_view alternative{}; ///< an option; exactly one of it and the argument is required
 };
 
 struct CommandEntry {
     std::string_view name;
-    std::string_view help;        ///< what it does, in one line
-    std::string_view description; ///< sentences for the manual page
+    std::string_view help{};        ///< what it does, in one line
+    std::string_view description{}; ///< sentences for the manual page
     std::vector<ArgumentEntry> arguments{};
     std::vector<OptionEntry> options{}; ///< valid only after the command
 

@@ -62,7 +62,8 @@ std::vector<OptionEntry> globalOptions() {
          "The support packages to treat as installed, and no others"},
         {.name = "--json", .help = "Print one JSON document", .group = kFormatGroup},
         {.name = "--jsonl",
-         .help = "Print one JSON document per line: each record, or each file for products",
+         .help = "Print one JSON object per line: each record, or each file for products and each "
+                 "finding for check",
          .group = kFormatGroup},
         {"--color",
          "WHEN",

@@ -135,7 +135,7 @@ const ArgumentEntry* nextArgument(const CommandLine& line) {
     return !entries.empty() && entries.back().isList ? &entries.back() : nullptr;
 }
 
-// A word that would reach the shell changed is left out.
+// Words with control characters are left out, because a line cannot carry them unchanged.
 std::string wordLines(const Candidates& candidates, const std::string& start,
                       const std::string& prefix = {}) {
     std::string lines = "words\n";
@@ -153,7 +153,6 @@ std::string valueAnswer(ValueType type, const std::vector<Choice>& choices, cons
                         const std::string& typed, const std::string& prefix = {}) {
     switch (type) {
     case ValueType::Folder: return "folder\n";
-    case ValueType::File:
     case ValueType::Path: return "file\n";
     default: return wordLines(valuesOf(type, choices, typed, line), typed, prefix);
     }

@@ -20,10 +20,10 @@ using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLoo
 
 namespace {
 
-// How many records a result has of each key of each section.
+// The number of records in a result, by section and key.
 using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
 
-// \param key  counts only its records; absent: all
+// \param key  the key whose records are counted; all if absent
 template <class T>
 void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
                Counts& counts) {
@@ -35,7 +35,7 @@ void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16strin
     }
 }
 
-// What was read a second time must come to what the library has made of it.
+// Fails if the records that were read again are not those of the library.
 void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
     Counts found;
     for (const SectionOrigins& section : sections) {
@@ -46,7 +46,7 @@ void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sec
         throw std::runtime_error("files changed while they were explained; try again");
 }
 
-// Keeps the sections that hold, or held, something of what was asked.
+// Removes the sections that have neither kept nor lost records.
 void keepTelling(std::vector<SectionOrigins>& sections) {
     std::erase_if(sections, [](const SectionOrigins& section) {
         return section.kept.empty() && section.lost.empty();
@@ -55,9 +55,8 @@ void keepTelling(std::vector<SectionOrigins>& sections) {
 
 std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
     switch (format) {
-    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
-    case OutputFormat::JsonLines:
-        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Json: return explanationDocument(explanation);
+    case OutputFormat::JsonLines: return explanationLines(explanation);
     case OutputFormat::Text: break;
     }
     return explanationPage(explanation, setup);
@@ -130,17 +129,26 @@ Answer runExplain(const Options& options, const PageSetup& setup) {
 
 CommandEntry explainCommand() {
     return {
-        "explain",
-        "Print which file each record comes from, and what happened to the others",
-        "Prints, for each section and record of a product or of a name in the lookup index, the "
-        "file or package entry and the line that it comes from, the records that it replaces and "
-        "by which rule, and what happened to each candidate file.",
-        {{"PRODUCT", ValueType::Product, false, false,
-          "The name of the product's resource file, without .json", "--name"},
-         {"HREF", ValueType::Href, false, false, "Explain only the item with this link"}},
-        {{"--name", "NAME", ValueType::LookupName,
-          "Explain a name of the lookup index instead of a product"}},
-        runExplain};
+        .name = "explain",
+        .help = "Print which file each record comes from, and what happened to the others",
+        .description =
+            "For each section and record of a product, or of a name in the lookup index, "
+            "the output names the file or package entry and the line that it comes "
+            "from, the records that it replaces and by which rule, and what happened to "
+            "each candidate file.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .help = "The name of the product's resource file, without .json",
+                       .alternative = "--name"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .help = "Explain only the item with this link"}},
+        .options = {{.name = "--name",
+                     .placeholder = "NAME",
+                     .type = ValueType::LookupName,
+                     .help = "Explain a name of the lookup index instead of a product"}},
+        .run = runExplain,
+    };
 }
 
 } // namespace refdoc

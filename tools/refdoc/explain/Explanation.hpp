@@ -2,7 +2,6 @@
 
 #include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
-#include "tools/refdoc/json/JsonWriter.hpp"
 #include "tools/refdoc/terminal/PageSetup.hpp"
 
 #include <optional>
@@ -31,7 +30,11 @@ std::u16string placeText(const reference::docparser::FileAccount& file,
 /// The answer for people.
 std::string explanationPage(const Explanation& explanation, const PageSetup& setup);
 
-/// The answer for programs, as schema/explain.schema.json describes it.
-std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout);
+/// The output of `--json`: one document.
+std::string explanationDocument(const Explanation& explanation);
+
+/// The output of `--jsonl`: a line for each record of the sections, first those of the result, then
+/// those that lost.
+std::string explanationLines(const Explanation& explanation);
 
 } // namespace refdoc

@@ -3,13 +3,14 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <fmt/format.h>
 
 #include <string_view>
@@ -73,17 +74,20 @@ std::string pageOf(const LookupResults& results, const PageSetup& setup, bool wi
     return page.take();
 }
 
+std::string documentOf(const LookupResults& results) {
+    boost::json::monotonic_resource pool;
+    return toIndentedJson(toJson(results, &pool));
+}
+
 std::string linesOf(const LookupResults& results) {
     const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
-    std::string lines;
-    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
-    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
-    return lines;
+    return recordLines(results.installed, language, [](const auto&) { return true; }) +
+           recordLines(results.notInstalled, language, [](const auto&) { return false; });
 }
 
 std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::Json: return documentOf(results);
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Text: break;
     }
@@ -100,7 +104,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
         keepOnly(options.arguments, results.installed);
         keepOnly(options.arguments, results.notInstalled);
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Nothing on standard output could also mean that the tool had nothing to say.
+        // Empty output alone would not tell an empty index from a wrong folder.
         answer.complaints.push_back(
             fmt::format("no lookup entries in {}{}",
                         fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
@@ -128,13 +132,16 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
 
 CommandEntry lookupCommand() {
     return {
-        "lookup",
-        "Print the lookup index of all products",
-        "Prints one line per record, installed products first; with names, only the records of "
-        "these names, with their links.",
-        {{"NAME", ValueType::LookupName, false, true, "Print only the entries with these names"}},
-        {},
-        runLookup};
+        .name = "lookup",
+        .help = "Print the lookup index of all products",
+        .description = "Each record is one line, installed products first. With NAMEs, only the "
+                       "records of these names are printed, with their links.",
+        .arguments = {{.name = "NAME",
+                       .type = ValueType::LookupName,
+                       .isList = true,
+                       .help = "Print only the entries with these names"}},
+        .run = runLookup,
+    };
 }
 
 } // namespace refdoc

@@ -14,7 +14,7 @@ namespace refdoc {
 /// a success.
 CommandEntry lookupCommand();
 
-/// A complaint for each of the NAMEs that no section of the index has.
+/// Returns a complaint for each of the names that no section of the index has.
 std::vector<std::string> complaintsAboutNames(
     const std::vector<std::u16string>& names,
     const reference::docparser::ParsingResults<

@@ -47,9 +47,9 @@ std::optional<std::string> unsupportedLanguageNote(const Options& options) {
     const std::optional<std::vector<std::u16string>> languages = namedLanguages(options);
     if (!languages || std::ranges::find(*languages, *options.language) != languages->end())
         return std::nullopt;
-    return fmt::format(
-        "note: {} is not among the supported languages ({}); it joins them for this call",
-        quoted(*options.language), fl::i18n::to_string(boost::join(*languages, u", ")));
+    return fmt::format("note: {} is not a supported language ({}); it is added for this call",
+                       quoted(*options.language),
+                       fl::i18n::to_string(boost::join(*languages, u", ")));
 }
 
 } // namespace refdoc

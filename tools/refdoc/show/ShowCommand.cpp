@@ -4,7 +4,7 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/EnglishFallback.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
@@ -40,11 +40,16 @@ const std::u16string& productArgument(const Options& options) {
     return options.arguments.front();
 }
 
+std::string documentOf(const Options& options, const ResourceMap<RefItem>& resources) {
+    return toIndentedJson(
+        {{"product", toJson(productArgument(options))}, {"resources", toJson(resources)}});
+}
+
 Answer productNotFound(const Options& options) {
     Answer answer{.status = ExitStatus::Negative,
                   .complaints = {complaintAboutProduct(productArgument(options))}};
     if (options.format == OutputFormat::Json)
-        answer.output = showDocument(productArgument(options), {});
+        answer.output = documentOf(options, {});
     return answer;
 }
 
@@ -70,13 +75,10 @@ std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources
 std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
                      const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return showDocument(productArgument(options), resources);
-    case OutputFormat::JsonLines: {
-        std::string lines;
-        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
-                       &DocResourceParser::isProductInstalled);
-        return lines;
-    }
+    case OutputFormat::Json: return documentOf(options, resources);
+    case OutputFormat::JsonLines:
+        return recordLines(resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                           &DocResourceParser::isProductInstalled);
     case OutputFormat::Text: break;
     }
     return pageOf(options, resources, setup);
@@ -93,7 +95,7 @@ Answer runShow(const Options& options, const PageSetup& setup) {
     Answer answer;
     const std::vector<std::u16string> hrefs(options.arguments.begin() + 1, options.arguments.end());
     if (!hrefs.empty()) {
-        // Before the sections lose what was not asked for.
+        // First, because similar hrefs are looked for in all items.
         answer.complaints = complaintsAboutHrefs(productArgument(options), hrefs, resources);
         keepOnly(hrefs, resources);
     }
@@ -128,15 +130,20 @@ std::vector<std::string> complaintsAboutHrefs(const std::u16string& product,
 
 CommandEntry showCommand() {
     return {
-        "show",
-        "Print the full records of one product",
-        "Prints all records of the product, or only the items with the given links. Records that "
-        "the translation lacks are printed in English and marked.",
-        {{"PRODUCT", ValueType::Product, true, false,
-          "The name of the product's resource file, without .json"},
-         {"HREF", ValueType::Href, false, true, "Print only the items with these links"}},
-        {},
-        runShow};
+        .name = "show",
+        .help = "Print the full records of one product",
+        .description = "With HREFs, only the items with these links are printed. Records that the "
+                       "translation lacks are printed in English and marked.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .isRequired = true,
+                       .help = "The name of the product's resource file, without .json"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .isList = true,
+                       .help = "Print only the items with these links"}},
+        .run = runShow,
+    };
 }
 
 } // namespace refdoc

@@ -14,11 +14,12 @@ namespace refdoc {
 /// three similar names.
 CommandEntry showCommand();
 
-/// The complaint about a product without resources: the places that were tried, near names.
+/// Returns the complaint about a product without resources: the folders that were tried and similar
+/// names.
 /// \throws whatever the host services throw
 std::string complaintAboutProduct(const std::u16string& product);
 
-/// A complaint for each of the HREFs that no section of the product has.
+/// Returns a complaint for each of the hrefs that no section of the product has.
 std::vector<std::string> complaintsAboutHrefs(
     const std::u16string& product, const std::vector<std::u16string>& hrefs,
     const reference::docparser::ResourceMap<reference::property::RefItem>& resources);

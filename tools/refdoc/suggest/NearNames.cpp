@@ -68,6 +68,7 @@ std::vector<std::u16string> nearNames(std::u16string_view name,
             candidates.erase(std::prev(candidates.end()));
     }
     std::vector<std::u16string> names;
+    names.reserve(candidates.size());
     for (const auto& [distance, candidate] : candidates)
         names.emplace_back(candidate);
     return names;

@@ -57,10 +57,9 @@ std::vector<std::u16string> nearAmong(const std::u16string& href,
 std::string didYouMean(const std::vector<std::u16string>& names, std::string_view otherwise) {
     if (names.empty())
         return std::string(otherwise);
-    std::string question = "; did you mean " + quoted(names.front());
-    for (std::size_t index = 1; index < names.size(); ++index)
-        question += (index + 1 < names.size() ? ", " : " or ") + quoted(names[index]);
-    return question + '?';
+    std::vector<std::string> quotedNames;
+    std::ranges::transform(names, std::back_inserter(quotedNames), quoted);
+    return "; did you mean " + alternatives(quotedNames) + '?';
 }
 
 std::string didYouMean(std::string_view name, const std::vector<std::string>& known) {

@@ -26,7 +26,7 @@ char16_t pictureOf(char16_t control) noexcept {
 
 std::string withPictures(std::u16string text, std::u16string_view keptControls) {
     for (char16_t& unit : text) {
-        if (isControl(unit) && keptControls.find(unit) == keptControls.npos)
+        if (isControl(unit) && keptControls.find(unit) == std::u16string_view::npos)
             unit = pictureOf(unit);
     }
     return fl::i18n::to_string(text);

@@ -25,6 +25,7 @@ void Page::heading(std::size_t indent, std::u16string_view text) {
 
 void Page::words(std::size_t indent, const std::vector<Cell>& words) {
     std::vector<std::string> parts;
+    parts.reserve(words.size());
     for (const Cell& word : words)
         parts.push_back(painted(visibleLine(word.text), word.paint, setup_.color));
     line(indent, fmt::format("{}", fmt::join(parts, " ")));

@@ -17,7 +17,7 @@ constexpr std::u32string_view kNotAtLineStart =
     U"、。，．）」』】〉》〕］｝！？：；ー・ぁぃぅぇぉっゃゅょァィゥェォッャュョ々";
 
 bool mayStartLine(const Grapheme& grapheme) {
-    return kNotAtLineStart.find(grapheme.base) == kNotAtLineStart.npos;
+    return kNotAtLineStart.find(grapheme.base) == std::u32string_view::npos;
 }
 
 // Fills lines with pieces. A piece is broken only if it is wider than a line.

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <iterator>
 #include <string_view>
 
 namespace refdoc {
@@ -22,6 +23,13 @@ std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value fun
 
 std::string quoted(const std::u16string& text) {
     return fmt::format("\"{}\"", fl::i18n::to_string(text));
+}
+
+std::string alternatives(const std::vector<std::string>& names) {
+    if (names.size() == 1)
+        return names.front();
+    return fmt::format("{} or {}", fmt::join(names.begin(), std::prev(names.end()), ", "),
+                       names.back());
 }
 
 } // namespace refdoc

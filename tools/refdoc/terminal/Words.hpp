@@ -3,6 +3,7 @@
 #include "docparser/DocResourceParser.hpp"
 
 #include <string>
+#include <vector>
 
 namespace refdoc {
 
@@ -12,5 +13,9 @@ std::u16string kindText(reference::property::RefEntityType::Value entityType,
 
 /// Returns a string in quotation marks, as UTF-8.
 std::string quoted(const std::u16string& text);
+
+/// Returns "a", "a or b" or "a, b or c".
+/// \param names  not empty
+std::string alternatives(const std::vector<std::string>& names);
 
 } // namespace refdoc

@@ -9,7 +9,7 @@ class BaselineTest : public CheckTest {};
 
 TEST_F(BaselineTest, KnownFindingsAreNotReported) {
     seed();
-    for (const char* format : {"--json", "--sarif"}) {
+    for (const char* format : {"--json", "--jsonl", "--sarif"}) {
         add("old", check({".", format}).out);
         EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""})) << format;
     }
@@ -32,12 +32,26 @@ TEST_F(BaselineTest, NewFindingIsReported) {
                 testing::ElementsAre(HasSubstr("unknown key \"more\""), "1 warning in 1 file"));
 }
 
-TEST_F(BaselineTest, InvalidBaselineIsAnError) {
-    add("old", "hello");
-    EXPECT_EQ(check({"--baseline", "old"}).status, 3);
-    EXPECT_THAT(check({"--baseline", "old"}).err, HasSubstr("can't use the baseline \"old\""));
+TEST_F(BaselineTest, FailsIfTheFileIsNotAReport) {
+    for (const char* text : {"hello", "{}", "[]", "{\"findings\": [{}]}"}) {
+        add("old", text);
+        EXPECT_EQ(check({"--baseline", "old"}),
+                  (Outcome{3, "",
+                           "refdoc: can't use the baseline \"old\": not the output of refdoc check "
+                           "--json, --jsonl or --sarif\n"}))
+            << text;
+    }
     EXPECT_EQ(check({"--baseline", "gone"}),
               (Outcome{3, "", "refdoc: can't read the baseline \"gone\"\n"}));
+}
+
+TEST_F(BaselineTest, LinesMayBeEmptyOrFromSeveralReports) {
+    seed();
+    add("old", check({"help/docCatalog/referenceapi/NoKey.json", "--jsonl"}).out + "\n\r\n" +
+                   check({".", "--jsonl"}).out);
+    EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""}));
+    add("old", "");
+    EXPECT_EQ(check({".", "--baseline", "old"}), check({"."}));
 }
 
 class SeverityTest : public CheckTest {

@@ -12,11 +12,11 @@ using testing::StartsWith;
 
 using Arguments = std::vector<std::string>;
 
-TEST(CommandLineTest, VersionGoesToStandardOutput) {
+TEST(CommandLineTest, VersionGoesToStdout) {
     EXPECT_EQ(runProgram({"--version"}), (Outcome{0, "refdoc " REFDOC_VERSION "\n", ""}));
 }
 
-TEST(CommandLineTest, HelpGoesToStandardOutputAndNamesEachCommandAndOption) {
+TEST(CommandLineTest, HelpNamesEachCommandAndOption) {
     const Outcome outcome = runProgram({"--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -70,7 +70,7 @@ TEST(CommandLineTest, CommandIsRequired) {
 
 class CommandLineOrderTest : public RefdocTest {};
 
-TEST_F(CommandLineOrderTest, GlobalOptionsStandBeforeOrAfterTheCommandAndItsNames) {
+TEST_F(CommandLineOrderTest, GlobalOptionsPrecedeOrFollowTheCommandAndItsArguments) {
     addResource("Orchard", section("orchard", R"({"href": "a.html", "refpurpose": "English"})"));
     addResource("Orchard_de", section("orchard", R"({"href": "a.html", "refpurpose": "Deutsch"})"));
     const Outcome expected = run({"--lang", "de", "--json", "show", "Orchard", "a.html"});
@@ -85,7 +85,7 @@ TEST_F(CommandLineOrderTest, GlobalOptionsStandBeforeOrAfterTheCommandAndItsName
         expected);
 }
 
-TEST_F(CommandLineOrderTest, TheLastOfTwoEqualOptionsWins) {
+TEST_F(CommandLineOrderTest, LastOfRepeatedOptionsWins) {
     EXPECT_THAT(run({"--lang", "de", "--lang", "ja", "--json", "products"}).out,
                 HasSubstr("\"language\": \"ja\""));
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Types at a shell, presses the tab key and compares the words that the line then has.
+"""Types at a shell, presses Tab and compares the words on the line.
 
     complete_in_shell.py SHELL SCRIPT-FOLDER PROGRAM-FOLDER SAMPLES-FOLDER
 
@@ -23,7 +23,7 @@ DEADLINE_IN_SECONDS = 60
 
 
 def cases(samples, home):
-    """What is typed after "refdoc ", and the words after the tab key."""
+    """Pairs of the characters typed after "refdoc " and the words after the Tab key."""
     own = f"{home}/own"
     at = ["--install", samples]
     typed = f"--install {shlex.quote(samples)}"
@@ -55,7 +55,7 @@ def cases(samples, home):
 
 
 def make_install_folder(folder):
-    """An install folder with names that a shell could take for something else."""
+    """An install folder with names that contain special characters of shells."""
     lookup = folder / "help/docCatalog/referenceapi_lookup"
     lookup.mkdir(parents=True)
     (folder / "help/docCatalog/referenceapi").mkdir()
@@ -69,7 +69,7 @@ def make_install_folder(folder):
 
 
 def start_up(shell, scripts, folder):
-    """The command that starts the shell and the first line to type at it."""
+    """The command that starts the shell, and the first line to type."""
     script = shlex.quote(f"{scripts}/refdoc.{shell}")
     if shell == "bash":
         return (["bash", "--norc", "--noprofile", "-i"],
@@ -84,7 +84,7 @@ def start_up(shell, scripts, folder):
 
 
 class Shell:
-    """A shell at a pseudo terminal. `record WORD...` writes its words to a file."""
+    """A shell in a pseudo terminal. `record WORD...` writes its words to a file."""
 
     def __init__(self, command, folder, programs):
         self.words_file = folder / "words"
@@ -130,9 +130,9 @@ def run(shell_name, scripts, programs, samples, folder):
     shell.recorded_words()
     failures = 0
     for typed, expected in cases(str(samples), str(folder)):
-        # Back to the start of the line, so that the shell shows the words instead of running them.
+        # Typed at the start of the line, `record` receives the words instead of refdoc.
         shell.type(f"refdoc {typed}\t\x01record \n")
-        # Some shells keep the separator that they put after a folder, some take it back.
+        # Only some shells keep the separator that they append to a folder.
         words = [word.rstrip("/") for word in shell.recorded_words()[1:]]
         if words != expected:
             failures += 1

@@ -14,16 +14,19 @@ namespace refdoc::check {
 /// locations indented below it, and a summary at the end.
 std::string textReport(const std::vector<ReportedFinding>& findings, bool color);
 
-/// JSON Lines: one object a finding, as schema/refdoc_check.schema.json says.
+/// Returns the document of `--json`: the findings and their summary.
 std::string jsonReport(const std::vector<ReportedFinding>& findings);
 
-/// A SARIF 2.1.0 document. Paths are relative to %SRCROOT%.
+/// Returns the lines of `--jsonl`: one for each finding, as in the document.
+std::string jsonLinesReport(const std::vector<ReportedFinding>& findings);
+
+/// Returns a SARIF 2.1.0 document. Paths are relative to %SRCROOT%.
 /// \param base  the folder that %SRCROOT% stands for, absolute
 std::string sarifReport(const std::vector<ReportedFinding>& findings,
                         const std::filesystem::path& base);
 
-/// The fingerprints in a report of the last two kinds.
-/// \throws std::runtime_error  the text is neither
+/// Returns the fingerprints in a report in one of the last three formats.
+/// \throws std::runtime_error  the report has none of these formats
 std::set<std::string, std::less<>> readFingerprints(std::string_view report);
 
 /// Returns a line for each rule.

@@ -45,14 +45,17 @@ TEST(CommandLineTest, SortsWordsIntoCommandArgumentsAndOptions) {
 TEST(CommandLineTest, ComplaintsNameTheFaultAndTheHelp) {
     EXPECT_EQ(complaintAbout({"rest", "--gently"}),
               "--gently must follow the command water; see gardener --help");
-    EXPECT_EQ(complaintAbout({"water"}), "water needs a BED; see gardener --help");
+    EXPECT_EQ(complaintAbout({"move"}), "move needs an OLD; see gardener --help");
+    EXPECT_EQ(complaintAbout({"move", "a"}), "move needs a NEW; see gardener --help");
+    EXPECT_EQ(complaintAbout({"move", "a", "b", "c"}),
+              "unexpected argument \"c\"; see gardener --help");
     EXPECT_EQ(complaintAbout({"water", "roses", "--can"}),
               "--can needs a value; see gardener --help");
     EXPECT_EQ(complaintAbout({"watre"}),
               "unknown command \"watre\"; did you mean \"water\"?; see gardener --help");
     EXPECT_EQ(complaintAbout({"water", "roses", "--gentyl"}),
               "unknown option --gentyl; did you mean --gently?; see gardener --help");
-    EXPECT_EQ(complaintAbout({}), "a command is needed: water or rest; see gardener --help");
+    EXPECT_EQ(complaintAbout({}), "a command is needed: water, rest or move; see gardener --help");
 }
 
 TEST(CommandLineTest, OptionsOfOneGroupExcludeEachOtherInAnyOrder) {

@@ -33,12 +33,12 @@ TEST(EditDistanceTest, CountsEdits) {
 }
 
 TEST(EditDistanceTest, StopsAtLimit) {
-    EXPECT_EQ(editDistance(u"kitten", u"sitting", 3), 3u);
-    EXPECT_EQ(editDistance(u"kitten", u"sitting", 2), 3u);
-    EXPECT_EQ(editDistance(u"kitten", u"sitting", 1), 2u);
-    EXPECT_EQ(editDistance(u"a", u"b", 0), 1u);
-    EXPECT_EQ(editDistance(u"grafting", u"graft", 2), 3u);
-    EXPECT_EQ(editDistance(std::u16string(100000, u'a'), std::u16string(100001, u'b'), 3), 4u);
+    EXPECT_EQ(editDistance(u"kitten", u"sitting", 3), 3U);
+    EXPECT_EQ(editDistance(u"kitten", u"sitting", 2), 3U);
+    EXPECT_EQ(editDistance(u"kitten", u"sitting", 1), 2U);
+    EXPECT_EQ(editDistance(u"a", u"b", 0), 1U);
+    EXPECT_EQ(editDistance(u"grafting", u"graft", 2), 3U);
+    EXPECT_EQ(editDistance(std::u16string(100000, u'a'), std::u16string(100001, u'b'), 3), 4U);
 }
 
 TEST(NearNamesTest, ReturnsNearestFirstEachOnceUpToTheMaximum) {

@@ -102,7 +102,7 @@ TEST(DisplayTextTest, KnowsTheBaseOfAGrapheme) {
     position = 0;
     const Grapheme narrow = nextGrapheme("हि", position);
     EXPECT_EQ(narrow.base, U'ह');
-    EXPECT_EQ(narrow.width, 2u);
+    EXPECT_EQ(narrow.width, 2U);
     EXPECT_FALSE(narrow.isWide);
 }
 
