@@ -74,8 +74,9 @@ private:
         addLookupFiles(account, sources, lookupFiles_);
         for (std::size_t index = 0; index < sources.size(); ++index) {
             consideredPaths_.insert(sources[index].path);
-            if (isChecked(account.files[index]))
-                files_.try_emplace(sources[index], std::move(account.files[index]));
+            FileAccount& file = account.files[index];
+            if (wasRead(file) || findUnreadable(file))
+                files_.try_emplace(sources[index], std::move(file));
         }
         if (scope_ == Scope::Everything)
             addCrossFileFindings(contents, pending_);
@@ -115,9 +116,12 @@ private:
 
     void checkFile(const SourceFile& file, const FileAccount& account) {
         std::vector<Finding> found;
-        addFileFindings(account, file, found);
-        if (wasRead(account))
+        if (wasRead(account)) {
+            found = findDroppedSections(account, file);
             checkContent(account, file, texts_.read(file), pending_, mergeLosses_, found);
+        } else {
+            found.push_back(*findUnreadable(account));
+        }
         addFindings(found, file, findings_);
     }
 

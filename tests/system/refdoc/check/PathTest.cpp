@@ -89,6 +89,31 @@ TEST_F(CheckPathTest, SeveralPathsGiveOneReport) {
         testing::ElementsAre(HasSubstr("A.json:"), HasSubstr("B.json:"), "2 errors in 2 files"));
 }
 
+TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
+    addResource("A", section("a", ""));
+    addResource("A_fr", section("a", ""));
+    EXPECT_THAT(check({"help"}).out, HasSubstr("[unsupported-language]"));
+    addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
+    EXPECT_EQ(check({"help"}), (Outcome{0, "nothing found\n", ""}));
+}
+
+TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
+    addResource("A", kNoPurpose);
+    const std::string file = docparser_tests::portable(path("help/docCatalog/referenceapi/A.json"));
+    EXPECT_EQ(
+        run({"check"}),
+        (Outcome{1,
+                 file + ":1:107: error: the required key \"refpurpose\" is missing; the whole "
+                        "file is dropped [missing-key]\n1 error in 1 file\n",
+                 ""}));
+}
+
+TEST_F(CheckPathTest, FindingsOfSeveralLanguagesAreReportedOnce) {
+    addResource("A", kNoPurpose);
+    add("help/docCatalog/referenceapi_lookup/A.zip", "not a package");
+    EXPECT_THAT(check({"help", "--langs", "en,de,ja"}).out, HasSubstr("2 errors in 2 files\n"));
+}
+
 TEST_F(CheckPathTest, FolderWithoutDocumentationIsAnError) {
     add("empty/x", "");
     const Outcome outcome = check({"empty"});

@@ -3,9 +3,6 @@
 namespace refdoc_tests {
 namespace {
 
-using docparser_tests::portable;
-using testing::HasSubstr;
-
 class SeededTreeTest : public CheckTest {
 protected:
     SeededTreeTest() { seed(); }
@@ -58,23 +55,6 @@ packages/help/docCatalog/referenceapi/Orchard.json: warning: the file is never r
 
 TEST_F(SeededTreeTest, FindingsAreSortedByFileAndPosition) {
     EXPECT_EQ(check({"."}), (Outcome{1, kFindings, ""}));
-}
-
-TEST_F(SeededTreeTest, ReferenceRootUsesItsInstallFolder) {
-    EXPECT_EQ(check({"help"}), (Outcome{1, kFindings, ""}));
-}
-
-TEST_F(SeededTreeTest, WithoutPathCurrentRootsAreChecked) {
-    const Outcome outcome = run({"check"});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(linesOf(outcome.out).size(), linesOf(kFindings).size());
-    EXPECT_THAT(outcome.out, HasSubstr(portable(path("help/docCatalog/referenceapi/NoKey.json")) +
-                                       ":2:1: error: the required key \"refpurpose\" is missing"));
-}
-
-TEST_F(SeededTreeTest, FindingsOfSeveralLanguagesAreReportedOnce) {
-    const Outcome outcome = check({".", "--langs", "en,de,ja,fi"});
-    EXPECT_EQ(outcome.out, kFindings);
 }
 
 TEST(CheckedSamples, AreClean) {

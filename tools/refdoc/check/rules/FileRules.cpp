@@ -126,50 +126,38 @@ bool wasRead(const FileAccount& account) {
             account.fate == Fate::Merged || account.fate == Fate::Malformed);
 }
 
-bool isChecked(const FileAccount& account) {
-    switch (account.fate) {
-    case Fate::Used:
-    case Fate::Overlay:
-    case Fate::Merged:
-    case Fate::Malformed: return wasRead(account);
-    // A full resource file is optional. A lookup file was found in its folder before.
-    case Fate::Missing: return account.role != FileRole::Resources;
-    case Fate::Unreadable:
-    case Fate::NotRegular:
-    case Fate::OverLimit: return true;
-    case Fate::SkippedLanguage:
-    case Fate::SkippedName: return false;
-    case Fate::Failed: throw std::runtime_error(withReason("the check failed", account.reason));
-    }
-    return false;
-}
-
-void addFileFindings(const FileAccount& account, const SourceFile& file,
-                     std::vector<Finding>& findings) {
+std::optional<Finding> findUnreadable(const FileAccount& account) {
     switch (account.fate) {
     case Fate::Missing:
-    case Fate::Unreadable: findings.push_back(unreadable(account)); break;
+        // A full resource file is optional. A lookup file was found in its folder before.
+        if (account.role == FileRole::Resources)
+            return std::nullopt;
+        return unreadable(account);
+    case Fate::Unreadable: return unreadable(account);
     case Fate::NotRegular:
-        findings.push_back({.rule = &kNotAFile,
-                            .message = "a folder, pipe or device has the name of a resource file"});
-        break;
+        return Finding{.rule = &kNotAFile,
+                       .message = "a folder, pipe or device has the name of a resource file"};
     case Fate::OverLimit:
-        findings.push_back(
-            {.rule = &kOverLimit, .message = withReason("the file is not read", causeOf(account))});
-        break;
+        return Finding{.rule = &kOverLimit,
+                       .message = withReason("the file is not read", causeOf(account))};
+    case Fate::Failed: throw std::runtime_error(withReason("the check failed", account.reason));
     case Fate::Used:
     case Fate::Overlay:
     case Fate::Merged:
     case Fate::Malformed:
-        for (const SectionAccount& section : account.sections) {
-            if (section.fate == SectionFate::KeyTaken)
-                findings.push_back(droppedSection(account, file, section));
-        }
-        break;
     case Fate::SkippedLanguage:
-    case Fate::SkippedName:
-    case Fate::Failed: break;
+    case Fate::SkippedName: return std::nullopt;
     }
+    return std::nullopt;
+}
+
+std::vector<Finding> findDroppedSections(const FileAccount& account, const SourceFile& file) {
+    std::vector<Finding> findings;
+    for (const SectionAccount& section : account.sections) {
+        if (section.fate == SectionFate::KeyTaken)
+            findings.push_back(droppedSection(account, file, section));
+    }
+    return findings;
 }
 
 } // namespace refdoc::check

@@ -3,6 +3,7 @@
 #include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/check/findings/Finding.hpp"
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -12,17 +13,17 @@ namespace refdoc::check {
 
 std::span<const Rule* const> fileRules();
 
-/// Returns whether a file was read or has a finding of these rules. Other files are skipped for a
-/// reason that is not an error.
-/// \throws std::runtime_error  the retrieval failed: out of memory, or a host service failed
-bool isChecked(const reference::docparser::FileAccount& account);
-
 /// Returns whether a file was read, so that its content can be checked.
 bool wasRead(const reference::docparser::FileAccount& account);
 
-/// Adds the findings about a file that was not read, or about the sections of one that was.
+/// Returns the finding about a file that was not read; none if it was skipped for a reason that is
+/// not an error.
+/// \throws std::runtime_error  the retrieval failed: out of memory, or a host service failed
+std::optional<Finding> findUnreadable(const reference::docparser::FileAccount& account);
+
+/// Returns the findings about sections of a file whose key another section has.
 /// \param file  the file or entry of the account
-void addFileFindings(const reference::docparser::FileAccount& account, const SourceFile& file,
-                     std::vector<Finding>& findings);
+std::vector<Finding> findDroppedSections(const reference::docparser::FileAccount& account,
+                                         const SourceFile& file);
 
 } // namespace refdoc::check

@@ -48,7 +48,7 @@ constexpr Rule kNotAscii{
     "with the type \"component\"."};
 
 constexpr Rule kDeprecatedFalse{
-    "deprecated-false", Severity::Warning, "`\"deprecated\": false` marks the record as deprecated",
+    "deprecated-false", Severity::Warning, "\"deprecated\": false marks the record as deprecated",
     "If the key `deprecated` is present, the record is deprecated, whatever the value of the key. "
     "Remove the key from records that are not deprecated."};
 
