@@ -20,7 +20,7 @@ std::string textAt(const json::value& value, std::string_view pointer) {
     return std::string(value.at_pointer(pointer).as_string());
 }
 
-// Before a drive stands a slash.
+// The path of a drive follows a third slash.
 std::string uriOfAbsolute(const std::string& path) {
     return (path.starts_with('/') ? "file://" : "file:///") + path;
 }
@@ -103,19 +103,19 @@ TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
     EXPECT_EQ(fingerprints.size(), SeededTree::kFindingCount);
 }
 
-TEST_F(ReportFormatTest, AReportHasOneFormat) {
+TEST_F(ReportFormatTest, FormatsExcludeEachOther) {
     EXPECT_EQ(
         check({".", "--json", "--sarif"}),
         (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
 }
 
-TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
+TEST_F(ReportFormatTest, TextIsColouredOnRequest) {
     EXPECT_THAT(check({".", "--color", "always"}).out,
                 testing::HasSubstr("\x1b[31merror\x1b[0m: the required key \"refpurpose\""));
 }
 
-// A SARIF document is checked here for what the standard asks of each of its objects; the validator
-// of the standard's authors is run by scripts/check-sarif.
+// These tests check what the standard requires of each object. scripts/check-sarif runs the
+// validator of the standard's authors.
 class SarifTest : public ReportFormatTest {
 protected:
     SarifTest() : sarif_(document(check({".", "--sarif"}).out)) {}
@@ -134,7 +134,7 @@ protected:
     json::value sarif_;
 };
 
-TEST_F(SarifTest, ItIsOneRunOfOneTool) {
+TEST_F(SarifTest, HasOneRunOfOneTool) {
     EXPECT_EQ(textAt(sarif_, "/version"), "2.1.0");
     EXPECT_EQ(sarif_.at("runs").as_array().size(), 1U);
     EXPECT_EQ(textAt(run(), "/tool/driver/name"), "refdoc");
@@ -160,7 +160,7 @@ TEST_F(SarifTest, EachRuleHasHelp) {
     }
 }
 
-TEST_F(SarifTest, EachResultNamesItsRuleAndHasAMessageAPlaceAndAFingerprint) {
+TEST_F(SarifTest, EachResultHasRuleMessageLocationAndFingerprint) {
     EXPECT_EQ(results().size(), SeededTree::kFindingCount);
     const std::set<std::string> levels = {"error", "warning", "note"};
     for (const json::value& result : results()) {
@@ -190,7 +190,7 @@ TEST_F(SarifTest, PathsAreRelativeUrisAndRegionsStartAtOne) {
               document(R"({"startLine": 2, "startColumn": 1})"));
 }
 
-TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
+TEST_F(SarifTest, EntryIsLogicalLocationInItsPackage) {
     const json::value& place = resultOf("unreadable-entry").at_pointer("/locations/0");
     EXPECT_EQ(textAt(place, "/physicalLocation/artifactLocation/uri"),
               "help/docCatalog/referenceapi_lookup/Locked.zip");
@@ -198,7 +198,7 @@ TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
     EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
 }
 
-TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
+TEST_F(SarifTest, RelatedLocationsHaveMessages) {
     const json::array& related = resultOf("dropped-record").at("relatedLocations").as_array();
     ASSERT_EQ(related.size(), 1U);
     EXPECT_EQ(textAt(related[0], "/message/text"), "in/Orchard.json:2:1: the record that is kept.");
