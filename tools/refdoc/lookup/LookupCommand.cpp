@@ -44,7 +44,7 @@ void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& pr
     if (!isInstalled)
         marks += marks.empty() ? u"not installed" : u", not installed";
     table.addRow({{entry.getName(), entry.getDeprecated() ? Paint::Caution : Paint::Plain},
-                  {kindText(entry.getEntityType(), entry.getFunctionType())},
+                  {typeText(entry.getEntityType(), entry.getFunctionType())},
                   {entry.getRefPurpose()},
                   {product},
                   {withLink ? entry.getHref() : std::u16string(), Paint::Dim},

@@ -133,14 +133,14 @@ void addLanguages(Page& page, const ProductOverview& overview) {
 
 // Adds the files sorted by name, because the order of a folder is arbitrary.
 void addFileRows(Table& table, const std::vector<ProductPathData>& files,
-                 const std::u16string& language, std::u16string_view kind) {
+                 const std::u16string& language, std::u16string_view type) {
     std::multimap<std::u16string_view, const ProductPathData*> byName;
     for (const ProductPathData& file : files)
         byName.emplace(file.getName(), &file);
     for (const auto& [name, file] : byName)
         table.addRow({{file->getName()},
                       {file->isNonEnglishLocale() ? language : Tools::kEnglishLocale},
-                      {std::u16string(kind)},
+                      {std::u16string(type)},
                       {file->getFullPath(), Paint::Dim}});
 }
 

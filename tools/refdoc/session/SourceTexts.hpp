@@ -15,7 +15,7 @@ namespace refdoc {
 struct SourceFile {
     std::u16string path{};
     std::u16string entry{};     ///< empty for the file itself
-    std::size_t occurrence = 0; ///< the number of the entry among the package's entries of its name
+    std::size_t occurrence = 0; ///< the index among the package's entries of this name
 
     auto operator<=>(const SourceFile&) const = default;
 };

@@ -41,11 +41,11 @@ std::u16string titleOf(const RefItem& item) {
     std::vector<std::u16string> parts;
     const std::u16string* name = nullptr;
     for (const RefEntity& entity : item.getRefEntities()) {
-        const std::u16string kind = kindText(entity.getEntityType(), entity.getFunctionType());
+        const std::u16string type = typeText(entity.getEntityType(), entity.getFunctionType());
         if (name && *name == entity.getName())
-            parts.back().insert(parts.back().size() - 1, u", " + kind);
+            parts.back().insert(parts.back().size() - 1, u", " + type);
         else
-            parts.push_back(entity.getName() + u" (" + kind + u")");
+            parts.push_back(entity.getName() + u" (" + type + u")");
         name = &entity.getName();
     }
     return boost::join(parts, u", ");

@@ -60,10 +60,10 @@ std::size_t columnsOf(utf8proc_int32_t codePoint) noexcept {
 
 Grapheme nextGrapheme(std::string_view text, std::size_t& position) noexcept {
     const std::size_t start = position;
-    utf8proc_int32_t last = nextCodePoint(text, position);
-    std::size_t columns = columnsOf(last);
-    Grapheme grapheme{
-        .text = {}, .base = static_cast<char32_t>(last), .width = 0, .isWide = columns > 1};
+    const utf8proc_int32_t base = nextCodePoint(text, position);
+    std::size_t columns = columnsOf(base);
+    const bool isWide = columns > 1;
+    utf8proc_int32_t last = base;
     utf8proc_int32_t state = 0;
     for (std::size_t next = position; next < text.size(); position = next) {
         const utf8proc_int32_t codePoint = nextCodePoint(text, next);
@@ -72,9 +72,8 @@ Grapheme nextGrapheme(std::string_view text, std::size_t& position) noexcept {
         columns += columnsOf(codePoint);
         last = codePoint;
     }
-    grapheme.text = text.substr(start, position - start);
-    grapheme.width = std::min(columns, kWidestGrapheme);
-    return grapheme;
+    return {text.substr(start, position - start), static_cast<char32_t>(base),
+            std::min(columns, kWidestGrapheme), isWide};
 }
 
 std::size_t displayWidth(std::string_view text) noexcept {

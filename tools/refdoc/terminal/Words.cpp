@@ -12,7 +12,7 @@ namespace refdoc {
 using reference::property::FunctionType;
 using reference::property::RefEntityType;
 
-std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value functionType) {
+std::u16string typeText(RefEntityType::Value entityType, FunctionType::Value functionType) {
     const std::string_view entity = RefEntityType::enumToString(entityType);
     const std::string_view function = FunctionType::enumToString(functionType);
     // "function" is also the default, for files that do not say.

@@ -8,7 +8,7 @@
 namespace refdoc {
 
 /// Returns the type of an entity in words: "class", "static method", "macro function".
-std::u16string kindText(reference::property::RefEntityType::Value entityType,
+std::u16string typeText(reference::property::RefEntityType::Value entityType,
                         reference::property::FunctionType::Value functionType);
 
 /// Returns a string in quotation marks, as UTF-8.

@@ -229,8 +229,9 @@ TEST_F(JsonLinesTest, PrintsEachProductFile) {
 }
 
 TEST_F(JsonLinesTest, IsExclusiveWithJson) {
-    EXPECT_EQ(run({"--json", "--jsonl", "lookup"}),
-              (Outcome{2, "", "refdoc: --json and --jsonl cannot be combined; see refdoc --help\n"}));
+    EXPECT_EQ(
+        run({"--json", "--jsonl", "lookup"}),
+        (Outcome{2, "", "refdoc: --json and --jsonl cannot be combined; see refdoc --help\n"}));
 }
 
 } // namespace

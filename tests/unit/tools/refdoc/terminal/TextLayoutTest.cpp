@@ -48,7 +48,8 @@ TEST(WrapTextTest, NeverBreaksAGrapheme) {
 }
 
 TEST(WrapTextTest, NoLineIsWiderThanTheWidth) {
-    const std::string text = "Grafting 接木 joins two trees、🌳 and e\u0301 very-long-hyphenated";
+    const std::string text =
+        "Grafting 接木 joins two trees、🌳 and e\u0301 हिन्दी น้ำ 👩\u200d🚒 🇩🇪🇯🇵 very-long-hyphenated";
     for (std::size_t width = 2; width < 60; ++width) {
         for (const std::string& line : wrapText(text, width))
             EXPECT_LE(displayWidth(line), width);

@@ -1,4 +1,4 @@
-#include "benchmarks/harness/BenchmarkHost.hpp"
+#include "benchmarks/harness/Host.hpp"
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/HostServices.hpp"
@@ -9,15 +9,14 @@ namespace reference::docparser::benchmarks {
 
 namespace {
 
-class BenchmarkHost final : public platform::HostServices {
+class Host final : public platform::HostServices {
 public:
-    explicit BenchmarkHost(std::u16string language) : language_(std::move(language)) {}
+    Host(std::u16string language, std::vector<std::u16string> supported)
+        : language_(std::move(language)), supported_(std::move(supported)) {}
 
     std::u16string installPath() const override { return {}; }
     std::u16string docLanguage() const override { return language_; }
-    std::vector<std::u16string> supportedDocLanguages() const override {
-        return {u"en", u"de", u"ja", u"ru"};
-    }
+    std::vector<std::u16string> supportedDocLanguages() const override { return supported_; }
     std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
     installedTopLevelDocProducts() const override {
         return {};
@@ -30,13 +29,14 @@ public:
 
 private:
     std::u16string language_;
+    std::vector<std::u16string> supported_;
 };
 
 } // namespace
 
-void setBenchmarkHost(const std::u16string& language,
-                      const std::vector<std::u16string>& installed) {
-    platform::setHostServices(std::make_shared<BenchmarkHost>(language));
+void setHost(const std::u16string& language, const std::vector<std::u16string>& supported,
+             const std::vector<std::u16string>& installed) {
+    platform::setHostServices(std::make_shared<Host>(language, supported));
     DocResourceParser::setTestProducts(installed, {});
 }
 
