@@ -7,8 +7,6 @@
 #include <boost/json/parse.hpp>
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <utility>
 
 namespace refdoc::check {
@@ -37,7 +35,6 @@ constexpr Rule kNestingTooDeep{
     "dropped completely. The format needs at most eight levels: remove what is nested by mistake."};
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
-constexpr std::size_t kMostReserved = 1 << 20;
 
 Finding invalidJson(std::string_view text, const json::error_code& error,
                     const std::optional<TextPlace>& position, std::string_view reason) {
@@ -73,8 +70,7 @@ std::span<const Rule* const> contentRules() {
 
 void checkContent(const FileAccount& account, const SourceFile& file, std::string_view text,
                   PendingFindings& pending, MergeLosses& losses, std::vector<Finding>& findings) {
-    // One block for most documents: many small ones make the allocator collect what is free.
-    json::monotonic_resource arena(std::min(4 * text.size(), kMostReserved));
+    json::monotonic_resource arena;
     json::error_code error;
     const json::value document = json::parse(text, error, &arena);
     if (error) {
