@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/FileRoot.hpp"
+#include "tools/refdoc/check/TemporaryRoot.hpp"
 
 #include <fmt/format.h>
 
@@ -17,7 +17,7 @@ fs::path makeUniqueFolder() {
     std::random_device random;
     for (;;) {
         const fs::path folder = parent / fmt::format("refdoc-check-{:08x}", random());
-        // A name that another process took is not made, and the next one is tried.
+        // If another process has taken the name, try the next one.
         if (fs::create_directory(folder))
             return folder;
     }
@@ -25,7 +25,7 @@ fs::path makeUniqueFolder() {
 
 } // namespace
 
-FileRoot::FileRoot(const fs::path& file, Folder folder)
+TemporaryRoot::TemporaryRoot(const fs::path& file, Folder folder)
     : path_(makeUniqueFolder()),
       folder_(path_ / "docCatalog" /
               (folder == Folder::Lookup ? "referenceapi_lookup" : "referenceapi")) {
@@ -36,7 +36,7 @@ FileRoot::FileRoot(const fs::path& file, Folder folder)
         fs::copy_file(file, folder_ / file.filename());
 }
 
-FileRoot::~FileRoot() {
+TemporaryRoot::~TemporaryRoot() {
     std::error_code left;
     fs::remove_all(path_, left);
 }
