@@ -102,7 +102,9 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
     if (const std::string unknown = firstUnknown(check); !unknown.empty())
         return wrongUsage(unknownRule(unknown));
 
-    const ReportSettings settings = settingsOf(check);
+    ReportSettings settings = settingsOf(check);
+    settings.needsFingerprints =
+        options.format != OutputFormat::Text || options.values.has("--sarif");
     PathNames names(std::filesystem::current_path());
     const std::vector<ReportedFinding> findings =
         makeReport(findAll(options, names), names, settings);

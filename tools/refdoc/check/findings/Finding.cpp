@@ -17,8 +17,13 @@ std::string_view toWord(Severity severity) noexcept {
 }
 
 void addFindings(std::vector<Finding>& found, const SourceFile& file, Findings& findings) {
-    if (!found.empty())
-        std::ranges::move(found, std::back_inserter(findings[file]));
+    if (found.empty())
+        return;
+    std::vector<Finding>& all = findings[file];
+    if (all.empty())
+        all = std::move(found);
+    else
+        std::ranges::move(found, std::back_inserter(all));
 }
 
 void findPositions(std::string_view text, const std::vector<Location*>& locations) {

@@ -2,8 +2,6 @@
 
 #include "platform/i18n/Converter.hpp"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -49,7 +47,11 @@ class PendingFindings::SectionReport {
 public:
     SectionReport(const SectionAccount& account, Section& pending, std::size_t number,
                   std::vector<Finding>& findings)
-        : account_(account), pending_(pending), number_(number), findings_(findings) {}
+        : account_(account),
+          pending_(pending),
+          number_(number),
+          findings_(findings),
+          section_(fl::i18n::to_string(account.key) + '\n') {}
 
     void run(FileRole role, const json::value& document) {
         assignKey(key_, {}, {}, {});
@@ -58,7 +60,7 @@ public:
         for (const json::value& item :
              document.at_pointer(account_.pointer).at("refItems").as_array()) {
             const auto makePointer = [&] {
-                return fmt::format("{}/refItems/{}", account_.pointer, index);
+                return account_.pointer + "/refItems/" + std::to_string(index);
             };
             if (role == FileRole::Lookup)
                 reportRecord(item, makePointer);
@@ -85,7 +87,7 @@ private:
         std::size_t index = 0;
         for (const json::value& link : links->as_array()) {
             assignKey(key_, {}, {}, stringIn(link, "url"));
-            report([&] { return fmt::format("{}/seealso/{}/url", makePointer(), index); });
+            report([&] { return makePointer() + "/seealso/" + std::to_string(index) + "/url"; });
             ++index;
         }
     }
@@ -101,11 +103,10 @@ private:
             if (isReported)
                 continue;
             pending.reportedBy = number_;
-            findings_.push_back(
-                {.rule = pending.rule,
-                 .location = {.pointer = makePointer()},
-                 .message = pending.message,
-                 .identity = fmt::format("{}\n{}", fl::i18n::to_string(account_.key), key_)});
+            findings_.push_back({.rule = pending.rule,
+                                 .location = {.pointer = makePointer()},
+                                 .message = pending.message,
+                                 .identity = section_ + key_});
         }
     }
 
@@ -113,6 +114,7 @@ private:
     Section& pending_;
     std::size_t number_;
     std::vector<Finding>& findings_;
+    std::string section_; // the start of identities
     std::string key_;
 };
 

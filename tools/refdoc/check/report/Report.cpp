@@ -106,12 +106,17 @@ ReportedFinding reported(Finding& finding, const std::shared_ptr<const ReportedF
 
 } // namespace
 
-std::string ReportedLocation::text() const {
-    std::string text = file->path;
+void ReportedLocation::appendTo(std::string& text) const {
+    text += file->path;
     if (!file->entry.empty())
-        text += '!' + file->entry;
+        text.append(1, '!').append(file->entry);
     if (position)
-        text += fmt::format(":{}:{}", position->line, position->column);
+        fmt::format_to(std::back_inserter(text), ":{}:{}", position->line, position->column);
+}
+
+std::string ReportedLocation::text() const {
+    std::string text;
+    appendTo(text);
     return text;
 }
 
@@ -125,13 +130,16 @@ std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& name
                 list.push_back(&finding);
         }
     }
+    const bool hasFingerprints = settings.needsFingerprints || !settings.knownFingerprints.empty();
     std::vector<ReportedFinding> report;
     for (auto& [path, list] : files) {
         std::ranges::sort(list, isBefore);
         const auto file = std::make_shared<const ReportedFile>(path);
         Fingerprints fingerprints(*file);
         for (Finding* finding : list) {
-            std::string fingerprint = fingerprints.make(*finding);
+            std::string fingerprint;
+            if (hasFingerprints)
+                fingerprint = fingerprints.make(*finding);
             if (settings.knownFingerprints.contains(fingerprint))
                 continue;
             report.push_back(reported(*finding, file, names, settings));
@@ -142,9 +150,9 @@ std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& name
 }
 
 Summary summarize(const std::vector<ReportedFinding>& findings) {
-    std::set<ReportedFile> files;
+    std::set<const ReportedFile*> files;
     for (const ReportedFinding& finding : findings)
-        files.insert(*finding.location.file);
+        files.insert(finding.location.file.get());
     const auto count = [&](Severity severity) {
         return static_cast<std::size_t>(
             std::ranges::count(findings, severity, &ReportedFinding::severity));

@@ -27,8 +27,9 @@ struct ReportedLocation {
     std::optional<TextPlace> position;
     std::optional<std::string> pointer;
 
-    /// Returns "file:line:column" or "package!entry:line:column", without the numbers if there is
+    /// Appends "file:line:column" or "package!entry:line:column", without the numbers if there is
     /// no position.
+    void appendTo(std::string& text) const;
     std::string text() const;
 };
 
@@ -43,7 +44,7 @@ struct ReportedFinding {
     Severity severity; ///< the rule's, or Error because of --werror
     ReportedLocation location;
     std::string message;
-    std::string fingerprint; ///< independent of line numbers
+    std::string fingerprint; ///< independent of line numbers; empty if it is not needed
     std::vector<ReportedRelation> related;
 };
 
@@ -53,6 +54,7 @@ struct ReportSettings {
     std::set<std::string, std::less<>> errorRules{};        ///< their findings count as errors
     bool isAllError = false;                                ///< all warnings count as errors
     std::set<std::string, std::less<>> knownFingerprints{}; ///< findings that are not reported
+    bool needsFingerprints = true;                          ///< the report prints fingerprints
 };
 
 /// Returns the findings that are reported, sorted by file and position.

@@ -37,18 +37,39 @@ std::string summaryText(const Summary& summary) {
                         : fmt::format("{} in {}\n", text, counted(summary.files, "file"));
 }
 
+// Paints the text from `start` to the end.
+void paintFrom(std::size_t start, Paint paint, bool color, std::string& text) {
+    if (color)
+        text.replace(start, text.npos, painted(text.substr(start), paint, color));
+}
+
+// Appends to one string: there may be very many findings.
+void addFinding(const ReportedFinding& finding, bool color, std::string& report) {
+    std::size_t start = report.size();
+    finding.location.appendTo(report);
+    paintFrom(start, Paint::Heading, color, report);
+    report += ": ";
+    start = report.size();
+    report += toWord(finding.severity);
+    paintFrom(start, paintOf(finding.severity), color, report);
+    report.append(": ").append(finding.message).append(1, ' ');
+    start = report.size();
+    report.append(1, '[').append(finding.rule->name).append(1, ']');
+    paintFrom(start, Paint::Dim, color, report);
+    report += '\n';
+    for (const ReportedRelation& related : finding.related) {
+        report += "    ";
+        related.location.appendTo(report);
+        report.append(": ").append(related.message).append(1, '\n');
+    }
+}
+
 } // namespace
 
 std::string textReport(const std::vector<ReportedFinding>& findings, bool color) {
     std::string report;
-    for (const ReportedFinding& finding : findings) {
-        report += fmt::format(
-            "{}: {}: {} {}\n", painted(finding.location.text(), Paint::Heading, color),
-            painted(toWord(finding.severity), paintOf(finding.severity), color), finding.message,
-            painted(fmt::format("[{}]", finding.rule->name), Paint::Dim, color));
-        for (const ReportedRelation& related : finding.related)
-            report += fmt::format("    {}: {}\n", related.location.text(), related.message);
-    }
+    for (const ReportedFinding& finding : findings)
+        addFinding(finding, color, report);
     return report + summaryText(summarize(findings));
 }
 

@@ -169,17 +169,17 @@ void MergeLosses::report(const Loss& loss, const Record& lost, const PathNames& 
                          FoundByFile& found) {
     const Side& loser = loss.loser;
     const Side& winner = loss.winner;
-    const std::string record =
-        fmt::format("record \"{}\" with the link \"{}\"", *loser.name, to_string(loss.href));
+    const std::string href = to_string(loss.href);
     std::string identity = fmt::format("{}\n{}\n{}\n{}", to_string(*loser.section), *loser.name,
-                                       to_string(loss.href), loss.occurrence);
+                                       href, loss.occurrence);
     if (loss.isHidden) {
         found[winner.file].push_back(
             {.rule = &kHiddenRecord,
              .location = firstOf(*winner.records),
-             .message = fmt::format("the translation hides the {} of {} because it has at least as "
-                                    "many records of the name",
-                                    record, names.nameOf(*loser.file)),
+             .message =
+                 fmt::format("the translation hides the record \"{}\" with the link \"{}\" of "
+                             "{} because it has at least as many records of the name",
+                             *loser.name, href, names.nameOf(*loser.file)),
              .identity = std::move(identity),
              .related = {{*loser.file, lost.location, "the hidden record"}}});
         return;
@@ -188,8 +188,9 @@ void MergeLosses::report(const Loss& loss, const Record& lost, const PathNames& 
     found[loser.file].push_back(
         {.rule = &kDroppedRecord,
          .location = lost.location,
-         .message = fmt::format("the {} is lost in the merge: {} has {}", record,
-                                names.nameOf(*winner.file),
+         .message = fmt::format("the record \"{}\" with the link \"{}\" is lost in the merge: {} "
+                                "has {}",
+                                *loser.name, href, names.nameOf(*winner.file),
                                 loss.isSameHref ? "a record of the name with this link"
                                                 : "at least as many records of the name"),
          .identity = std::move(identity),
