@@ -67,10 +67,13 @@ void addFinding(const ReportedFinding& finding, bool color, std::string& report)
 } // namespace
 
 std::string textReport(const std::vector<ReportedFinding>& findings, bool color) {
+    constexpr std::size_t kUsualLength = 256; // of the lines of a finding
     std::string report;
+    report.reserve(findings.size() * kUsualLength);
     for (const ReportedFinding& finding : findings)
         addFinding(finding, color, report);
-    return report + summaryText(summarize(findings));
+    report += summaryText(summarize(findings));
+    return report;
 }
 
 std::string ruleList(bool color) {
