@@ -40,7 +40,7 @@ struct Location {
 struct RelatedLocation {
     SourceFile file;
     Location location;
-    std::string message;
+    std::string_view message; ///< a literal
 };
 
 /// One violation of a rule. Strings are UTF-8.

@@ -31,6 +31,7 @@ void appendLink(std::string& key, std::u16string_view link) {
 
 std::string keyOf(const RecordKey& record) {
     std::string key = fl::i18n::to_string(record.name);
+    key.reserve(key.size() + record.href.size() + record.link.size() + 2);
     appendLink(key, record.href);
     appendLink(key, record.link);
     return key;

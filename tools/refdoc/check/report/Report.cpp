@@ -100,7 +100,7 @@ ReportedFinding reported(Finding& finding, const std::shared_ptr<const ReportedF
     for (RelatedLocation& related : finding.related)
         result.related.push_back({{std::make_shared<ReportedFile>(reported(related.file, names)),
                                    related.location.position, std::move(related.location.pointer)},
-                                  std::move(related.message)});
+                                  related.message});
     return result;
 }
 

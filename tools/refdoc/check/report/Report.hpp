@@ -9,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace refdoc::check {
@@ -35,7 +36,7 @@ struct ReportedLocation {
 
 struct ReportedRelation {
     ReportedLocation location;
-    std::string message;
+    std::string_view message; ///< a literal
 };
 
 /// A finding as it is reported. Strings are well-formed UTF-8 without control characters.

@@ -64,6 +64,7 @@ void addPart(std::u16string_view part, std::u16string& path) {
 // Returns the path of a link without ".", ".." and fragment.
 std::u16string normalized(std::u16string_view location, std::u16string_view link) {
     std::u16string result;
+    result.reserve(location.size() + link.size() + 1);
     for (const std::u16string_view path : {location, link.substr(0, link.find(u'#'))}) {
         for (std::size_t start = 0; start <= path.size();) {
             const std::size_t end = std::min(path.find(u'/', start), path.size());

@@ -170,34 +170,31 @@ void MergeLosses::report(const Loss& loss, const Record& lost, const PathNames& 
     const Side& loser = loss.loser;
     const Side& winner = loss.winner;
     const std::string href = to_string(loss.href);
-    std::string identity = fmt::format("{}\n{}\n{}\n{}", to_string(*loser.section), *loser.name,
-                                       href, loss.occurrence);
+    Finding finding{.rule = loss.isHidden ? &kHiddenRecord : &kDroppedRecord,
+                    .identity = fmt::format("{}\n{}\n{}\n{}", to_string(*loser.section),
+                                            *loser.name, href, loss.occurrence)};
     if (loss.isHidden) {
-        found[winner.file].push_back(
-            {.rule = &kHiddenRecord,
-             .location = firstOf(*winner.records),
-             .message =
-                 fmt::format("the translation hides the record \"{}\" with the link \"{}\" of "
-                             "{} because it has at least as many records of the name",
-                             *loser.name, href, names.nameOf(*loser.file)),
-             .identity = std::move(identity),
-             .related = {{*loser.file, lost.location, "the hidden record"}}});
+        finding.location = firstOf(*winner.records);
+        finding.message = fmt::format(
+            "the translation hides the record \"{}\" with the link \"{}\" of {} because it has at "
+            "least as many records of the name",
+            *loser.name, href, names.nameOf(*loser.file));
+        finding.related.push_back({*loser.file, lost.location, "the hidden record"});
+        found[winner.file].push_back(std::move(finding));
         return;
     }
+    finding.location = lost.location;
+    finding.message =
+        fmt::format("the record \"{}\" with the link \"{}\" is lost in the merge: {} has {}",
+                    *loser.name, href, names.nameOf(*winner.file),
+                    loss.isSameHref ? "a record of the name with this link"
+                                    : "at least as many records of the name");
     const auto kept = winner.records->find(loss.href);
-    found[loser.file].push_back(
-        {.rule = &kDroppedRecord,
-         .location = lost.location,
-         .message = fmt::format("the record \"{}\" with the link \"{}\" is lost in the merge: {} "
-                                "has {}",
-                                *loser.name, href, names.nameOf(*winner.file),
-                                loss.isSameHref ? "a record of the name with this link"
-                                                : "at least as many records of the name"),
-         .identity = std::move(identity),
-         .related = {
-             {*winner.file,
-              kept == winner.records->end() ? firstOf(*winner.records) : kept->second.location,
-              "the record that is kept"}}});
+    finding.related.push_back(
+        {*winner.file,
+         kept == winner.records->end() ? firstOf(*winner.records) : kept->second.location,
+         "the record that is kept"});
+    found[loser.file].push_back(std::move(finding));
 }
 
 } // namespace refdoc::check
