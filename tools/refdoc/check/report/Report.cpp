@@ -123,8 +123,10 @@ std::string ReportedLocation::text() const {
 std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& names,
                                         const ReportSettings& settings) {
     std::map<ReportedFile, std::vector<Finding*>> files;
+    std::size_t count = 0;
     for (auto& [source, found] : findings) {
         std::vector<Finding*>& list = files[reported(source, names)];
+        count += found.size();
         for (Finding& finding : found) {
             if (!settings.ignoredRules.contains(finding.rule->name))
                 list.push_back(&finding);
@@ -132,6 +134,7 @@ std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& name
     }
     const bool hasFingerprints = settings.needsFingerprints || !settings.knownFingerprints.empty();
     std::vector<ReportedFinding> report;
+    report.reserve(count);
     for (auto& [path, list] : files) {
         std::ranges::sort(list, isBefore);
         const auto file = std::make_shared<const ReportedFile>(path);
