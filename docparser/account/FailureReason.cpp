@@ -17,13 +17,13 @@ namespace reference::docparser {
 
 namespace {
 
-// What has the name on the disk; nothing is opened.
+// Returns the type of what the path leads to, without opening it.
 std::filesystem::file_type typeOf(const std::u16string& path) {
     std::error_code error;
     return std::filesystem::status(platform::toNativePath(path), error).type();
 }
 
-// The part that all failures share.
+// Handles the exceptions that opening, reading and using a file have in common.
 // \param unknown  the fate of an exception that says nothing about the file
 FailureReason reasonOfException(const std::exception_ptr& failure, Fate unknown) {
     try {

@@ -8,7 +8,7 @@
 
 namespace reference::docparser {
 
-// Turns exceptions into what an account says of a file.
+// Turns exceptions into the reasons that an account gives for a file.
 
 /// Why a file is not used; the fields are those of FileAccount.
 struct FailureReason {
@@ -33,8 +33,8 @@ FailureReason reasonOfReading(const std::exception_ptr& failure);
 /// \param text     the file's string
 FailureReason reasonOfUse(const std::exception_ptr& failure, const std::string& text);
 
-/// Puts a reason into the account of a file. Nothing of a malformed file is used, so that its
-/// sections go.
+/// Adds a reason to the account of a file. Removes the sections of a malformed file, because none
+/// of them is used.
 void applyReason(FailureReason reason, FileAccount& file);
 
 } // namespace reference::docparser

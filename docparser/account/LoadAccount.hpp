@@ -23,7 +23,7 @@ DOCPARSER_EXPORT std::string_view toWord(RecordFate fate) noexcept;
 
 /// The decision about one record of the section underneath when two sections were combined.
 struct RecordAccount {
-    std::u16string name{}; ///< the key of the record: its name; in full resources its href
+    std::u16string name{}; ///< the key of the record: its name, or its href in full resources
     std::u16string href{}; ///< the record's link
     RecordFate fate = RecordFate::AddedName; ///< what became of it
     std::size_t file = 0;   ///< the file that it comes from, an index into LoadAccount::files
@@ -34,13 +34,13 @@ struct RecordAccount {
 
 /// One section of a file.
 struct SectionAccount {
-    std::u16string key{};  ///< help folder of the main section, base code of the others
+    std::u16string key{};  ///< help folder of the main section, else base code
     std::string pointer{}; ///< JSON pointer to the section in its file: "" or "/supportPackages/0"
     SectionFate fate = SectionFate::New; ///< what became of it
-    bool isInstalled = false;            ///< of lookups: whether its product is installed
-    std::size_t other = 0; ///< the file of the section that had the key; its own file if none had
-    /// What became of the records of the section underneath, sorted by name in code-unit order; of
-    /// full resources only the records that were replaced.
+    bool isInstalled = false;            ///< for lookups: whether its product is installed
+    std::size_t other = 0; ///< the file of the earlier section with the key; else its own file
+    /// What became of the records of the section underneath, sorted by name in code-unit order; for
+    /// full resources, only the records that were replaced.
     std::vector<RecordAccount> records{};
 
     bool operator==(const SectionAccount&) const = default;
@@ -49,22 +49,22 @@ struct SectionAccount {
 /// One file or package entry.
 struct FileAccount {
     FileRole role = FileRole::Resources; ///< what it was considered as
-    std::u16string path{};               ///< as it was opened; of an entry, the path of its package
+    std::u16string path{};               ///< as it was opened; for an entry, its package's path
     std::u16string entry{};     ///< the entry's name in its package, with its folders; else empty
     bool isTranslation = false; ///< whether its name is that of a translation
     Fate fate = Fate::Used;     ///< what became of it
     std::string reason{};       ///< why it is not used, in UTF-8; empty if the fate says everything
     std::string pointer{};      ///< Malformed: JSON pointer (RFC 6901) to what breaks the format
     std::optional<TextPlace> place{};       ///< Malformed: the position of the error
-    std::vector<SectionAccount> sections{}; ///< in file order; none of a malformed file
+    std::vector<SectionAccount> sections{}; ///< in file order; empty for a malformed file
 
     bool operator==(const FileAccount&) const = default;
 };
 
-/// A recording of what retrievals decided about each file that they considered.
+/// Records what retrievals decided about each file that they considered.
 ///
-/// The library silently skips files that it cannot use. An account shows each decision and changes
-/// none: results, exceptions, log lines and the order of calls to the host are the same.
+/// The library silently skips files that it cannot use. An account shows each decision without
+/// changing it: results, exceptions, log lines and the order of calls to the host stay the same.
 ///
 ///     LoadAccount account;
 ///     {
@@ -91,8 +91,8 @@ struct DOCPARSER_EXPORT LoadAccount {
     /// being recorded at that moment have the fate Failed.
     bool isComplete = true;
 
-    /// Makes the retrievals that its thread calls during its life report to an account. If scopes
-    /// nest, the innermost one is in force.
+    /// Makes all retrievals that are called on its thread during its lifetime record into an
+    /// account. If scopes nest, the innermost one applies.
     class DOCPARSER_EXPORT Scope {
     public:
         /// \param account  receives the files; outlives the scope and is used by no other thread

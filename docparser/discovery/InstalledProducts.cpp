@@ -32,7 +32,7 @@ SupportPackages findHardwareSupportPackages(const std::u16string& folder) {
         root = fl::filesystem::remove_filename(root);
 
     SupportPackages packages;
-    // A failing query costs the host its support packages, but not its documentation.
+    // Without its support packages, the host can still read the rest of its documentation.
     platform::ignoreFailure([&] {
         packages = install::product_impl::utils::getInstalledHardwareSupportPackages(root.string());
     });

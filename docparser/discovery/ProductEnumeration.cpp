@@ -14,7 +14,7 @@ ProductLists findProducts(const std::u16string& root,
                           const std::vector<std::u16string>& localeSuffixes,
                           const std::u16string& currentLocaleSuffix, RetrievalObserver& observer) {
     ProductLists products;
-    // A folder that disappears or cannot be read ends the walk; what was found before is useful.
+    // If the folder disappears or cannot be read, the files found before are still useful.
     platform::ignoreFailure([&] {
         if (root.empty())
             return;

@@ -9,10 +9,10 @@
 
 namespace reference::docparser {
 
-/// What a file name says about a file of a folder, or an entry of a package.
+/// What a file name tells about a file in a folder, or about an entry of a package.
 struct ProductSelection {
-    std::optional<Fate> skipped{};   ///< why the file is not read; empty if it is
-    std::u16string stem{};           ///< the product's name; of a file with another extension empty
+    std::optional<Fate> skipped{};   ///< why the file is skipped; empty if it is to be read
+    std::u16string stem{};           ///< the product's name; empty for any other extension
     bool isNonEnglishLocale = false; ///< whether the file is a translation
 };
 
@@ -21,7 +21,7 @@ struct ProductSelection {
 /// \param name                 the file name in native form
 /// \param localeSuffixes       the suffixes that mark a translation; an empty one marks every stem
 /// \param currentLocaleSuffix  the suffix of the translations to read
-/// \param isTranslation        whether the file is a translation, if that is known otherwise
+/// \param isTranslation        whether the file is a translation; empty: its name decides
 ProductSelection selectProduct(const fl::filesystem::path& name,
                                const std::vector<std::u16string>& localeSuffixes,
                                const std::u16string& currentLocaleSuffix,

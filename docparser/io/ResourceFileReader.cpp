@@ -54,7 +54,7 @@ std::string openAndReadFile(const std::u16string& path, RetrievalObserver& obser
         observer.readFailed(nullptr);
         return content;
     }
-    // The caller needs no exception: the parser refuses what was not read.
+    // The caller needs no exception: the parser rejects an incomplete string.
     if (const auto failure = platform::failureOf([&] { readWhole(stream, content); })) {
         observer.readFailed(failure);
         writeDiagnostic(kProblemSeverity, "Problem reading JSON file: ", path);
@@ -69,10 +69,10 @@ std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& o
 std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer) {
     announceReading(product.getName());
     std::string content;
-    // The caller needs no exception: the parser refuses the empty string.
+    // The caller needs no exception: the parser rejects an empty string.
     const auto failure = platform::failureOf([&] {
         std::ostringstream stream;
-        // A failed allocation is reported as such rather than as a stream that does not take bytes.
+        // Makes a failed allocation throw, rather than look like a stream that accepts no bytes.
         stream.exceptions(std::ios::badbit);
         {
             const auto source = product.getFileSystemManager().getFileContentSource(

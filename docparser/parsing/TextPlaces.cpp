@@ -16,7 +16,7 @@ namespace json = boost::json;
 
 namespace {
 
-// The pointers that lead to a value or to a value within it, as a tree of their tokens.
+// The JSON pointers to a value and to the values inside it, as a tree of reference tokens.
 struct Wanted {
     std::map<std::string, Wanted, std::less<>> children;
     std::vector<std::size_t> pointers; // indices of the pointers that end here
@@ -141,7 +141,7 @@ private:
         for (std::size_t escape = findEscape(quote); escape != text_.npos;
              escape = findEscape(quote)) {
             at_ = escape + 2;
-            if (at_ > quote) // it was the escaped character
+            if (at_ > quote) // the quotation mark was escaped
                 quote = text_.find('"', at_);
         }
         at_ = quote < text_.size() ? quote + 1 : text_.size();

@@ -11,8 +11,8 @@
 
 namespace reference::docparser {
 
-// Positions in the text of a resource file, for messages about it. They are found only when a
-// message needs them, because the parsed document does not have them.
+// Finds positions in a resource file for messages about it. The parsed document does not record
+// them, so they are searched for only when a message needs them.
 
 /// The position of a value in a JSON text.
 struct ValuePlace {

@@ -12,19 +12,19 @@ namespace fl::filesystem {
 /// Separates the components of a path on this system: '/', or '\' on Windows.
 inline constexpr char16_t PATHNAME_SEPARATOR = platform::kPathSeparator;
 
-/// A path as a string: it is never normalised, and the disk is never asked.
+/// A path as a string: it is never normalised, and the disk is never accessed.
 template <class CharT>
 class basic_path;
 
-/// A path in UTF-16; there is no other. A value; strings convert to paths implicitly.
+/// A path in UTF-16, the only specialisation. Strings convert to paths implicitly.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_path<char16_t> {
 public:
     /// The empty path.
     basic_path() = default;
-    /// A path of a string, which is taken as it is.
+    /// The path with this string, unchanged.
     basic_path(std::u16string text) : text_(std::move(text)) {}
-    /// A path of a string that ends at its first NUL.
+    /// The path with this NUL-terminated string, unchanged.
     basic_path(const char16_t* text) : text_(text) {}
 
     /// Returns the path as a string.

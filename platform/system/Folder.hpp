@@ -10,8 +10,8 @@ namespace platform {
 
 /// A folder that is being listed; it is closed with the object.
 ///
-/// Takes the place of std::filesystem::directory_iterator, which ends the process when an
-/// allocation fails (GCC).
+/// Replaces std::filesystem::directory_iterator, which in GCC's library terminates the process if
+/// an allocation fails.
 class DOCPARSER_SEAM_EXPORT Folder {
 public:
     /// Opens a folder.
