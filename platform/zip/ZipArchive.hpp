@@ -32,8 +32,8 @@ public:
     /// \throws LimitError  the directory exceeds readLimits()
     void open();
 
-    /// Returns the number of entries. An index is the position of an entry in the directory, from
-    /// 0. \throws ZipError  the package is not open
+    /// Returns the number of entries. An entry's index is its position in the directory, from 0.
+    /// \throws ZipError  the package is not open
     std::uint64_t entryCount() const;
 
     /// Returns the full name of an entry. Well-formed UTF-8 is decoded as UTF-8. Other names are
