@@ -39,8 +39,8 @@ struct SectionAccount {
     std::string pointer{}; ///< JSON pointer to the section in its file: "" or "/supportPackages/0"
     SectionFate fate = SectionFate::New; ///< what became of it
     bool isInstalled = false;            ///< for lookups: whether its product is installed
-    std::size_t other =
-        0; ///< the file of the earlier section with the key; this file if there is none
+    /// The file of the earlier section with the key; this file if there is none.
+    std::size_t other = 0;
     /// What became of the records of the section underneath, sorted by name in code-unit order. For
     /// full resources, this lists only the records that were replaced.
     std::vector<RecordAccount> records{};
