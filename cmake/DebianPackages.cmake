@@ -24,18 +24,12 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE ${CMAKE_MATCH_2})
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/packaging/changelog.Debian)
 
-# debian_documents(PACKAGE COMPONENT COPYRIGHT-FILE...): what lies in each package's share/doc. Only a
-# package has them, not the tree of a whole `cmake --install`.
+# debian_documents(PACKAGE COMPONENT)
+#
+# Puts the copyright notice and the changelog into the package's share/doc. A plain `cmake --install`
+# does not install them.
 function(debian_documents package component)
-    set(copyright "")
-    foreach(file IN LISTS ARGN)
-        file(READ ${file} text)
-        string(APPEND copyright "${text}\n")
-    endforeach()
-    string(REGEX REPLACE "\n\n$" "\n" copyright "${copyright}")
-    file(WRITE ${debian_folder}/${package}/copyright "${copyright}")
-
-    install(FILES ${debian_folder}/${package}/copyright ${debian_folder}/changelog.Debian.gz
+    install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright ${debian_folder}/changelog.Debian.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
         COMPONENT ${component}
         EXCLUDE_FROM_ALL)
@@ -46,11 +40,9 @@ execute_process(
     COMMAND ${GZIP_PROGRAM} -9 --no-name --stdout ${PROJECT_SOURCE_DIR}/packaging/changelog.Debian
     OUTPUT_FILE ${debian_folder}/changelog.Debian.gz
     COMMAND_ERROR_IS_FATAL ANY)
-debian_documents(${library_package} libraries ${PROJECT_SOURCE_DIR}/packaging/copyright)
-debian_documents(libdocparser-dev development ${PROJECT_SOURCE_DIR}/packaging/copyright)
-debian_documents(refdoc refdoc
-    ${PROJECT_SOURCE_DIR}/packaging/copyright
-    ${PROJECT_SOURCE_DIR}/packaging/licences/CLI11.txt)
+debian_documents(${library_package} libraries)
+debian_documents(libdocparser-dev development)
+debian_documents(refdoc refdoc)
 
 # Which package a program needs that is linked with the libraries, and that the loader's cache is out
 # of date once they are there. CPack could write the first, but with a release number in it, and knows

@@ -5,7 +5,7 @@
 #   libraries    what a program needs to run
 #   development  what a program needs to be built
 #   refdoc       the tool
-#   licences     the copyright notice, and the licences of what is compiled in
+#   licences     the copyright notice
 
 include(CMakePackageConfigHelpers)
 
@@ -40,9 +40,6 @@ if(TARGET refdoc)
         INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
         INSTALL_RPATH_USE_LINK_PATH ON)
     install(TARGETS refdoc RUNTIME COMPONENT refdoc)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/packaging/licences
-        DESTINATION ${CMAKE_INSTALL_DOCDIR}
-        COMPONENT licences)
 endif()
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright
     DESTINATION ${CMAKE_INSTALL_DOCDIR}

@@ -1,44 +1,65 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 #include <utility>
 
 namespace reference::docparser::benchmarks {
 
-/// Measures the calls that a row consists of: their time, their memory or whatever the derived
-/// class is about. One thread at a time.
+struct AllocationCounts {
+    std::size_t liveBytes = 0;
+    std::size_t peakBytes = 0; ///< the most live bytes since the measured call began
+    std::size_t allocations = 0;
+};
+
+/// Maintained by CountingAllocator.cpp; all zero in a program without it. For one thread.
+inline AllocationCounts allocationCounts;
+
+/// Adds up what calls cost. For one thread.
 class Meter {
 public:
-    virtual ~Meter() = default;
-
-    /// Measures one call. Neither making its input nor dropping its result counts as time; the
-    /// input counts as memory, because the caller holds it.
-    /// \param inputBytes  the JSON text that the call is about
-    /// \param makeInput   makeInput() is the call's argument
-    /// \param call        call(input) returns what the caller keeps
+    /// Measures call(makeInput()). Making the input and destroying the result take no time that is
+    /// counted; the input counts as memory, because the caller holds it.
     template <class MakeInput, class Call>
-    void measure(std::size_t inputBytes, MakeInput makeInput, Call call) {
-        prepare();
+    void measure(MakeInput makeInput, Call call) {
+        const AllocationCounts before = allocationCounts;
         auto input = makeInput();
-        start();
-        {
-            [[maybe_unused]] const auto result = call(std::move(input));
-            stop();
-            account(inputBytes);
-        }
+        allocationCounts.peakBytes = allocationCounts.liveBytes;
+        const std::size_t allocations = allocationCounts.allocations;
+        const double started = threadSeconds();
+        [[maybe_unused]] const auto result = call(std::move(input));
+        seconds_ += threadSeconds() - started;
+        allocations_ += allocationCounts.allocations - allocations;
+        peakBytes_ += allocationCounts.peakBytes - before.liveBytes;
+        keptBytes_ += allocationCounts.liveBytes - before.liveBytes;
     }
 
-protected:
-    Meter() = default;
-    Meter(const Meter&) = default;
-    Meter& operator=(const Meter&) = default;
+    /// Adds JSON text that the measured calls processed.
+    void addText(std::size_t bytes) { textBytes_ += bytes; }
+
+    /// Processor time of the thread, the system's included.
+    double seconds() const { return seconds_; }
+    std::size_t textBytes() const { return textBytes_; }
+    double peakBytesPerByte() const { return perByte(peakBytes_); }
+    double keptBytesPerByte() const { return perByte(keptBytes_); }
+    double allocationsPerKiB() const { return perByte(allocations_) * 1024; }
 
 private:
-    virtual void prepare() {}
-    virtual void start() = 0;
-    virtual void stop() = 0;
-    /// The call's result is still there.
-    virtual void account(std::size_t inputBytes) = 0;
+    static double threadSeconds() {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    }
+
+    double perByte(std::size_t count) const {
+        return textBytes_ == 0 ? 0 : static_cast<double>(count) / static_cast<double>(textBytes_);
+    }
+
+    double seconds_ = 0;
+    std::size_t textBytes_ = 0;
+    std::size_t peakBytes_ = 0;
+    std::size_t keptBytes_ = 0;
+    std::size_t allocations_ = 0;
 };
 
 } // namespace reference::docparser::benchmarks

@@ -1,5 +1,5 @@
+#include "benchmarks/peers/FileReader.hpp"
 #include "benchmarks/peers/Peers.hpp"
-#include "benchmarks/peers/SectionReader.hpp"
 
 #include <nlohmann/json.hpp>
 
@@ -7,25 +7,25 @@ namespace reference::docparser::benchmarks {
 
 namespace {
 
-struct Nlohmann {
-    using Value = const nlohmann::json*;
-    using Object = const nlohmann::json::object_t*;
+struct Value {
+    const nlohmann::json* json;
 
-    static Object object(Value value) { return &value->get_ref<const nlohmann::json::object_t&>(); }
-    static void restart(Object) {}
-    static std::size_t count(Value value) { return value->size(); }
-    static std::string_view text(Value value) { return value->get_ref<const std::string&>(); }
+    std::string_view string() const { return json->get_ref<const std::string&>(); }
+    std::size_t count() const { return json->size(); }
 
     template <class Visit>
-    static void forEachMember(Object object, Visit visit) {
-        for (const auto& [key, value] : *object)
-            visit(key, &value);
+    void forEachElement(Visit visit) const {
+        for (const nlohmann::json& element : json->get_ref<const nlohmann::json::array_t&>())
+            visit(Value{&element});
     }
 
+    Value object() const { return *this; }
+    void restart() const {}
+
     template <class Visit>
-    static void forEachElement(Value array, Visit visit) {
-        for (const nlohmann::json& element : array->get_ref<const nlohmann::json::array_t&>())
-            visit(&element);
+    void forEachMember(Visit visit) const {
+        for (const auto& [key, value] : json->get_ref<const nlohmann::json::object_t&>())
+            visit(key, Value{&value});
     }
 };
 
@@ -35,7 +35,7 @@ template <class T>
 ResourceMap<T> readWithNlohmann(std::string text, const std::u16string& product) {
     const nlohmann::json document = nlohmann::json::parse(text);
     std::string().swap(text);
-    return FileReader<Nlohmann, T>(product).read(Nlohmann::object(&document));
+    return readFile<T>(Value{&document}, product);
 }
 
 template ResourceMap<RefItem> readWithNlohmann(std::string, const std::u16string&);

@@ -1,5 +1,5 @@
+#include "benchmarks/peers/FileReader.hpp"
 #include "benchmarks/peers/Peers.hpp"
-#include "benchmarks/peers/SectionReader.hpp"
 
 #ifdef __SSE2__
 #define RAPIDJSON_SSE2
@@ -10,37 +10,37 @@ namespace reference::docparser::benchmarks {
 
 namespace {
 
-void check(bool isKind) {
-    if (!isKind)
-        throw std::runtime_error("a value of the wrong kind");
+void check(bool isType) {
+    if (!isType)
+        throw std::runtime_error("a value of the wrong type");
 }
 
-struct RapidJson {
-    using Value = const rapidjson::Value*;
-    using Object = const rapidjson::Value*;
+struct Value {
+    const rapidjson::Value* json;
 
-    static Object object(Value value) {
-        check(value->IsObject());
-        return value;
+    std::string_view string() const {
+        check(json->IsString());
+        return {json->GetString(), json->GetStringLength()};
     }
-    static void restart(Object) {}
-    static std::size_t count(Value value) { return value->IsArray() ? value->Size() : 0; }
-    static std::string_view text(Value value) {
-        check(value->IsString());
-        return {value->GetString(), value->GetStringLength()};
-    }
+    std::size_t count() const { return json->IsArray() ? json->Size() : 0; }
 
     template <class Visit>
-    static void forEachMember(Object object, Visit visit) {
-        for (const auto& member : object->GetObject())
-            visit(text(&member.name), &member.value);
+    void forEachElement(Visit visit) const {
+        check(json->IsArray());
+        for (const rapidjson::Value& element : json->GetArray())
+            visit(Value{&element});
     }
 
+    Value object() const {
+        check(json->IsObject());
+        return *this;
+    }
+    void restart() const {}
+
     template <class Visit>
-    static void forEachElement(Value array, Visit visit) {
-        check(array->IsArray());
-        for (const rapidjson::Value& element : array->GetArray())
-            visit(&element);
+    void forEachMember(Visit visit) const {
+        for (const auto& member : json->GetObject())
+            visit(Value{&member.name}.string(), Value{&member.value});
     }
 };
 
@@ -51,7 +51,7 @@ ResourceMap<T> readWithRapidJson(std::string text, const std::u16string& product
     rapidjson::Document document;
     document.ParseInsitu(text.data());
     check(!document.HasParseError());
-    return FileReader<RapidJson, T>(product).read(RapidJson::object(&document));
+    return readFile<T>(Value{&document}.object(), product);
 }
 
 template ResourceMap<RefItem> readWithRapidJson(std::string, const std::u16string&);

@@ -1,5 +1,5 @@
+#include "benchmarks/peers/FileReader.hpp"
 #include "benchmarks/peers/Peers.hpp"
-#include "benchmarks/peers/SectionReader.hpp"
 
 #include <simdjson.h>
 
@@ -11,7 +11,7 @@ namespace ondemand = simdjson::ondemand;
 
 static_assert(kSpareBytes >= simdjson::SIMDJSON_PADDING);
 
-// A key as it stands in the text; the format's keys need no escapes.
+// A key as the file has it; the keys of the format need no escapes.
 struct RawKey {
     ondemand::raw_json_string key;
 
@@ -20,38 +20,49 @@ struct RawKey {
     }
 };
 
-struct Simdjson {
-    using Value = ondemand::value;
-    using Object = ondemand::object;
+struct Object;
 
-    static Object object(Value value) { return value.get_object(); }
-    static void restart(Object& object) { static_cast<void>(object.reset().value()); }
-    // Counting would go over the array's text once more.
-    static std::size_t count(Value) { return 0; }
-    static std::string_view text(Value value) { return value.get_string(); }
+struct Value {
+    ondemand::value json;
+
+    std::string_view string() { return json.get_string(); }
+    std::size_t count() const { return 0; }
 
     template <class Visit>
-    static void forEachMember(Object& object, Visit visit) {
-        for (auto member : object) {
+    void forEachElement(Visit visit) {
+        for (auto element : json.get_array())
+            visit(Value{element.value()});
+    }
+
+    Object object();
+};
+
+struct Object {
+    ondemand::object json;
+
+    void restart() { static_cast<void>(json.reset().value()); }
+
+    template <class Visit>
+    void forEachMember(Visit visit) {
+        for (auto member : json) {
             ondemand::field field = std::move(member).take_value();
-            visit(RawKey{field.key()}, field.value());
+            visit(RawKey{field.key()}, Value{field.value()});
         }
     }
-
-    template <class Visit>
-    static void forEachElement(Value value, Visit visit) {
-        for (auto element : value.get_array())
-            visit(element.value());
-    }
 };
+
+Object Value::object() {
+    return {json.get_object()};
+}
 
 } // namespace
 
 template <class T>
 ResourceMap<T> readWithSimdjson(std::string text, const std::u16string& product) {
     thread_local ondemand::parser parser;
+    text.reserve(text.size() + kSpareBytes);
     ondemand::document document = parser.iterate(text);
-    return FileReader<Simdjson, T>(product).read(document.get_object());
+    return readFile<T>(Object{document.get_object()}, product);
 }
 
 template ResourceMap<RefItem> readWithSimdjson(std::string, const std::u16string&);

@@ -1,10 +1,10 @@
-"""Puts the figures into docs/performance.md, between the marks that are there for them."""
+"""Puts the figures into docs/performance.md, each between the comments that mark its place."""
 
 import datetime
 import pathlib
 import re
-import subprocess
 
+import guard
 import instructions
 import picture
 import tables
@@ -14,34 +14,25 @@ PICTURE = pathlib.Path("docs/performance.svg")
 
 
 def processor():
-    for line in pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8").splitlines():
-        if line.startswith("model name"):
-            return line.split(":")[1].strip()
-    return "unknown processor"
+    cpu = pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8")
+    return re.search(r"^model name\s*: (.*)$", cpu, re.MULTILINE)[1]
 
 
-def compiler():
-    return subprocess.run(["c++", "--version"], stdout=subprocess.PIPE, text=True,
-                          check=True).stdout.splitlines()[0]
-
-
-def put(page, mark, content):
+def replace(page, mark, content):
     pattern = re.compile(f"(<!-- {mark} -->\n).*?(<!-- end of {mark} -->)", re.DOTALL)
-    replaced, count = pattern.subn(lambda found: f"{found[1]}{content}\n{found[2]}", page)
+    page, count = pattern.subn(lambda found: f"{found[1]}{content}\n{found[2]}", page)
     if count != 1:
         raise ValueError(f"{PAGE} has no place for {mark}")
-    return replaced
+    return page
 
 
 def write(report, programs):
+    contents = tables.all_tables(report)
+    contents["machine"] = (f"Measured on {datetime.date.today():%d %B %Y}: {processor()}, "
+                           f"{guard.compiler()}.")
+    contents["profile"] = instructions.table(instructions.measure(programs))
     page = PAGE.read_text(encoding="utf-8")
-    page = put(page, "machine", f"Measured on {datetime.date.today():%d %B %Y}: {processor()}, "
-                                f"{compiler()}.")
-    page = put(page, "figures", tables.main_table(report))
-    page = put(page, "parts", tables.parts_table(report))
-    page = put(page, "single", tables.single_table(report))
-    page = put(page, "merge", tables.merge_table(report))
-    page = put(page, "profile", instructions.table(instructions.measure(programs)))
-    page = put(page, "targets", tables.target_table(report))
+    for mark, content in contents.items():
+        page = replace(page, mark, content)
     PAGE.write_text(page, encoding="utf-8")
     PICTURE.write_text(picture.draw(report), encoding="utf-8")

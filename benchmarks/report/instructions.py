@@ -1,4 +1,4 @@
-"""Where the instructions of the guard's workloads go, by what they are spent on."""
+"""What the instructions of the guard's workloads are spent on."""
 
 import re
 import subprocess
@@ -7,7 +7,7 @@ import tempfile
 import guard
 import tables
 
-# The first pattern that a function's line matches has its instructions.
+# A function belongs to the first pattern that its line matches.
 SHARES = (
     ("allocator", r"malloc\.c|arena\.c|operator (new|delete)"),
     ("inflating", r"libz\.so|libzip|libdeflate"),
@@ -21,7 +21,7 @@ LINE = re.compile(r"^\s*([\d,]+) \([ \d.]+%\)\s+(\S.*)$")
 
 
 def annotate(programs, workload):
-    """Lines of (instructions, function), each function's own instructions alone."""
+    """Yields (instructions, function), without the instructions of called functions."""
     with tempfile.NamedTemporaryFile() as profile:
         guard.count(programs, workload, profile.name)
         output = subprocess.run(["callgrind_annotate", "--threshold=100", profile.name],
@@ -38,14 +38,14 @@ def share_of(function):
 
 
 def measure(programs):
-    """For each workload the part of its instructions that each share has."""
+    """Returns the fraction of each share, by workload."""
     result = {}
     for workload in guard.WORKLOADS:
-        sums = dict.fromkeys([name for name, _ in SHARES] + ["the rest"], 0)
+        counts = dict.fromkeys([name for name, _ in SHARES] + ["the rest"], 0)
         for instructions, function in annotate(programs, workload):
-            sums[share_of(function)] += instructions
-        total = sum(sums.values())
-        result[workload] = {name: count / total for name, count in sums.items()}
+            counts[share_of(function)] += instructions
+        total = sum(counts.values())
+        result[workload] = {name: count / total for name, count in counts.items()}
     return result
 
 

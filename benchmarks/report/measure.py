@@ -1,17 +1,23 @@
-"""Runs the benchmark programs and makes figures of what they print."""
+"""Runs the benchmark programs and turns their output into figures."""
 
 import dataclasses
 import json
 import math
+import resource
 import shutil
 import statistics
 import subprocess
 import sys
 
+import roots
+
+LANGUAGES = ("en", "de", "ja", "ru")
+SINGLE_FILE_PAGES = 8700
+
 
 @dataclasses.dataclass(frozen=True)
 class Effort:
-    processes: int      # of the timed program for each root
+    processes: int      # that time the rows of each root
     repetitions: int    # of each row in a process, all rows shuffled
     seconds: float      # at least, for each repetition
     first_calls: int    # processes for each row
@@ -22,149 +28,130 @@ QUICK = Effort(processes=1, repetitions=2, seconds=0.02, first_calls=5)
 
 
 @dataclasses.dataclass
-class Warm:
-    """Times of one root's rows, "group:name" to a list of seconds a repetition."""
-    times: dict
-    bytes: dict
+class Times:
+    """The seconds of one root's rows: "group:name" to a list with an element per repetition."""
+    seconds: dict
+    bytes: dict = dataclasses.field(default_factory=dict)
+
+    def median(self, row):
+        return statistics.median(self.seconds[row])
 
     def ratio(self, row, base):
-        """Median of the ratios of repetitions that ran side by side."""
-        pairs = zip(self.times[row], self.times[base])
-        return statistics.median(time / of for time, of in pairs)
-
-    def seconds(self, row):
-        return statistics.median(self.times[row])
+        """The median of the ratios of repetitions that ran together."""
+        return statistics.median(a / b for a, b in zip(self.seconds[row], self.seconds[base]))
 
 
 @dataclasses.dataclass
 class Report:
     root: str
-    warm: Warm
-    parts: Warm
-    first: Warm
+    warm: Times
+    first: Times
     memory: dict
     growth: dict = dataclasses.field(default_factory=dict)
-    single: dict = dataclasses.field(default_factory=dict)
-    merge: dict = dataclasses.field(default_factory=dict)
+    single: "Report" = None
+    checks: list = dataclasses.field(default_factory=list)
 
     def rows(self, group):
-        return [row for row in self.warm.times if row.split(":")[0] == group]
+        return [row for row in self.warm.seconds if row.split(":")[0] == group]
 
     def groups(self):
-        return list(dict.fromkeys(row.split(":")[0] for row in self.warm.times))
+        return list(dict.fromkeys(row.split(":")[0] for row in self.warm.seconds))
 
 
-def say(text):
-    print(f"== {text}", file=sys.stderr, flush=True)
-
-
-def run(*command):
-    done = subprocess.run([str(part) for part in command], stdout=subprocess.PIPE, text=True)
+def run(program, *arguments):
+    print("==", program.name, *arguments, file=sys.stderr, flush=True)
+    done = subprocess.run([str(program), *map(str, arguments)], stdout=subprocess.PIPE, text=True)
     if done.returncode != 0:
-        sys.exit(f"{command[0]} failed with status {done.returncode}")
+        sys.exit(f"{program} failed with status {done.returncode}")
     return done.stdout
 
 
-def generate(programs, root, count):
-    say(f"Generating {root}")
+def generate(root, *counts):
     shutil.rmtree(root, ignore_errors=True)
-    run(programs / "docparser_generate", root, count)
+    roots.generate(root, *counts)
     return root
 
 
-def generate_single(programs, root, size):
-    say(f"Generating {root}")
-    shutil.rmtree(root, ignore_errors=True)
-    run(programs / "docparser_generate", "--single", root, size)
-    return root
+def run_rows(program, root, *options):
+    """Yields (row, result) for each repetition, in the order of the rows."""
+    results = json.loads(run(program, root, "--benchmark_format=json", *options))["benchmarks"]
+    results = [result for result in results if result["run_type"] == "iteration"]
+    results.sort(key=lambda each: (each["family_index"], each["repetition_index"]))
+    for result in results:
+        yield result["run_name"].removesuffix("/manual_time"), result
 
 
-def timed_process(programs, root, effort, *options):
-    """One process with every row shuffled among the others, as Google Benchmark's results."""
-    output = run(programs / "docparser_benchmark", f"--root={root}", *options,
-                 f"--benchmark_repetitions={effort.repetitions}",
-                 f"--benchmark_min_time={effort.seconds}",
-                 "--benchmark_enable_random_interleaving=true",
-                 "--benchmark_format=json")
-    results = json.loads(output)["benchmarks"]
-    return [result for result in results if result["run_type"] == "iteration"]
-
-
-def measure_warm(programs, root, effort, *options):
-    times = {}
-    sizes = {}
-    for process in range(effort.processes):
-        say(f"Timing {root}{' ' if options else ''}{' '.join(options)}, "
-            f"process {process + 1} of {effort.processes}")
-        for result in sorted(timed_process(programs, root, effort, *options),
-                             key=lambda each: (each["family_index"], each["repetition_index"])):
-            row = result["run_name"].removesuffix("/manual_time")
-            seconds = result["real_time"] / 1e3
-            times.setdefault(row, []).append(seconds)
-            sizes[row] = result.get("bytes_per_second", 0) * seconds
-    return Warm(times, sizes)
+def measure_times(programs, root, effort):
+    times = Times({})
+    for _ in range(effort.processes):
+        for row, result in run_rows(programs / "docparser_benchmark", root,
+                                    f"--benchmark_repetitions={effort.repetitions}",
+                                    f"--benchmark_min_time={effort.seconds}",
+                                    "--benchmark_enable_random_interleaving=true"):
+            times.seconds.setdefault(row, []).append(result["real_time"] / 1e3)
+            times.bytes[row] = result["bytes"]
+    return times
 
 
 def measure_first_calls(programs, root, rows, effort):
-    """Each row in a process of its own, all rows by turns."""
-    say(f"Timing first calls of {root}")
-    times = {row: [] for row in rows}
+    """Each row in a process of its own, all rows in turn."""
+    times = Times({row: [] for row in rows})
     for turn in range(effort.first_calls):
         for row in rows[turn % len(rows):] + rows[:turn % len(rows)]:
-            times[row].append(float(run(programs / "docparser_first_call", root, row)))
-    return Warm(times, {})
+            seconds = run(programs / "docparser_benchmark", root, "--first-call", row)
+            times.seconds[row].append(float(seconds))
+    return times
 
 
 def measure_memory(programs, root):
-    say(f"Counting the memory of {root}")
-    lines = run(programs / "docparser_memory", root).splitlines()
-    return {line["row"]: line for line in map(json.loads, lines)}
+    return dict(run_rows(programs / "docparser_memory", root, "--benchmark_min_time=0"))
 
 
 def measure_root(programs, root, effort):
-    warm = measure_warm(programs, root, effort)
-    first_rows = [row for row in warm.times if not row.endswith("parse and copy")]
+    warm = measure_times(programs, root, effort)
+    first_rows = [row for row in warm.seconds if not row.endswith("parse and copy")]
     return Report(root=str(root), warm=warm,
-                  parts=measure_warm(programs, root, effort, "--parts"),
                   first=measure_first_calls(programs, root, first_rows, effort),
                   memory=measure_memory(programs, root))
 
 
-def measure_growth(programs, root, effort):
-    fewer = dataclasses.replace(effort, processes=1)
-    return measure_warm(programs, root, fewer)
-
-
 def growth_of(sizes):
     """For each row the exponent of time over bytes, by least squares of the logarithms."""
-    return {row: exponent([(size.bytes[row], size.seconds(row)) for size in sizes])
-            for row in sizes[0].times if all(row in size.times for size in sizes)}
+    return {row: exponent([(times.bytes[row], times.median(row)) for times in sizes])
+            for row in sizes[0].seconds if all(row in times.seconds for times in sizes)}
 
 
 def exponent(points):
-    logs = [(math.log(size), math.log(time)) for size, time in points]
-    mean_size = statistics.fmean(size for size, _ in logs)
-    mean_time = statistics.fmean(time for _, time in logs)
-    spread = sum((size - mean_size) ** 2 for size, _ in logs)
-    return sum((size - mean_size) * (time - mean_time) for size, time in logs) / spread
+    sizes, times = zip(*((math.log(size), math.log(time)) for size, time in points))
+    return statistics.linear_regression(sizes, times).slope
 
 
-def measure_single(programs, root, effort):
-    """The parts of reading one large file: milliseconds a MB and peak bytes a byte."""
-    options = ("--parts", "--benchmark_filter=full/parts")
-    warm = measure_warm(programs, root, effort, *options)
-    memory = measure_memory(programs, root)
-    return {row: {"ms_per_mb": warm.seconds(row) * 1e3 / (warm.bytes[row] / 1e6),
-                  "ratio": warm.ratio(row, "full/parts:parse"),
-                  "peak": memory[row]["peak"]}
-            for row in warm.times}
+def measure_check(programs, root, languages, limit, effort):
+    """What `refdoc check` of a root costs, as a process, compared with loading the root."""
+    refdoc = programs.parent / "tools/refdoc/refdoc"
+    loads = []
+    checks = []
+    for _ in range(effort.first_calls):
+        loads.append(float(run(programs / "docparser_benchmark", root, "--load", *languages)))
+        before = resource.getrusage(resource.RUSAGE_CHILDREN)
+        summary = subprocess.run([str(refdoc), "check", "--langs", ",".join(languages), str(root)],
+                                 stdout=subprocess.PIPE, text=True).stdout.splitlines()[-1]
+        after = resource.getrusage(resource.RUSAGE_CHILDREN)
+        checks.append(after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime)
+    return {"root": root.name, "languages": len(languages), "load": statistics.median(loads),
+            "check": statistics.median(checks), "findings": summary, "limit": limit,
+            "ratio": statistics.median(check / load for check, load in zip(checks, loads))}
 
 
-def measure_merge(programs):
-    """Milliseconds for n names, and how well n log n fits them."""
-    say("Timing merges")
-    output = run(programs / "docparser_merge_benchmark", "--benchmark_format=json")
-    results = json.loads(output)["benchmarks"]
-    return {"times": {int(each["name"].rsplit("/")[-1]): each["cpu_time"]
-                      for each in results if each["run_type"] == "iteration"},
-            "rms": next(each["rms"] for each in results if each["name"].endswith("_RMS"))}
+def measure_generated(programs, folder, effort):
+    sizes = [generate(folder / str(count), count) for count in (50, 200, 800)]
+    single = generate(folder / "single", 1, SINGLE_FILE_PAGES)
+    report = measure_root(programs, sizes[1], effort)
+    fewer = dataclasses.replace(effort, processes=1)
+    report.growth = growth_of([measure_times(programs, sizes[0], fewer), report.warm,
+                               measure_times(programs, sizes[2], fewer)])
+    report.single = Report(root=str(single), warm=measure_times(programs, single, fewer),
+                           first=Times({}), memory=measure_memory(programs, single))
+    report.checks = [measure_check(programs, root, languages, limit, effort)
+                     for root in sizes[1:] for languages, limit in ((LANGUAGES, 2), (["en"], 4))]
+    return report

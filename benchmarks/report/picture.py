@@ -1,16 +1,16 @@
-"""The table's times as a picture: a horizontal bar a row, as a multiple of the best peer's."""
+"""Draws the times of the table as bars, as multiples of the best peer's."""
 
 import html
 
 import tables
 
 WIDTH = 860
-LABEL = 170        # room for the rows' names
-VALUE = 150        # room for the figures behind the bars
+LABEL = 170        # room for the names of the rows
+VALUE = 150        # room for the figures after the bars
 BAR = 16
 STEP = 22
 GROUP_GAP = 44
-LONGEST = 2.5      # longer bars are cut off
+LONGEST = 2.5      # longer bars are cut
 COLORS = {"library": "#1f6f8b", "floor": "#b8c4cc", "peer": "#8fa3ad"}
 FONT = 'font-family="sans-serif" font-size="13"'
 
@@ -25,7 +25,7 @@ def kind_of(name):
     return "peer" if name in tables.PEERS else "floor"
 
 
-def bar(y, name, ratio, kept_text):
+def bar(y, name, ratio, suffix):
     room = WIDTH - LABEL - VALUE
     length = room * min(ratio, LONGEST) / LONGEST
     weight = 'font-weight="bold"' if name == "library" else ""
@@ -33,10 +33,10 @@ def bar(y, name, ratio, kept_text):
         text(LABEL - 10, y + 13, name, f'text-anchor="end" {weight}'),
         f'<rect x="{LABEL}" y="{y}" width="{length:.1f}" height="{BAR}" '
         f'fill="{COLORS[kind_of(name)]}"/>',
-        text(LABEL + length + 8, y + 13, f"{ratio:.2f}{kept_text}", weight),
+        text(LABEL + length + 8, y + 13, f"{ratio:.2f}{suffix}", weight),
     ]
     if ratio > LONGEST:
-        # The cut shows that the bar goes on.
+        # A gap shows that the bar is cut.
         x = LABEL + length - 14
         shapes.append(f'<path d="M{x} {y + BAR} l6 -{BAR} h4 l-6 {BAR} z" fill="#fff"/>')
     return shapes
@@ -59,7 +59,7 @@ def draw(report):
     line = (f'<line x1="{one:.1f}" y1="52" x2="{one:.1f}" y2="{height - GROUP_GAP}" '
             'stroke="#666" stroke-dasharray="3 3"/>')
     title = text(20, 26, "Processor time as a multiple of the time of the best other JSON library",
-                 'font-size="16"').replace('font-size="13" ', "", 1)
+                 'font-weight="bold"')
     return "\n".join([
         f'<svg xmlns="http://www.w3.org/2000/svg" width="{WIDTH}" height="{height}" '
         f'viewBox="0 0 {WIDTH} {height}">',

@@ -1,36 +1,43 @@
 #include "benchmarks/rows/Corpus.hpp"
 
-#include "benchmarks/harness/BenchmarkHost.hpp"
+#include "benchmarks/harness/Host.hpp"
+#include "benchmarks/peers/Peers.hpp"
 #include "docparser/DocResourceParser.hpp"
+#include "docparser/retrieval/LookupFiles.hpp"
+#include "platform/i18n/Converter.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace reference::docparser::benchmarks {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-const std::vector<std::string> kTranslations = {"de", "ja", "ru"};
-
-bool isTranslation(const std::string& stem) {
-    return std::ranges::any_of(
-        kTranslations, [&](const std::string& language) { return stem.ends_with("_" + language); });
+std::string readFile(const std::string& path) {
+    std::string text;
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return text;
+    struct stat status {};
+    if (::fstat(file, &status) == 0) {
+        const auto size = static_cast<std::size_t>(status.st_size);
+        text.reserve(size + kSpareBytes);
+        text.resize(size);
+        if (::read(file, text.data(), size) != status.st_size)
+            text.clear();
+    }
+    ::close(file);
+    return text;
 }
 
-// As a program makes it that has just read a file: with room behind the text.
-void addText(std::vector<ProductText>& texts, const fs::path& file, const std::u16string& product) {
-    if (std::string text = readFile(file); !text.empty())
-        texts.push_back({std::move(text), product});
-}
-
-} // namespace
-
-Corpus::Corpus(fs::path root)
-    : fullFolder_(root / "docCatalog" / "referenceapi"),
-      lookupFolder_(root / "docCatalog" / "referenceapi_lookup") {
+Corpus::Corpus(const fs::path& root, std::vector<std::string> languages)
+    : languages_(std::move(languages)),
+      fullFolder_(root / "docCatalog" / "referenceapi"),
+      lookupFolder_((root / "docCatalog" / "referenceapi_lookup").u16string()) {
     for (const fs::directory_entry& entry : fs::directory_iterator(fullFolder_)) {
         const fs::path& path = entry.path();
         if (path.extension() == ".json" && !isTranslation(path.stem()))
@@ -42,54 +49,69 @@ Corpus::Corpus(fs::path root)
             installed_.push_back(products_[index]);
     }
     DocResourceParser::setReferenceRoot(root.u16string());
-    setLanguage("en");
+}
+
+bool Corpus::isTranslation(const std::string& stem) const {
+    return std::ranges::any_of(languages_, [&](const std::string& language) {
+        return language != "en" && stem.ends_with("_" + language);
+    });
+}
+
+bool Corpus::isInstalled(const std::u16string& product) const {
+    return std::ranges::binary_search(installed_, product);
+}
+
+std::string Corpus::fullFile(const std::u16string& product, const std::string& language) const {
+    std::string file = (fullFolder_ / product).string();
+    if (language != "en")
+        file.append("_").append(language);
+    return file.append(".json");
 }
 
 void Corpus::keepTypicalProduct() {
-    const auto length = [this](const std::u16string& product) {
-        return fs::file_size((fullFolder_ / product).concat(".json"));
+    const auto size = [this](const std::u16string& product) {
+        return fs::file_size(fullFile(product, "en"));
     };
-    const auto middle = products_.begin() + static_cast<std::ptrdiff_t>(products_.size() / 2);
-    std::ranges::nth_element(products_, middle, {}, length);
-    products_ = {*middle};
+    const auto median = products_.begin() + static_cast<std::ptrdiff_t>(products_.size() / 2);
+    std::ranges::nth_element(products_, median, {}, size);
+    products_ = {*median};
 }
 
-std::vector<ProductText> Corpus::fullTexts() const {
-    std::vector<ProductText> texts;
-    for (const std::u16string& product : products_) {
-        const fs::path stem = fullFolder_ / product;
-        addText(texts, fs::path(stem).concat(".json"), product);
-        for (const std::string& language : kTranslations)
-            addText(texts, fs::path(stem).concat("_" + language + ".json"), product);
+void Corpus::setLanguage(const std::string& language) const {
+    std::vector<std::u16string> supported;
+    for (const std::string& each : languages_)
+        supported.push_back(fl::i18n::to_ustring(each));
+    setHost(fl::i18n::to_ustring(language), supported, installed_);
+}
+
+std::vector<std::string> Corpus::fullTexts(const std::u16string& product,
+                                           const std::vector<std::string>& languages) const {
+    std::vector<std::string> texts;
+    for (const std::string& language : languages) {
+        if (std::string text = readFile(fullFile(product, language)); !text.empty())
+            texts.push_back(std::move(text));
     }
     return texts;
 }
 
-std::vector<ProductText> Corpus::fullTexts(const std::u16string& product,
-                                           const std::string& language) const {
-    std::vector<ProductText> texts;
-    const fs::path stem = fullFolder_ / product;
-    addText(texts, fs::path(stem).concat(".json"), product);
-    addText(texts, fs::path(stem).concat("_" + language + ".json"), product);
-    return texts;
+std::vector<ProductText> Corpus::allFullTexts() const {
+    std::vector<ProductText> all;
+    for (const std::u16string& product : products_) {
+        for (std::string& text : fullTexts(product, languages_))
+            all.push_back({product, std::move(text)});
+    }
+    return all;
 }
 
-std::vector<ProductText> Corpus::lookupTexts(const std::string& language) const {
+std::vector<ProductText> Corpus::lookupTexts() const {
     std::vector<ProductText> texts;
-    const auto collect = [&texts](std::string text, const std::u16string& product) {
-        texts.push_back({std::move(text), product});
+    const auto collect = [&](std::string text, const std::u16string& product, RetrievalObserver&) {
+        texts.push_back({product, std::move(text)});
         return LookupMap();
     };
-    retrieveLookups(lookupFolder_, lookupSettings(language), collect);
+    collectLookupFiles(
+        lookupFolder_, collect, [](const std::u16string&) { return false; }, unobserved);
     return texts;
-}
-
-LookupSettings Corpus::lookupSettings(const std::string& language) const {
-    return {language, kTranslations, {installed_.begin(), installed_.end()}};
-}
-
-void Corpus::setLanguage(const std::string& language) const {
-    setBenchmarkHost(fs::path(language).u16string(), installed_);
 }
 
 } // namespace reference::docparser::benchmarks

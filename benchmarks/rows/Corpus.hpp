@@ -1,7 +1,5 @@
 #pragma once
 
-#include "benchmarks/peers/PeerRetrieval.hpp"
-
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -9,45 +7,53 @@
 
 namespace reference::docparser::benchmarks {
 
-/// A resource file's text and the product that it is read for.
+/// The text of a resource file, and the product that it is read for.
 struct ProductText {
-    std::string text;
     std::u16string product;
+    std::string text;
 };
 
-/// The products and texts of one reference root that the rows work on.
+/// Reads a file, with kSpareBytes of room at the end; empty if it cannot be read.
+std::string readFile(const std::string& path);
+
+/// The products and texts of one reference root.
 class Corpus {
 public:
-    /// Lists the root's products and makes the root the library's. Two products in three count as
-    /// installed.
-    /// \throws std::exception  the root has no reference folders
-    explicit Corpus(std::filesystem::path root);
+    /// Lists the root's products and makes the root the library's.
+    /// \param languages  the supported languages; files of others count as products
+    /// \throws std::filesystem::filesystem_error  the root has no folder of full files
+    Corpus(const std::filesystem::path& root, std::vector<std::string> languages);
 
-    const std::filesystem::path& fullFolder() const noexcept { return fullFolder_; }
-    const std::filesystem::path& lookupFolder() const noexcept { return lookupFolder_; }
-    /// The names of the products that have an English full file, sorted.
-    const std::vector<std::u16string>& products() const noexcept { return products_; }
+    const std::vector<std::string>& languages() const { return languages_; }
+    /// The products that have an English full file, in order.
+    const std::vector<std::u16string>& products() const { return products_; }
+    const std::u16string& lookupFolder() const { return lookupFolder_; }
+    /// Two products in three count as installed.
+    bool isInstalled(const std::u16string& product) const;
+    std::string fullFile(const std::u16string& product, const std::string& language) const;
 
-    /// Leaves only the product whose English full file is of middle length.
+    /// Removes all products except the one whose English full file has the median size.
     void keepTypicalProduct();
 
-    /// Every full file of the products, translations included.
-    std::vector<ProductText> fullTexts() const;
-    /// The full files of one product that are read in a language, English first.
-    std::vector<ProductText> fullTexts(const std::u16string& product,
-                                       const std::string& language) const;
-    /// The lookup files that a retrieval in a language reads, in its order.
-    std::vector<ProductText> lookupTexts(const std::string& language) const;
-
-    LookupSettings lookupSettings(const std::string& language) const;
-    /// Puts the library's host in a language.
+    /// Makes `language` the library's documentation language.
     void setLanguage(const std::string& language) const;
 
+    /// Returns a product's full files in some languages; those that do not exist are left out.
+    std::vector<std::string> fullTexts(const std::u16string& product,
+                                       const std::vector<std::string>& languages) const;
+    /// Returns the full files of every product in every language.
+    std::vector<ProductText> allFullTexts() const;
+    /// Returns the lookup files that a retrieval in the library's language reads, in its order.
+    std::vector<ProductText> lookupTexts() const;
+
 private:
+    bool isTranslation(const std::string& stem) const;
+
+    std::vector<std::string> languages_;
     std::filesystem::path fullFolder_;
-    std::filesystem::path lookupFolder_;
+    std::u16string lookupFolder_;
     std::vector<std::u16string> products_;
-    std::vector<std::u16string> installed_;
+    std::vector<std::u16string> installed_; // in order
 };
 
 } // namespace reference::docparser::benchmarks

@@ -208,10 +208,10 @@ void AccountRecorder::fileConcluded(const std::exception_ptr& failure) noexcept 
         // A merge reports the names that it adds before the names that both sections have.
         for (SectionAccount& section : file.sections)
             std::ranges::stable_sort(section.records, {}, &RecordAccount::name);
-        if (!failure)
-            file.fate = fateOfUsedFile(file.sections);
-        else if (open.readFailure)
+        if (open.readFailure)
             applyReason(*open.readFailure, file);
+        else if (!failure)
+            file.fate = fateOfUsedFile(file.sections);
         else if (file.role == FileRole::Package)
             applyReason(reasonOfOpening(file.path, failure), file);
         else

@@ -46,14 +46,15 @@ void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
 
 } // namespace
 
-std::string openAndReadFile(const std::u16string& path, RetrievalObserver& observer) {
+std::optional<std::string> openAndReadFile(const std::u16string& path,
+                                           RetrievalObserver& observer) {
     announceReading(path);
-    std::string content;
     fl::filesystem::ifstream stream = openFile(path, observer);
     if (!stream.is_open()) {
         observer.readFailed(nullptr);
-        return content;
+        return std::nullopt;
     }
+    std::string content;
     // Nothing is thrown: the parser rejects a string that was not read completely.
     if (const auto failure = platform::failureOf([&] { readWhole(stream, content); })) {
         observer.readFailed(failure);
@@ -63,7 +64,7 @@ std::string openAndReadFile(const std::u16string& path, RetrievalObserver& obser
 }
 
 std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& observer) {
-    return openAndReadFile(product.getFullPath(), observer);
+    return openAndReadFile(product.getFullPath(), observer).value_or(std::string());
 }
 
 std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer) {

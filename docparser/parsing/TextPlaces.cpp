@@ -134,7 +134,13 @@ private:
         return isThere;
     }
 
-    void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
+    void skipSpace() {
+        const auto isSpace = [](char character) {
+            return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+        };
+        while (at_ < text_.size() && isSpace(text_[at_]))
+            ++at_;
+    }
 
     void skipString() {
         std::size_t quote = text_.find('"', ++at_);

@@ -1,11 +1,11 @@
-"""Turns a Markdown page, as it is read in the source tree, into one for Doxygen.
+"""Converts a Markdown page of the source tree for Doxygen.
 
   filter_markdown.py FILE    writes the page to standard output
 
 - Headings get the anchors that links in the source tree use: "page" and "page-section".
-- Links to pages, sections and public headers become references; the pages that a README lists or has
-  in a table become its sub-pages.
-- Other links into the source tree keep their text only.
+- Links to pages, sections and public headers become references. Pages in a list or table of a README
+  become its sub-pages.
+- Other links into the source tree become plain text.
 """
 
 import pathlib
@@ -17,7 +17,7 @@ LINK = re.compile(r"(?<!!)\[([^\]]*)\]\(([^)#]*)(?:#([^)]*))?\)")
 
 
 def page_name(file):
-    """The name of a page; None for what is no page."""
+    """Returns the name of a page, or None if the file is not a page."""
     path = file.relative_to(ROOT).with_suffix("")
     if path.parts[0] not in ("docs", "examples") or file.suffix != ".md" or not file.exists():
         return None
@@ -26,13 +26,13 @@ def page_name(file):
 
 
 def section_name(heading):
-    """The anchor of a heading, as web views of the source tree make it."""
+    """Returns the anchor that web views of the source tree generate for a heading."""
     words = re.sub(r"[^\w\- ]", "", heading.lower())
     return words.strip().replace(" ", "-")
 
 
 def class_of(header):
-    """The qualified name of the main class of a public header; None when there is none."""
+    """Returns the qualified name of the main class of a public header, or None."""
     text = header.read_text(encoding="utf-8")
     namespace = re.search(r"^namespace ([\w:]+) \{", text, re.MULTILINE)
     name = re.search(rf"^(?:class|struct) (?:\w+ )?({header.stem})\b", text, re.MULTILINE)
@@ -58,7 +58,7 @@ class Page:
         page = page_name(target)
         reference = page or (class_of(target) if target.suffix == ".hpp" else None)
         if not target.exists():
-            reference = path  # Doxygen complains about it.
+            reference = path  # Doxygen warns that the target is missing.
         if reference is None:
             return text
         if section:
@@ -71,7 +71,7 @@ class Page:
         return self.heading(line) if re.match(r"#+ ", line) else line
 
     def prose(self, lines):
-        """Text between blocks of code; a link may run over the end of a line."""
+        """Converts text between code blocks. A link may span two lines."""
         text = "\n".join(map(self.line, lines))
 
         def link(match):

@@ -10,8 +10,8 @@ build_packages=(
     libboost-log1.81-dev
     libzip-dev
     libdeflate-dev
-    libcli11-dev
     libfmt-dev
+    libutf8proc-dev
 )
 
 # For the tests and benchmarks, besides.
@@ -24,6 +24,7 @@ test_packages=(
     zlib1g-dev
     python3
     mandoc
+    shellcheck
     zsh
     fish
 )
@@ -52,7 +53,6 @@ windows_packages=(
     g++-mingw-w64-x86-64-posix
     libz-mingw-w64-dev
     googletest
-    libcli11-dev
     libvalijson-dev
     cmake
     ninja-build

@@ -149,12 +149,18 @@ build_fmt() {
     cross_build "$source" "$prefix" -DFMT_DOC=OFF -DFMT_TEST=OFF
 }
 
+build_utf8proc() {
+    local archives=$1 prefix=$2 source=$3/utf8proc
+    unpack "$archives"/utf8proc_*.orig.tar.gz "$source"
+    cross_build "$source" "$prefix" -DBUILD_SHARED_LIBS=OFF -DUTF8PROC_ENABLE_TESTING=OFF
+}
+
 # Libraries of headers alone are the same on every system.
 copy_headers() {
     local prefix=$1
-    cp --recursive /usr/include/{CLI,valijson} "$prefix/include/"
+    cp --recursive /usr/include/valijson "$prefix/include/"
     mkdir -p "$prefix/share/cmake"
-    cp --recursive /usr/share/cmake/{CLI11,valijson} "$prefix/share/cmake/"
+    cp --recursive /usr/share/cmake/valijson "$prefix/share/cmake/"
 }
 
 copy_compiler_dlls() {
@@ -172,6 +178,7 @@ copy_licences() {
     cp "$source/libzip/LICENSE" "$prefix/licences/libzip.txt"
     cp "$source/libdeflate/COPYING" "$prefix/licences/libdeflate.txt"
     cp "$source/fmt/LICENSE.rst" "$prefix/licences/fmt.txt"
+    cp "$source/utf8proc/LICENSE.md" "$prefix/licences/utf8proc.txt"
     for package in libz-mingw-w64-dev gcc-mingw-w64-base mingw-w64-x86-64-dev; do
         cp "/usr/share/doc/$package/copyright" "$prefix/licences/$package.txt"
     done
@@ -189,13 +196,14 @@ provide_windows_dependencies() {
     local scratch=$prefix.scratch
     rm -rf "$prefix" "$scratch"
     mkdir -p "$prefix" "$scratch"
-    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib"
-    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib
+    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib utf8proc"
+    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib utf8proc
     say "Building the libraries and GoogleTest for Windows into $prefix; this takes a few minutes"
     build_boost "$scratch/archives" "$prefix" "$scratch"
     build_libzip "$scratch/archives" "$prefix" "$scratch"
     build_libdeflate "$scratch/archives" "$prefix" "$scratch"
     build_fmt "$scratch/archives" "$prefix" "$scratch"
+    build_utf8proc "$scratch/archives" "$prefix" "$scratch"
     cp --recursive /usr/src/googletest "$scratch/googletest"
     cross_build "$scratch/googletest" "$prefix"
     copy_headers "$prefix"

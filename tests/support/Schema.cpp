@@ -19,8 +19,10 @@ struct Schema::Parsed {
     valijson::Schema schema;
 };
 
-Schema::Schema(const std::string& name)
+Schema::Schema(const std::string& name, const std::string& definition)
     : text_(readJson(std::filesystem::path(SCHEMA_FOLDER) / name)) {
+    if (!definition.empty())
+        text_.at("oneOf") = json::array{{{"$ref", "#/definitions/" + definition}}};
     auto parsed = std::make_unique<Parsed>();
     valijson::SchemaParser(valijson::SchemaParser::kDraft7)
         .populateSchema(BoostJsonAdapter(text_), parsed->schema);

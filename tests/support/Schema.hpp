@@ -11,9 +11,12 @@ namespace docparser_tests {
 /// One of the JSON Schemas in the folder `schema/`, as a validator understands it.
 class Schema {
 public:
-    /// \param name  the schema's file
-    /// \throws std::exception  there is no such file, or it is no schema
-    explicit Schema(const std::string& name);
+    /// \param name        the schema's file
+    /// \param definition  one of its definitions, which alone documents are validated by; empty:
+    /// the
+    ///                    whole schema
+    /// \throws std::exception  there is no such file or definition, or the file is not a schema
+    explicit Schema(const std::string& name, const std::string& definition = {});
     ~Schema();
 
     /// The schema itself.

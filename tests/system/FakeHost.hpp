@@ -12,10 +12,10 @@
 
 namespace docparser_tests {
 
-/// A host whose answers a test chooses, and which counts what it is asked.
+/// A host application with answers chosen by a test. It records each call.
 ///
-/// What it answers is set before the library may ask; after that any thread may ask it. Each hook
-/// runs in the middle of a question, on the asking thread, and may throw or wait.
+/// Set the answers before the library can call the host; after that, any thread may call it. A hook
+/// runs during the call, on the calling thread, and may throw or block.
 class FakeHost : public platform::HostServices {
 public:
     using Packages = std::unordered_set<std::u16string>;
@@ -31,17 +31,17 @@ public:
     std::function<void()> onPackageRoot;
     std::function<void()> onPackages;
 
-    /// Names the installed top-level products.
+    /// Sets the short names of the installed top-level products.
     void install(const std::vector<std::string>& shortNames);
 
-    /// Every question so far in its order, as "language", "languages", "products", "package root"
-    /// or "packages below " and the folder.
+    /// Returns all calls so far, in order: "language", "languages", "products", "package root", or
+    /// "packages below " followed by the folder.
     std::vector<std::string> questions() const;
 
-    /// How often a question was asked.
+    /// Returns how often a question was asked.
     long count(std::string_view question) const;
 
-    /// Makes as if nothing had been asked, and gives the memory of the questions back.
+    /// Clears the list of questions and releases its memory.
     void forgetQuestions();
 
     std::u16string installPath() const override;
@@ -60,7 +60,7 @@ private:
     mutable std::vector<std::string> questions_;
 };
 
-/// A catalogue record of this short name whose other texts are empty.
+/// Returns a catalogue record with this short name. Its other strings are empty.
 std::shared_ptr<const docproduct::TopLevelDocProduct> makeProduct(const std::string& shortName);
 
 } // namespace docparser_tests

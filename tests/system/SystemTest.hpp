@@ -33,15 +33,15 @@ using reference::property::RefItemLookup;
 using Resources = ResourceMap<RefItem>;
 using Lookups = ParsingResults<ResourceMap<RefItemLookup>>;
 
-/// Whether retrievals are to report to an account in every test, which must change nothing: ctest
-/// runs these tests both ways.
+/// Returns true if every test records its retrievals in an account. ctest runs the tests with and
+/// without, because an account must not change any result.
 bool isObserved();
 
-/// A scope with an account of its own on the calling thread, if isObserved().
+/// If isObserved(), opens a scope with its own account on the calling thread.
 class ObservedThread {
 public:
     ObservedThread();
-    /// An account that is not complete fails the test.
+    /// Fails the test if the account is incomplete.
     ~ObservedThread();
 
     /// Empties the account and releases its memory.
@@ -52,8 +52,8 @@ private:
     std::optional<reference::docparser::LoadAccount::Scope> scope_;
 };
 
-/// A reference root and a support-package root in a folder of their own, in force together with a
-/// FakeHost. The destructor puts the process-wide settings back.
+/// Creates a temporary reference root and support-package root and sets them, together with a
+/// FakeHost. The destructor restores the process-wide settings.
 class SystemTest : public testing::Test {
 protected:
     SystemTest();
@@ -63,19 +63,19 @@ protected:
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();
     mutable ObservedThread observed;
 
-    /// The reference root, UTF-16.
+    /// Returns the path of the reference root in UTF-16.
     std::u16string root() const;
-    /// Where a file of the reference-API folder, or of the support-package folder, has its path.
+    /// Return the path of a file in the reference-API, support-package or lookup folder.
     std::string apiPath(std::string_view file) const;
     std::string supportPath(std::string_view file) const;
     std::string lookupPath(std::string_view file) const;
 
-    /// Write a file into the reference-API folder, the support-package folder or the lookup folder.
+    /// Write a file into the reference-API, support-package or lookup folder.
     void addApi(const std::string& file, std::string_view text) const;
     void addSupport(const std::string& file, std::string_view text) const;
     void addLookup(const std::string& file, std::string_view text) const;
 
-    /// Makes this the documentation language, and one of the supported languages.
+    /// Sets the documentation language and adds it to the supported languages.
     void setLanguage(const std::u16string& language) const;
 
 private:
@@ -83,27 +83,27 @@ private:
     const std::uint32_t maskBefore_;
 };
 
-/// The header that ResourceText writes for a help folder, in a file asked for by `product`.
+/// Returns the header that ResourceText writes for a help folder, in a file of `product`.
 HeaderInfo header(const std::u16string& helpFolder, const std::u16string& product);
 
-/// A full record with these two texts and nothing else.
+/// Returns a full record with these two strings; all other fields have their defaults.
 RefItem record(const std::u16string& href, const std::u16string& refPurpose);
 
-/// A lookup record with these texts and nothing else.
+/// Returns a lookup record with these strings; all other fields have their defaults.
 RefItemLookup lookupRecord(const std::u16string& name, const std::u16string& href,
                            const std::u16string& refPurpose);
 
-/// A section of full records as ResourceText writes them, each an href and a purpose.
+/// Returns a section with one full record for each href and purpose, as ResourceText writes it.
 DocResource<RefItem> section(const std::u16string& helpFolder, const std::u16string& product,
                              const std::map<std::u16string, std::u16string>& purposes);
 
-/// A section of lookup records as ResourceText writes them.
+/// Returns a section of lookup records as ResourceText writes it.
 DocResource<RefItemLookup> lookupSection(const std::u16string& helpFolder,
                                          const std::u16string& product,
                                          const std::vector<RefItemLookup>& records);
 
-/// What getResourceFile() returns, or nothing when it throws DocParserException; a failure of the
-/// test when the exception names another product.
+/// Returns the result of getResourceFile(), or nullopt if it throws DocParserException. Fails the
+/// test if the exception names another product.
 std::optional<Resources> findResources(const std::u16string& product);
 
 } // namespace docparser_tests

@@ -1,16 +1,12 @@
 #include "platform/except/IException.hpp"
 #include "platform/terminal/Pager.hpp"
 #include "platform/terminal/ProgramText.hpp"
-#include "tools/refdoc/check/CheckCommand.hpp"
-#include "tools/refdoc/cli/Answer.hpp"
+#include "tools/refdoc/Commands.hpp"
+#include "tools/refdoc/cli/CommandLine.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/complete/Completion.hpp"
-#include "tools/refdoc/explain/ExplainCommand.hpp"
-#include "tools/refdoc/lookup/LookupCommand.hpp"
-#include "tools/refdoc/products/ProductsCommand.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/LanguageNote.hpp"
-#include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/LogToStderr.hpp"
 #include "tools/refdoc/terminal/PageSetup.hpp"
@@ -32,24 +28,14 @@ namespace {
 
 using namespace refdoc;
 
-Answer runWith(const Options& options, const PageSetup& setup) {
-    switch (options.command) {
-    case Command::Show: return runShow(options, setup);
-    case Command::Lookup: return runLookup(options, setup);
-    case Command::Explain: return runExplain(options, setup);
-    case Command::Check: return runCheck(options, setup);
-    case Command::Products: break;
-    }
-    return runProducts(options, setup);
-}
-
-Answer runCommand(const Options& options) {
+Answer runCommand(const CommandLine& line) {
+    const Options options = readOptions(line);
     if (options.verbose)
         logToStandardError();
     applyOptions(options);
     const platform::OutputDevice device = platform::askStandardOutput();
     const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());
-    Answer answer = runWith(options, setup);
+    Answer answer = line.command->run(options, setup);
     if (options.format != OutputFormat::Text)
         return answer;
     if (std::optional<std::string> note = unsupportedLanguageNote(options))
@@ -64,14 +50,16 @@ Answer failure(const std::string& reason) {
 }
 
 Answer answerTo(const std::vector<std::string>& arguments) {
-    // Not in the table of commands: it is for the completion scripts, not for people.
+    // Not in the table: the command is for the completion scripts, and the table's options before
+    // and after it belong to the command line that is being completed.
     if (!arguments.empty() && arguments.front() == "complete")
-        return {.output = completionsOf({arguments.begin() + 1, arguments.end()})};
+        return {.output = completionsOf(commandTable(), {arguments.begin() + 1, arguments.end()})};
     try {
-        const std::variant<Options, Answer> understood = readCommandLine(arguments);
-        if (const Options* options = std::get_if<Options>(&understood))
-            return runCommand(*options);
-        return std::get<Answer>(understood);
+        const std::variant<CommandLine, Answer> parsed =
+            parseCommandLine(commandTable(), arguments);
+        if (const CommandLine* line = std::get_if<CommandLine>(&parsed))
+            return runCommand(*line);
+        return std::get<Answer>(parsed);
     } catch (const std::exception& error) {
         return failure(error.what());
     } catch (const foundation::core::except::IException& error) {
@@ -79,7 +67,7 @@ Answer answerTo(const std::vector<std::string>& arguments) {
     }
 }
 
-// Nothing counts as printed before the system has taken it.
+// The output counts as printed only after the system has accepted all of it.
 bool print(const std::string& text, const std::string& pager) {
     if (!pager.empty() && platform::showThroughPager(pager, text))
         return true;
@@ -105,7 +93,7 @@ int main(int argc, char* argv[]) {
         const platform::Utf8Output utf8Output;
         return static_cast<int>(deliver(answerTo(platform::argumentsInUtf8(argc, argv))));
     } catch (const std::exception&) {
-        // Standard error is gone or memory is; there is no one left to tell.
+        // Standard error or memory has failed, so the exit status is all that can report it.
         return static_cast<int>(ExitStatus::Failed);
     }
 }

@@ -15,10 +15,10 @@ namespace {
 
 using reference::docparser::DocParserException;
 
-// The host's code in the middle of an operation: log sinks and the host services.
+// Code of the host application that runs during an operation: log sinks and host services.
 class CallbackTest : public SystemTest {
 protected:
-    // Every operation that takes a lock of the settings.
+    // Calls every operation that locks the settings.
     static void useEverySetting() {
         const auto roots = DocResourceParser::getReferenceRoots();
         DocResourceParser::setReferenceRoot(roots->root);
@@ -38,7 +38,7 @@ bool isReading(const std::string& message) {
     return message.starts_with("Reading file: ");
 }
 
-TEST_F(CallbackTest, NoLockIsHeldWhileAResourceFileIsRead) {
+TEST_F(CallbackTest, HoldsNoLockWhileReadingResourceFile) {
     addSupport("Orchard.json", text);
     runWatched([this] {
         int lines = 0;
@@ -53,7 +53,7 @@ TEST_F(CallbackTest, NoLockIsHeldWhileAResourceFileIsRead) {
     });
 }
 
-TEST_F(CallbackTest, NoLockIsHeldWhileALookupFileIsRead) {
+TEST_F(CallbackTest, HoldsNoLockWhileReadingLookupFile) {
     addLookup("Orchard.json", ResourceText("orchard").str());
     runWatched([] {
         int lines = 0;
@@ -66,7 +66,7 @@ TEST_F(CallbackTest, NoLockIsHeldWhileALookupFileIsRead) {
     });
 }
 
-TEST_F(CallbackTest, ASinkMayReadResourcesItself) {
+TEST_F(CallbackTest, SinkMayReadResources) {
     addApi("Orchard.json", text);
     addApi("Inner.json", resourceText("inner", {}));
     runWatched([this] {
@@ -80,7 +80,7 @@ TEST_F(CallbackTest, ASinkMayReadResourcesItself) {
     });
 }
 
-TEST_F(CallbackTest, ACallKeepsTheRootsThatItBeganWith) {
+TEST_F(CallbackTest, CallKeepsTheRootsItStartedWith) {
     setLanguage(u"de");
     addApi("Orchard.json", text);
     addApi("Orchard_de.json", resourceText("german", {}));
@@ -91,7 +91,7 @@ TEST_F(CallbackTest, ACallKeepsTheRootsThatItBeganWith) {
     EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
 }
 
-TEST_F(CallbackTest, TheSupportFolderIsAskedForOnlyWhenTheRootHasFailed) {
+TEST_F(CallbackTest, AsksForTheSupportFolderOnlyIfTheRootHasNoFile) {
     folder.write("late/Orchard.json", text);
     host->onLanguage = [this] {
         DocResourceParser::setSupportPackageRoot(folder.u16() + u"/late");
@@ -99,7 +99,7 @@ TEST_F(CallbackTest, TheSupportFolderIsAskedForOnlyWhenTheRootHasFailed) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
 }
 
-TEST_F(CallbackTest, ASinkThatThrowsAtAReadingCostsOnlyThatFile) {
+TEST_F(CallbackTest, ThrowingSinkSkipsOnlyThatResourceFile) {
     setLanguage(u"de");
     addApi("Orchard.json", resourceText("lost", {}));
     addApi("Orchard_de.json", text);
@@ -110,7 +110,7 @@ TEST_F(CallbackTest, ASinkThatThrowsAtAReadingCostsOnlyThatFile) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
 }
 
-TEST_F(CallbackTest, ASinkThatThrowsAtALookupFileCostsOnlyThatFile) {
+TEST_F(CallbackTest, ThrowingSinkSkipsOnlyThatLookupFile) {
     addLookup("Lost.json", ResourceText("lost").str());
     addLookup("Orchard.json", ResourceText("orchard").str());
     const LogCallback callback([](const std::string& message) {
@@ -121,7 +121,7 @@ TEST_F(CallbackTest, ASinkThatThrowsAtALookupFileCostsOnlyThatFile) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(CallbackTest, ASinkThatThrowsAtTheExceptionsLinePassesOut) {
+TEST_F(CallbackTest, SinkThatThrowsBeforeDocParserExceptionThrowsToTheCaller) {
     addApi("Orchard.json", text);
     const LogCallback callback([](const std::string& message) {
         if (!isReading(message))
@@ -132,7 +132,7 @@ TEST_F(CallbackTest, ASinkThatThrowsAtTheExceptionsLinePassesOut) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
 }
 
-TEST_F(CallbackTest, ASinkThatThrowsAtAProblemCostsOnlyThatFile) {
+TEST_F(CallbackTest, SinkThatThrowsAtProblemSkipsOnlyThatFile) {
     addApi("Orchard.json", resourceText("too long for the limit", {}));
     addSupport("Orchard.json", text);
     platform::setReadLimits({.fileBytes = text.size()});
@@ -143,10 +143,10 @@ TEST_F(CallbackTest, ASinkThatThrowsAtAProblemCostsOnlyThatFile) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
 }
 
-// Holds a question to the host up until it is released.
+// Blocks a call to the host until it is released.
 class Gate {
 public:
-    // What the host runs.
+    // Runs in the host service.
     void pass() {
         arrived_.set_value();
         released_.get_future().wait();
@@ -159,7 +159,7 @@ private:
     std::promise<void> released_;
 };
 
-TEST_F(CallbackTest, ACatalogueThatTakesItsTimeHoldsUpNoReader) {
+TEST_F(CallbackTest, SlowCatalogueDelaysNoReader) {
     addApi("Orchard.json", text);
     host->install({"orchard"});
     Gate gate;
@@ -176,7 +176,7 @@ TEST_F(CallbackTest, ACatalogueThatTakesItsTimeHoldsUpNoReader) {
     });
 }
 
-TEST_F(CallbackTest, APackageQueryThatTakesItsTimeHoldsUpNoReader) {
+TEST_F(CallbackTest, SlowPackageQueryDelaysNoReader) {
     addApi("Orchard.json", text);
     Gate gate;
     host->packages = {u"sensorkit"};
@@ -194,7 +194,7 @@ TEST_F(CallbackTest, APackageQueryThatTakesItsTimeHoldsUpNoReader) {
     });
 }
 
-TEST_F(CallbackTest, TestProductsTakeEffectAfterAnAnswerUnderWay) {
+TEST_F(CallbackTest, TestProductsTakeEffectAfterTheCurrentAnswer) {
     host->install({"orchard"});
     Gate gate;
     host->onProducts = [&gate] { gate.pass(); };
@@ -211,7 +211,7 @@ TEST_F(CallbackTest, TestProductsTakeEffectAfterAnAnswerUnderWay) {
     });
 }
 
-TEST_F(CallbackTest, TheCatalogueIsNeverAskedByTwoThreadsAtOnce) {
+TEST_F(CallbackTest, CatalogueIsCalledByOneThreadAtATime) {
     std::atomic<int> inside = 0;
     std::atomic<int> most = 0;
     host->onProducts = [&] {

@@ -14,8 +14,8 @@
 namespace docparser_tests {
 namespace {
 
-// Threads that are cancelled in the middle of an operation. A thread that could not be unwound
-// would end the process.
+// Threads that are cancelled during an operation. A thread that cannot be unwound would end the
+// process.
 class CancellationTest : public SystemTest {
 protected:
     CancellationTest() {
@@ -51,7 +51,7 @@ protected:
     }
 };
 
-TEST_F(CancellationTest, ThreadIsUnwoundAtWhateverLogLineItIsCancelled) {
+TEST_F(CancellationTest, CancelledThreadIsUnwoundAtEveryLogLine) {
     constexpr int kLines = 5;
     const auto openBefore = openDescriptors();
     for (int line = 0; line < kLines; ++line) {
@@ -71,7 +71,7 @@ TEST_F(CancellationTest, ThreadIsUnwoundAtWhateverLogLineItIsCancelled) {
     }
 }
 
-TEST_F(CancellationTest, ThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
+TEST_F(CancellationTest, ThreadCancelledInHostServiceReleasesItsLocks) {
     const std::function<void()> end = [] {
         cancelThisThread();
         pthread_testcancel();
@@ -86,7 +86,7 @@ TEST_F(CancellationTest, ThreadThatEndsInAnAnswerOfTheHostLeavesNoLockBehind) {
     }
 }
 
-TEST_F(CancellationTest, ThreadThatIsCancelledWhileItsPackageIsOpenClosesIt) {
+TEST_F(CancellationTest, CancelledThreadClosesItsPackage) {
     std::filesystem::remove(lookupPath("Orchard.json"));
     const auto openBefore = openDescriptors();
     int questions = 0;
@@ -95,7 +95,7 @@ TEST_F(CancellationTest, ThreadThatIsCancelledWhileItsPackageIsOpenClosesIt) {
             cancelThisThread();
     };
     std::size_t sections = 0;
-    // Both entries have been read by then, and closing a package is not a cancellation point.
+    // Both entries have been read at that time, and closing a package is not a cancellation point.
     EXPECT_FALSE(isCancelledIn([&sections] {
         sections = DocResourceParser::getResourceLookupFiles().notInstalled.size();
     }));

@@ -24,7 +24,7 @@ protected:
     static LogLine notFound(const std::string& product) {
         return problem("DocParserException thrown in getResourceFile for product: " + product);
     }
-    // The lines that a request for a product leaves under a mask.
+    // Returns the lines that a request for a product logs with a mask.
     static std::vector<LogLine> linesOf(const std::u16string& product, std::uint32_t mask = 528) {
         const LogCapture log(mask);
         findResources(product);
@@ -34,12 +34,12 @@ protected:
     const std::string text = resourceText("orchard", {{"graft.html", "Join"}});
 };
 
-TEST_F(DiagnosticLinesTest, AProductInEnglishIsReadFromOneFile) {
+TEST_F(DiagnosticLinesTest, EnglishProductReadsOneFile) {
     addApi("Orchard.json", text);
     EXPECT_THAT(linesOf(u"Orchard"), ElementsAre(reading(apiPath("Orchard.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, ATranslationIsReadAfterTheEnglishFile) {
+TEST_F(DiagnosticLinesTest, TranslationIsReadAfterTheEnglishFile) {
     setLanguage(u"de");
     addApi("Orchard.json", text);
     addApi("Orchard_de.json", text);
@@ -47,14 +47,14 @@ TEST_F(DiagnosticLinesTest, ATranslationIsReadAfterTheEnglishFile) {
                 ElementsAre(reading(apiPath("Orchard.json")), reading(apiPath("Orchard_de.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, AMissingTranslationLeavesNothingButTheLineOfItsReading) {
+TEST_F(DiagnosticLinesTest, MissingTranslationLogsOnlyTheAttempt) {
     setLanguage(u"de");
     addApi("Orchard.json", text);
     EXPECT_THAT(linesOf(u"Orchard"),
                 ElementsAre(reading(apiPath("Orchard.json")), reading(apiPath("Orchard_de.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, AProductOfTheSupportFolderIsSoughtUnderTheRootFirst) {
+TEST_F(DiagnosticLinesTest, ProductInTheSupportFolderIsFirstLookedForInTheRoot) {
     setLanguage(u"de");
     addSupport("Orchard.json", text);
     EXPECT_THAT(linesOf(u"Orchard"),
@@ -63,7 +63,7 @@ TEST_F(DiagnosticLinesTest, AProductOfTheSupportFolderIsSoughtUnderTheRootFirst)
                             reading(supportPath("Orchard_de.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, AnAbsentProductEndsWithTheLineOfItsException) {
+TEST_F(DiagnosticLinesTest, MissingProductLogsTheExceptionLast) {
     setLanguage(u"de");
     EXPECT_THAT(linesOf(u"Orchard"),
                 ElementsAre(reading(apiPath("Orchard.json")), reading(apiPath("Orchard_de.json")),
@@ -71,24 +71,24 @@ TEST_F(DiagnosticLinesTest, AnAbsentProductEndsWithTheLineOfItsException) {
                             reading(supportPath("Orchard_de.json")), notFound("Orchard")));
 }
 
-TEST_F(DiagnosticLinesTest, AMask16ShowsTheReadingAlone) {
+TEST_F(DiagnosticLinesTest, Mask16ShowsOnlyReading) {
     EXPECT_THAT(linesOf(u"Orchard", 16), ElementsAre(reading(apiPath("Orchard.json")),
                                                      reading(supportPath("Orchard.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, AMask512ShowsTheExceptionAlone) {
+TEST_F(DiagnosticLinesTest, Mask512ShowsOnlyTheException) {
     EXPECT_THAT(linesOf(u"Orchard", 512), ElementsAre(notFound("Orchard")));
 }
 
-TEST_F(DiagnosticLinesTest, AMask0ShowsNothing) {
+TEST_F(DiagnosticLinesTest, Mask0ShowsNothing) {
     EXPECT_THAT(linesOf(u"Orchard", 0), IsEmpty());
 }
 
-TEST_F(DiagnosticLinesTest, ABitThatIsNoSeverityOfTheLibraryShowsNothing) {
+TEST_F(DiagnosticLinesTest, OtherBitsOfTheMaskShowNothing) {
     EXPECT_THAT(linesOf(u"Orchard", ~std::uint32_t{528}), IsEmpty());
 }
 
-TEST_F(DiagnosticLinesTest, TheExceptionIsAnnouncedBeforeItIsThrown) {
+TEST_F(DiagnosticLinesTest, LogsTheExceptionBeforeThrowingIt) {
     const LogCapture log(512);
     std::vector<LogLine> seenByHandler;
     try {
@@ -99,12 +99,12 @@ TEST_F(DiagnosticLinesTest, TheExceptionIsAnnouncedBeforeItIsThrown) {
     EXPECT_THAT(seenByHandler, ElementsAre(notFound("Orchard")));
 }
 
-TEST_F(DiagnosticLinesTest, TextBeyondAsciiIsWrittenAsUtf8) {
+TEST_F(DiagnosticLinesTest, WritesUtf8) {
     EXPECT_THAT(linesOf(u"Obst\u00e4\U0001F34E", 512),
                 ElementsAre(notFound("Obst\xC3\xA4\xF0\x9F\x8D\x8E")));
 }
 
-TEST_F(DiagnosticLinesTest, UnpairedSurrogatesAreWrittenAsReplacementCharacters) {
+TEST_F(DiagnosticLinesTest, WritesUnpairedSurrogatesAsReplacementCharacters) {
     const std::u16string product = {u'a', char16_t(0xD83C), u'b', char16_t(0xDF4E)};
     const std::string shown = "a\xEF\xBF\xBD"
                               "b\xEF\xBF\xBD";
@@ -113,7 +113,7 @@ TEST_F(DiagnosticLinesTest, UnpairedSurrogatesAreWrittenAsReplacementCharacters)
                             reading(supportPath(shown + ".json")), notFound(shown)));
 }
 
-TEST_F(DiagnosticLinesTest, AFileOverTheLimitIsAProblemOfThatFile) {
+TEST_F(DiagnosticLinesTest, FileOverTheLimitLogsProblem) {
     addApi("Orchard.json", text);
     platform::setReadLimits({.fileBytes = text.size() - 1});
     EXPECT_THAT(linesOf(u"Orchard"),
@@ -122,23 +122,22 @@ TEST_F(DiagnosticLinesTest, AFileOverTheLimitIsAProblemOfThatFile) {
                             reading(supportPath("Orchard.json")), notFound("Orchard")));
 }
 
-TEST_F(DiagnosticLinesTest, ALookupFileIsReadByTheFullPathOfItsProduct) {
+TEST_F(DiagnosticLinesTest, LogsFullPathOfLookupFile) {
     addLookup("Orchard.json", ResourceText("orchard").str());
     const LogCapture log(528);
     DocResourceParser::getResourceLookupFiles();
     EXPECT_THAT(log.lines(), ElementsAre(reading(lookupPath("Orchard.json"))));
 }
 
-TEST_F(DiagnosticLinesTest, ADamagedLookupFileIsDroppedWithoutALineOfItsOwn) {
+TEST_F(DiagnosticLinesTest, DamagedLookupFileLogsNoLineOfItsOwn) {
     addLookup("Orchard.json", "{");
     const LogCapture log(528);
     DocResourceParser::getResourceLookupFiles();
     EXPECT_THAT(log.lines(), ElementsAre(reading(lookupPath("Orchard.json"))));
 }
 
-// Counts how often the core asks whether to open a record: a line that the mask turns down does
-// not even get that far, and a line that the core turns down is never formed.
-TEST_F(DiagnosticLinesTest, WhatTheMaskTurnsDownNeverReachesTheCore) {
+// Counts how often the core calls its filter. It is not called for lines that the mask rejects.
+TEST_F(DiagnosticLinesTest, MaskedLinesNeverReachTheCore) {
     const LogCapture log(0);
     int offered = 0;
     boost::log::core::get()->set_filter([&offered](const boost::log::attribute_value_set&) {

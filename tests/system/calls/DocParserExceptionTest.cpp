@@ -21,7 +21,7 @@ constexpr const char* kWhat = "resource::docparser::DocParserException";
 
 class DocParserExceptionTest : public SystemTest {};
 
-// Whether a handler of type T gets what getResourceFile() throws, with the product in it.
+// Returns true if a handler of type T catches the exception of getResourceFile() with its product.
 template <class T>
 bool isCaughtAs() {
     try {
@@ -41,7 +41,7 @@ TEST_F(DocParserExceptionTest, IsCaughtAsEachOfItsFiveTypes) {
     EXPECT_TRUE(isCaughtAs<boost::exception_detail::clone_base>());
 }
 
-TEST_F(DocParserExceptionTest, IsNoStandardException) {
+TEST_F(DocParserExceptionTest, IsNotStandardException) {
     static_assert(!std::is_base_of_v<std::exception, DocParserException>);
     try {
         DocResourceParser::getResourceFile(u"Absent");
@@ -53,17 +53,17 @@ TEST_F(DocParserExceptionTest, IsNoStandardException) {
     }
 }
 
-TEST_F(DocParserExceptionTest, SaysTheSameWhateverTheProduct) {
+TEST_F(DocParserExceptionTest, WhatIsTheSameForEveryProduct) {
     for (const std::u16string product : {u"", u"Orchard", u"resource"})
         EXPECT_STREQ(DocParserException(product).what(), kWhat);
 }
 
-TEST_F(DocParserExceptionTest, KeepsTheNameToTheCodeUnit) {
+TEST_F(DocParserExceptionTest, KeepsEveryCodeUnitOfTheName) {
     const std::u16string name = std::u16string(u"a\0b", 3) + char16_t(0xD800) + u"\n";
     EXPECT_EQ(DocParserException(name).getProductName(), name);
 }
 
-TEST_F(DocParserExceptionTest, ComesBackFromACurrentException) {
+TEST_F(DocParserExceptionTest, IsRethrownFromCurrentException) {
     boost::exception_ptr kept;
     try {
         DocResourceParser::getResourceFile(u"Absent");
@@ -80,7 +80,7 @@ TEST_F(DocParserExceptionTest, ComesBackFromACurrentException) {
     }
 }
 
-TEST_F(DocParserExceptionTest, ComesBackFromACopiedException) {
+TEST_F(DocParserExceptionTest, IsRethrownFromCopiedException) {
     const boost::exception_ptr kept = boost::copy_exception(DocParserException(u"Absent"));
     try {
         boost::rethrow_exception(kept);
@@ -90,7 +90,7 @@ TEST_F(DocParserExceptionTest, ComesBackFromACopiedException) {
     }
 }
 
-TEST_F(DocParserExceptionTest, IsClonedAsAWholeIndependentObject) {
+TEST_F(DocParserExceptionTest, CloneIsIndependent) {
     auto original = std::make_unique<DocParserException>(u"Absent");
     *original << Note("why");
     const std::unique_ptr<const boost::exception_detail::clone_base> clone(original->clone());

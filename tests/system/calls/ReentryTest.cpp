@@ -9,7 +9,7 @@
 namespace docparser_tests {
 namespace {
 
-// Services of the host that call the library in the middle of their answer.
+// Host services that call the library while the library calls them.
 class ReentryTest : public SystemTest {
 protected:
     ReentryTest() {
@@ -18,7 +18,7 @@ protected:
         host->packages = {u"sensorkit"};
     }
 
-    // What is allowed from every answer.
+    // Calls what every service may call.
     void useRootsAndFiles() const {
         const auto roots = DocResourceParser::getReferenceRoots();
         EXPECT_EQ(roots->root, root());
@@ -28,7 +28,7 @@ protected:
             1U);
     }
 
-    // Asks everything that asks the host.
+    // Calls every operation that calls the host.
     void askEverything() const {
         EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), found);
         EXPECT_FALSE(DocResourceParser::isProductInstalled(u"orchard"));
@@ -41,7 +41,7 @@ protected:
     const Resources found = {{u"orchard", section(u"orchard", u"Orchard", {})}};
 };
 
-TEST_F(ReentryTest, RootsAndFilesAreToBeHadFromEveryAnswer) {
+TEST_F(ReentryTest, EveryServiceMayUseRootsAndListFiles) {
     for (auto* hook :
          {&host->onLanguage, &host->onProducts, &host->onPackageRoot, &host->onPackages}) {
         int answers = 0;
@@ -56,7 +56,7 @@ TEST_F(ReentryTest, RootsAndFilesAreToBeHadFromEveryAnswer) {
     }
 }
 
-TEST_F(ReentryTest, ResourcesAreReadFromTheAnswersAboutWhatIsInstalled) {
+TEST_F(ReentryTest, InstallationServicesMayReadResources) {
     for (auto* hook : {&host->onProducts, &host->onPackageRoot, &host->onPackages}) {
         int answers = 0;
         *hook = [&] {
@@ -70,7 +70,7 @@ TEST_F(ReentryTest, ResourcesAreReadFromTheAnswersAboutWhatIsInstalled) {
     }
 }
 
-TEST_F(ReentryTest, EverySettingIsToBeHadFromTheLanguageService) {
+TEST_F(ReentryTest, LanguageServiceMayCallEveryOperation) {
     host->onLanguage = [this] {
         const auto roots = DocResourceParser::getReferenceRoots();
         DocResourceParser::restoreDefaultSettings();
@@ -93,8 +93,8 @@ TEST_F(ReentryTest, TheCatalogueMayAskForSupportPackages) {
     runWatched([this] { askEverything(); });
 }
 
-// Another thread restores the defaults while the query for packages is under way.
-TEST_F(ReentryTest, RootsAreToBeHadFromAPackageQueryThatADefaultWaitsFor) {
+// Another thread restores the defaults while the package query is running.
+TEST_F(ReentryTest, PackageQueryMayReadRootsWhileDefaultsAreRestored) {
     runWatched([this] {
         std::promise<void> begun;
         std::future<void> restoring;
@@ -112,7 +112,7 @@ TEST_F(ReentryTest, RootsAreToBeHadFromAPackageQueryThatADefaultWaitsFor) {
     });
 }
 
-TEST_F(ReentryTest, AnAnswerThatFailedAfterACallBackIsAskedForAgain) {
+TEST_F(ReentryTest, AsksAgainAfterServiceFails) {
     bool hasFailed = false;
     host->onPackageRoot = [&] {
         useRootsAndFiles();

@@ -16,32 +16,34 @@ constexpr int kRounds = 300;
 
 using Names = std::set<std::string>;
 
-// Two reference roots and a support folder whose data differ, and a host with products of its own:
-// whatever the settings are while a call runs, it sees the data of one place only.
+// Two reference roots and a support folder have different data, and the host has its own products.
+// Each call sees the data of only one of them, even if the settings change while it runs.
 class ThreadsTest : public SystemTest {
 protected:
     ThreadsTest() {
         setLanguage(u"de");
         host->install({"orchard"});
         host->packages = {u"hostkit"};
-        for (const std::string place : {"first", "second", "third"}) {
-            const std::string english = resourceText(place, {{"a.html", place}});
-            const std::string german = resourceText(place, {{"b.html", place}});
-            const std::string below = place == "third" ? "" : "docCatalog/referenceapi/";
-            folder.write(place + "/" + below + "P.json", english);
-            folder.write(place + "/" + below + "P_de.json", german);
-            folder.write(place + "/docCatalog/referenceapi_lookup/P.json",
-                         ResourceText(place).add(lookupItem("n", "a.html", place)).str());
+        for (const std::string name : {"first", "second", "third"}) {
+            const std::string english = resourceText(name, {{"a.html", name}});
+            const std::string german = resourceText(name, {{"b.html", name}});
+            const std::string below = name == "third" ? "" : "docCatalog/referenceapi/";
+            folder.write(name + "/" + below + "P.json", english);
+            folder.write(name + "/" + below + "P_de.json", german);
+            folder.write(name + "/docCatalog/referenceapi_lookup/P.json",
+                         ResourceText(name).add(lookupItem("n", "a.html", name)).str());
         }
     }
 
-    std::u16string place(const std::u16string& name) const { return folder.u16() + u"/" + name; }
-
-    static Resources resourcesOf(const std::u16string& place) {
-        return {{place, section(place, u"P", {{u"a.html", place}, {u"b.html", place}})}};
+    std::u16string folderNamed(const std::u16string& name) const {
+        return folder.u16() + u"/" + name;
     }
-    static ResourceMap<RefItemLookup> lookupsOf(const std::u16string& place) {
-        return {{place, lookupSection(place, u"P", {lookupRecord(u"n", u"a.html", place)})}};
+
+    static Resources resourcesOf(const std::u16string& name) {
+        return {{name, section(name, u"P", {{u"a.html", name}, {u"b.html", name}})}};
+    }
+    static ResourceMap<RefItemLookup> lookupsOf(const std::u16string& name) {
+        return {{name, lookupSection(name, u"P", {lookupRecord(u"n", u"a.html", name)})}};
     }
 
     void readRecords() {
@@ -63,22 +65,22 @@ protected:
         const auto packages = DocResourceParser::getHardwareSupportPackages();
         expect(possiblePackages.contains(std::set(packages->begin(), packages->end())),
                "torn packages");
-        expect(!DocResourceParser::isProductInstalled(u"never"), "a product of nobody");
+        expect(!DocResourceParser::isProductInstalled(u"never"), "unknown product");
     }
     void readSettings() {
         const auto roots = DocResourceParser::getReferenceRoots();
         expect(roots->referenceApiFolder == roots->root + native(u"/docCatalog/referenceapi"),
                "torn roots");
         const std::u16string support = *DocResourceParser::getSupportPackageRoot();
-        expect(support == place(u"third") ||
+        expect(support == folderNamed(u"third") ||
                    support == host->packageRoot + native(u"/help/docCatalog/referenceapi"),
                "torn support-package folder");
         expect(DocResourceParser::ParsingTools::getCurrentLocale() == u"de", "language");
     }
     void changeSettings(int round) {
-        DocResourceParser::setReferenceRoot(place(round % 2 ? u"first" : u"second"));
+        DocResourceParser::setReferenceRoot(folderNamed(round % 2 ? u"first" : u"second"));
         DocResourceParser::setTestProducts({u"a", u"b"}, {u"akit", u"bkit"});
-        DocResourceParser::setSupportPackageRoot(place(u"third"));
+        DocResourceParser::setSupportPackageRoot(folderNamed(u"third"));
         if (round % 3 == 0)
             DocResourceParser::clearSupportPackageCaches();
         DocResourceParser::setTestProducts({u"c"}, {});
@@ -87,7 +89,7 @@ protected:
         foundation::log::setSeverityMask(round % 2 ? 528 : 0);
     }
 
-    // One thread's share; threads begin at different operations so that all of them meet.
+    // The work of one thread. Threads start with different operations, so that all of them overlap.
     void work(int thread) {
         for (int round = 0; round < kRounds; ++round) {
             switch ((thread + round) % 5) {
@@ -114,7 +116,7 @@ protected:
         {u"hostkit"}, {u"akit", u"bkit"}, {}};
 };
 
-TEST_F(ThreadsTest, AllOperationsRunBesideEachOtherAndSeeOneStateEach) {
+TEST_F(ThreadsTest, ConcurrentOperationsEachSeeOneState) {
     const LogCapture log(528);
     runWatched([this] {
         std::vector<std::future<void>> threads;
@@ -129,7 +131,7 @@ TEST_F(ThreadsTest, AllOperationsRunBesideEachOtherAndSeeOneStateEach) {
     }
 }
 
-TEST_F(ThreadsTest, ThreadsThatChangeSettingsNeverWaitForEachOtherForGood) {
+TEST_F(ThreadsTest, ConcurrentChangesOfSettingsDoNotDeadlock) {
     runWatched([this] {
         std::vector<std::future<void>> threads;
         for (int thread = 0; thread < kThreads; ++thread)
@@ -146,7 +148,7 @@ TEST_F(ThreadsTest, ThreadsThatChangeSettingsNeverWaitForEachOtherForGood) {
     });
 }
 
-TEST_F(ThreadsTest, ThreadsThatFindOutTheSupportFolderAtOnceGetOneObject) {
+TEST_F(ThreadsTest, ConcurrentCallsShareOneSupportFolder) {
     for (int round = 0; round < kRounds; ++round) {
         DocResourceParser::clearSupportPackageCaches();
         std::vector<std::future<std::shared_ptr<const std::u16string>>> threads;
@@ -160,7 +162,7 @@ TEST_F(ThreadsTest, ThreadsThatFindOutTheSupportFolderAtOnceGetOneObject) {
     }
 }
 
-TEST_F(ThreadsTest, ThreadsThatFindOutThePackagesAtOnceGetOneObjectAndAskOnce) {
+TEST_F(ThreadsTest, ConcurrentCallsShareOnePackageQuery) {
     const auto timesAsked = [this] {
         return std::ranges::count_if(host->questions(), [](const std::string& question) {
             return question.starts_with("packages below ");

@@ -12,8 +12,7 @@
 namespace docparser_tests {
 namespace {
 
-// A log whose k-th line cannot be written, for each k: whatever the line is about is lost, and
-// nothing else.
+// For each k, the sink throws at the k-th line. Only the file that the line is about is skipped.
 class ThrowingSinkTest : public SystemTest {
 protected:
     ThrowingSinkTest() {
@@ -30,35 +29,36 @@ protected:
         addLookup("packed.zip", zip.build());
     }
 
-    // What sinks throw: what the traps know, what they do not know, and what has no type.
-    static void throwSomething(int kind) {
-        switch (kind) {
+    // Throws a std::exception, std::bad_alloc or an int.
+    static void throwSomething(int type) {
+        switch (type) {
         case 0: throw std::runtime_error("the disk of the log is full");
         case 1: throw std::bad_alloc();
-        default: throw kind;
+        default: throw type;
         }
     }
 
-    // Runs a step while the k-th line throws; that line, or nothing when there were fewer.
+    // Runs a step during which the k-th line throws. Returns that line, or nullopt if the step logs
+    // fewer lines.
     template <class Step>
-    static std::optional<std::string> failAtLine(int k, int kind, Step step) {
+    static std::optional<std::string> failAtLine(int k, int type, Step step) {
         std::optional<std::string> failed;
         const LogCallback callback([&](const std::string& message) {
             if (k-- == 0) {
                 failed = message;
-                throwSomething(kind);
+                throwSomething(type);
             }
         });
         runWatched(step);
         return failed;
     }
 
-    // Calls check(k, kind) for each line until it is false, and for each kind of exception.
+    // For each type of exception, calls check(k, type) for k = 0, 1, ... until it returns false.
     template <class Check>
     static int failAtEachLine(Check check) {
         int failures = 0;
-        for (const int kind : {0, 1, 2}) {
-            for (int k = 0; check(k, kind) && !HasFailure(); ++k)
+        for (const int type : {0, 1, 2}) {
+            for (int k = 0; check(k, type) && !HasFailure(); ++k)
                 ++failures;
         }
         return failures;
@@ -71,7 +71,7 @@ protected:
         return std::filesystem::path(subjectOf(message)).stem().string();
     }
 
-    // What is found while a file is away.
+    // Returns the resources that are found without a file.
     static std::optional<Resources> findWithout(const std::string& file) {
         const std::string away = file + ".away";
         std::filesystem::rename(file, away);
@@ -81,11 +81,11 @@ protected:
     }
 };
 
-TEST_F(ThrowingSinkTest, ResourcesLackTheFileWhoseLineIsLost) {
+TEST_F(ThrowingSinkTest, ResourcesLackOnlyTheFileWhoseLineFails) {
     const auto whole = findResources(u"Orchard");
-    const int failures = failAtEachLine([&](int k, int kind) {
+    const int failures = failAtEachLine([&](int k, int type) {
         std::optional<Resources> resources;
-        const auto line = failAtLine(k, kind, [&] { resources = findResources(u"Orchard"); });
+        const auto line = failAtLine(k, type, [&] { resources = findResources(u"Orchard"); });
         EXPECT_EQ(resources, line ? findWithout(subjectOf(*line)) : whole) << line.value_or("");
         EXPECT_EQ(findResources(u"Orchard"), whole) << "the next call";
         return line.has_value();
@@ -93,39 +93,40 @@ TEST_F(ThrowingSinkTest, ResourcesLackTheFileWhoseLineIsLost) {
     EXPECT_EQ(failures, 3 * 2);
 }
 
-TEST_F(ThrowingSinkTest, ResourcesOverTheLimitAreLostWithTheirProblemOrWithoutIt) {
+TEST_F(ThrowingSinkTest, FileOverTheLimitIsSkippedEvenIfItsLineFails) {
     const std::string small = resourceText("s", {});
     addSupport("Orchard.json", small);
     platform::setReadLimits({.fileBytes = small.size()});
     const auto supported = findResources(u"Orchard");
     ASSERT_TRUE(supported.has_value());
-    const int failures = failAtEachLine([&](int k, int kind) {
+    const int failures = failAtEachLine([&](int k, int type) {
         std::optional<Resources> resources;
-        bool hasPassedOut = false;
-        const auto line = failAtLine(k, kind, [&] {
+        bool hasReachedCaller = false;
+        const auto line = failAtLine(k, type, [&] {
             try {
                 resources = findResources(u"Orchard");
             } catch (...) {
-                hasPassedOut = true;
+                hasReachedCaller = true;
             }
         });
-        // The support folder's files come after the two of the root, with two lines each.
+        // The two files of the root are over the limit and log two lines each. Then the support
+        // folder is tried.
         const bool isOfSupport = line && subjectOf(*line) == supportPath("Orchard.json");
         EXPECT_EQ(resources, isOfSupport ? std::nullopt : supported) << line.value_or("");
-        EXPECT_FALSE(hasPassedOut);
+        EXPECT_FALSE(hasReachedCaller);
         EXPECT_EQ(findResources(u"Orchard"), supported) << "the next call";
         return line.has_value();
     });
     EXPECT_EQ(failures, 3 * 6);
 }
 
-TEST_F(ThrowingSinkTest, LookupsLackTheProductWhoseLineIsLost) {
+TEST_F(ThrowingSinkTest, LookupsLackOnlyTheProductWhoseLineFails) {
     const Lookups whole = DocResourceParser::getResourceLookupFiles();
     ASSERT_EQ(whole.notInstalled.size(), 4U);
-    const int failures = failAtEachLine([&](int k, int kind) {
+    const int failures = failAtEachLine([&](int k, int type) {
         Lookups lookups;
         const auto line =
-            failAtLine(k, kind, [&] { lookups = DocResourceParser::getResourceLookupFiles(); });
+            failAtLine(k, type, [&] { lookups = DocResourceParser::getResourceLookupFiles(); });
         Lookups expected = whole;
         if (line) {
             const std::string product = stemOf(*line);
@@ -138,19 +139,19 @@ TEST_F(ThrowingSinkTest, LookupsLackTheProductWhoseLineIsLost) {
     EXPECT_EQ(failures, 3 * 6);
 }
 
-TEST_F(ThrowingSinkTest, AMissingProductStaysMissingAndTheLineOfItsExceptionPassesOut) {
-    const int failures = failAtEachLine([&](int k, int kind) {
+TEST_F(ThrowingSinkTest, OnlyTheLineBeforeDocParserExceptionThrowsToTheCaller) {
+    const int failures = failAtEachLine([&](int k, int type) {
         bool isMissing = false;
-        bool hasPassedOut = false;
-        const auto line = failAtLine(k, kind, [&] {
+        bool hasReachedCaller = false;
+        const auto line = failAtLine(k, type, [&] {
             try {
                 isMissing = !findResources(u"Absent");
             } catch (...) {
-                hasPassedOut = true;
+                hasReachedCaller = true;
             }
         });
         const bool isLast = line && line->starts_with("DocParserException");
-        EXPECT_EQ(hasPassedOut, isLast);
+        EXPECT_EQ(hasReachedCaller, isLast);
         EXPECT_EQ(isMissing, !isLast);
         return line.has_value();
     });

@@ -12,7 +12,7 @@
 namespace docparser_tests {
 namespace {
 
-// Repeats a step on a thread of its own for as long as it lives.
+// Repeats a step on its own thread until it is destroyed.
 class Meanwhile {
 public:
     explicit Meanwhile(std::function<void()> step)
@@ -28,7 +28,7 @@ public:
     Meanwhile& operator=(const Meanwhile&) = delete;
 
 private:
-    // Windows refuses to change what another thread has open; a later turn succeeds.
+    // Windows does not change files that another thread has open; a later attempt succeeds.
     static void attempt(const std::function<void()>& step) {
 #ifdef _WIN32
         try {
@@ -49,7 +49,7 @@ class ChangingFileTest : public SystemTest {
 protected:
     static constexpr int kReads = 400;
 
-    // A text that takes several reads, so that a change can come in between.
+    // Returns a text that takes several reads, so that the file can change between them.
     static std::string largeText(const std::string& purpose) {
         return resourceText("orchard", {{"graft.html", purpose}}) + std::string(300'000, ' ');
     }
@@ -68,7 +68,7 @@ protected:
     }
 };
 
-TEST_F(ChangingFileTest, AFileThatShrinksAndGrowsIsReadWholeOrNotAtAll) {
+TEST_F(ChangingFileTest, ReadsShrinkingAndGrowingFileCompletelyOrNotAtAll) {
     const std::string text = largeText("Join trees");
     addApi("Orchard.json", text);
     const std::string file = apiPath("Orchard.json");
@@ -82,7 +82,7 @@ TEST_F(ChangingFileTest, AFileThatShrinksAndGrowsIsReadWholeOrNotAtAll) {
     }
 }
 
-TEST_F(ChangingFileTest, AFileThatIsReplacedIsTheOldOneOrTheNewOne) {
+TEST_F(ChangingFileTest, ReadsOldOrNewContentOfReplacedFile) {
     addApi("Orchard.json", largeText("old"));
     folder.write("old.json", largeText("old"));
     folder.write("new.json", largeText("new"));
@@ -99,7 +99,7 @@ TEST_F(ChangingFileTest, AFileThatIsReplacedIsTheOldOneOrTheNewOne) {
     }
 }
 
-TEST_F(ChangingFileTest, AFileThatIsRemovedIsReadWholeOrMissing) {
+TEST_F(ChangingFileTest, RemovedFileIsReadCompletelyOrMissing) {
     const std::string text = largeText("Join trees");
     const Meanwhile writer([&] {
         addApi("Orchard.json", text);
@@ -111,7 +111,7 @@ TEST_F(ChangingFileTest, AFileThatIsRemovedIsReadWholeOrMissing) {
     }
 }
 
-TEST_F(ChangingFileTest, AWalkListsEveryFileThatStays) {
+TEST_F(ChangingFileTest, ListsEveryFileThatStays) {
     const std::set<std::u16string> staying = {u"First", u"Second", u"Third"};
     for (const std::string name : {"First", "Second", "Third"})
         addLookup(name + ".json", ResourceText(name).str());
@@ -129,7 +129,7 @@ TEST_F(ChangingFileTest, AWalkListsEveryFileThatStays) {
     }
 }
 
-TEST_F(ChangingFileTest, AFolderThatVanishesHasWhatWasFoundBefore) {
+TEST_F(ChangingFileTest, RemovedFolderYieldsWhatWasFoundBefore) {
     const std::string lookupFolder = lookupPath("");
     const std::set<std::u16string> possible = {u"First", u"Second"};
     const Lookups whole = {{},

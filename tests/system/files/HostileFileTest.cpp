@@ -5,7 +5,7 @@
 namespace docparser_tests {
 namespace {
 
-// Damaged and hostile files beside a good one of the same product.
+// Damaged and hostile files next to a valid one of the same product.
 class HostileFileTest : public SystemTest {
 protected:
     HostileFileTest() { setLanguage(u"de"); }
@@ -19,7 +19,7 @@ protected:
     const std::string german = resourceText("orchard", {{"prune.html", "Schneiden"}});
 };
 
-// A file that uses most of the format, short enough to be damaged at every byte.
+// Returns a file that uses most of the format and is short enough to be damaged at every byte.
 std::string richText() {
     boost::json::object full = item("graft.html", "Join");
     full["inputs"] = boost::json::array{{{"name", "x"}, {"purpose", "y"}}};
@@ -34,13 +34,13 @@ std::string nested(std::size_t depth) {
     return std::string(depth, '[') + std::string(depth, ']');
 }
 
-// A resource file with a key that no reader knows.
+// Returns a resource file with an unknown key.
 std::string withUnknownKey(const std::string& value) {
     std::string text = resourceText("orchard", {});
     return text.insert(1, "\"unknown\":" + value + ",");
 }
 
-TEST_F(HostileFileTest, EveryCutEnglishFileLeavesTheTranslationAlone) {
+TEST_F(HostileFileTest, TruncatedEnglishFileKeepsTheTranslation) {
     addApi("Orchard_de.json", german);
     const Resources germanAlone = {
         {u"orchard", section(u"orchard", u"Orchard", {{u"prune.html", u"Schneiden"}})}};
@@ -53,7 +53,7 @@ TEST_F(HostileFileTest, EveryCutEnglishFileLeavesTheTranslationAlone) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").size(), 2U);
 }
 
-TEST_F(HostileFileTest, EveryCutTranslationLeavesTheEnglishFileAlone) {
+TEST_F(HostileFileTest, TruncatedTranslationKeepsTheEnglishFile) {
     addApi("Orchard.json", english);
     const Resources englishAlone = {
         {u"orchard", section(u"orchard", u"Orchard", {{u"graft.html", u"Join"}})}};
@@ -64,30 +64,30 @@ TEST_F(HostileFileTest, EveryCutTranslationLeavesTheEnglishFileAlone) {
     }
 }
 
-TEST_F(HostileFileTest, NoFlippedByteOfOneFileCostsARecordOfTheOther) {
+TEST_F(HostileFileTest, FlippedBitsOfOneFileKeepTheRecordsOfTheOther) {
     addApi("Orchard_de.json", german);
     const RefItem translated = record(u"prune.html", u"Schneiden");
     const std::string text = richText();
-    for (std::size_t place = 0; place < text.size(); ++place) {
+    for (std::size_t position = 0; position < text.size(); ++position) {
         for (const int bits : {0x01, 0x20, 0x80}) {
             std::string flipped = text;
-            flipped[place] = static_cast<char>(flipped[place] ^ bits);
+            flipped[position] = static_cast<char>(flipped[position] ^ bits);
             addApi("Orchard.json", flipped);
             const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
             ASSERT_THAT(resources.at(u"orchard").items.at(u"prune.html"),
                         testing::ElementsAre(translated))
-                << place << ' ' << bits;
+                << position << ' ' << bits;
         }
     }
 }
 
-TEST_F(HostileFileTest, ARootThatIsNoObjectIsNoResource) {
+TEST_F(HostileFileTest, RejectsRootThatIsNotASection) {
     for (const std::string root :
          {"null", "true", "0", "-1e308", "\"x\"", "[]", "[{}]", "{}", "[[]]", "\"\"", "  ", "\n"})
         EXPECT_FALSE(isServed(root)) << root;
 }
 
-TEST_F(HostileFileTest, TextThatIsNoStrictJsonIsNoResource) {
+TEST_F(HostileFileTest, RejectsTextThatIsNotStrictJson) {
     EXPECT_TRUE(isServed(english));
     for (const std::string& text :
          {english + "x", english + english, "/**/" + english, english + "//", "[" + english + "]",
@@ -99,13 +99,13 @@ TEST_F(HostileFileTest, TextThatIsNoStrictJsonIsNoResource) {
         EXPECT_FALSE(isServed(text)) << text;
 }
 
-TEST_F(HostileFileTest, WhatNoReaderKnowsIsPassedOver) {
+TEST_F(HostileFileTest, IgnoresUnknownKeys) {
     for (const std::string value :
          {"null", "1e308", "{\"a\":[{}]}", "\"\\u0000\"", "\"\\ud83c\\udf4e\""})
         EXPECT_TRUE(isServed(withUnknownKey(value))) << value;
 }
 
-// The units of an ASCII text, each in as many bytes, the first or the last of them the character.
+// Returns an ASCII text in UTF-16 (2 bytes per unit) or UTF-32 (4 bytes).
 std::string widened(const std::string& ascii, std::size_t bytes, bool isLittleEndian) {
     std::string text;
     for (const char character : ascii) {
@@ -116,7 +116,7 @@ std::string widened(const std::string& ascii, std::size_t bytes, bool isLittleEn
     return text;
 }
 
-TEST_F(HostileFileTest, TextInAnotherEncodingIsNoResource) {
+TEST_F(HostileFileTest, RejectsOtherEncodings) {
     for (const std::size_t bytes : {2U, 4U}) {
         for (const bool isLittleEndian : {false, true}) {
             const std::string mark = isLittleEndian ? "\xFF\xFE" : "\xFE\xFF";
@@ -131,7 +131,7 @@ TEST_F(HostileFileTest, TextInAnotherEncodingIsNoResource) {
     EXPECT_FALSE(isServed(resourceText("orchard", {{"graft.html", "\xE4 in Latin-1"}})));
 }
 
-TEST_F(HostileFileTest, NumbersBeyondTheMachinesArePassedOverOrRefused) {
+TEST_F(HostileFileTest, IgnoresOrRejectsNumbersThatAreTooLarge) {
     constexpr std::size_t kDigits = 10'000'000;
     for (const std::string number : {"1e400", "-1e400", "1e-400", "0e400", "18446744073709551616"})
         EXPECT_TRUE(isServed(withUnknownKey(number))) << number;
@@ -142,15 +142,15 @@ TEST_F(HostileFileTest, NumbersBeyondTheMachinesArePassedOverOrRefused) {
     EXPECT_FALSE(isServed(withUnknownKey(std::string(kDigits, '0'))));
 }
 
-TEST_F(HostileFileTest, NestingIsReadToADepthOf32) {
-    // The root object is the first level.
+TEST_F(HostileFileTest, AcceptsNestingUpTo32Levels) {
+    // The root object is the first of the 32 levels.
     EXPECT_TRUE(isServed(withUnknownKey(nested(31))));
     EXPECT_FALSE(isServed(withUnknownKey(nested(32))));
     EXPECT_FALSE(isServed(withUnknownKey(nested(1'000'000))));
     EXPECT_FALSE(isServed(std::string(1'000'000, '[')));
 }
 
-TEST_F(HostileFileTest, ManyPackagesOfOneBaseCodeAreOneSection) {
+TEST_F(HostileFileTest, ManyPackagesWithTheSameBaseCodeAreOneSection) {
     ResourceText text("orchard");
     for (int count = 0; count < 5000; ++count)
         text.addSupportPackage(ResourceText("kit"));
@@ -158,7 +158,7 @@ TEST_F(HostileFileTest, ManyPackagesOfOneBaseCodeAreOneSection) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").size(), 2U);
 }
 
-TEST_F(HostileFileTest, ZeroBytesAreNoResource) {
+TEST_F(HostileFileTest, RejectsZeroBytes) {
     EXPECT_FALSE(isServed(std::string(1 << 20, '\0')));
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 using std::filesystem::create_symlink;
 
-// Both ends of a pipe that nobody writes to.
+// A pipe without data.
 class Pipe {
 public:
     Pipe() { EXPECT_EQ(::pipe2(ends_.data(), O_CLOEXEC), 0); }
@@ -35,7 +35,7 @@ private:
     std::array<int, 2> ends_{};
 };
 
-// What bears the name of a resource file or package and is none, in every place that is read.
+// Things that have the name of a resource file or package but are not regular files.
 class SpecialFileTest : public SystemTest {
 protected:
     SpecialFileTest() {
@@ -53,9 +53,9 @@ protected:
         const auto linkTo = [](const std::string& target) {
             return [target](const std::string& path) { create_symlink(target, path); };
         };
-        const auto node = [](mode_t kind) {
-            return [kind](const std::string& path) {
-                ASSERT_EQ(::mknod(path.c_str(), kind | 0600, 0), 0);
+        const auto node = [](mode_t type) {
+            return [type](const std::string& path) {
+                ASSERT_EQ(::mknod(path.c_str(), type | 0600, 0), 0);
             };
         };
         return {{"a folder", [](const auto& path) { std::filesystem::create_directory(path); }},
@@ -67,12 +67,12 @@ protected:
                 {"a device that is always full", linkTo("/dev/full")},
                 {"the terminal", linkTo("/dev/tty")},
                 {"a link to a folder", linkTo(folder.path().string())},
-                {"a link that leads nowhere", linkTo("absent")},
-                {"a link to a place below a file", linkTo("Found.json/absent")}};
+                {"a dangling link", linkTo("absent")},
+                {"a link to a path below a file", linkTo("Found.json/absent")}};
     }
 
-    // All places that the library reads a product from, but the one that has it.
-    std::vector<std::string> places() const {
+    // Returns every location that the library reads, except those that have valid files.
+    std::vector<std::string> locations() const {
         return {apiPath("Found.json"),      apiPath("Found_de.json"), supportPath("Found_de.json"),
                 lookupPath("Special.json"), lookupPath("Loop.json"),  lookupPath("Special.zip"),
                 lookupPath("Found_de.json")};
@@ -102,24 +102,24 @@ private:
     const Pipe pipe_;
 };
 
-TEST_F(SpecialFileTest, WhatIsNoRegularFileContributesNothingInAnyPlace) {
+TEST_F(SpecialFileTest, NonRegularFileAddsNothingInAnyLocation) {
     for (const Special& special : specials()) {
         SCOPED_TRACE(special.what);
-        for (const std::string& place : places())
-            special.make(place);
+        for (const std::string& location : locations())
+            special.make(location);
         expectOnlyWhatIsRegular();
-        for (const std::string& place : places())
-            std::filesystem::remove(place);
+        for (const std::string& location : locations())
+            std::filesystem::remove(location);
     }
 }
 
-TEST_F(SpecialFileTest, ALinkToItselfContributesNothingInAnyPlace) {
-    for (const std::string& place : places())
-        create_symlink(place, place);
+TEST_F(SpecialFileTest, LinkToItselfAddsNothingInAnyLocation) {
+    for (const std::string& location : locations())
+        create_symlink(location, location);
     expectOnlyWhatIsRegular();
 }
 
-TEST_F(SpecialFileTest, LinksToAPackageAndToAFileAreFollowed) {
+TEST_F(SpecialFileTest, FollowsLinksToPackagesAndFiles) {
     ZipBytes zip;
     zip.entries.push_back({.name = "Packed.json", .content = ResourceText("packed").str()});
     folder.write("elsewhere.bin", zip.build());
@@ -133,7 +133,7 @@ TEST_F(SpecialFileTest, LinksToAPackageAndToAFileAreFollowed) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(SpecialFileTest, WhateverBearsTheNameIsListedWithoutBeingOpened) {
+TEST_F(SpecialFileTest, ListsNonRegularFilesWithoutOpeningThem) {
     for (const Special& special : specials()) {
         SCOPED_TRACE(special.what);
         special.make(lookupPath("Special.json"));
@@ -148,7 +148,7 @@ TEST_F(SpecialFileTest, WhateverBearsTheNameIsListedWithoutBeingOpened) {
     }
 }
 
-TEST_F(SpecialFileTest, WhatIsNoFolderHasNoProducts) {
+TEST_F(SpecialFileTest, NonFolderHasNoProducts) {
     const std::string lookupFolder = lookupPath("");
     const std::string apiFolder = apiPath("");
     std::filesystem::remove_all(lookupFolder);
@@ -169,8 +169,8 @@ TEST_F(SpecialFileTest, WhatIsNoFolderHasNoProducts) {
     }
 }
 
-TEST_F(SpecialFileTest, NothingOfAFileThatIsNoResourceReachesTheLog) {
-    const std::string secret = "a password of nobody's business";
+TEST_F(SpecialFileTest, LogsNoContentOfOtherFiles) {
+    const std::string secret = "a secret password";
     folder.write("secrets.txt", secret + "\n" + R"({"also": "secret"})");
     folder.write("secrets.json", R"({"productName": ")" + secret + R"("})");
     create_symlink(folder.path() / "secrets.txt", apiPath("Secret.json"));

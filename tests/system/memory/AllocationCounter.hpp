@@ -4,28 +4,27 @@
 
 namespace docparser_tests {
 
-/// What operator new and operator delete of the whole process do; a program that links this has
-/// them replaced, in shared libraries too.
+/// A program that links this file has operator new and operator delete replaced, also in shared
+/// libraries, so that it can count allocations.
 ///
-/// An allocation counts as large from this size on: large enough that only the texts that a test
-/// is about reach it.
+/// An allocation of at least this size is large. Only the long texts of a test reach it.
 inline constexpr std::size_t kLargeBytes = std::size_t{1} << 20;
 
-/// Bytes that are allocated and not yet given back.
+/// Returns the number of bytes that are allocated and not yet released.
 std::size_t liveBytes() noexcept;
 
-/// Observes the allocations of all threads from its construction on. One at a time.
+/// Observes the allocations of all threads since its construction. Only one may exist at a time.
 class AllocationObserver {
 public:
     AllocationObserver() noexcept;
 
-    /// How many large allocations there were.
+    /// Returns the number of large allocations.
     std::size_t largeCount() const noexcept;
 
-    /// The size of the first large allocation, as it was asked for; 0 when there was none.
+    /// Returns the requested size of the first large allocation, or 0 if there was none.
     std::size_t firstLargeSize() const noexcept;
 
-    /// By how much the live bytes have risen at most.
+    /// Returns the largest increase of the live bytes.
     std::size_t peakBytes() const noexcept;
 
 private:

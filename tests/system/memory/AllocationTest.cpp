@@ -14,14 +14,14 @@ using testing::AllOf;
 using testing::Ge;
 using testing::Le;
 
-// Texts of this length are large allocations wherever they go, in bytes and in UTF-16.
+// A text of this length is a large allocation, both in bytes and in UTF-16.
 constexpr std::size_t kTextLength = 2 * kLargeBytes;
 
 std::string longText(char filling) {
     return std::string(kTextLength, filling);
 }
 
-// How many large allocations a step makes.
+// Returns the number of large allocations of a step.
 template <class Step>
 std::size_t largeAllocations(Step step) {
     const AllocationObserver observer;
@@ -37,8 +37,8 @@ void readLookups() {
     DocResourceParser::getResourceLookupFiles();
 }
 
-// The large allocations without which the text of a file with one long purpose can't become a
-// record: the file's text, the parser's own, and the decoding of the purpose.
+// Returns the least number of large allocations that turn a file with one long purpose into a
+// record: the text of the file, those of the parser, and those that decode the purpose.
 std::size_t leastLargeAllocations(const std::string& text, const std::string& purpose) {
     const std::size_t parsing = largeAllocations([&] {
         boost::json::monotonic_resource arena(1024);
@@ -54,12 +54,12 @@ std::size_t leastLargeAllocations(const std::string& text, const std::string& pu
 
 class AllocationTest : public SystemTest {
 protected:
-    // How many large allocations reading costs with the language "de".
+    // Returns the number of large allocations for reading the product in the language "de".
     std::size_t costOfOverlay() const {
         host->language = u"de";
         return largeAllocations(readOrchard);
     }
-    // The same with one file alone, under the English name.
+    // Returns the number of large allocations for reading one file as an English one.
     std::size_t costAlone(const std::string& text) const {
         addApi("Alone.json", text);
         host->language = u"en";
@@ -67,23 +67,23 @@ protected:
     }
 };
 
-TEST_F(AllocationTest, AFileIsReadIntoOneAllocationOfItsSize) {
+TEST_F(AllocationTest, ReadsFileIntoOneAllocationOfItsSize) {
     const std::string text = resourceText("orchard", {{"graft.html", longText('x')}});
     addApi("Orchard.json", text);
     const AllocationObserver observer;
     readOrchard();
-    // A string keeps a byte more for its end.
+    // A string has one more byte for its terminating NUL.
     EXPECT_THAT(observer.firstLargeSize(), AllOf(Ge(text.size()), Le(text.size() + 1)));
 }
 
-TEST_F(AllocationTest, ARecordIsMadeOnceAndMovedFromThenOn) {
+TEST_F(AllocationTest, RecordIsNeverCopied) {
     const std::string purpose = longText('x');
     const std::string text = resourceText("orchard", {{"graft.html", purpose}});
     addApi("Orchard.json", text);
     EXPECT_EQ(largeAllocations(readOrchard), leastLargeAllocations(text, purpose));
 }
 
-TEST_F(AllocationTest, ARecordOfASupportPackageIsMadeOnceAndMovedFromThenOn) {
+TEST_F(AllocationTest, RecordOfSupportPackageIsNeverCopied) {
     const std::string purpose = longText('x');
     ResourceText text("orchard");
     text.addSupportPackage(ResourceText("kit").add(item("use.html", purpose)));
@@ -91,7 +91,7 @@ TEST_F(AllocationTest, ARecordOfASupportPackageIsMadeOnceAndMovedFromThenOn) {
     EXPECT_EQ(largeAllocations(readOrchard), leastLargeAllocations(text.str(), purpose));
 }
 
-TEST_F(AllocationTest, TheOverlayMovesTheRecordsOfBothFiles) {
+TEST_F(AllocationTest, OverlayMovesRecordsOfBothFiles) {
     const std::string english =
         resourceText("orchard", {{"graft.html", longText('e')}, {"prune.html", longText('e')}});
     const std::string german =
@@ -102,7 +102,7 @@ TEST_F(AllocationTest, TheOverlayMovesTheRecordsOfBothFiles) {
     EXPECT_EQ(costOfOverlay(), apart);
 }
 
-TEST_F(AllocationTest, TheOverlayCopiesAtMostWhatTheTranslationAloneHas) {
+TEST_F(AllocationTest, OverlayCopiesAtMostSectionsThatOnlyTheTranslationHas) {
     const std::string english = resourceText("orchard", {{"graft.html", longText('e')}});
     const std::string german = resourceText("german", {{"prune.html", longText('d')}});
     const std::size_t apart = costAlone(english) + costAlone(german);
@@ -111,7 +111,7 @@ TEST_F(AllocationTest, TheOverlayCopiesAtMostWhatTheTranslationAloneHas) {
     EXPECT_THAT(costOfOverlay(), AllOf(Ge(apart), Le(apart + 1)));
 }
 
-TEST_F(AllocationTest, ALookupRecordIsMadeOnceAndCopiedAtMostOnce) {
+TEST_F(AllocationTest, LookupRecordIsCopiedAtMostOnce) {
     const std::string purpose = longText('x');
     const std::string text =
         ResourceText("orchard").add(lookupItem("graft", "g.html", purpose)).str();
@@ -120,7 +120,7 @@ TEST_F(AllocationTest, ALookupRecordIsMadeOnceAndCopiedAtMostOnce) {
     EXPECT_THAT(largeAllocations(readLookups), AllOf(Ge(least), Le(least + 1)));
 }
 
-TEST_F(AllocationTest, AMergeOfLookupsMovesTheNamesThatItAdds) {
+TEST_F(AllocationTest, MergeMovesTheNamesItAdds) {
     const std::string purpose = longText('x');
     const std::string first =
         ResourceText("orchard").add(lookupItem("graft", "g.html", purpose)).str();
@@ -133,7 +133,7 @@ TEST_F(AllocationTest, AMergeOfLookupsMovesTheNamesThatItAdds) {
     EXPECT_EQ(largeAllocations(readLookups), firstAlone + leastLargeAllocations(second, purpose));
 }
 
-TEST_F(AllocationTest, NothingIsKeptOnceTheResultIsGone) {
+TEST_F(AllocationTest, KeepsNoMemoryAfterTheResultIsDestroyed) {
     host->languages.push_back(u"de");
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", longText('e')}}));
     addApi("Orchard_de.json", resourceText("orchard", {{"prune.html", longText('d')}}));
@@ -146,7 +146,7 @@ TEST_F(AllocationTest, NothingIsKeptOnceTheResultIsGone) {
         findResources(u"Damaged");
         findResources(u"Absent");
     };
-    useAll(); // what is kept for good, such as the caches of the settings, is there afterwards
+    useAll(); // fills what stays allocated, such as the caches of the settings
     host->forgetQuestions();
     const std::size_t before = liveBytes();
     useAll();
@@ -154,7 +154,7 @@ TEST_F(AllocationTest, NothingIsKeptOnceTheResultIsGone) {
     EXPECT_EQ(liveBytes(), before);
 }
 
-TEST_F(AllocationTest, TheTextIsGoneBeforeTheRecordsAreBuilt) {
+TEST_F(AllocationTest, ReleasesTheTextBeforeBuildingRecords) {
     ResourceText many("orchard");
     for (int number = 0; number < 5000; ++number)
         many.add(item("page" + std::to_string(number) + ".html", std::string(400, 'x')));
@@ -172,18 +172,18 @@ TEST_F(AllocationTest, TheTextIsGoneBeforeTheRecordsAreBuilt) {
     const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
     const std::size_t recordBytes = liveBytes() - beforeReading;
 
-    ASSERT_GT(recordBytes, 2 * text.size()) << "building is not the peak of this file";
+    ASSERT_GT(recordBytes, 2 * text.size()) << "memory does not peak while records are built";
     EXPECT_LT(observer.peakBytes(), documentBytes + recordBytes + text.size() / 2);
 }
 
-TEST_F(AllocationTest, AFileOverTheLimitTakesNoMemory) {
+TEST_F(AllocationTest, FileOverTheLimitTakesNoMemory) {
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", longText('x')}}));
     platform::setReadLimits({.fileBytes = kLargeBytes});
     EXPECT_EQ(largeAllocations([] { findResources(u"Orchard"); }), 0U);
 }
 
-TEST_F(AllocationTest, ALineThatIsTurnedDownIsNeverFormed) {
-    // Too long for any file, so that each line that is formed is a large allocation.
+TEST_F(AllocationTest, RejectedLineIsNeverFormatted) {
+    // The name is so long that formatting a line is a large allocation.
     const std::u16string product(kTextLength, u'x');
     const auto ask = [&] { findResources(product); };
     const std::size_t masked = largeAllocations(ask);

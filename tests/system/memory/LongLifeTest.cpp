@@ -12,7 +12,7 @@
 namespace docparser_tests {
 namespace {
 
-// A process that calls for as long as a working day.
+// A process that calls the library as often as an application does in a working day.
 class LongLifeTest : public SystemTest {
 protected:
     LongLifeTest() {
@@ -30,7 +30,7 @@ protected:
         addLookup("Cut.zip", zip.build().substr(0, 40));
     }
 
-    // Ten calls over what is good, bad and missing.
+    // Makes ten calls, on valid, damaged and missing files.
     void callTenTimes() const {
         for (const std::u16string product : {u"Good", u"Kit"})
             ASSERT_TRUE(findResources(product).has_value());
@@ -54,7 +54,7 @@ protected:
                              std::filesystem::directory_iterator());
     }
 
-    // The memory of the process, what libraries written in C have taken included.
+    // Returns the memory of the process, including allocations of C libraries.
     static long residentBytes() {
         std::ifstream statistics("/proc/self/statm");
         long total = 0;
@@ -64,13 +64,13 @@ protected:
     }
 };
 
-#ifdef DOCPARSER_SANITIZED // takes ten times the time
+#ifdef DOCPARSER_SANITIZED // a sanitizer makes each call slower
 constexpr int kCalls = 10'000;
 #else
 constexpr int kCalls = 100'000;
 #endif
 
-TEST_F(LongLifeTest, HoweverManyCallsLeaveNothingBehind) {
+TEST_F(LongLifeTest, ManyCallsLeakNothing) {
     callManyTimes(kCalls / 20);
     const auto filesBefore = openFiles();
     const std::size_t bytesBefore = liveBytes();
@@ -78,7 +78,7 @@ TEST_F(LongLifeTest, HoweverManyCallsLeaveNothingBehind) {
     callManyTimes(kCalls);
     EXPECT_EQ(openFiles(), filesBefore);
     EXPECT_EQ(liveBytes(), bytesBefore);
-#ifndef DOCPARSER_SANITIZED // a sanitizer keeps what was given back, to find late uses of it
+#ifndef DOCPARSER_SANITIZED // a sanitizer keeps released memory, to detect uses after release
     EXPECT_LE(residentBytes(), residentBefore + (1 << 20));
 #else
     EXPECT_GT(residentBefore, 0);

@@ -7,7 +7,7 @@ using Arguments = std::vector<std::string>;
 
 class FailureTest : public RefdocTest {};
 
-TEST_F(FailureTest, AMalformedManifestIsOneLineThatNamesFileAndPlace) {
+TEST_F(FailureTest, MalformedManifestIsReportedWithFileAndPosition) {
     const std::vector<std::pair<std::string, std::string>> cases{
         {"{\n  \"docLanguage\": }", "line 2, column 18: syntax error"},
         {R"({"docLanguage": 1})", "/docLanguage: a string was expected"},
@@ -16,14 +16,14 @@ TEST_F(FailureTest, AMalformedManifestIsOneLineThatNamesFileAndPlace) {
         {R"({"hardwareSupportPackages": ["a", null]})",
          "/hardwareSupportPackages/1: a string was expected"},
     };
-    for (const auto& [manifest, place] : cases) {
+    for (const auto& [manifest, error] : cases) {
         addManifest(manifest);
         EXPECT_EQ(run({"products"}),
-                  (Outcome{3, "", "refdoc: " + path("installation.json") + ": " + place + "\n"}));
+                  (Outcome{3, "", "refdoc: " + path("installation.json") + ": " + error + "\n"}));
     }
 }
 
-TEST_F(FailureTest, AMalformedManifestFailsEveryCommandEvenWhereOptionsOverruleIt) {
+TEST_F(FailureTest, MalformedManifestFailsEveryCommandEvenIfOptionsOverrideIt) {
     addManifest("{");
     for (const Arguments& arguments :
          {Arguments{"show", "P"}, Arguments{"lookup"}, Arguments{"products"},
@@ -35,14 +35,14 @@ TEST_F(FailureTest, AMalformedManifestFailsEveryCommandEvenWhereOptionsOverruleI
     }
 }
 
-TEST_F(FailureTest, AFolderWithTheNameOfTheManifestIsAFailure) {
+TEST_F(FailureTest, FolderWithTheNameOfTheManifestIsFailure) {
     add("installation.json/file", "");
     const Outcome outcome = run({"products"});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_THAT(outcome.err, testing::StartsWith("refdoc: " + path("installation.json") + ": "));
 }
 
-TEST_F(FailureTest, AnInstallFolderThatIsNotThereIsAnEmptyInstallation) {
+TEST_F(FailureTest, MissingInstallFolderIsEmptyInstallation) {
     EXPECT_EQ(runProgram({"--install", path("nowhere"), "lookup"}),
               (Outcome{0, "",
                        "refdoc: no lookup entries in " +

@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(HostileNameTest, NamesThatNameNothingAreNotFound) {
+TEST_F(HostileNameTest, DoesNotFindNamesOfNoProduct) {
     expectNotFound("", "");
     expectNotFound(".", ".");
     expectNotFound("../../../../../../etc/passwd", "../../../../../../etc/passwd");
@@ -39,7 +39,7 @@ TEST_F(HostileNameTest, ControlCharactersBecomeVisible) {
                    "31m");
 }
 
-TEST_F(HostileNameTest, BytesThatAreNoTextBecomeReplacementCharacters) {
+TEST_F(HostileNameTest, IllFormedBytesBecomeReplacementCharacters) {
     expectNotFound("a\xff\xe3"
                    "b",
                    "a\xef\xbf\xbd\xef\xbf\xbd"
@@ -47,18 +47,18 @@ TEST_F(HostileNameTest, BytesThatAreNoTextBecomeReplacementCharacters) {
     expectNotFound("\xed\xa0\x80", "\xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd");
 }
 
-TEST_F(HostileNameTest, ANameWithSeparatorsIsUsedAsItStands) {
+TEST_F(HostileNameTest, NameMayHaveSeparators) {
     add("help/docCatalog/referenceapi/deep/er/P.json", section("p", ""));
     EXPECT_THAT(run({"show", "deep/er/P"}).out, StartsWith("p name\n"));
     EXPECT_THAT(run({"show", "deep/../deep/er/P"}).out, StartsWith("p name\n"));
 }
 
-TEST_F(HostileNameTest, NamesBeyondAsciiAreUsedAsTheyStand) {
+TEST_F(HostileNameTest, NameMayBeNonAscii) {
     addResource("果樹園🌳", section("p", ""));
     EXPECT_THAT(run({"show", "果樹園🌳"}).out, StartsWith("p name\n"));
 }
 
-TEST_F(HostileNameTest, AHugeNameIsLookedUpInAHugeIndex) {
+TEST_F(HostileNameTest, LooksUpLongNameInLargeIndex) {
     std::string items;
     for (int number = 0; number < 2000; ++number)
         items += std::string(number ? ", " : "") + R"({"name": "name)" + std::to_string(number) +
@@ -71,7 +71,7 @@ TEST_F(HostileNameTest, AHugeNameIsLookedUpInAHugeIndex) {
                                        "\"name77\", \"name17\" or \"name177\"?\n"));
 }
 
-TEST_F(HostileNameTest, JsonKeepsTheProductsNameInOneDocument) {
+TEST_F(HostileNameTest, JsonDocumentHasTheNameUnchanged) {
     const Outcome outcome = run({"--json", "show", "a\"\\\n\x1b"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "{\n"

@@ -4,6 +4,8 @@
 
 #include <boost/json/parse.hpp>
 
+#include <sstream>
+
 namespace refdoc_tests {
 
 void RefdocTest::add(const std::string& path, std::string_view text) const {
@@ -50,6 +52,14 @@ boost::json::value document(const std::string& text) {
     boost::json::value value = boost::json::parse(text, error);
     EXPECT_FALSE(error) << error.message() << " in: " << text;
     return value;
+}
+
+std::vector<boost::json::value> documents(const std::string& lines) {
+    std::vector<boost::json::value> values;
+    std::istringstream stream(lines);
+    for (std::string line; std::getline(stream, line);)
+        values.push_back(document(line));
+    return values;
 }
 
 } // namespace refdoc_tests

@@ -14,7 +14,7 @@
 
 namespace refdoc_tests {
 
-/// A test of the program on an install folder of its own, which is empty at first.
+/// Runs the program on a temporary install folder, which is initially empty.
 class RefdocTest : public testing::Test {
 protected:
     /// Writes a file below the install folder.
@@ -26,12 +26,12 @@ protected:
     void addLookup(const std::string& name, std::string_view text) const;
     void addManifest(std::string_view text) const;
 
-    /// The path of something below the install folder; the folder's own without an argument.
+    /// Returns the path of the install folder or of something below it.
     std::string path(const std::string& below = {}) const;
 
     /// Runs the program with `--install` and the install folder before the arguments.
     Outcome run(std::vector<std::string> arguments, const Surroundings& surroundings = {}) const;
-    /// The same with a terminal of this width as standard output; for POSIX alone.
+    /// The same with a terminal of this width as standard output. Only on POSIX.
     Outcome runAtTerminal(std::size_t columns, std::vector<std::string> arguments,
                           const Surroundings& surroundings = {}) const;
 
@@ -41,13 +41,17 @@ private:
     docparser_tests::TemporaryFolder folder_;
 };
 
-/// A JSON section: "HELPFOLDER name", "HELPFOLDER code" and so on, with these items.
-/// \param items  JSON text: what stands between the brackets of "refItems"
-/// \param more   JSON text: further members of the section, a comma before them
+/// Returns a section as JSON, with "HELPFOLDER name" as product name and so on.
+///
+/// \param items  the elements of "refItems", without the brackets
+/// \param more   further members of the section, with a comma before them
 std::string section(const std::string& helpFolder, const std::string& items,
                     const std::string& more = {});
 
-/// The document that the program printed; a failure of the test when it is none.
+/// Parses the JSON that the program printed. Fails the test if it is invalid.
 boost::json::value document(const std::string& text);
+
+/// The documents that the program printed, one on each line.
+std::vector<boost::json::value> documents(const std::string& lines);
 
 } // namespace refdoc_tests

@@ -8,36 +8,36 @@
 
 namespace refdoc_tests {
 
-/// How a run of the program ended and what it printed.
+/// The exit status and the output of a run.
 struct Outcome {
-    int status = -1; ///< exit status; -1 when a signal ended the program
+    int status = -1; ///< exit status; -1 if a signal ended the program
     std::string out; ///< standard output
     std::string err; ///< standard error
 
     bool operator==(const Outcome&) const = default;
 
-    /// What GoogleTest shows of an outcome.
+    /// Prints the outcome for GoogleTest.
     friend void PrintTo(const Outcome& outcome, std::ostream* stream) {
         *stream << "status " << outcome.status << "\nout: " << outcome.out
                 << "\nerr: " << outcome.err;
     }
 };
 
-/// What a run gets besides its arguments. Of the variables that bear on the layout the program sees
-/// only those that are given here.
+/// The environment of a run. The program inherits all variables except those that affect the
+/// layout, such as COLUMNS.
 struct Surroundings {
-    std::map<std::string, std::string> variables{};
-    std::string folder{}; ///< to run in; the current one when empty
-    std::string output{}; ///< a device or file for standard output, which is then not collected
+    std::map<std::string, std::string> variables{}; ///< added to the inherited ones
+    std::string folder{};                           ///< current folder; empty: that of the test
+    std::string output{}; ///< file or device for standard output, which is then not captured
 };
 
 /// Runs the program and waits for its end.
-/// \throws std::system_error  it could not be started
+/// \throws std::system_error  the program cannot be started
 Outcome runProgram(const std::vector<std::string>& arguments,
                    const Surroundings& surroundings = {});
 
 /// Runs the program with a terminal of this width as its standard output.
-/// \throws std::system_error  there is no terminal to be had, or the program could not be started
+/// \throws std::system_error  no terminal is available, or the program cannot be started
 Outcome runOnTerminal(std::size_t columns, const std::vector<std::string>& arguments,
                       const Surroundings& surroundings = {});
 

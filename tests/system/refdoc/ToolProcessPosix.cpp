@@ -45,7 +45,7 @@ private:
     int number_;
 };
 
-// A file without a name, gone when it is closed.
+// A temporary file that is deleted when it is closed.
 class Capture {
 public:
     Capture() : file_(std::tmpfile(), &std::fclose) {
@@ -67,7 +67,7 @@ private:
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
 };
 
-bool bearsOnLayout(std::string_view variable) {
+bool affectsLayout(std::string_view variable) {
     for (const std::string_view name : {"NO_COLOR=", "COLUMNS=", "TERM=", "PAGER=", "LESS="}) {
         if (variable.starts_with(name))
             return true;
@@ -78,7 +78,7 @@ bool bearsOnLayout(std::string_view variable) {
 std::vector<std::string> environmentOf(const Surroundings& surroundings) {
     std::vector<std::string> environment;
     for (char** variable = environ; *variable; ++variable) {
-        if (!bearsOnLayout(*variable))
+        if (!affectsLayout(*variable))
             environment.emplace_back(*variable);
     }
     for (const auto& [name, value] : surroundings.variables)
@@ -124,7 +124,7 @@ int waitFor(pid_t child) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-// Until the other side is closed, which a terminal reports as an error.
+// Reads until the other side is closed, which a terminal reports as an error.
 std::string readAll(int descriptor) {
     std::string text;
     char block[4096];
@@ -137,7 +137,7 @@ std::string readAll(int descriptor) {
     }
 }
 
-// Bytes pass as they are, and lines have `columns` columns.
+// Lets bytes pass unchanged and sets the width.
 void prepareTerminal(int terminal, std::size_t columns) {
     termios settings{};
     if (tcgetattr(terminal, &settings) != 0)

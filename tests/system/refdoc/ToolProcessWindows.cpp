@@ -28,7 +28,7 @@ class Handle {
 public:
     explicit Handle(HANDLE handle) : handle_(handle) {
         if (handle_ == INVALID_HANDLE_VALUE)
-            fail("a file could not be opened");
+            fail("cannot open a file");
     }
     ~Handle() { ::CloseHandle(handle_); }
     Handle(const Handle&) = delete;
@@ -40,7 +40,7 @@ private:
     HANDLE handle_;
 };
 
-// A file that the program inherits.
+// Opens a file that the program inherits.
 HANDLE inheritable(const std::filesystem::path& file) {
     SECURITY_ATTRIBUTES security = {sizeof security, nullptr, TRUE};
     return ::CreateFileW(file.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &security,
@@ -52,7 +52,7 @@ std::string bytesOf(const std::filesystem::path& file) {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-// An argument as the program's run-time library takes it apart again.
+// Quotes an argument for the run-time library of the program, which splits the command line.
 std::wstring inQuotes(std::wstring_view argument) {
     std::wstring text = L"\"";
     std::size_t backslashes = 0;
@@ -72,7 +72,7 @@ std::wstring commandLine(const std::vector<std::string>& arguments) {
     return line;
 }
 
-bool bearsOnLayout(std::wstring_view variable) {
+bool affectsLayout(std::wstring_view variable) {
     for (const std::wstring_view name :
          {L"NO_COLOR=", L"COLUMNS=", L"TERM=", L"PAGER=", L"LESS="}) {
         if (variable.starts_with(name))
@@ -81,12 +81,12 @@ bool bearsOnLayout(std::wstring_view variable) {
     return false;
 }
 
-// The variables as a block of texts that each end with NUL.
+// Returns the variables as a block of NUL-terminated strings.
 std::wstring environmentOf(const Surroundings& surroundings) {
     std::wstring block;
     wchar_t* const own = ::GetEnvironmentStringsW();
     for (const wchar_t* variable = own; *variable; variable += std::wcslen(variable) + 1) {
-        if (!bearsOnLayout(variable))
+        if (!affectsLayout(variable))
             block.append(variable).push_back(L'\0');
     }
     ::FreeEnvironmentStringsW(own);
@@ -110,13 +110,13 @@ int runToEnd(const std::vector<std::string>& arguments, const Surroundings& surr
     if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, /*bInheritHandles=*/TRUE,
                           CREATE_UNICODE_ENVIRONMENT, environment.data(),
                           folder.empty() ? nullptr : folder.c_str(), &startup, &process))
-        fail("the program could not be started");
+        fail("cannot start the program");
     const Handle processHandle(process.hProcess);
     const Handle threadHandle(process.hThread);
     DWORD status = 0;
     if (::WaitForSingleObject(process.hProcess, INFINITE) != WAIT_OBJECT_0 ||
         !::GetExitCodeProcess(process.hProcess, &status))
-        fail("the program's end is not known");
+        fail("cannot wait for the program");
     return static_cast<int>(status);
 }
 

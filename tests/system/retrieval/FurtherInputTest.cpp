@@ -9,10 +9,10 @@ namespace {
 
 #ifdef DOCPARSER_TESTDATA
 
-// Inputs from a folder beside the checkout.
+// Inputs from a folder outside the checkout.
 class FurtherInputTest : public SystemTest {};
 
-TEST_F(FurtherInputTest, NoTextOfAJsonParsersTestSuiteIsAResource) {
+TEST_F(FurtherInputTest, RejectsEveryFileOfAJsonParserTestSuite) {
     const std::filesystem::path suite =
         std::filesystem::path(DOCPARSER_TESTDATA) / "json" / "jsontestsuite";
     int count = 0;

@@ -37,7 +37,7 @@ std::string nameOf(const FileAccount& file) {
     return file.entry.empty() ? name : name + "!" + to_string(file.entry);
 }
 
-// One line per file: its name, its fate and, if known, position and reason.
+// Returns the name of a file, its fate and, if known, position and reason.
 std::string line(const FileAccount& file) {
     std::string text = nameOf(file) + " " + std::string(toWord(file.fate));
     if (file.place)
@@ -64,7 +64,8 @@ const FileAccount& fileNamed(const LoadAccount& account, const std::string& name
     throw std::out_of_range("the account has no file " + name);
 }
 
-// One line per section: its key, fate, the file that had the key and the pointer in its own file.
+// Returns a line per section: key, fate, the other file with the key, and the pointer in its own
+// file.
 std::vector<std::string> sections(const LoadAccount& account, const std::string& name) {
     std::vector<std::string> result;
     for (const SectionAccount& section : fileNamed(account, name).sections)
@@ -74,7 +75,7 @@ std::vector<std::string> sections(const LoadAccount& account, const std::string&
     return result;
 }
 
-// One line per decision about a record in the first section of a file.
+// Returns a line per decision about a record in the first section of a file.
 std::vector<std::string> records(const LoadAccount& account, const std::string& name) {
     std::vector<std::string> result;
     for (const RecordAccount& record : fileNamed(account, name).sections.at(0).records)
@@ -92,7 +93,7 @@ std::string packageOf(const std::vector<std::pair<std::string, std::string>>& en
     return zip.build();
 }
 
-// The message of the package library when it fails to open a package or to read one of its entries.
+// Returns the error of the package library when it opens a package or reads one of its entries.
 std::string packageFailure(const std::string& file, std::ptrdiff_t entry = 0) {
     try {
         const opc::FileSystemOpsSelector selector(
@@ -110,7 +111,7 @@ std::string packageFailure(const std::string& file, std::ptrdiff_t entry = 0) {
     } catch (const std::exception& failure) {
         return failure.what();
     }
-    throw std::logic_error(file + " has no failure");
+    throw std::logic_error(file + " has no error");
 }
 
 class LoadAccountTest : public SystemTest {
@@ -130,7 +131,7 @@ protected:
         return account;
     }
 
-    Lookups lookups; // of the last account
+    Lookups lookups; // set by accountOfLookups()
 };
 
 ResourceText orchard(const std::vector<boost::json::object>& items) {
@@ -140,7 +141,7 @@ ResourceText orchard(const std::vector<boost::json::object>& items) {
     return text;
 }
 
-TEST_F(LoadAccountTest, ListsTheSectionsOfAUsedFile) {
+TEST_F(LoadAccountTest, ListsSectionsOfUsedFile) {
     addApi("Orchard.json", ResourceText("orchard").addSupportPackage(ResourceText("hive")).str());
     const LoadAccount account = accountOfProduct(u"Orchard");
     EXPECT_THAT(lines(account), ElementsAre("Orchard.json used"));
@@ -149,7 +150,7 @@ TEST_F(LoadAccountTest, ListsTheSectionsOfAUsedFile) {
                             "hive code new Orchard.json \"/supportPackages/0\""));
 }
 
-TEST_F(LoadAccountTest, ListsASectionWhoseKeyIsTaken) {
+TEST_F(LoadAccountTest, ListsSectionWhoseKeyIsTaken) {
     addApi("Orchard.json", ResourceText("orchard")
                                .addSupportPackage(ResourceText("hive"))
                                .addSupportPackage(ResourceText("hive").set("helpFolder", "second"))
@@ -160,7 +161,7 @@ TEST_F(LoadAccountTest, ListsASectionWhoseKeyIsTaken) {
                             "hive code key-taken Orchard.json \"/supportPackages/1\""));
 }
 
-TEST_F(LoadAccountTest, ListsWhatAnOverlayReplaces) {
+TEST_F(LoadAccountTest, ListsWhatOverlayReplaces) {
     host->language = u"de";
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", "Join"}, {"old.html", "O"}}));
     addApi("Orchard_de.json", orchard({item("graft.html", "Veredeln"), item("neu.html", "Neu")})
@@ -197,7 +198,7 @@ TEST_F(LoadAccountTest, GivesThePositionOfInvalidJson) {
     EXPECT_THAT(file.sections, IsEmpty());
 }
 
-TEST_F(LoadAccountTest, GivesPointerAndPositionOfWhatBreaksTheFormat) {
+TEST_F(LoadAccountTest, GivesPointerAndPositionOfFormatError) {
     addApi("Orchard.json",
            "{\"productName\": \"O\", \"baseCode\": \"OR\", \"helpFolder\": \"o\",\n"
            "\"helpLocation\": \"o\", \"refItems\": [\n  {\"href\": 1, \"refpurpose\": \"x\"}]}");
@@ -205,18 +206,18 @@ TEST_F(LoadAccountTest, GivesPointerAndPositionOfWhatBreaksTheFormat) {
                 "Orchard.json malformed 3:12 /refItems/0/href (expected a string, found a number)");
 }
 
-TEST_F(LoadAccountTest, CallsAnEmptyFileMalformed) {
+TEST_F(LoadAccountTest, CallsEmptyFileMalformed) {
     addApi("Orchard.json", "");
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(),
                 "Orchard.json malformed 1:1 (the file is empty)");
 }
 
-TEST_F(LoadAccountTest, ListsAFolderWithTheNameOfAFile) {
+TEST_F(LoadAccountTest, ListsFolderWithTheNameOfAFile) {
     std::filesystem::create_directories(apiPath("Orchard.json"));
     EXPECT_THAT(lines(accountOfProduct(u"Orchard")).front(), "Orchard.json not-regular");
 }
 
-TEST_F(LoadAccountTest, ListsAFileOverTheLimit) {
+TEST_F(LoadAccountTest, ListsFileOverTheLimit) {
     platform::setReadLimits({.fileBytes = 10});
     addApi("Orchard.json", resourceText("orchard", {}));
     addLookup("P.json", orchard({}).str());
@@ -228,7 +229,7 @@ TEST_F(LoadAccountTest, ListsAFileOverTheLimit) {
                 ElementsAre("P.json over-limit (larger than the limit of 10 bytes)"));
 }
 
-TEST_F(LoadAccountTest, CallsAPathThatCannotNameAFileMissing) {
+TEST_F(LoadAccountTest, CallsPathThatCannotNameAFileMissing) {
     const LoadAccount account = accountOfProduct(std::u16string(u"a\0b", 3));
     ASSERT_FALSE(account.files.empty());
     EXPECT_EQ(account.files.front().fate, Fate::Missing);
@@ -259,7 +260,7 @@ TEST_F(LoadAccountTest, ListsPackagesBeforeTheirEntries) {
                             "P.zip!B.json malformed 1:2 (incomplete JSON)"));
 }
 
-TEST_F(LoadAccountTest, GivesTheReasonForABrokenPackage) {
+TEST_F(LoadAccountTest, GivesReasonForBrokenPackage) {
     addLookup("P.zip", "no zip");
     std::filesystem::create_directories(lookupPath("Q.zip"));
     const LoadAccount account = accountOfLookups();
@@ -270,7 +271,7 @@ TEST_F(LoadAccountTest, GivesTheReasonForABrokenPackage) {
     EXPECT_EQ(fileNamed(account, "Q.zip").fate, Fate::NotRegular);
 }
 
-TEST_F(LoadAccountTest, GivesTheReasonForAnEntryThatCannotBeDelivered) {
+TEST_F(LoadAccountTest, GivesReasonForUnreadableEntry) {
     ZipBytes zip;
     zip.entries.push_back({.name = "A.json", .content = orchard({}).str(), .crc = 1});
     zip.entries.push_back({.name = "B.json", .content = "x", .flags = kEncryptedFlag});
@@ -282,14 +283,14 @@ TEST_F(LoadAccountTest, GivesTheReasonForAnEntryThatCannotBeDelivered) {
     EXPECT_EQ(fileNamed(account, "P.zip!B.json").reason, packageFailure(lookupPath("P.zip"), 1));
 }
 
-TEST_F(LoadAccountTest, ListsAnEntryOverTheLimit) {
+TEST_F(LoadAccountTest, ListsEntryOverTheLimit) {
     platform::setReadLimits({.entryBytes = 10});
     addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
     const LoadAccount account = accountOfLookups();
     EXPECT_EQ(fileNamed(account, "P.zip!A.json").fate, Fate::OverLimit);
 }
 
-TEST_F(LoadAccountTest, ListsAPackageWithADirectoryOverTheLimit) {
+TEST_F(LoadAccountTest, ListsPackageWithDirectoryOverTheLimit) {
     platform::setReadLimits({.directoryBytes = 46 + 5});
     addLookup("P.zip", packageOf({{"A.json", orchard({}).str()}}));
     const LoadAccount account = accountOfLookups();
@@ -299,8 +300,8 @@ TEST_F(LoadAccountTest, ListsAPackageWithADirectoryOverTheLimit) {
     EXPECT_EQ(account.files.front().reason, packageFailure(lookupPath("P.zip")));
 }
 
-TEST_F(LoadAccountTest, ListsWhatAMergeAddedAndDropped) {
-    // A package is read before plain files, so it is on top.
+TEST_F(LoadAccountTest, ListsWhatMergeAddedAndDropped) {
+    // Packages are read before plain files, so the package's section comes first.
     addLookup("A.zip", packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join"),
                                                       lookupItem("prune", "p.html", "Cut")})
                                                  .str()}}));
@@ -322,7 +323,7 @@ TEST_F(LoadAccountTest, ListsWhatAMergeAddedAndDropped) {
     EXPECT_EQ(lookups.installed.at(u"orchard").items.at(u"graft").size(), 2U);
 }
 
-TEST_F(LoadAccountTest, ListsWhereTheRecordsUnderATranslationCameFrom) {
+TEST_F(LoadAccountTest, ListsOriginOfRecordsBelowTranslation) {
     host->language = u"de";
     addLookup("A.zip",
               packageOf({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
@@ -336,7 +337,7 @@ TEST_F(LoadAccountTest, ListsWhereTheRecordsUnderATranslationCameFrom) {
                             "prune p.html added-name, from A.zip!B.json, wins A.zip!B.json"));
 }
 
-TEST_F(LoadAccountTest, DoesNotBlameTheFileForAFailureOfTheHost) {
+TEST_F(LoadAccountTest, GivesHostFailureAsReason) {
     addLookup("P.json", ResourceText("a").addSupportPackage(ResourceText("b")).str());
     host->onProducts = [asked = 0]() mutable {
         if (++asked == 2)
@@ -383,8 +384,7 @@ TEST_F(LoadAccountTest, UsesTheInnermostScopeOfTheThread) {
     EXPECT_THAT(outer.files, testing::SizeIs(1));
 }
 
-// A log sink or a host service may ask the library for another product in the middle of a
-// retrieval.
+// A log sink or a host service may retrieve another product during a retrieval.
 class NestedRetrievalTest : public LoadAccountTest {
 protected:
     NestedRetrievalTest() {
@@ -397,7 +397,7 @@ protected:
         host->language = u"de";
     }
 
-    // Retrieves another product, once.
+    // Retrieves another product on the first call.
     void retrieveInner() {
         if (!std::exchange(hasRetrieved, true))
             findResources(u"Inner");
@@ -453,7 +453,7 @@ TEST_F(NestedRetrievalTest, IsKeptIfTheOuterRetrievalThrows) {
                             "Absent_de.json missing"));
 }
 
-TEST_F(LoadAccountTest, DoesNotRecordAListingOfProducts) {
+TEST_F(LoadAccountTest, DoesNotRecordListingOfProducts) {
     addLookup("notes.txt", "");
     LoadAccount account;
     const LoadAccount::Scope scope(account);

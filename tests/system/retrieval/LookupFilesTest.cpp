@@ -9,10 +9,10 @@
 namespace docparser_tests {
 namespace {
 
-// The lookup files of a folder: which are read, and where their sections go.
+// Which lookup files of a folder are read, and whether their sections count as installed.
 class LookupFilesTest : public SystemTest {
 protected:
-    // A product whose lookup file has one section of one record; both go by its name.
+    // Adds a lookup file with one section of one record; both have the name of the product.
     void addProduct(const std::string& name) const {
         addLookup(name + ".json", ResourceText(name).add(lookupItem(name, "x.html", "X")).str());
     }
@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(LookupFilesTest, AnEmptyOrMissingFolderHasNoLookups) {
+TEST_F(LookupFilesTest, EmptyOrMissingFolderHasNoLookups) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
     std::filesystem::remove_all(folder.path() / "root");
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
@@ -36,7 +36,7 @@ TEST_F(LookupFilesTest, AnEmptyOrMissingFolderHasNoLookups) {
     }
 }
 
-TEST_F(LookupFilesTest, SectionsAreSplitByWhatIsInstalled) {
+TEST_F(LookupFilesTest, SplitsSectionsIntoInstalledAndNotInstalled) {
     for (const std::string name : {"orchard", "vineyard", "meadow", "sensorkit"})
         addProduct(name);
     host->install({"vineyard"});
@@ -46,7 +46,7 @@ TEST_F(LookupFilesTest, SectionsAreSplitByWhatIsInstalled) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(LookupFilesTest, TestProductsSplitAsInstalledOnesDo) {
+TEST_F(LookupFilesTest, TestProductsCountAsInstalled) {
     for (const std::string name : {"orchard", "vineyard", "sensorkit"})
         addProduct(name);
     host->install({"orchard"});
@@ -55,7 +55,7 @@ TEST_F(LookupFilesTest, TestProductsSplitAsInstalledOnesDo) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(LookupFilesTest, ASectionIsInstalledByItsKeyNotByTheProductsName) {
+TEST_F(LookupFilesTest, SectionIsInstalledByItsKeyNotItsProductName) {
     ResourceText text("orchard");
     text.addSupportPackage(ResourceText("ladder"));
     addLookup("Vineyard.json", text.str());
@@ -65,7 +65,7 @@ TEST_F(LookupFilesTest, ASectionIsInstalledByItsKeyNotByTheProductsName) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(LookupFilesTest, EverythingIsReadAnewAtEachCall) {
+TEST_F(LookupFilesTest, EachCallReadsAllFilesAgain) {
     addProduct("orchard");
     DocResourceParser::getResourceLookupFiles();
     std::filesystem::remove(lookupPath("orchard.json"));
@@ -75,7 +75,7 @@ TEST_F(LookupFilesTest, EverythingIsReadAnewAtEachCall) {
               (Lookups{sectionsOf({u"vineyard"}), {}}));
 }
 
-TEST_F(LookupFilesTest, OnlyJsonFilesDirectlyInTheFolderAreRead) {
+TEST_F(LookupFilesTest, ReadsOnlyJsonFilesDirectlyInTheFolder) {
     addProduct("orchard");
     const std::string text = ResourceText("other").str();
     for (const std::string name : {"a.JSON", "b.txt", "c", "d.json.bak", "sub/e.json"})
@@ -87,7 +87,7 @@ TEST_F(LookupFilesTest, OnlyJsonFilesDirectlyInTheFolderAreRead) {
                 testing::ElementsAre("Reading file: " + lookupPath("orchard.json")));
 }
 
-TEST_F(LookupFilesTest, TranslationsIntoOtherLanguagesAreNotOpened) {
+TEST_F(LookupFilesTest, DoesNotOpenTranslationsIntoOtherLanguages) {
     host->languages = {u"en", u"de", u"ja"};
     addProduct("orchard");
     addProduct("orchard_de");
@@ -104,7 +104,7 @@ TEST_F(LookupFilesTest, TranslationsIntoOtherLanguagesAreNotOpened) {
                                               "Reading file: " + lookupPath("orchard_ja.json")));
 }
 
-TEST_F(LookupFilesTest, ATranslationGoesByTheNameBeforeItsFirstSuffix) {
+TEST_F(LookupFilesTest, NameOfTranslationEndsAtItsFirstSuffix) {
     setLanguage(u"de");
     addLookup("Orchard_de.json", ResourceText("orchard").str());
     addLookup("Vine_de_yard_de.json", ResourceText("vineyard").str());
@@ -116,14 +116,14 @@ TEST_F(LookupFilesTest, ATranslationGoesByTheNameBeforeItsFirstSuffix) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-TEST_F(LookupFilesTest, ASuffixOfALanguageThatIsNotSupportedIsPartOfTheName) {
+TEST_F(LookupFilesTest, SuffixOfUnsupportedLanguageIsPartOfTheName) {
     host->language = u"de";
     addLookup("Orchard_de.json", ResourceText("orchard").str());
     const Lookups expected = {{}, {{u"orchard", lookupSection(u"orchard", u"Orchard_de", {})}}};
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), expected);
 }
 
-POSIX_TEST_F(LookupFilesTest, AMissingFileStopsNoOther) {
+POSIX_TEST_F(LookupFilesTest, MissingFileDoesNotAffectOthers) {
     addProduct("orchard");
     std::filesystem::create_symlink("absent", lookupPath("Gone.json"));
     addProduct("vineyard");
@@ -131,7 +131,7 @@ POSIX_TEST_F(LookupFilesTest, AMissingFileStopsNoOther) {
               (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
 }
 
-TEST_F(LookupFilesTest, DamagedFilesAreLeftOutAndTheOthersServed) {
+TEST_F(LookupFilesTest, SkipsOnlyDamagedFiles) {
     const std::string good = ResourceText("bad").add(lookupItem("n", "h", "p")).str();
     const std::string damaged[] = {
         "",
@@ -166,7 +166,7 @@ TEST_F(LookupFilesTest, DamagedFilesAreLeftOutAndTheOthersServed) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), (Lookups{{}, expected}));
 }
 
-TEST_F(LookupFilesTest, FailureOfTheInstalledTestSkipsTheRemainingSectionsOfTheProduct) {
+TEST_F(LookupFilesTest, FailingCatalogueSkipsTheRemainingSectionsOfTheProduct) {
     addLookup("Many.json", ResourceText("a")
                                .addSupportPackage(ResourceText("b").set("baseCode", "b"))
                                .addSupportPackage(ResourceText("c").set("baseCode", "c"))
@@ -181,7 +181,7 @@ TEST_F(LookupFilesTest, FailureOfTheInstalledTestSkipsTheRemainingSectionsOfTheP
     EXPECT_EQ(calls, 2);
 }
 
-TEST_F(LookupFilesTest, AnInstalledTestThatAlwaysThrowsLeavesNothing) {
+TEST_F(LookupFilesTest, FindsNothingIfTheSupportPackageRootCannotBeRead) {
     addProduct("orchard");
     addProduct("vineyard");
     host->onPackageRoot = [] { throw std::runtime_error("the root reader fails"); };
@@ -191,7 +191,7 @@ TEST_F(LookupFilesTest, AnInstalledTestThatAlwaysThrowsLeavesNothing) {
               (Lookups{{}, sectionsOf({u"orchard", u"vineyard"})}));
 }
 
-POSIX_TEST_F(LookupFilesTest, FileNamesThatAreNoTextEndNothing) {
+POSIX_TEST_F(LookupFilesTest, ReadsOtherFilesAfterAnIllFormedFileName) {
     addProduct("orchard");
     addLookup("broken\xFF.json", ResourceText("unreachable").str());
     addProduct("vineyard");

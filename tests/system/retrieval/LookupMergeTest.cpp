@@ -12,8 +12,8 @@ struct LookupFile {
     std::string text;
 };
 
-// Lookup files whose main sections share one key, so that they are merged. They are the entries of
-// one package because entries are read in the order of the package; a folder has no order.
+// Lookup files whose main sections have the same key and are merged. They are entries of one
+// package, because entries are read in the order of the package. A folder has no order.
 class LookupMergeTest : public SystemTest {
 protected:
     void addPackage(const std::vector<LookupFile>& files) const {
@@ -23,7 +23,7 @@ protected:
         addLookup("Package.zip", zip.build());
     }
 
-    // The merged section, which is the only one and is not installed.
+    // Returns the merged section and expects it to be the only one and not installed.
     static DocResource<RefItemLookup> merged() {
         const Lookups lookups = DocResourceParser::getResourceLookupFiles();
         EXPECT_TRUE(lookups.installed.empty());
@@ -47,7 +47,7 @@ TEST_F(LookupMergeTest, ResultHasTheNamesOfBothFiles) {
                                        lookupRecord(u"prune", u"p.html", u"Cut")}));
 }
 
-TEST_F(LookupMergeTest, FirstFileKeepsItsRecordsWhenTheCountsAreEqual) {
+TEST_F(LookupMergeTest, FirstFileKeepsItsRecordsIfTheCountsAreEqual) {
     addPackage({{"A.json", orchard({lookupItem("graft", "a.html", "A")}).str()},
                 {"B.json", orchard({lookupItem("graft", "b.html", "B")}).str()}});
     EXPECT_EQ(merged(), lookupSection(u"orchard", u"A", {lookupRecord(u"graft", u"a.html", u"A")}));
@@ -91,7 +91,7 @@ TEST_F(LookupMergeTest, ShorterListAddsNothing) {
                                        lookupRecord(u"graft", u"b.html", u"again")}));
 }
 
-TEST_F(LookupMergeTest, InstalledSectionsOfOneKeyAreMerged) {
+TEST_F(LookupMergeTest, MergesInstalledSectionsWithTheSameKey) {
     host->install({"orchard"});
     addPackage({{"A.json", orchard({lookupItem("graft", "g.html", "Join")}).str()},
                 {"B.json", orchard({lookupItem("prune", "p.html", "Cut")}).str()}});
@@ -106,7 +106,7 @@ TEST_F(LookupMergeTest, InstalledSectionsOfOneKeyAreMerged) {
 // How the two files of a product are stored.
 enum class Storage { EnglishEntryFirst, GermanEntryFirst, PlainFiles };
 
-// A translation beside its English file. The result does not depend on which of them is read first.
+// A translation and its English file. The result does not depend on which is read first.
 class LookupTranslationTest : public LookupMergeTest, public testing::WithParamInterface<Storage> {
 protected:
     LookupTranslationTest() { setLanguage(u"de"); }
@@ -150,7 +150,7 @@ TEST_P(LookupTranslationTest, ResultHasTheTranslatedHeaderAndRecords) {
     EXPECT_EQ(merged(), expected);
 }
 
-TEST_P(LookupTranslationTest, EnglishFileAddsNamesThatAreNotTranslated) {
+TEST_P(LookupTranslationTest, EnglishFileAddsUntranslatedNames) {
     addBoth(orchard({lookupItem("graft", "g.html", "Join"), lookupItem("prune", "p.html", "Cut"),
                      lookupItem("prune", "q.html", "Cut too")}),
             orchard({lookupItem("graft", "g.html", "Veredeln"),
@@ -162,7 +162,7 @@ TEST_P(LookupTranslationTest, EnglishFileAddsNamesThatAreNotTranslated) {
                                        lookupRecord(u"water", u"w.html", u"Giessen")}));
 }
 
-TEST_P(LookupTranslationTest, EnglishFileAddsNewHrefsOnlyWhereItHasMoreRecords) {
+TEST_P(LookupTranslationTest, EnglishFileAddsNewHrefsOnlyIfItHasMoreRecords) {
     addBoth(orchard({lookupItem("graft", "g.html", "Join"), lookupItem("graft", "h.html", "Tie"),
                      lookupItem("prune", "p.html", "Cut")}),
             orchard({lookupItem("graft", "g.html", "Veredeln"),
@@ -194,7 +194,7 @@ TEST_P(LookupTranslationTest, DamagedEnglishFileLeavesTheTranslation) {
                                       {lookupRecord(u"graft", u"g.html", u"Veredeln")}));
 }
 
-TEST_P(LookupTranslationTest, SectionsOfSupportPackagesAreMergedByBaseCode) {
+TEST_P(LookupTranslationTest, MergesSupportPackagesByBaseCode) {
     ResourceText english("orchard");
     english.addSupportPackage(ResourceText("ladder").add(lookupItem("climb", "c.html", "Go up")));
     ResourceText german("orchard");

@@ -19,12 +19,12 @@ namespace {
 
 using reference::docparser::ProductZipData;
 
-// Lookup files in zip packages: which packages and entries are read, and what a bad one costs.
+// Lookup files in zip packages: which packages and entries are read, and which are skipped.
 class LookupZipsTest : public SystemTest {
 protected:
     void SetUp() override { host->languages = {u"en", u"de", u"ja"}; }
 
-    // The text of a lookup file with one section and one record named after it.
+    // Returns the text of a lookup file with one section and one record of the same name.
     static std::string textOf(const std::string& section) {
         return ResourceText(section).add(lookupItem(section, "x.html", "X")).str();
     }
@@ -32,7 +32,7 @@ protected:
                                                 const std::u16string& product) {
         return lookupSection(section, product, {lookupRecord(section, u"x.html", u"X")});
     }
-    // An entry that holds the section of its own name.
+    // Returns an entry that contains such a lookup file.
     static ZipEntryBytes entry(const std::string& name, const std::string& section) {
         ZipEntryBytes result;
         result.name = name;
@@ -45,7 +45,7 @@ protected:
         zip.entries = entries;
         addLookup(file, zip.build());
     }
-    // What nothing installed makes of the sections: key and the product that it was read for.
+    // Returns sections that are not installed, given by key and product.
     static Lookups found(const std::map<std::u16string, std::u16string>& sectionsAndProducts) {
         Lookups lookups;
         for (const auto& [section, product] : sectionsAndProducts)
@@ -61,25 +61,25 @@ protected:
     static Lookups read() { return DocResourceParser::getResourceLookupFiles(); }
 };
 
-TEST_F(LookupZipsTest, APackageOfOneEntryServesItUnderTheEntrysOwnName) {
+TEST_F(LookupZipsTest, SingleEntryIsReadUnderItsOwnName) {
     addZip("Package.zip", {entry("folder/Orchard.json", "orchard")});
     const LogCapture log(16 | 512);
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard"}}));
     EXPECT_THAT(log.messages(), testing::ElementsAre("Reading file: Orchard"));
 }
 
-TEST_F(LookupZipsTest, TheSingleEntryOfAnEnglishPackageIsEnglishWhateverItIsCalled) {
+TEST_F(LookupZipsTest, SingleEntryOfEnglishPackageIsEnglishUnderAnyName) {
     addZip("Orchard.zip", {entry("Orchard_ja.json", "orchard")});
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard_ja"}}));
 }
 
-TEST_F(LookupZipsTest, TheSingleEntryOfATranslatedPackageIsATranslation) {
+TEST_F(LookupZipsTest, SingleEntryOfTranslatedPackageIsTranslation) {
     host->language = u"ja";
     addZip("Orchard_ja.zip", {entry("Orchard_ja.json", "orchard")});
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard"}}));
 }
 
-TEST_F(LookupZipsTest, TheSingleEntryOfATranslatedPackageMustCarryTheSuffixItself) {
+TEST_F(LookupZipsTest, SingleEntryOfTranslatedPackageNeedsTheSuffixItself) {
     host->language = u"ja";
     addZip("Orchard_ja.zip", {entry("Orchard.json", "orchard")});
     const LogCapture log(16 | 512);
@@ -87,13 +87,13 @@ TEST_F(LookupZipsTest, TheSingleEntryOfATranslatedPackageMustCarryTheSuffixItsel
     EXPECT_THAT(log.messages(), testing::IsEmpty());
 }
 
-TEST_F(LookupZipsTest, SeveralEntriesKeepEnglishAndTheCurrentLanguage) {
+TEST_F(LookupZipsTest, ReadsEnglishAndCurrentLanguageOfSeveralEntries) {
     const std::vector<ZipEntryBytes> entries = {
         entry("Orchard.json", "orchard"), entry("Vineyard_de.json", "vineyard"),
         entry("Meadow_ja.json", "meadow"), entry("Garden.json", "garden"),
         entry("Barn_fr.json", "barn")};
     addZip("Estate.zip", entries);
-    // French is no supported language, so its suffix is part of a name.
+    // French is not a supported language, so its suffix is part of the name.
     EXPECT_EQ(read(),
               found({{u"orchard", u"Orchard"}, {u"garden", u"Garden"}, {u"barn", u"Barn_fr"}}));
     host->language = u"de";
@@ -103,19 +103,19 @@ TEST_F(LookupZipsTest, SeveralEntriesKeepEnglishAndTheCurrentLanguage) {
                              {u"barn", u"Barn_fr"}}));
 }
 
-TEST_F(LookupZipsTest, SeveralEntriesOfATranslatedPackageGoByTheirOwnNames) {
+TEST_F(LookupZipsTest, SeveralEntriesOfTranslatedPackageGoByTheirOwnNames) {
     host->language = u"ja";
     addZip("Estate_ja.zip", {entry("Orchard.json", "orchard"), entry("Garden_ja.json", "garden")});
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard"}, {u"garden", u"Garden"}}));
 }
 
-TEST_F(LookupZipsTest, PackagesOfOtherLanguagesAreNotOpened) {
+TEST_F(LookupZipsTest, DoesNotOpenPackagesOfOtherLanguages) {
     addZip("Orchard.zip", {entry("Orchard.json", "orchard")});
     addZip("Orchard_de.zip", {entry("Orchard_de.json", "german")});
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard"}}));
 }
 
-TEST_F(LookupZipsTest, EntriesThatAreNoResourceFilesArePassedOver) {
+TEST_F(LookupZipsTest, SkipsEntriesThatAreNotResourceFiles) {
     ZipEntryBytes folderEntry;
     folderEntry.name = "lookup/";
     addZip("Estate.zip", {entry("[Content_Types].xml", "types"), entry("_rels/.rels", "relations"),
@@ -126,19 +126,18 @@ TEST_F(LookupZipsTest, EntriesThatAreNoResourceFilesArePassedOver) {
     EXPECT_THAT(log.messages(), testing::ElementsAre("Reading file: Orchard"));
 }
 
-// What describes the package is no leaf, so that one resource file beside it is a single entry.
-TEST_F(LookupZipsTest, PackagingMetadataDoesNotCountAsAnEntry) {
+TEST_F(LookupZipsTest, DoesNotCountPackagingMetadataAsEntries) {
     addZip("Orchard.zip", {entry("[Content_Types].xml", "types"), entry("_rels/.rels", "relations"),
                            entry("Orchard_ja.json", "orchard")});
     EXPECT_EQ(read(), found({{u"orchard", u"Orchard_ja"}}));
 }
 
-TEST_F(LookupZipsTest, AFileOfAnotherKindCountsAsAnEntry) {
+TEST_F(LookupZipsTest, CountsFilesOfOtherTypesAsEntries) {
     addZip("Orchard.zip", {entry("notes.txt", "notes"), entry("Orchard_ja.json", "orchard")});
     EXPECT_EQ(read(), Lookups());
 }
 
-TEST_F(LookupZipsTest, APackageWithoutEntriesAddsNothing) {
+TEST_F(LookupZipsTest, PackageWithoutEntriesAddsNothing) {
     addZip("Empty.zip", {});
     ZipEntryBytes folderEntry;
     folderEntry.name = "only/";
@@ -148,7 +147,7 @@ TEST_F(LookupZipsTest, APackageWithoutEntriesAddsNothing) {
     EXPECT_THAT(log.messages(), testing::IsEmpty());
 }
 
-TEST_F(LookupZipsTest, EntriesOfOneNameAreAllReadInTheirOrder) {
+TEST_F(LookupZipsTest, ReadsAllEntriesOfOneNameInOrder) {
     ZipEntryBytes first = entry("Orchard.json", "orchard");
     ZipEntryBytes second = entry("Orchard.json", "orchard");
     second.content = ResourceText("orchard").add(lookupItem("graft", "g.html", "G")).str();
@@ -170,7 +169,7 @@ TEST_F(LookupZipsTest, EntryNamesAreNeverPathsOnDisk) {
     EXPECT_FALSE(std::filesystem::exists(outside));
 }
 
-TEST_F(LookupZipsTest, APackageInAPackageIsNotOpened) {
+TEST_F(LookupZipsTest, DoesNotOpenPackageInPackage) {
     ZipBytes inner;
     inner.entries = {entry("Orchard.json", "orchard")};
     ZipEntryBytes nested;
@@ -180,7 +179,7 @@ TEST_F(LookupZipsTest, APackageInAPackageIsNotOpened) {
     EXPECT_EQ(read(), found({{u"garden", u"Garden"}}));
 }
 
-POSIX_TEST_F(LookupZipsTest, APackageThatCannotBeOpenedCostsItselfAloneAndLogsNothing) {
+POSIX_TEST_F(LookupZipsTest, SkipsOnlyPackagesThatCannotBeOpenedAndLogsNothing) {
     ZipBytes truncated;
     truncated.entries = {entry("Truncated.json", "truncated")};
     std::string bytes = truncated.build();
@@ -218,7 +217,7 @@ const BadEntry kBadEntries[] = {
     {"deflate stream is broken", [](ZipEntryBytes& bad) { bad.packed = "\x07nonsense"; }},
 };
 
-TEST_F(LookupZipsTest, AnEntryThatCannotBeDeliveredCostsItselfAlone) {
+TEST_F(LookupZipsTest, SkipsOnlyTheEntryThatCannotBeRead) {
     for (const BadEntry& bad : kBadEntries) {
         SCOPED_TRACE(bad.what);
         ZipEntryBytes spoilt = entry("Bad.json", "bad");
@@ -236,7 +235,7 @@ TEST_F(LookupZipsTest, AnEntryThatCannotBeDeliveredCostsItselfAlone) {
     }
 }
 
-TEST_F(LookupZipsTest, AnEntryThatIsNoResourceFileCostsItselfAlone) {
+TEST_F(LookupZipsTest, SkipsOnlyEntriesWithInvalidContent) {
     ZipEntryBytes malformed = entry("Bad.json", "bad");
     malformed.content = "{\"refItems\": ";
     ZipEntryBytes marked = entry("Marked.json", "marked");
@@ -245,7 +244,7 @@ TEST_F(LookupZipsTest, AnEntryThatIsNoResourceFileCostsItselfAlone) {
     EXPECT_EQ(read(), found({{u"good", u"Good"}}));
 }
 
-TEST_F(LookupZipsTest, AnEntryThatInflatesPastTheLimitIsNotDelivered) {
+TEST_F(LookupZipsTest, SkipsEntryOverTheLimit) {
     ZipEntryBytes bomb;
     bomb.name = "Bomb.json";
     bomb.content = std::string(std::size_t{4} << 20, ' ');
@@ -259,7 +258,7 @@ TEST_F(LookupZipsTest, AnEntryThatInflatesPastTheLimitIsNotDelivered) {
     EXPECT_THAT(log.messages(), testing::Contains("Error reading file: Bomb"));
 }
 
-TEST_F(LookupZipsTest, TheEntriesOfAPackageTogetherHaveALimit) {
+TEST_F(LookupZipsTest, LimitsTheTotalSizeOfTheEntriesOfAPackage) {
     std::vector<ZipEntryBytes> entries;
     for (int i = 0; i < 8; ++i) {
         entries.push_back(entry("Product" + std::to_string(i) + ".json", "p" + std::to_string(i)));
@@ -273,7 +272,7 @@ TEST_F(LookupZipsTest, TheEntriesOfAPackageTogetherHaveALimit) {
               (std::vector<std::u16string>{u"p0", u"p1", u"p2", u"p3"}));
 }
 
-TEST_F(LookupZipsTest, TheInstalledTestThatThrowsCostsTheRestOfItsProduct) {
+TEST_F(LookupZipsTest, FailingCatalogueSkipsTheRestOfTheProduct) {
     ResourceText text("orchard");
     text.addSupportPackage(ResourceText("ladder"));
     ZipEntryBytes both = entry("Orchard.json", "orchard");
@@ -281,14 +280,14 @@ TEST_F(LookupZipsTest, TheInstalledTestThatThrowsCostsTheRestOfItsProduct) {
     addZip("Package.zip", {both, entry("Garden.json", "garden")});
     host->onProducts = [calls = 0]() mutable {
         if (++calls == 2)
-            throw std::runtime_error("the catalogue is away");
+            throw std::runtime_error("the catalogue fails once");
     };
     // The keys of the first product come in code-unit order: "ladder code", then "orchard".
     EXPECT_EQ(keysOf(read().notInstalled),
               (std::vector<std::u16string>{u"garden", u"ladder code"}));
 }
 
-TEST_F(LookupZipsTest, APlainFileFillsUpThePackagesEntryWhateverTheFolderSays) {
+TEST_F(LookupZipsTest, PlainFileIsMergedIntoPackageEntry) {
     ZipEntryBytes packed = entry("Orchard.json", "orchard");
     packed.content = ResourceText("orchard")
                          .set("productName", "packed")
@@ -314,7 +313,7 @@ TEST_F(LookupZipsTest, APlainFileFillsUpThePackagesEntryWhateverTheFolderSays) {
     EXPECT_EQ(orchard.items, expected);
 }
 
-TEST_F(LookupZipsTest, ATranslatedPlainFileTakesThePlaceOfThePackagesEntry) {
+TEST_F(LookupZipsTest, TranslatedPlainFileReplacesRecordsOfPackageEntry) {
     host->language = u"de";
     ZipEntryBytes packed = entry("Orchard.json", "orchard");
     packed.content = ResourceText("orchard")
@@ -335,12 +334,12 @@ TEST_F(LookupZipsTest, ATranslatedPlainFileTakesThePlaceOfThePackagesEntry) {
     EXPECT_EQ(orchard.items, expected);
 }
 
-TEST_F(LookupZipsTest, PackagesOfPathsBeyondAsciiAreRead) {
+TEST_F(LookupZipsTest, ReadsPackagesWithNonAsciiPaths) {
     addZip("\xE5\xBA\xAD\xF0\x9F\x8C\xB3.zip", {entry("\xE5\xBA\xAD.json", "garden")});
     EXPECT_EQ(read(), found({{u"garden", u"\u5EAD"}}));
 }
 
-TEST_F(LookupZipsTest, NothingStaysOpen) {
+TEST_F(LookupZipsTest, ClosesEveryFile) {
     addZip("Good.zip", {entry("Good.json", "good")});
     addLookup("NoZip.zip", "this is no package");
     read();
@@ -353,7 +352,7 @@ TEST_F(LookupZipsTest, NothingStaysOpen) {
 static_assert(!std::is_copy_assignable_v<ProductZipData>);
 static_assert(!std::is_move_assignable_v<ProductZipData>);
 
-TEST(ProductZipData, CopyingAndMovingKeepTheEntryAndShareTheManager) {
+TEST(ProductZipData, CopiesAndMovesKeepTheEntryAndShareTheManager) {
     const TemporaryFolder folder;
     ZipBytes zip;
     zip.entries = {{.name = "a/Orchard.json", .content = "{}"}};

@@ -7,8 +7,8 @@
 namespace docparser_tests {
 namespace {
 
-// Product names are used in file names as they stand. findResources() fails the test when the
-// exception carries another name than the one that was asked for.
+// Product names are used in file names unchanged. findResources() fails the test if the exception
+// has a different name.
 class ProductNameTest : public SystemTest {};
 
 Resources resourcesOf(const std::u16string& product) {
@@ -29,7 +29,7 @@ TEST_F(ProductNameTest, SeparatorsLeadToAnotherFolder) {
     EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
 }
 
-TEST_F(ProductNameTest, AnAbsoluteNameDoesNotReplaceTheFolder) {
+TEST_F(ProductNameTest, AbsoluteNameDoesNotReplaceTheFolder) {
     folder.write("outside/Orchard.json", text());
     const std::u16string product = folder.u16() + u"/outside/Orchard";
     EXPECT_EQ(findResources(product), std::nullopt);
@@ -38,7 +38,7 @@ TEST_F(ProductNameTest, AnAbsoluteNameDoesNotReplaceTheFolder) {
     EXPECT_EQ(findResources(u"/abs/Orchard"), resourcesOf(u"/abs/Orchard"));
 }
 
-TEST_F(ProductNameTest, ANameWithNulIsNeverTheNameBeforeIt) {
+TEST_F(ProductNameTest, NameIsNotCutAtNul) {
     addApi("Orchard.json", text());
     addApi("Orchard", text());
     for (const std::u16string& product :
@@ -51,10 +51,10 @@ TEST_F(ProductNameTest, ANameWithNulIsNeverTheNameBeforeIt) {
     }
 }
 
-POSIX_TEST_F(ProductNameTest, UnpairedSurrogatesAreNoFileAndNoOneElse) {
-    addApi("\xEF\xBF\xBD.json", text()); // what a lossy conversion would make of them
+POSIX_TEST_F(ProductNameTest, UnpairedSurrogatesNameNoFile) {
+    addApi("\xEF\xBF\xBD.json", text()); // the name after a lossy conversion
     addApi("?.json", text());
-    addApi("\xED\xA0\x80.json", text()); // and what one that does not look would
+    addApi("\xED\xA0\x80.json", text()); // the name after a conversion without validation
     const std::u16string lonely[] = {{char16_t(0xD800)},
                                      {char16_t(0xDBFF)},
                                      {char16_t(0xDC00)},
@@ -64,7 +64,7 @@ POSIX_TEST_F(ProductNameTest, UnpairedSurrogatesAreNoFileAndNoOneElse) {
         EXPECT_EQ(findResources(product), std::nullopt);
 }
 
-TEST_F(ProductNameTest, ALanguageThatCanBeNoFileNameCostsOnlyTheTranslation) {
+TEST_F(ProductNameTest, LanguageThatCannotNameAFileLosesOnlyTheTranslation) {
     addApi("Orchard.json", text());
     for (const std::u16string& language : {std::u16string(1, u'\0'), std::u16string(u"\xD800")}) {
         host->language = language;
@@ -72,12 +72,12 @@ TEST_F(ProductNameTest, ALanguageThatCanBeNoFileNameCostsOnlyTheTranslation) {
     }
 }
 
-TEST_F(ProductNameTest, TenThousandCharactersEndInAnException) {
+TEST_F(ProductNameTest, ThrowsForNamesThatAreTooLong) {
     EXPECT_EQ(findResources(std::u16string(10'000, u'x')), std::nullopt);
     EXPECT_EQ(findResources(std::u16string(1'000'000, u'\u4e00')), std::nullopt);
 }
 
-TEST_F(ProductNameTest, TenThousandCharactersCanNameAFileWhereTheSystemTakesThem) {
+TEST_F(ProductNameTest, LongRelativeNameIsFound) {
     addApi("Orchard.json", text());
     std::u16string product;
     while (product.size() < 3000)
@@ -86,7 +86,7 @@ TEST_F(ProductNameTest, TenThousandCharactersCanNameAFileWhereTheSystemTakesThem
     EXPECT_EQ(findResources(product), resourcesOf(product));
 }
 
-TEST_F(ProductNameTest, AnEmptyNameReadsAFileThatIsAllExtension) {
+TEST_F(ProductNameTest, EmptyNameReadsFileNamedByItsExtension) {
     EXPECT_EQ(findResources(u""), std::nullopt);
     addApi(".json", text());
     EXPECT_EQ(findResources(u""), resourcesOf(u""));
@@ -95,7 +95,7 @@ TEST_F(ProductNameTest, AnEmptyNameReadsAFileThatIsAllExtension) {
     EXPECT_EQ(findResources(u"")->count(u"deutsch"), 1U);
 }
 
-POSIX_TEST_F(ProductNameTest, ControlCharactersAreCharactersLikeAnyOther) {
+POSIX_TEST_F(ProductNameTest, NamesMayHaveControlCharacters) {
     for (const std::string name : {"two\nlines", "\x1B[31mred", "tab\t", "del\x7F", "\r", "*?\\"}) {
         const std::u16string product(name.begin(), name.end());
         EXPECT_EQ(findResources(product), std::nullopt);
@@ -104,13 +104,13 @@ POSIX_TEST_F(ProductNameTest, ControlCharactersAreCharactersLikeAnyOther) {
     }
 }
 
-TEST_F(ProductNameTest, NamesBeyondAsciiNameFilesInUtf8) {
+TEST_F(ProductNameTest, FileNamesAreUtf8) {
     addApi("Obst\xC3\xA4\xF0\x9F\x8D\x8E.json", text());
     EXPECT_EQ(findResources(u"Obst\u00e4\U0001F34E"), resourcesOf(u"Obst\u00e4\U0001F34E"));
     EXPECT_EQ(findResources(u"Obsta\u0308\U0001F34E"), std::nullopt);
 }
 
-TEST_F(ProductNameTest, EveryLineOfTheLogMayBeOnWhateverTheName) {
+TEST_F(ProductNameTest, LogsEveryLineForAnyName) {
     const LogCapture log(528);
     for (const std::u16string& product :
          {std::u16string(u"a\0b", 3), std::u16string(u"\xD800"), std::u16string(10'000, u'x')})

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-// One product's resources: which files are looked at and which of their sections count.
+// Which files of a product are read, and which of their sections are in the result.
 class ResourceFileTest : public SystemTest {
 protected:
     const std::string english = resourceText("orchard", {{"graft.html", "Join trees"}});
@@ -22,19 +22,19 @@ protected:
         {u"orchard", section(u"orchard", u"Orchard", {{u"graft.html", u"Veredeln"}})}};
 };
 
-TEST_F(ResourceFileTest, AProductInEnglishIsItsEnglishFile) {
+TEST_F(ResourceFileTest, ReadsTheEnglishFile) {
     addApi("Orchard.json", english);
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
 }
 
-TEST_F(ResourceFileTest, AFileIsReadAnewAtEachCall) {
+TEST_F(ResourceFileTest, EachCallReadsTheFileAgain) {
     addApi("Orchard.json", english);
     DocResourceParser::getResourceFile(u"Orchard");
     addApi("Orchard.json", german);
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanRecords);
 }
 
-TEST_F(ResourceFileTest, EnglishIsNeverReadFromATranslation) {
+TEST_F(ResourceFileTest, EnglishHasNoTranslationFile) {
     addApi("Orchard.json", english);
     addApi("Orchard_en.json", german);
     const LogCapture log(16);
@@ -42,14 +42,14 @@ TEST_F(ResourceFileTest, EnglishIsNeverReadFromATranslation) {
     EXPECT_THAT(log.messages(), ElementsAre("Reading file: " + apiPath("Orchard.json")));
 }
 
-TEST_F(ResourceFileTest, ATranslationIntoEnglishAloneIsNotFound) {
+TEST_F(ResourceFileTest, DoesNotFindFileWithEnglishSuffix) {
     addApi("Orchard_en.json", english);
     const LogCapture log(16);
     EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
     EXPECT_THAT(log.messages(), Not(Contains(HasSubstr("_en"))));
 }
 
-TEST_F(ResourceFileTest, EnglishIsTheExactCodeAlone) {
+TEST_F(ResourceFileTest, OnlyTheExactCodeIsEnglish) {
     addApi("Orchard.json", english);
     addApi("Orchard_EN.json", german);
     addApi("Orchard_en_US.json", german);
@@ -59,41 +59,41 @@ TEST_F(ResourceFileTest, EnglishIsTheExactCodeAlone) {
     }
 }
 
-TEST_F(ResourceFileTest, AnEmptyLanguageHasATranslationOfItsOwn) {
+TEST_F(ResourceFileTest, EmptyLanguageHasItsOwnTranslation) {
     addApi("Orchard.json", english);
     addApi("Orchard_.json", german);
     host->language = u"";
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanRecords);
 }
 
-TEST_F(ResourceFileTest, TheLanguageNeedNotBeASupportedOne) {
+TEST_F(ResourceFileTest, ReadsTranslationIntoUnsupportedLanguage) {
     addApi("Orchard_de.json", german);
     host->language = u"de";
     host->languages = {u"en"};
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanRecords);
 }
 
-TEST_F(ResourceFileTest, ATranslationAloneIsTheResult) {
+TEST_F(ResourceFileTest, ReadsTranslationWithoutEnglishFile) {
     addApi("Orchard_de.json", german);
     setLanguage(u"de");
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanRecords);
 }
 
-TEST_F(ResourceFileTest, ATranslationAloneUnderTheRootHidesTheSupportFolder) {
+TEST_F(ResourceFileTest, TranslationInTheRootHidesTheSupportFolder) {
     addApi("Orchard_de.json", german);
     addSupport("Orchard.json", english);
     setLanguage(u"de");
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), germanRecords);
 }
 
-TEST_F(ResourceFileTest, ATranslationIntoAnotherLanguageIsNotLookedAt) {
+TEST_F(ResourceFileTest, IgnoresTranslationIntoAnotherLanguage) {
     addApi("Orchard.json", english);
     addApi("Orchard_ja.json", german);
     setLanguage(u"de");
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
 }
 
-TEST_F(ResourceFileTest, ADamagedTranslationHidesNoEnglish) {
+TEST_F(ResourceFileTest, DamagedTranslationDoesNotHideEnglish) {
     addApi("Orchard.json", english);
     setLanguage(u"de");
     for (const std::string damaged : {"", "{", "[]", "{\"refItems\": []}"}) {
@@ -102,7 +102,7 @@ TEST_F(ResourceFileTest, ADamagedTranslationHidesNoEnglish) {
     }
 }
 
-TEST_F(ResourceFileTest, DamagedEnglishHidesNoTranslation) {
+TEST_F(ResourceFileTest, DamagedEnglishFileDoesNotHideTranslation) {
     addApi("Orchard_de.json", german);
     addSupport("Orchard.json", english);
     setLanguage(u"de");
@@ -112,7 +112,7 @@ TEST_F(ResourceFileTest, DamagedEnglishHidesNoTranslation) {
     }
 }
 
-TEST_F(ResourceFileTest, AnEmptyEnglishFileLeadsToTheSupportFolder) {
+TEST_F(ResourceFileTest, ReadsTheSupportFolderIfTheEnglishFileIsEmpty) {
     addApi("Orchard.json", "");
     addSupport("Orchard.json", english);
     for (const std::u16string language : {u"en", u"de"}) {
@@ -121,20 +121,20 @@ TEST_F(ResourceFileTest, AnEmptyEnglishFileLeadsToTheSupportFolder) {
     }
 }
 
-TEST_F(ResourceFileTest, ADamagedEnglishFileLeadsToTheSupportFolder) {
+TEST_F(ResourceFileTest, ReadsTheSupportFolderIfTheEnglishFileIsDamaged) {
     addApi("Orchard.json", english.substr(0, english.size() - 1));
     addSupport("Orchard.json", english);
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
 }
 
-TEST_F(ResourceFileTest, AProductOfTheSupportFolderIsFoundWithoutALineOfAnException) {
+TEST_F(ResourceFileTest, ProductInTheSupportFolderLogsNoException) {
     addSupport("Orchard.json", english);
     const LogCapture log(512);
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
     EXPECT_THAT(log.lines(), testing::IsEmpty());
 }
 
-TEST_F(ResourceFileTest, TheSupportFolderIsOverlaidInTheSameWay) {
+TEST_F(ResourceFileTest, OverlaysTranslationInTheSupportFolder) {
     addSupport("Orchard.json",
                resourceText("orchard", {{"graft.html", "Join trees"}, {"prune.html", "Cut back"}}));
     addSupport("Orchard_de.json", german);
@@ -145,20 +145,20 @@ TEST_F(ResourceFileTest, TheSupportFolderIsOverlaidInTheSameWay) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(ResourceFileTest, TheTwoPlacesAreNeverMixed) {
+TEST_F(ResourceFileTest, DoesNotCombineFilesOfRootAndSupportFolder) {
     addApi("Orchard.json", english);
     addSupport("Orchard_de.json", german);
     setLanguage(u"de");
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
 }
 
-TEST_F(ResourceFileTest, TheSupportFolderIsNotAskedForWhenTheRootHasTheProduct) {
+TEST_F(ResourceFileTest, DoesNotAskForTheSupportFolderIfTheRootHasTheProduct) {
     addApi("Orchard.json", english);
     DocResourceParser::getResourceFile(u"Orchard");
     EXPECT_EQ(host->count("package root"), 0);
 }
 
-TEST_F(ResourceFileTest, ASupportFolderThatWasSetIsUsedAsItStands) {
+TEST_F(ResourceFileTest, UsesSetSupportFolderUnchanged) {
     folder.write("flat/Orchard.json", english);
     DocResourceParser::setSupportPackageRoot(folder.u16() + u"/flat");
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), englishRecords);
@@ -169,14 +169,14 @@ TEST_F(ResourceFileTest, ASupportFolderThatWasSetIsUsedAsItStands) {
               "Reading file: " + textOf(folder.path()) + "/flat/Orchard.json");
 }
 
-POSIX_TEST_F(ResourceFileTest, TheNameIsNotFolded) {
+POSIX_TEST_F(ResourceFileTest, ProductNameIsCaseSensitive) {
     addApi("Orchard.json", english);
     EXPECT_EQ(findResources(u"orchard"), std::nullopt);
     EXPECT_EQ(findResources(u"Orchard.json"), std::nullopt);
     EXPECT_EQ(findResources(u" Orchard"), std::nullopt);
 }
 
-TEST_F(ResourceFileTest, AMainSectionIsKeyedByHelpFolderAndAPackageByBaseCode) {
+TEST_F(ResourceFileTest, KeysMainSectionByHelpFolderAndPackageByBaseCode) {
     ResourceText text("orchard");
     text.add(item("graft.html", "Join"));
     text.addSupportPackage(ResourceText("ladder").add(item("climb.html", "Go up")));
@@ -187,7 +187,7 @@ TEST_F(ResourceFileTest, AMainSectionIsKeyedByHelpFolderAndAPackageByBaseCode) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(ResourceFileTest, OfTwoPackagesWithOneBaseCodeTheFirstCounts) {
+TEST_F(ResourceFileTest, FirstOfTwoPackagesWithTheSameBaseCodeWins) {
     ResourceText text("orchard");
     text.addSupportPackage(
         ResourceText("first").set("baseCode", "LD").add(item("climb.html", "Go up")));
@@ -203,7 +203,7 @@ TEST_F(ResourceFileTest, OfTwoPackagesWithOneBaseCodeTheFirstCounts) {
               section(u"first", u"Orchard", {{u"climb.html", u"Go up"}}).items);
 }
 
-TEST_F(ResourceFileTest, APackageWhoseBaseCodeIsTheHelpFolderIsDropped) {
+TEST_F(ResourceFileTest, SkipsPackageWhoseBaseCodeIsTheHelpFolder) {
     ResourceText text("orchard");
     text.add(item("graft.html", "Join"));
     text.addSupportPackage(
@@ -214,7 +214,7 @@ TEST_F(ResourceFileTest, APackageWhoseBaseCodeIsTheHelpFolderIsDropped) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(ResourceFileTest, ThePackagesOfAPackageAreNotSections) {
+TEST_F(ResourceFileTest, IgnoresPackagesOfAPackage) {
     ResourceText inner("ladder");
     inner.addSupportPackage(ResourceText("rung"));
     addApi("Orchard.json", ResourceText("orchard").addSupportPackage(inner).str());
@@ -223,14 +223,14 @@ TEST_F(ResourceFileTest, ThePackagesOfAPackageAreNotSections) {
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(ResourceFileTest, NoPackagesAreNoSections) {
+TEST_F(ResourceFileTest, EmptyArrayOfPackagesAddsNoSection) {
     addApi("Orchard.json",
            ResourceText("orchard").set("supportPackages", boost::json::array()).str());
     const Resources expected = {{u"orchard", section(u"orchard", u"Orchard", {})}};
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard"), expected);
 }
 
-TEST_F(ResourceFileTest, PackagesThatAreNoArrayDropTheFile) {
+TEST_F(ResourceFileTest, SkipsFileIfPackagesAreNotAnArray) {
     for (const boost::json::value& packages :
          {boost::json::value(nullptr), boost::json::value(1), boost::json::value("x"),
           boost::json::value(boost::json::object())}) {
@@ -239,14 +239,14 @@ TEST_F(ResourceFileTest, PackagesThatAreNoArrayDropTheFile) {
     }
 }
 
-TEST_F(ResourceFileTest, ADamagedPackageDropsTheFile) {
+TEST_F(ResourceFileTest, DamagedPackageSkipsTheFile) {
     ResourceText text("orchard");
     text.addSupportPackage(ResourceText("ladder").set("refItems", 1));
     addApi("Orchard.json", text.str());
     EXPECT_EQ(findResources(u"Orchard"), std::nullopt);
 }
 
-TEST_F(ResourceFileTest, ItemsOfOneHrefStandInFileOrder) {
+TEST_F(ResourceFileTest, ItemsOfOneHrefAreInFileOrder) {
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", "first"},
                                                     {"prune.html", "other"},
                                                     {"graft.html", "second"}}));

@@ -7,7 +7,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The German file of a product over its English one.
+// The German file of a product is laid over its English file.
 class ResourceOverlayTest : public SystemTest {
 protected:
     ResourceOverlayTest() { setLanguage(u"de"); }
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(ResourceOverlayTest, HrefsOfBothFilesAppearAndTheTranslationWins) {
+TEST_F(ResourceOverlayTest, ResultHasHrefsOfBothFilesAndTranslationWins) {
     ResourceText english("orchard");
     english.add(item("graft.html", "Join trees")).add(item("prune.html", "Cut back"));
     ResourceText german("orchard");
@@ -32,7 +32,7 @@ TEST_F(ResourceOverlayTest, HrefsOfBothFilesAppearAndTheTranslationWins) {
     EXPECT_EQ(overlaid(english, german), expected);
 }
 
-TEST_F(ResourceOverlayTest, TheItemsOfAnHrefAreReplacedAsAWhole) {
+TEST_F(ResourceOverlayTest, ReplacesAllItemsOfAnHref) {
     ResourceText english("orchard");
     english.add(item("graft.html", "one")).add(item("graft.html", "two"));
     english.add(item("prune.html", "three"));
@@ -46,7 +46,7 @@ TEST_F(ResourceOverlayTest, TheItemsOfAnHrefAreReplacedAsAWhole) {
                 ElementsAre(record(u"prune.html", u"drei"), record(u"prune.html", u"vier")));
 }
 
-TEST_F(ResourceOverlayTest, TheHeaderIsTheTranslations) {
+TEST_F(ResourceOverlayTest, HeaderComesFromTheTranslation) {
     const ResourceText english("orchard");
     ResourceText german("orchard");
     german.set("productName", "Obstgarten").set("helpLocation", "obst").set("baseCode", "OG");
@@ -58,7 +58,7 @@ TEST_F(ResourceOverlayTest, TheHeaderIsTheTranslations) {
               HeaderInfo(u"s", u"2", u"Obstgarten", u"OG", u"orchard", u"obst", u"Orchard"));
 }
 
-TEST_F(ResourceOverlayTest, ASectionOfEitherFileAloneIsTakenAsItIs) {
+TEST_F(ResourceOverlayTest, KeepsSectionsThatOnlyOneFileHas) {
     ResourceText english("orchard");
     english.addSupportPackage(ResourceText("ladder").add(item("climb.html", "Go up")));
     ResourceText german("orchard");
@@ -71,7 +71,7 @@ TEST_F(ResourceOverlayTest, ASectionOfEitherFileAloneIsTakenAsItIs) {
     EXPECT_EQ(overlaid(english, german), expected);
 }
 
-TEST_F(ResourceOverlayTest, SectionsMeetByKeyWhateverTheyAre) {
+TEST_F(ResourceOverlayTest, CombinesMainSectionAndSupportPackageWithTheSameKey) {
     ResourceText english("orchard");
     english.addSupportPackage(ResourceText("ladder").add(item("climb.html", "Go up")));
     ResourceText german("ladder code");
@@ -84,7 +84,7 @@ TEST_F(ResourceOverlayTest, SectionsMeetByKeyWhateverTheyAre) {
     EXPECT_EQ(overlaid(english, german), expected);
 }
 
-TEST_F(ResourceOverlayTest, ATranslationWithoutItemsKeepsTheEnglishItems) {
+TEST_F(ResourceOverlayTest, TranslationWithoutItemsKeepsEnglishItems) {
     ResourceText english("orchard");
     english.add(item("graft.html", "Join trees"));
     const Resources expected = {
@@ -92,7 +92,7 @@ TEST_F(ResourceOverlayTest, ATranslationWithoutItemsKeepsTheEnglishItems) {
     EXPECT_EQ(overlaid(english, ResourceText("orchard")), expected);
 }
 
-TEST_F(ResourceOverlayTest, AnHrefIsComparedToTheLetter) {
+TEST_F(ResourceOverlayTest, ComparesHrefsCaseSensitively) {
     ResourceText english("orchard");
     english.add(item("Graft.html", "Join trees"));
     ResourceText german("orchard");

@@ -11,7 +11,7 @@ namespace {
 
 using fl::i18n::to_string;
 
-// What the documentation shows of a folder of files is what the library makes of them.
+// The results of the worked examples in the documentation.
 class WorkedExamplesTest : public SystemTest {
 protected:
     WorkedExamplesTest() {
@@ -26,7 +26,7 @@ protected:
     }
 };
 
-// A line for each section and each record.
+// Returns a line for each section and each record.
 template <class T, class Line>
 std::string listed(const ResourceMap<T>& resources, Line line) {
     std::ostringstream text;
@@ -40,12 +40,12 @@ std::string listed(const ResourceMap<T>& resources, Line line) {
     return text.str();
 }
 
-TEST_F(WorkedExamplesTest, TheOverlayIsTheOneThatTheDocumentationShows) {
+TEST_F(WorkedExamplesTest, OverlayMatchesTheDocumentation) {
     const auto line = [](const RefItem& item) { return to_string(item.getRefPurpose()); };
     EXPECT_EQ(listed(DocResourceParser::getResourceFile(u"Orchard"), line), read("overlay.txt"));
 }
 
-TEST_F(WorkedExamplesTest, TheMergeIsTheOneThatTheDocumentationShows) {
+TEST_F(WorkedExamplesTest, MergeMatchesTheDocumentation) {
     const auto line = [](const RefItemLookup& item) {
         return to_string(item.getHref()) + ", " + to_string(item.getRefPurpose());
     };

@@ -13,7 +13,7 @@ using testing::UnorderedElementsAre;
 
 class InstalledProductsTest : public SystemTest {
 protected:
-    // The folder that the installed-package query is asked with for a support-package folder.
+    // Returns the package query that the host gets for a support-package folder.
     std::string queriedFolder(const std::u16string& supportPackageFolder) const {
         DocResourceParser::setSupportPackageRoot(supportPackageFolder);
         DocResourceParser::getHardwareSupportPackages();
@@ -25,7 +25,7 @@ protected:
     throw std::runtime_error("the host fails");
 }
 
-TEST_F(InstalledProductsTest, TheCatalogueIsAskedAtEachCall) {
+TEST_F(InstalledProductsTest, AsksTheCatalogueAtEachCall) {
     host->install({"orchard", "vineyard"});
     EXPECT_THAT(*DocResourceParser::getTopLevelProducts(),
                 ElementsAre(host->products[0], host->products[1]));
@@ -34,7 +34,7 @@ TEST_F(InstalledProductsTest, TheCatalogueIsAskedAtEachCall) {
     EXPECT_EQ(host->count("products"), 2);
 }
 
-TEST_F(InstalledProductsTest, AListOfProductsIsASnapshot) {
+TEST_F(InstalledProductsTest, ListOfProductsIsSnapshot) {
     host->install({"orchard"});
     const auto before = DocResourceParser::getTopLevelProducts();
     host->install({});
@@ -43,7 +43,7 @@ TEST_F(InstalledProductsTest, AListOfProductsIsASnapshot) {
     EXPECT_EQ(before->front()->getShortName(), "orchard");
 }
 
-TEST_F(InstalledProductsTest, ACatalogueThatFailsFailsTheCallAndNotTheNext) {
+TEST_F(InstalledProductsTest, FailingCatalogueFailsOnlyThatCall) {
     host->install({"orchard"});
     host->onProducts = fail;
     EXPECT_THROW(DocResourceParser::getTopLevelProducts(), std::runtime_error);
@@ -54,7 +54,7 @@ TEST_F(InstalledProductsTest, ACatalogueThatFailsFailsTheCallAndNotTheNext) {
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"orchard"));
 }
 
-TEST_F(InstalledProductsTest, AShortNameIsComparedToTheLetter) {
+TEST_F(InstalledProductsTest, ShortNamesAreCaseSensitive) {
     host->install({"orchard"});
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"orchard"));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"Orchard"));
@@ -64,50 +64,50 @@ TEST_F(InstalledProductsTest, AShortNameIsComparedToTheLetter) {
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u""));
 }
 
-TEST_F(InstalledProductsTest, ANameInAnotherCaseCountsWhereTheSetHoldsItExactly) {
+TEST_F(InstalledProductsTest, SupportPackageMayDifferFromProductOnlyInCase) {
     host->install({"orchard"});
     host->packages = {u"Orchard"};
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"Orchard"));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"ORCHARD"));
 }
 
-TEST_F(InstalledProductsTest, AShortNameBeyondAsciiIsComparedAsUtf8) {
+TEST_F(InstalledProductsTest, ComparesShortNamesAsUtf8) {
     host->install({"obst\xC3\xA4\xF0\x9F\x8D\x8E"});
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"obst\u00e4\U0001F34E"));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"obst\u00e5\U0001F34E"));
 }
 
-TEST_F(InstalledProductsTest, ANameThatIsBothIsInstalled) {
+TEST_F(InstalledProductsTest, NameOfProductAndSupportPackageIsInstalled) {
     host->install({"orchard"});
     host->packages = {u"orchard"};
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"orchard"));
 }
 
-TEST_F(InstalledProductsTest, ASupportPackageAloneIsInstalled) {
+TEST_F(InstalledProductsTest, SupportPackageIsInstalled) {
     host->packages = {u"sensorkit"};
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"sensorkit"));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"Sensorkit"));
 }
 
-TEST_F(InstalledProductsTest, TwoUnpairedSurrogatesAreTwoNamesOfSupportPackages) {
+TEST_F(InstalledProductsTest, DistinguishesUnpairedSurrogatesInSupportPackageNames) {
     host->packages = {std::u16string(1, char16_t(0xD800))};
     EXPECT_TRUE(DocResourceParser::isProductInstalled(std::u16string(1, char16_t(0xD800))));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(std::u16string(1, char16_t(0xD801))));
 }
 
-TEST_F(InstalledProductsTest, SupportPackagesAreAskedForBeforeProducts) {
+TEST_F(InstalledProductsTest, AsksForSupportPackagesBeforeProducts) {
     host->packageRoot = u"/s";
     DocResourceParser::isProductInstalled(u"orchard");
     EXPECT_THAT(host->questions(), ElementsAre("package root", "packages below /s", "products"));
 }
 
-TEST_F(InstalledProductsTest, ANullProductOfTheHostIsPassedOver) {
+TEST_F(InstalledProductsTest, SkipsNullProductsOfTheHost) {
     host->products = {nullptr, makeProduct("orchard")};
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"orchard"));
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"vineyard"));
 }
 
-TEST_F(InstalledProductsTest, SupportPackagesAreAskedForOnceAndShared) {
+TEST_F(InstalledProductsTest, QueriesSupportPackagesOnce) {
     host->packages = {u"sensorkit"};
     const auto first = DocResourceParser::getHardwareSupportPackages();
     host->packages = {u"motorkit"};
@@ -116,14 +116,14 @@ TEST_F(InstalledProductsTest, SupportPackagesAreAskedForOnceAndShared) {
     EXPECT_EQ(host->questions().size(), 2U);
 }
 
-TEST_F(InstalledProductsTest, AnEmptySetOfSupportPackagesIsKeptToo) {
+TEST_F(InstalledProductsTest, CachesEmptySetOfSupportPackages) {
     const auto first = DocResourceParser::getHardwareSupportPackages();
     EXPECT_THAT(*first, IsEmpty());
     EXPECT_EQ(DocResourceParser::getHardwareSupportPackages(), first);
     EXPECT_EQ(host->questions().size(), 2U);
 }
 
-TEST_F(InstalledProductsTest, AFailingQueryMeansNoPackagesUntilTheCachesAreCleared) {
+TEST_F(InstalledProductsTest, FailedQueryMeansNoPackagesUntilTheCachesAreCleared) {
     host->packageRoot = u"/s";
     host->packages = {u"sensorkit"};
     host->onPackages = fail;
@@ -137,34 +137,34 @@ TEST_F(InstalledProductsTest, AFailingQueryMeansNoPackagesUntilTheCachesAreClear
     EXPECT_EQ(host->count("packages below /s"), 2);
 }
 
-TEST_F(InstalledProductsTest, AQueryThatThrowsWhateverMeansNoPackages) {
+TEST_F(InstalledProductsTest, QueryMayThrowAnyType) {
     host->onPackages = [] { throw 7; };
     EXPECT_THAT(*DocResourceParser::getHardwareSupportPackages(), IsEmpty());
     EXPECT_FALSE(DocResourceParser::isProductInstalled(u"sensorkit"));
 }
 
-TEST_F(InstalledProductsTest, TheQueryIsAskedWithTheFolderLessItsLastThreeComponents) {
+TEST_F(InstalledProductsTest, QueriesTheFolderWithoutItsLastThreeComponents) {
     EXPECT_EQ(queriedFolder(u"/F/one/two/three"), "packages below /F");
     EXPECT_EQ(queriedFolder(u"/a/F/one/two/three/"), "packages below /a/F");
     EXPECT_EQ(queriedFolder(u"F/one//two///three"), "packages below F");
     EXPECT_EQ(queriedFolder(u"C/F/help/docCatalog/referenceapi"), "packages below C/F");
 }
 
-TEST_F(InstalledProductsTest, TheQueryIsAskedWithWhatRemainsOfAShortFolder) {
-    for (const std::u16string place : {u"one/two/three", u"/one", u"one", u"/", u""})
-        EXPECT_EQ(queriedFolder(place), "packages below ");
+TEST_F(InstalledProductsTest, QueriesEmptyPathIfTheFolderHasTooFewComponents) {
+    for (const std::u16string path : {u"one/two/three", u"/one", u"one", u"/", u""})
+        EXPECT_EQ(queriedFolder(path), "packages below ");
 }
 
-TEST_F(InstalledProductsTest, TheQueryIsAskedWithTheHostsRoot) {
-    for (const std::u16string place : {u"/s", u"/s/", u"/s//"}) {
-        host->packageRoot = place;
+TEST_F(InstalledProductsTest, QueriesTheRootOfTheHost) {
+    for (const std::u16string path : {u"/s", u"/s/", u"/s//"}) {
+        host->packageRoot = path;
         DocResourceParser::clearSupportPackageCaches();
         DocResourceParser::getHardwareSupportPackages();
         EXPECT_EQ(host->questions().back(), "packages below /s");
     }
 }
 
-TEST_F(InstalledProductsTest, ARootReaderThatFailsFailsTheCallAndNothingIsKept) {
+TEST_F(InstalledProductsTest, FailingRootReaderFailsTheCallAndCachesNothing) {
     host->packages = {u"sensorkit"};
     host->onPackageRoot = fail;
     EXPECT_THROW(DocResourceParser::getSupportPackageRoot(), std::runtime_error);
@@ -175,14 +175,14 @@ TEST_F(InstalledProductsTest, ARootReaderThatFailsFailsTheCallAndNothingIsKept) 
                 UnorderedElementsAre(u"sensorkit"));
 }
 
-TEST_F(InstalledProductsTest, ARootReaderThatFailsIsAskedOnlyWhenTheRootHasNoProduct) {
+TEST_F(InstalledProductsTest, DoesNotReachFailingRootReaderIfTheRootHasTheProduct) {
     host->onPackageRoot = fail;
     addApi("Orchard.json", resourceText("orchard", {}));
     EXPECT_EQ(DocResourceParser::getResourceFile(u"Orchard").size(), 1U);
     EXPECT_THROW(DocResourceParser::getResourceFile(u"Vineyard"), std::runtime_error);
 }
 
-TEST_F(InstalledProductsTest, TheLanguageServiceAnswersAsItIsAsked) {
+TEST_F(InstalledProductsTest, AsksTheLanguageServiceAtEachCall) {
     using Tools = DocResourceParser::ParsingTools;
     for (const std::u16string language : {u"", u"en", u"EN", u"zh_CN"}) {
         host->language = language;
@@ -195,7 +195,7 @@ TEST_F(InstalledProductsTest, TheLanguageServiceAnswersAsItIsAsked) {
     EXPECT_THAT(Tools::getSupportedDocLocales(), IsEmpty());
 }
 
-TEST_F(InstalledProductsTest, ALanguageServiceThatFailsFailsTheRetrieval) {
+TEST_F(InstalledProductsTest, FailingLanguageServiceFailsTheRetrieval) {
     addApi("Orchard.json", resourceText("orchard", {}));
     host->onLanguage = fail;
     EXPECT_THROW(DocResourceParser::getResourceFile(u"Orchard"), std::runtime_error);

@@ -12,7 +12,7 @@ using testing::UnorderedElementsAre;
 
 class SettingsTest : public SystemTest {};
 
-TEST_F(SettingsTest, AReferenceRootNamesTheTwoFoldersBelowIt) {
+TEST_F(SettingsTest, ReferenceRootHasTwoFolders) {
     DocResourceParser::setReferenceRoot(u"X");
     const auto roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(roots->root, u"X");
@@ -20,7 +20,7 @@ TEST_F(SettingsTest, AReferenceRootNamesTheTwoFoldersBelowIt) {
     EXPECT_EQ(roots->referenceApiFolder, native(u"X/docCatalog/referenceapi"));
 }
 
-TEST_F(SettingsTest, AReferenceRootIsTakenAsItStands) {
+TEST_F(SettingsTest, KeepsReferenceRootUnchanged) {
     for (const std::u16string root : {u"", u"/x/", u"a/../b//", u"\xD800"}) {
         DocResourceParser::setReferenceRoot(root);
         const auto roots = DocResourceParser::getReferenceRoots();
@@ -30,7 +30,7 @@ TEST_F(SettingsTest, AReferenceRootIsTakenAsItStands) {
     }
 }
 
-TEST_F(SettingsTest, ASnapshotOfTheRootsKeepsItsValues) {
+TEST_F(SettingsTest, SnapshotOfRootsKeepsItsValues) {
     DocResourceParser::setReferenceRoot(u"first");
     const auto snapshot = DocResourceParser::getReferenceRoots();
     DocResourceParser::setReferenceRoot(u"second");
@@ -41,27 +41,27 @@ TEST_F(SettingsTest, ASnapshotOfTheRootsKeepsItsValues) {
     EXPECT_EQ(snapshot->root, u"first");
 }
 
-TEST_F(SettingsTest, RootsAreHandedOutAsOneSharedConstObject) {
+TEST_F(SettingsTest, ReturnsRootsAsOneSharedConstObject) {
     static_assert(std::is_same_v<decltype(DocResourceParser::getReferenceRoots()),
                                  std::shared_ptr<const DocResourceParser::ReferenceRoots>>);
     EXPECT_EQ(DocResourceParser::getReferenceRoots(), DocResourceParser::getReferenceRoots());
 }
 
-TEST_F(SettingsTest, TheDefaultRootIsTheInstallationsHelpFolderWhateverTheHost) {
+TEST_F(SettingsTest, DefaultRootIsHelpFolderOfTheInstallationForAnyHost) {
     DocResourceParser::restoreDefaultSettings();
     EXPECT_EQ(DocResourceParser::getReferenceRoots()->root,
               platform::defaultHostServices()->installPath() + native(u"/help"));
 }
 
-TEST_F(SettingsTest, ASupportPackageFolderIsReturnedAsItStands) {
-    for (const std::u16string place : {u"F", u"", u"/a/b/", u"help"}) {
-        DocResourceParser::setSupportPackageRoot(place);
-        EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), place);
+TEST_F(SettingsTest, KeepsSupportPackageFolderUnchanged) {
+    for (const std::u16string path : {u"F", u"", u"/a/b/", u"help"}) {
+        DocResourceParser::setSupportPackageRoot(path);
+        EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), path);
     }
     EXPECT_EQ(host->count("package root"), 0);
 }
 
-TEST_F(SettingsTest, TheHostsSupportPackageRootGetsThreeLevelsAppended) {
+TEST_F(SettingsTest, AppendsThreeLevelsToSupportPackageRootOfTheHost) {
     host->packageRoot = u"/s";
     EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(),
               u"/s" + native(u"/help/docCatalog/referenceapi"));
@@ -75,7 +75,7 @@ TEST_F(SettingsTest, TheHostsSupportPackageRootGetsThreeLevelsAppended) {
               u"/s/" + native(u"/help/docCatalog/referenceapi"));
 }
 
-TEST_F(SettingsTest, ClearingTheCachesBringsTheComputedFolderBack) {
+TEST_F(SettingsTest, ClearingTheCachesRestoresTheComputedFolder) {
     host->packageRoot = u"/s";
     DocResourceParser::setSupportPackageRoot(u"F");
     ASSERT_EQ(*DocResourceParser::getSupportPackageRoot(), u"F");
@@ -85,14 +85,14 @@ TEST_F(SettingsTest, ClearingTheCachesBringsTheComputedFolderBack) {
     EXPECT_EQ(host->count("package root"), 1);
 }
 
-TEST_F(SettingsTest, TheSupportPackageFolderIsComputedOnceAndShared) {
+TEST_F(SettingsTest, ComputesSupportPackageFolderOnce) {
     const auto first = DocResourceParser::getSupportPackageRoot();
     host->packageRoot = u"/elsewhere";
     EXPECT_EQ(DocResourceParser::getSupportPackageRoot(), first);
     EXPECT_EQ(host->count("package root"), 1);
 }
 
-TEST_F(SettingsTest, ASupportPackageFolderThatIsSetWhileTheHostIsAskedStays) {
+TEST_F(SettingsTest, SupportPackageFolderSetDuringTheHostCallIsKept) {
     host->packageRoot = u"/s";
     host->onPackageRoot = [] { DocResourceParser::setSupportPackageRoot(u"/set/meanwhile"); };
     EXPECT_EQ(*DocResourceParser::getSupportPackageRoot(), u"/set/meanwhile");
@@ -100,14 +100,14 @@ TEST_F(SettingsTest, ASupportPackageFolderThatIsSetWhileTheHostIsAskedStays) {
     EXPECT_EQ(host->count("package root"), 1);
 }
 
-TEST_F(SettingsTest, ASnapshotOfTheSupportPackageFolderKeepsItsValue) {
+TEST_F(SettingsTest, SnapshotOfSupportPackageFolderKeepsItsValue) {
     DocResourceParser::setSupportPackageRoot(u"first");
     const auto snapshot = DocResourceParser::getSupportPackageRoot();
     DocResourceParser::setSupportPackageRoot(u"second");
     EXPECT_EQ(*snapshot, u"first");
 }
 
-TEST_F(SettingsTest, AReferenceRootLeavesTheSupportPackageSettingsAlone) {
+TEST_F(SettingsTest, SettingTheReferenceRootKeepsSupportPackageSettings) {
     host->packages = {u"sensorkit"};
     DocResourceParser::setSupportPackageRoot(u"F");
     const auto folderBefore = DocResourceParser::getSupportPackageRoot();
@@ -117,14 +117,14 @@ TEST_F(SettingsTest, AReferenceRootLeavesTheSupportPackageSettingsAlone) {
     EXPECT_EQ(DocResourceParser::getHardwareSupportPackages(), packagesBefore);
 }
 
-TEST_F(SettingsTest, ASupportPackageFolderLeavesTheReferenceRootAlone) {
+TEST_F(SettingsTest, SettingTheSupportPackageFolderKeepsTheReferenceRoot) {
     const auto before = DocResourceParser::getReferenceRoots();
     DocResourceParser::setSupportPackageRoot(u"F");
     DocResourceParser::clearSupportPackageCaches();
     EXPECT_EQ(DocResourceParser::getReferenceRoots(), before);
 }
 
-TEST_F(SettingsTest, ASupportPackageFolderMakesThePackagesBeAskedForAgain) {
+TEST_F(SettingsTest, SettingTheSupportPackageFolderQueriesThePackagesAgain) {
     host->packages = {u"sensorkit"};
     EXPECT_THAT(*DocResourceParser::getHardwareSupportPackages(),
                 UnorderedElementsAre(u"sensorkit"));
@@ -134,7 +134,7 @@ TEST_F(SettingsTest, ASupportPackageFolderMakesThePackagesBeAskedForAgain) {
                 UnorderedElementsAre(u"motorkit"));
 }
 
-TEST_F(SettingsTest, RestoringTheDefaultsUndoesEverySetting) {
+TEST_F(SettingsTest, RestoringTheDefaultsResetsEverySetting) {
     DocResourceParser::restoreDefaultSettings();
     const std::u16string startRoot = DocResourceParser::getReferenceRoots()->root;
     host->install({"orchard"});
@@ -157,7 +157,7 @@ TEST_F(SettingsTest, RestoringTheDefaultsUndoesEverySetting) {
                 UnorderedElementsAre(u"sensorkit"));
 }
 
-TEST_F(SettingsTest, RestoringTheDefaultsForgetsWhatWasFoundOut) {
+TEST_F(SettingsTest, RestoringTheDefaultsClearsCachedValues) {
     host->packages = {u"sensorkit"};
     DocResourceParser::getHardwareSupportPackages();
     host->packages = {u"motorkit"};
@@ -169,7 +169,7 @@ TEST_F(SettingsTest, RestoringTheDefaultsForgetsWhatWasFoundOut) {
                 UnorderedElementsAre(u"motorkit"));
 }
 
-TEST_F(SettingsTest, SettingsThemselvesAskTheHostNothing) {
+TEST_F(SettingsTest, ChangingSettingsDoesNotCallTheHost) {
     DocResourceParser::setReferenceRoot(u"X");
     DocResourceParser::setSupportPackageRoot(u"F");
     DocResourceParser::setTestProducts({u"test"}, {u"testkit"});

@@ -9,7 +9,7 @@ namespace {
 
 using Tools = DocResourceParser::ParsingTools;
 
-// What a static initialiser sees of the library before main() begins.
+// Results of the library in a static initialiser, before main().
 struct Seen {
     std::vector<std::u16string> constants;
     std::u16string defaultRoot;

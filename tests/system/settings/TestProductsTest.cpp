@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-// A host with one product and one support package of its own.
+// Test products replace the product and the support package that the host has.
 class TestProductsTest : public SystemTest {
 protected:
     TestProductsTest() {

@@ -2,18 +2,20 @@
 
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
+#include "tools/refdoc/check/CheckOptions.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Progress.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <stdexcept>
 
 namespace refdoc {
@@ -21,7 +23,6 @@ namespace refdoc {
 namespace {
 
 using namespace check;
-using fl::i18n::to_string;
 using fl::i18n::to_ustring;
 
 Answer wrongUsage(std::string complaint) {
@@ -29,16 +30,14 @@ Answer wrongUsage(std::string complaint) {
 }
 
 std::string unknownRule(const std::string& name) {
-    std::vector<std::u16string> known;
-    for (const Rule& rule : rules())
-        known.push_back(to_ustring(rule.name));
-    const auto near = nearNames(to_ustring(name), {known.begin(), known.end()}, 1);
-    return fmt::format(
-        "there is no rule \"{}\"{}; see refdoc check --rules", name,
-        near.empty() ? "" : fmt::format("; did you mean \"{}\"?", to_string(near.front())));
+    std::vector<std::string> known;
+    for (const Rule* rule : rules())
+        known.emplace_back(rule->name);
+    return fmt::format("there is no rule \"{}\"{}; see refdoc check --rules", name,
+                       didYouMean(name, known));
 }
 
-// The first name that is no rule's; empty when all are.
+// Returns the first name that no rule has; empty if there is none.
 std::string firstUnknown(const CheckOptions& options) {
     std::vector<std::string> names = options.errorRules;
     names.insert(names.end(), options.ignoredRules.begin(), options.ignoredRules.end());
@@ -72,43 +71,66 @@ ReportSettings settingsOf(const CheckOptions& options) {
     return settings;
 }
 
-std::vector<Finding> findAll(const Options& options, const PathNames& names) {
+Findings findAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
-    if (options.names.empty())
+    if (options.arguments.empty())
         return checkRoots(Scope::Everything, names, progress);
-    std::vector<Finding> findings;
-    for (const std::u16string& target : options.names)
-        std::ranges::move(checkTarget(target, options, names, progress),
-                          std::back_inserter(findings));
+    Findings findings;
+    for (const std::u16string& target : options.arguments)
+        checkTarget(target, options, names, progress, findings);
     return findings;
 }
 
 std::string formatted(const std::vector<ReportedFinding>& findings, const Options& options,
                       const PageSetup& setup, const PathNames& names) {
-    if (options.check.isSarif)
+    if (options.values.has("--sarif"))
         return sarifReport(findings, names.base());
-    return options.format == OutputFormat::Text ? textReport(findings, setup.color)
-                                                : jsonReport(findings);
+    switch (options.format) {
+    case OutputFormat::Json: return jsonReport(findings);
+    case OutputFormat::JsonLines: return jsonLinesReport(findings);
+    case OutputFormat::Text: break;
+    }
+    return textReport(findings, setup.color);
 }
 
-} // namespace
-
 Answer runCheck(const Options& options, const PageSetup& setup) {
-    if (options.check.listsRules)
+    if (options.values.has("--rules"))
         return {.output = ruleList(setup.color)};
-    if (options.check.explainedRule)
-        return explain(*options.check.explainedRule, setup);
-    if (const std::string unknown = firstUnknown(options.check); !unknown.empty())
+    if (const std::optional<std::string> rule = options.values.value("--explain"))
+        return explain(*rule, setup);
+    const CheckOptions check = readCheckOptions(options.values);
+    if (const std::string unknown = firstUnknown(check); !unknown.empty())
         return wrongUsage(unknownRule(unknown));
 
-    const ReportSettings settings = settingsOf(options.check);
-    const PathNames names(std::filesystem::current_path());
+    const ReportSettings settings = settingsOf(check);
+    PathNames names(std::filesystem::current_path());
     const std::vector<ReportedFinding> findings =
         makeReport(findAll(options, names), names, settings);
     const bool hasErrors =
         std::ranges::count(findings, Severity::Error, &ReportedFinding::severity) > 0;
-    return {.status = hasErrors ? ExitStatus::NotFound : ExitStatus::Found,
+    return {.status = hasErrors ? ExitStatus::Negative : ExitStatus::Success,
             .output = formatted(findings, options, setup, names)};
+}
+
+} // namespace
+
+CommandEntry checkCommand() {
+    return {
+        .name = "check",
+        .help = "Find what is silently dropped, changed or ignored",
+        .description =
+            "Resource files are checked as a compiler checks sources: each finding is one "
+            "line. A PATH is a reference root, an install folder, a resource file, a "
+            "package or an installation.json; without a PATH, the current roots are "
+            "checked in all supported languages. The status is 1 if errors were found.",
+        .arguments = {{.name = "PATH",
+                       .type = ValueType::Path,
+                       .isList = true,
+                       .help = "Check only these: a reference root, an install folder, a file or a "
+                               "package"}},
+        .options = checkOptions(),
+        .run = runCheck,
+    };
 }
 
 } // namespace refdoc

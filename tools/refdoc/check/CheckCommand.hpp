@@ -1,14 +1,11 @@
 #pragma once
 
-#include "tools/refdoc/cli/Answer.hpp"
-#include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/terminal/PageSetup.hpp"
+#include "tools/refdoc/cli/CommandTable.hpp"
 
 namespace refdoc {
 
-/// `refdoc check [PATH...]`: what the library drops, changes or passes over in silence. Status
-/// Found: no errors; NotFound: errors were found.
-/// \throws std::exception  the check could not be carried out
-Answer runCheck(const Options& options, const PageSetup& setup);
+/// The command `check`: what the library silently skips, changes or ignores. Its answer is negative
+/// if errors were found. It throws std::exception if the check could not be completed.
+CommandEntry checkCommand();
 
 } // namespace refdoc

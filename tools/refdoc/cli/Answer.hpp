@@ -5,21 +5,21 @@
 
 namespace refdoc {
 
-/// How the tool ends, as its caller sees it.
+/// The exit status of the tool.
 enum class ExitStatus : int {
-    Found = 0,
-    NotFound = 1,   ///< nothing for the product, or for one of the HREFs or NAMEs
-    WrongUsage = 2, ///< the command line can't be understood
-    Failed = 3      ///< anything else
+    Success = 0,
+    Negative = 1,   ///< the answer is no: a name was not found, or a check found errors
+    WrongUsage = 2, ///< the command line is invalid
+    Failed = 3      ///< any other failure
 };
 
-/// What a command has to say. Commands print nothing themselves.
+/// The result of a command. Commands print nothing themselves.
 struct Answer {
-    ExitStatus status = ExitStatus::Found;
-    std::string output{};                  ///< for standard output, as it stands; UTF-8
-    std::string pager{};                   ///< the command to show it through; empty: none
-    std::vector<std::string> complaints{}; ///< for standard error, a line each, without the tool's
-                                           ///< name before it; UTF-8, names as they came
+    ExitStatus status = ExitStatus::Success;
+    std::string output{};                  ///< for stdout, printed unchanged; UTF-8
+    std::string pager{};                   ///< the command that shows the output; empty: none
+    std::vector<std::string> complaints{}; ///< for stderr, one line each, without the program's
+                                           ///< name; UTF-8, may contain control characters
 };
 
 } // namespace refdoc

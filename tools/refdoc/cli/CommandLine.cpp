@@ -1,275 +1,205 @@
 #include "tools/refdoc/cli/CommandLine.hpp"
 
-#include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/terminal/TextLayout.hpp"
+#include "tools/refdoc/cli/Help.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
-#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 namespace refdoc {
 
 namespace {
 
-constexpr std::size_t kHelpWidth = 50; // beside the column of the names
-
-// CLI11 gives some plain words a meaning of their own: "[a,b]" is two words, "{}" none, "++" ends a
-// command, an empty text may be dropped. All of these can be names, and so a word that it could
-// take for something else travels with this mark before it.
-constexpr char kWordMark = '\x1f';
-
-std::string marked(std::string_view word) {
-    return kWordMark + std::string(word);
+// No option starts like "-5", "-!" or "---", which an index may have as names.
+bool looksLikeOption(std::string_view word) {
+    const std::size_t dashes = word.starts_with("--") ? 2 : 1;
+    if (!word.starts_with('-') || word.size() == dashes)
+        return false;
+    const char first = word[dashes];
+    return std::string_view("-! \n").find(first) == std::string_view::npos &&
+           (dashes == 2 || first < '0' || first > '9');
 }
 
-std::string unmarked(std::string word) {
-    if (!word.empty() && word.front() == kWordMark)
-        word.erase(0, 1);
-    return word;
+// "a PRODUCT", "an OUT"
+std::string withArticle(std::string_view name) {
+    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
 }
 
-bool needsMark(std::string_view word) {
-    return word.empty() ||
-           std::string_view("[{%+\x1f").find(word.front()) != std::string_view::npos;
+template <class Entries>
+std::vector<std::string> namesOf(const Entries& entries) {
+    std::vector<std::string> names;
+    for (const auto& entry : entries)
+        names.emplace_back(entry.name);
+    return names;
 }
 
-// "--lang=" gives the empty text, which CLI11 would take for a value that is still to come.
-bool isOptionWithEmptyValue(std::string_view word) {
-    return word.starts_with("--") && word.find('=') == word.size() - 1;
-}
-
-bool isOptionWithOptionalValue(const CommandTable& table, std::string_view word) {
-    return std::ranges::any_of(table.commands, [&](const CommandEntry& command) {
-        return std::ranges::any_of(command.options, [&](const OptionEntry& option) {
-            return option.isValueOptional && option.name == word;
-        });
-    });
-}
-
-// The words for CLI11. After "--" every word is a name, whatever it looks like.
-std::vector<std::string> markedWords(const CommandTable& table,
-                                     const std::vector<std::string>& arguments) {
-    std::vector<std::string> words;
-    words.reserve(arguments.size());
-    bool onlyNames = false;
-    for (const std::string& argument : arguments) {
-        if (onlyNames || needsMark(argument))
-            words.push_back(marked(argument));
-        else if (argument == "--")
-            onlyNames = true;
-        else if (isOptionWithEmptyValue(argument))
-            words.push_back(argument + kWordMark);
-        else if (isOptionWithOptionalValue(table, argument))
-            words.push_back(argument + '=' + kWordMark);
-        else
-            words.push_back(argument);
-    }
-    return words;
-}
-
-std::string wrappedHelp(std::string_view help) {
-    std::string wrapped;
-    for (const std::u16string& line : wrapText(fl::i18n::to_ustring(help), kHelpWidth))
-        wrapped += (wrapped.empty() ? "" : "\n") + fl::i18n::to_string(line);
-    return wrapped;
-}
-
-// What stands below the options in the help.
-std::string footerOf(const CommandTable& table) {
-    std::string footer = fmt::format("The options of {} --help may stand before or after the "
-                                     "command;\n\"--\" ends the options.\n",
-                                     table.program) +
-                         "\nExit status:\n";
-    for (const Remark& status : table.exitStatuses) {
-        std::string_view lead = status.subject;
-        for (const std::u16string& line : wrapText(fl::i18n::to_ustring(status.text), 70)) {
-            footer += fmt::format("  {:3}{}\n", lead, fl::i18n::to_string(line));
-            lead = "";
-        }
-    }
-    footer += "\nExamples:";
-    for (const Remark& example : table.examples)
-        footer += fmt::format("\n  {}", example.subject);
-    return footer;
-}
-
-std::string alternatives(const std::vector<CommandEntry>& commands) {
-    std::string words;
-    for (const CommandEntry& command : commands) {
-        if (!words.empty())
-            words += &command == &commands.back() ? " or " : ", ";
-        words += command.name;
-    }
-    return words;
-}
-
-// The command line as CLI11 sees it, bound to texts of this object.
-class Parser {
+class Sorter {
 public:
-    explicit Parser(const CommandTable& table)
-        : table_(table), app_(sentenceOf(table.summary), std::string(table.program)) {
-        app_.require_subcommand(1);
-        app_.fallthrough();
-        app_.allow_windows_style_options(false); // "/help" is a path on every system
-        app_.footer(footerOf(table));
-        for (const OptionEntry& option : table.options)
-            addOption(app_, option);
-        for (const CommandEntry& command : table.commands)
-            addCommand(command);
+    explicit Sorter(const CommandTable& table) : table_(table) {}
+
+    void add(const std::string& word) {
+        if (!line_.onlyArguments && word == "--")
+            line_.onlyArguments = true;
+        else if (line_.openOption)
+            addValue(*std::exchange(line_.openOption, nullptr), word);
+        else if (!line_.onlyArguments && looksLikeOption(word))
+            addOption(word);
+        else if (line_.command)
+            line_.arguments.push_back(word);
+        else
+            addCommand(word);
     }
 
-    std::variant<ParsedWords, Answer> parse(std::vector<std::string> words) {
-        std::ranges::reverse(words); // the order that CLI11 asks for
-        try {
-            app_.parse(std::move(words));
-        } catch (const CLI::Success& request) {
-            std::ostringstream text;
-            app_.exit(request, text, text);
-            return Answer{.output = text.str()};
-        } catch (const CLI::RequiredError&) {
-            return wrongUsage(whatIsNeeded());
-        } catch (const CLI::ParseError& error) {
-            return wrongUsage(error.what());
-        }
-        return parsedWords();
-    }
+    CommandLine take() { return std::move(line_); }
 
 private:
-    void addOption(CLI::App& app, const OptionEntry& entry) {
-        const std::string name(entry.name);
-        const std::string names =
-            entry.shortName.empty() ? name : std::string(entry.shortName) + "," + name;
-        const std::string help = wrappedHelp(entry.help);
-        if (name == "--help") {
-            app.set_help_flag(names, help);
-        } else if (name == "--version") {
-            app.set_version_flag(names, "refdoc " REFDOC_VERSION, help);
-        } else if (entry.kind == ValueKind::None) {
-            CLI::Option* flag = app.add_flag(names, help);
-            if (!entry.excludes.empty())
-                flag->excludes(optionOf(app, std::string(entry.excludes)));
-        } else {
-            addTextOption(app, entry, names, help);
+    void addCommand(const std::string& word) {
+        const CommandEntry* command = findCommand(table_, word);
+        if (!command)
+            fail(unknownCommand(word));
+        else if (line_.onlyArguments)
+            fail(fmt::format("the command {} must precede \"--\"", word));
+        else
+            line_.command = command;
+    }
+
+    void addOption(const std::string& word) {
+        const bool isLong = word.starts_with("--");
+        const std::size_t nameLength = std::min(isLong ? word.find('=') : 2, word.size());
+        const std::string name = word.substr(0, nameLength);
+        const OptionEntry* option = findOption(table_, line_.command, name);
+        if (!option)
+            fail(unknownOption(isLong && nameLength > 2 ? name : word));
+        else if (nameLength < word.size())
+            addValue(*option, word.substr(nameLength + (isLong ? 1 : 0)));
+        else if (option->type == ValueType::None || option->isValueOptional)
+            addValue(*option, "");
+        else
+            line_.openOption = option;
+    }
+
+    void addValue(const OptionEntry& option, const std::string& value) {
+        if (option.type == ValueType::Choice && line_.valueFault.empty() &&
+            std::ranges::find(option.choices, value, &Choice::name) == option.choices.end())
+            line_.valueFault = fmt::format("{} must be {}, not \"{}\"", option.name,
+                                           alternatives(namesOf(option.choices)), value);
+        line_.options.add(option.name, value);
+    }
+
+    std::string unknownCommand(const std::string& word) const {
+        return fmt::format("unknown command \"{}\"{}", word,
+                           didYouMean(word, namesOf(table_.commands)));
+    }
+
+    std::string unknownOption(const std::string& name) const {
+        for (const CommandEntry& command : table_.commands) {
+            if (findOption(table_, &command, name))
+                return fmt::format("{} must follow the command {}", name, command.name);
         }
+        std::vector<std::string> known;
+        for (const OptionEntry* option : optionsFor(table_, line_.command))
+            known.emplace_back(option->name);
+        std::string question = didYouMean(name, known);
+        std::erase(question, '"'); // options are not quoted
+        return fmt::format("unknown option {}{}", name, question);
     }
 
-    // An option of the command, or one that all commands have.
-    CLI::Option* optionOf(CLI::App& app, const std::string& name) {
-        CLI::Option* option = app.get_option_no_throw(name);
-        return option ? option : app_.get_option(name);
-    }
-
-    void addTextOption(CLI::App& app, const OptionEntry& entry, const std::string& names,
-                       const std::string& help) {
-        if (entry.isList) {
-            app.add_option(names, lists_[std::string(entry.name)], help)
-                ->type_name(std::string(entry.placeholder))
-                ->allow_extra_args(false);
-            return;
-        }
-        // The last one wins, so that an alias can be overruled.
-        CLI::Option* option = app.add_option(names, values_[std::string(entry.name)], help)
-                                  ->type_name(std::string(entry.placeholder))
-                                  ->take_last();
-        if (!entry.choices.empty())
-            option->check(CLI::IsMember(
-                std::vector<std::string>(entry.choices.begin(), entry.choices.end())));
-    }
-
-    void addCommand(const CommandEntry& command) {
-        CLI::App* app = app_.add_subcommand(std::string(command.name), wrappedHelp(command.help));
-        for (const OptionEntry& option : command.options)
-            addOption(*app, option);
-        for (const ArgumentEntry& argument : command.arguments) {
-            const std::string name(argument.name);
-            const std::string help = wrappedHelp(argument.help);
-            CLI::Option* option = argument.isList ? app->add_option(name, list_, help)
-                                                  : app->add_option(name, singles_[name], help);
-            option->type_name("")->required(argument.isRequired);
-        }
-    }
-
-    const CommandEntry* parsedCommand() const {
-        const std::vector<CLI::App*> parsed = app_.get_subcommands();
-        return parsed.empty() ? nullptr : findCommand(table_, parsed.front()->get_name());
-    }
-
-    // After CLI11 has missed something that is required.
-    std::string whatIsNeeded() const {
-        if (const CommandEntry* command = parsedCommand())
-            return fmt::format("{} needs a {}", command->name, command->arguments.front().name);
-        const std::vector<std::string> rest = app_.remaining();
-        if (!rest.empty())
-            return "there is no command or option " + rest.front();
-        return "a command is needed: " + alternatives(table_.commands);
-    }
-
-    Answer wrongUsage(std::string message) const {
-        std::erase(message, kWordMark);
-        if (message.starts_with("The "))
-            message[0] = 't';
-        return {.status = ExitStatus::WrongUsage,
-                .complaints = {fmt::format("{}; see {} --help", message, table_.program)}};
-    }
-
-    ParsedWords parsedWords() const {
-        const CommandEntry& command = *parsedCommand();
-        ParsedWords words{
-            .command = std::string(command.name), .options = {}, .lists = {}, .arguments = {}};
-        takeOptions(app_, table_.options, words);
-        const CLI::App& app = *app_.get_subcommand(words.command);
-        takeOptions(app, command.options, words);
-        for (const ArgumentEntry& argument : command.arguments) {
-            const std::string name(argument.name);
-            if (!argument.isList && app.count(name) > 0)
-                words.arguments.push_back(unmarked(singles_.at(name)));
-        }
-        for (const std::string& word : list_)
-            words.arguments.push_back(unmarked(word));
-        return words;
-    }
-
-    void takeOptions(const CLI::App& app, const std::vector<OptionEntry>& entries,
-                     ParsedWords& words) const {
-        for (const OptionEntry& entry : entries) {
-            const std::string name(entry.name);
-            if (app.count(name) == 0)
-                continue;
-            if (const auto list = lists_.find(name); list != lists_.end()) {
-                for (const std::string& value : list->second)
-                    words.lists[name].push_back(unmarked(value));
-            }
-            const auto value = values_.find(name);
-            words.options.emplace(name, value == values_.end() ? "" : unmarked(value->second));
-        }
+    void fail(std::string fault) {
+        if (line_.wordFault.empty())
+            line_.wordFault = std::move(fault);
     }
 
     const CommandTable& table_;
-    CLI::App app_;
-    std::map<std::string, std::string> values_;             // of options
-    std::map<std::string, std::vector<std::string>> lists_; // of options given more than once
-    std::map<std::string, std::string> singles_;            // of arguments
-    std::vector<std::string> list_; // the argument that stands for many words
+    CommandLine line_;
 };
+
+// The complaint about arguments that are missing or too many; empty if there is none.
+std::string argumentFault(const CommandLine& line) {
+    const std::vector<ArgumentEntry>& entries = line.command->arguments;
+    const std::size_t given = line.arguments.size();
+    for (std::size_t at = 0; at < entries.size(); ++at) {
+        const ArgumentEntry& entry = entries[at];
+        if (entry.isRequired && at >= given)
+            return fmt::format("{} needs {}", line.command->name, withArticle(entry.name));
+        if (!entry.alternative.empty() && line.options.has(entry.alternative) == (at < given))
+            return fmt::format("{} needs either {} or {}", line.command->name,
+                               withArticle(entry.name), entry.alternative);
+    }
+    const bool endsWithList = !entries.empty() && entries.back().isList;
+    if (given > entries.size() && !endsWithList)
+        return fmt::format("unexpected argument \"{}\"", line.arguments[entries.size()]);
+    return {};
+}
+
+// The complaint about two options of one group; empty if there is none.
+std::string groupFault(const CommandTable& table, const CommandLine& line) {
+    std::map<std::string_view, std::string_view> givenByGroup;
+    for (const OptionEntry* option : optionsFor(table, line.command)) {
+        if (option->group.empty() || !line.options.has(option->name))
+            continue;
+        const auto [given, isFirst] = givenByGroup.emplace(option->group, option->name);
+        if (!isFirst)
+            return fmt::format("{} and {} cannot be combined", given->second, option->name);
+    }
+    return {};
+}
+
+std::string usageFault(const CommandTable& table, const CommandLine& line) {
+    if (!line.wordFault.empty())
+        return line.wordFault;
+    if (!line.command)
+        return "a command is needed: " + alternatives(namesOf(table.commands));
+    const std::string fault = groupFault(table, line);
+    return fault.empty() ? argumentFault(line) : fault;
+}
+
+Answer wrongUsage(const CommandTable& table, const std::string& fault) {
+    return {.status = ExitStatus::WrongUsage,
+            .complaints = {fmt::format("{}; see {} --help", fault, table.program)}};
+}
 
 } // namespace
 
-std::optional<std::string> ParsedWords::value(std::string_view option) const {
-    const auto found = options.find(option);
-    return found == options.end() ? std::nullopt : std::optional(found->second);
+void OptionValues::add(std::string_view option, std::string value) {
+    values_[std::string(option)].push_back(std::move(value));
 }
 
-std::vector<std::string> ParsedWords::values(std::string_view option) const {
-    const auto found = lists.find(option);
-    return found == lists.end() ? std::vector<std::string>() : found->second;
+std::optional<std::string> OptionValues::value(std::string_view option) const {
+    const auto found = values_.find(option);
+    return found == values_.end() ? std::nullopt : std::optional(found->second.back());
 }
 
-std::variant<ParsedWords, Answer> parseCommandLine(const CommandTable& table,
-                                                   const std::vector<std::string>& arguments) {
-    return Parser(table).parse(markedWords(table, arguments));
+std::vector<std::string> OptionValues::values(std::string_view option) const {
+    const auto found = values_.find(option);
+    return found == values_.end() ? std::vector<std::string>() : found->second;
+}
+
+CommandLine sortWords(const CommandTable& table, const std::vector<std::string>& words) {
+    Sorter sorter(table);
+    for (const std::string& word : words)
+        sorter.add(word);
+    return sorter.take();
+}
+
+std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,
+                                                   const std::vector<std::string>& words) {
+    CommandLine line = sortWords(table, words);
+    if (line.openOption && line.valueFault.empty())
+        line.valueFault = fmt::format("{} needs a value", line.openOption->name);
+    if (!line.valueFault.empty())
+        return wrongUsage(table, line.valueFault);
+    // Someone who asks for help gets it whatever else is wrong.
+    if (line.options.has("--version"))
+        return Answer{.output = fmt::format("{} {}\n", table.program, REFDOC_VERSION)};
+    if (line.options.has("--help"))
+        return Answer{.output = helpText(table, line.command)};
+    if (const std::string fault = usageFault(table, line); !fault.empty())
+        return wrongUsage(table, fault);
+    return line;
 }
 
 } // namespace refdoc

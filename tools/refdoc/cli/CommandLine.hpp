@@ -12,29 +12,51 @@
 
 namespace refdoc {
 
-/// The words of a command line, sorted by what they are; as they were typed.
-struct ParsedWords {
-    std::string command;
-    std::map<std::string, std::string, std::less<>>
-        options; ///< those given, by name; a flag's value is the empty text
-    std::map<std::string, std::vector<std::string>, std::less<>>
-        lists; ///< the values of the options that may be given more than once
-    std::vector<std::string> arguments;
+/// The options that were given, with their values as typed.
+class OptionValues {
+public:
+    void add(std::string_view option, std::string value);
 
-    bool has(std::string_view option) const { return options.contains(option); }
+    bool has(std::string_view option) const { return values_.contains(option); }
 
-    /// The values of an option that may be given more than once.
+    /// Returns the last value of the option; absent if the option was not given.
+    std::optional<std::string> value(std::string_view option) const;
+
+    /// Returns all values of the option in the order they were given.
     std::vector<std::string> values(std::string_view option) const;
 
-    /// The value of an option; absent when it was not given.
-    std::optional<std::string> value(std::string_view option) const;
+private:
+    std::map<std::string, std::vector<std::string>, std::less<>> values_;
 };
 
-/// Parses a command line by the table.
-/// \param arguments  what follows the program's name
-/// \returns          the words; or the answer to give at once: help, the version, or a complaint
-///                   about wrong usage
-std::variant<ParsedWords, Answer> parseCommandLine(const CommandTable& table,
-                                                   const std::vector<std::string>& arguments);
+/// The words of a command line, sorted by the table, and what is wrong with them.
+struct CommandLine {
+    const CommandEntry* command = nullptr; ///< null if no word is a command
+    std::vector<std::string> arguments{};  ///< of the command
+    OptionValues options{};
+    const OptionEntry* openOption = nullptr; ///< the option whose value the next word would be
+    bool onlyArguments = false; ///< after "--": the next word is neither an option nor a command
+    std::string valueFault{}; ///< a complaint about the first invalid value; empty if there is none
+    std::string wordFault{};  ///< the same about the first unknown option or command
+};
+
+/// Sorts the words that follow the program's name. Every fault is recorded and skipped, so that the
+/// result of an unfinished command line is useful too.
+CommandLine sortWords(const CommandTable& table, const std::vector<std::string>& words);
+
+/// Parses the words that follow the program's name.
+///
+/// - "--option value" and "--option=value" are the same; the value may look like anything. Options
+///   and commands cannot be abbreviated.
+/// - The value in "--flag=value" is ignored; "-hx" is "-h".
+/// - After "--", a word is an argument, or the value of an option before the "--". A word like
+///   "-", "-5", "-!" or "---" is always an argument.
+///
+/// Help and version have precedence over all faults except invalid values.
+///
+/// \returns  the sorted words if they are complete and valid; otherwise the answer to print: the
+///           help, the version, or a complaint about wrong usage
+std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,
+                                                   const std::vector<std::string>& words);
 
 } // namespace refdoc

@@ -1,70 +1,84 @@
 #pragma once
 
+#include "tools/refdoc/cli/Answer.hpp"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace refdoc {
 
-// What can be typed after "refdoc". The parser, the manual page and the shell completions are all
-// made from it, so that none of them can tell something else than the others. Texts are UTF-8
-// sentences on one line, without a period at the end of those that stand in a list.
+// The commands and options of the program as data. The parser, the help, the manual page and
+// completion all read the same table. Strings are UTF-8, on one line; the `help` of an entry has no
+// period at its end.
 
-/// What a word on the command line is, for whoever offers words to choose from.
-enum class ValueKind {
+struct Options;
+struct PageSetup;
+
+/// The type of a value on the command line, which decides what completion offers.
+enum class ValueType {
     None,       ///< no value: a flag
+    Choice,     ///< one of the entry's choices; the parser refuses any other value
+    Name,       ///< a name that the command validates; completion offers the entry's choices
     Folder,     ///< a folder of the file system
-    File,       ///< a file of the file system
-    Path,       ///< either of them
-    Rule,       ///< a rule of "check"
-    Choice,     ///< one of OptionEntry::choices
+    Path,       ///< a file or folder of the file system
     Language,   ///< a language, as in "ja"
-    Languages,  ///< languages with commas between them
-    Sections,   ///< keys of sections with commas between them
+    Languages,  ///< languages, separated by commas
+    Sections,   ///< keys of sections, separated by commas
     Product,    ///< the name of a full resource file, without ".json"
-    Href,       ///< the link of an item of the product that stands before it
-    LookupName, ///< a name of the lookup index
+    Href,       ///< the href of an item of the product in the first argument
+    LookupName, ///< a name in the lookup index
+};
+
+/// A value that completion offers.
+struct Choice {
+    std::string_view name;
+    std::string_view help{};
 };
 
 struct OptionEntry {
-    std::string_view name;        ///< "--install"
-    std::string_view placeholder; ///< "DIR"; empty for a flag
-    ValueKind kind;
-    std::string_view help;
-    std::vector<std::string_view> choices{}; ///< the words of ValueKind::Choice
-    std::string_view shortName{};            ///< "-h"; empty for most
-    std::string_view excludes{};             ///< the option that can't stand beside it
-    bool isList = false;          ///< may be given more than once; else the last one wins
-    bool isValueOptional = false; ///< a value follows after "=" only
+    std::string_view name;          ///< "--install"
+    std::string_view placeholder{}; ///< "DIR"; empty for a flag
+    ValueType type = ValueType::None;
+    std::string_view help{};
+    std::vector<Choice> choices{};
+    std::string_view shortName{}; ///< "-h"; empty if there is none
+    std::string_view group{};     ///< at most one option of a group may be given; empty: no group
+    bool isValueOptional = false; ///< the value can only follow after "="
 };
 
 struct ArgumentEntry {
     std::string_view name; ///< "PRODUCT"
-    ValueKind kind;
-    bool isRequired; ///< else it may be left out
-    bool isList;     ///< the last one of a command may stand for any number of words
-    std::string_view help;
+    ValueType type;
+    bool isRequired = false;
+    bool isList = false; ///< takes any number of words; only for the last argument of a command
+    std::string_view help{};
+    std::string_view alternative{}; ///< an option; exactly one of it and the argument is required
 };
 
 struct CommandEntry {
     std::string_view name;
-    std::string_view help;        ///< what it does, in one line
-    std::string_view description; ///< sentences for the manual page
+    std::string_view help{};        ///< what it does, in one line
+    std::string_view description{}; ///< sentences for the manual page
     std::vector<ArgumentEntry> arguments{};
-    std::vector<OptionEntry> options{}; ///< those that no other command has
+    std::vector<OptionEntry> options{}; ///< valid only after the command
+
+    /// Runs the command. The options have been applied to the library.
+    /// \throws std::exception, foundation::core::except::IException  the command failed
+    Answer (*run)(const Options& options, const PageSetup& setup) = nullptr;
 };
 
-/// Something and what there is to say about it.
+/// A term and its explanation.
 struct Remark {
     std::string_view subject;
-    std::string_view text;
+    std::string_view text; ///< sentences
 };
 
 struct CommandTable {
     std::string_view program;
-    std::string_view summary;                  ///< what the program is for, in one line
+    std::string_view summary;                  ///< what the program does, in one line
     std::vector<std::string_view> description; ///< paragraphs
-    std::vector<OptionEntry> options;          ///< before or after any command
+    std::vector<OptionEntry> options;          ///< valid before and after any command
     std::vector<CommandEntry> commands;
     std::vector<Remark> exitStatuses;
     std::vector<Remark> environment;
@@ -73,22 +87,24 @@ struct CommandTable {
     std::vector<std::string_view> seeAlso;
 };
 
-/// The table of this program.
-const CommandTable& commandTable();
-
-/// The command of this name; null when there is none.
+/// Returns the command of this name, or null.
 const CommandEntry* findCommand(const CommandTable& table, std::string_view name);
 
-/// The option of this name or short name that may stand beside the command; null when there is
-/// none.
-/// \param command  null before a command is known
+/// Returns the options that are valid after the command, or before any if it is null: those of the
+/// table, then the command's own. The pointers point into `table` and `*command`.
+std::vector<const OptionEntry*> optionsFor(const CommandTable& table, const CommandEntry* command);
+
+/// Returns the option of this name or short name among optionsFor(), or null.
 const OptionEntry* findOption(const CommandTable& table, const CommandEntry* command,
                               std::string_view name);
 
-/// The text with an upper-case letter at its start and a period at its end.
+/// Capitalizes the first letter and appends a period unless there is one.
 std::string sentenceOf(std::string_view text);
 
-/// The command's name and arguments as they are typed: "show PRODUCT [HREF...]".
+/// Returns an argument as the usage shows it: "PRODUCT", "[HREF...]".
+std::string synopsisOf(const ArgumentEntry& argument);
+
+/// Returns the command's name and arguments: "show PRODUCT [HREF...]".
 std::string synopsisOf(const CommandEntry& command);
 
 } // namespace refdoc

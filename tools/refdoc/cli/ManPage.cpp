@@ -1,12 +1,11 @@
 #include "tools/refdoc/cli/ManPage.hpp"
 
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
+#include <boost/algorithm/string/case_conv.hpp>
+#include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -15,53 +14,41 @@ namespace refdoc {
 
 namespace {
 
-constexpr std::size_t kSourceWidth = 76; // some formatters complain of lines over 80
+constexpr std::size_t kSourceWidth = 76; // some formatters warn about lines over 80
 
-// The text as roff prints it: a bare hyphen could become another dash, and a backslash is its own.
+// The text as roff prints it: a bare hyphen could become a dash, and a backslash starts an escape.
 std::string escaped(std::string_view text) {
-    std::string result;
-    for (const char letter : text) {
-        if (letter == '-')
-            result += "\\-";
-        else if (letter == '\\')
-            result += "\\e";
-        else
-            result += letter;
-    }
+    std::string result = boost::algorithm::replace_all_copy(std::string(text), "\\", "\\e");
+    boost::algorithm::replace_all(result, "-", "\\-");
     return result;
 }
 
 // As the argument of a macro.
-std::string argument(std::string_view text) {
-    std::string result = "\"";
-    for (const char letter : escaped(text))
-        result += letter == '"' ? "\\(dq" : std::string(1, letter);
-    return result + '"';
+std::string quotedArgument(std::string_view text) {
+    return '"' + boost::algorithm::replace_all_copy(escaped(text), "\"", "\\(dq") + '"';
 }
 
-std::string upperCase(std::string_view text) {
-    std::string result(text);
-    std::ranges::transform(result, result.begin(), [](char letter) {
-        return static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
-    });
-    return result;
+std::string bold(std::string_view text) {
+    return "\\fB" + escaped(text) + "\\fR";
+}
+
+std::string italic(std::string_view text) {
+    return "\\fI" + escaped(text) + "\\fR";
 }
 
 class Roff {
 public:
     void macro(std::string_view line) { fmt::format_to(std::back_inserter(page_), "{}\n", line); }
 
-    void section(std::string_view title) { macro(fmt::format(".SH {}", argument(title))); }
+    void section(std::string_view title) { macro(fmt::format(".SH {}", quotedArgument(title))); }
 
     void text(std::string_view text) {
-        for (const std::u16string& line :
-             wrapText(fl::i18n::to_ustring(escaped(text)), kSourceWidth))
-            // A line that starts so would be taken for a macro.
-            macro((line.starts_with(u'.') || line.starts_with(u'\'') ? "\\&" : "") +
-                  fl::i18n::to_string(line));
+        for (const std::string& line : wrapText(escaped(text), kSourceWidth))
+            // roff reads a line that starts with a period or an apostrophe as a macro.
+            macro((line.starts_with('.') || line.starts_with('\'') ? "\\&" : "") + line);
     }
 
-    // A term and, below it and further in, what it means.
+    // A term and, indented below it, its explanation.
     void item(std::string_view term, std::string_view meaning) {
         macro(".TP");
         macro(term);
@@ -76,11 +63,13 @@ private:
 
 void addOptions(Roff& roff, const std::vector<OptionEntry>& options) {
     for (const OptionEntry& option : options) {
-        std::string term = "\\fB" + escaped(option.name) + "\\fR";
+        std::string term = bold(option.name);
         if (!option.shortName.empty())
-            term.insert(0, "\\fB" + escaped(option.shortName) + "\\fR, ");
-        if (!option.placeholder.empty())
-            term += " \\fI" + escaped(option.placeholder) + "\\fR";
+            term.insert(0, bold(option.shortName) + ", ");
+        if (option.isValueOptional)
+            term += "[=" + italic(option.placeholder) + ']';
+        else if (!option.placeholder.empty())
+            term += ' ' + italic(option.placeholder);
         roff.item(term, sentenceOf(option.help));
     }
 }
@@ -90,13 +79,11 @@ void addSynopsis(Roff& roff, const CommandTable& table) {
     for (const CommandEntry& command : table.commands) {
         if (&command != &table.commands.front())
             roff.macro(".br");
-        std::string line = fmt::format(R"(\fB{}\fR [\fIOPTIONS\fR] \fB{}\fR)",
-                                       escaped(table.program), escaped(command.name));
-        for (const ArgumentEntry& entry : command.arguments) {
-            const std::string word =
-                "\\fI" + escaped(entry.name) + "\\fR" + (entry.isList ? "..." : "");
-            line += entry.isRequired ? " " + word : " [" + word + "]";
-        }
+        std::string line =
+            fmt::format(R"({} [\fIOPTIONS\fR] {})", bold(table.program), bold(command.name));
+        for (const ArgumentEntry& entry : command.arguments)
+            line += ' ' + boost::algorithm::replace_all_copy(synopsisOf(entry), entry.name,
+                                                             italic(entry.name));
         roff.macro(line);
     }
 }
@@ -104,13 +91,13 @@ void addSynopsis(Roff& roff, const CommandTable& table) {
 void addCommands(Roff& roff, const CommandTable& table) {
     roff.section("COMMANDS");
     for (const CommandEntry& command : table.commands) {
-        roff.item("\\fB" + escaped(synopsisOf(command)) + "\\fR",
+        roff.item(bold(synopsisOf(command)),
                   sentenceOf(command.help) + ' ' + std::string(command.description));
         if (command.arguments.empty() && command.options.empty())
             continue;
         roff.macro(".RS");
         for (const ArgumentEntry& entry : command.arguments)
-            roff.item("\\fI" + escaped(entry.name) + "\\fR", sentenceOf(entry.help));
+            roff.item(italic(entry.name), sentenceOf(entry.help));
         addOptions(roff, command.options);
         roff.macro(".RE");
     }
@@ -121,7 +108,7 @@ void addRemarks(Roff& roff, std::string_view title, const std::vector<Remark>& r
         return;
     roff.section(title);
     for (const Remark& remark : remarks)
-        roff.item("\\fB" + escaped(remark.subject) + "\\fR", remark.text);
+        roff.item(bold(remark.subject), remark.text);
 }
 
 void addExamples(Roff& roff, const std::vector<Remark>& examples) {
@@ -152,8 +139,9 @@ void addSeeAlso(Roff& roff, const std::vector<std::string_view>& pages) {
 
 std::string manPage(const CommandTable& table, std::string_view version, std::string_view date) {
     Roff roff;
-    roff.macro(fmt::format(R"(.TH {} 1 "{}" {} "User Commands")", upperCase(table.program), date,
-                           argument(fmt::format("{} {}", table.program, version))));
+    roff.macro(fmt::format(R"(.TH {} 1 "{}" {} "User Commands")",
+                           boost::algorithm::to_upper_copy(std::string(table.program)), date,
+                           quotedArgument(fmt::format("{} {}", table.program, version))));
     roff.section("NAME");
     roff.macro(fmt::format("{} \\- {}", escaped(table.program), escaped(table.summary)));
     addSynopsis(roff, table);

@@ -7,9 +7,10 @@
 
 namespace refdoc {
 
-/// The manual page, in the macros of man(7), UTF-8.
-/// \param version  of the program
-/// \param date     of the page, as in "2026-03-01"
+/// Returns the manual page in the macros of man(7), UTF-8.
+///
+/// \param version  the version of the program
+/// \param date     the date of the page, as in "2026-03-01"
 std::string manPage(const CommandTable& table, std::string_view version, std::string_view date);
 
 } // namespace refdoc

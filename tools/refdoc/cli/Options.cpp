@@ -1,10 +1,11 @@
 #include "tools/refdoc/cli/Options.hpp"
 
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/cli/CommandLine.hpp"
 
-#include <string_view>
-#include <utility>
+#include <boost/algorithm/string/split.hpp>
+
+#include <algorithm>
+#include <iterator>
 
 namespace refdoc {
 
@@ -12,105 +13,88 @@ namespace {
 
 using fl::i18n::to_ustring;
 
-// The parts between commas, as they stand; none for the empty text.
-std::vector<std::u16string> splitList(std::string_view text) {
-    std::vector<std::u16string> parts;
-    if (text.empty())
-        return parts;
-    std::size_t start = 0;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
-         comma = text.find(',', start)) {
-        parts.push_back(to_ustring(text.substr(start, comma - start)));
-        start = comma + 1;
-    }
-    parts.push_back(to_ustring(text.substr(start)));
-    return parts;
-}
-
-std::optional<std::u16string> textOf(const ParsedWords& words, std::string_view option) {
-    const std::optional<std::string> value = words.value(option);
+std::optional<std::u16string> stringOf(const OptionValues& values, std::string_view option) {
+    const std::optional<std::string> value = values.value(option);
     return value ? std::optional(to_ustring(*value)) : std::nullopt;
 }
 
-std::optional<std::vector<std::u16string>> listOf(const ParsedWords& words,
+// The parts between commas, untrimmed; an empty string is an empty list.
+std::optional<std::vector<std::u16string>> listOf(const OptionValues& values,
                                                   std::string_view option) {
-    const std::optional<std::string> value = words.value(option);
-    return value ? std::optional(splitList(*value)) : std::nullopt;
+    const std::optional<std::u16string> value = stringOf(values, option);
+    if (!value)
+        return std::nullopt;
+    std::vector<std::u16string> parts;
+    if (!value->empty())
+        boost::algorithm::split(parts, *value, [](char16_t unit) { return unit == u','; });
+    return parts;
 }
 
-ColorChoice colorOf(const ParsedWords& words) {
-    const std::string color = words.value("--color").value_or("auto");
+ColorChoice colorOf(const OptionValues& values) {
+    const std::string color = values.value("--color").value_or("auto");
     return color == "always"  ? ColorChoice::Always
            : color == "never" ? ColorChoice::Never
                               : ColorChoice::Auto;
 }
 
-OutputFormat formatOf(const ParsedWords& words) {
-    return words.has("--json")    ? OutputFormat::Json
-           : words.has("--jsonl") ? OutputFormat::JsonLines
-                                  : OutputFormat::Text;
-}
-
-CheckOptions checkOptionsOf(const ParsedWords& words) {
-    CheckOptions options;
-    options.isSarif = words.has("--sarif");
-    options.baseline = words.value("--baseline");
-    for (const std::string& rule : words.values("--werror")) {
-        if (rule.empty())
-            options.isAllError = true;
-        else
-            options.errorRules.push_back(rule);
-    }
-    options.ignoredRules = words.values("--ignore");
-    options.listsRules = words.has("--rules");
-    options.explainedRule = words.value("--explain");
-    return options;
-}
-
-Options optionsOf(const ParsedWords& words) {
-    Options options;
-    options.command = words.command == "show"      ? Command::Show
-                      : words.command == "lookup"  ? Command::Lookup
-                      : words.command == "explain" ? Command::Explain
-                      : words.command == "check"   ? Command::Check
-                                                   : Command::Products;
-    for (const std::string& word : words.arguments)
-        options.names.push_back(to_ustring(word));
-    options.explainedName = textOf(words, "--name");
-    const bool hasProduct = options.command == Command::Show || options.command == Command::Explain;
-    if (hasProduct && !options.names.empty()) {
-        options.product = std::move(options.names.front());
-        options.names.erase(options.names.begin());
-    }
-    options.installFolder = textOf(words, "--install");
-    options.referenceRoot = textOf(words, "--root");
-    options.supportFolder = textOf(words, "--support-folder");
-    options.language = textOf(words, "--lang");
-    options.supportedLanguages = listOf(words, "--langs");
-    options.installedProducts = listOf(words, "--installed");
-    options.supportPackages = listOf(words, "--support-packages");
-    options.format = formatOf(words);
-    options.color = colorOf(words);
-    options.mayPage = !words.has("--no-pager");
-    options.verbose = words.has("--verbose");
-    if (options.command == Command::Check)
-        options.check = checkOptionsOf(words);
-    return options;
+OutputFormat formatOf(const OptionValues& values) {
+    return values.has("--json")    ? OutputFormat::Json
+           : values.has("--jsonl") ? OutputFormat::JsonLines
+                                   : OutputFormat::Text;
 }
 
 } // namespace
 
-std::variant<Options, Answer> readCommandLine(const std::vector<std::string>& arguments) {
-    std::variant<ParsedWords, Answer> understood = parseCommandLine(commandTable(), arguments);
-    if (const ParsedWords* words = std::get_if<ParsedWords>(&understood)) {
-        // The one rule that the table has no place for.
-        if (words->command == "explain" && words->arguments.empty() != words->has("--name"))
-            return Answer{
-                .status = ExitStatus::WrongUsage,
-                .complaints = {"explain needs either a PRODUCT or --name; see refdoc --help"}};
-        return optionsOf(*words);
-    }
-    return std::get<Answer>(std::move(understood));
+std::vector<OptionEntry> globalOptions() {
+    return {
+        {"--install", "DIR", ValueType::Folder,
+         "The install folder, with its installation.json; the reference root is its folder "
+         "\"help\""},
+        {"--root", "DIR", ValueType::Folder, "The reference root"},
+        {"--support-folder", "DIR", ValueType::Folder,
+         "The folder with the resource files of the support packages"},
+        {"--lang", "L", ValueType::Language,
+         "The documentation language, as in \"ja\"; by default the one in installation.json"},
+        {"--langs", "L,L,...", ValueType::Languages, "The supported documentation languages"},
+        {"--installed", "N,N,...", ValueType::Sections,
+         "The products to treat as installed, and no others"},
+        {"--support-packages", "N,N,...", ValueType::Sections,
+         "The support packages to treat as installed, and no others"},
+        {.name = "--json", .help = "Print one JSON document", .group = kFormatGroup},
+        {.name = "--jsonl",
+         .help = "Print one JSON object per line: each record, or each file for products and each "
+                 "finding for check",
+         .group = kFormatGroup},
+        {"--color",
+         "WHEN",
+         ValueType::Choice,
+         "When to use colour: auto, always or never",
+         {{"auto"}, {"always"}, {"never"}}},
+        {.name = "--no-pager", .help = "Do not show long output a page at a time"},
+        {.name = "--verbose", .help = "Log each file that is read to stderr"},
+        {.name = "--help", .help = "Print this help and exit", .shortName = "-h"},
+        {.name = "--version", .help = "Print the version and exit"},
+    };
+}
+
+Options readOptions(const CommandLine& line) {
+    Options options;
+    std::ranges::transform(line.arguments, std::back_inserter(options.arguments),
+                           [](const std::string& word) { return to_ustring(word); });
+    const OptionValues& values = line.options;
+    options.values = values;
+    options.installFolder = stringOf(values, "--install");
+    options.referenceRoot = stringOf(values, "--root");
+    options.supportFolder = stringOf(values, "--support-folder");
+    options.language = stringOf(values, "--lang");
+    options.supportedLanguages = listOf(values, "--langs");
+    options.installedProducts = listOf(values, "--installed");
+    options.supportPackages = listOf(values, "--support-packages");
+    options.format = formatOf(values);
+    options.color = colorOf(values);
+    options.mayPage = !values.has("--no-pager");
+    options.verbose = values.has("--verbose");
+    return options;
 }
 
 } // namespace refdoc

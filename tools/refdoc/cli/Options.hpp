@@ -1,34 +1,30 @@
 #pragma once
 
-#include "tools/refdoc/cli/Answer.hpp"
-#include "tools/refdoc/cli/CheckOptions.hpp"
+#include "tools/refdoc/cli/CommandLine.hpp"
 #include "tools/refdoc/terminal/PageSetup.hpp"
 
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace refdoc {
 
-enum class Command { Show, Lookup, Products, Explain, Check };
-
 enum class OutputFormat {
     Text,     ///< for people
     Json,     ///< one document
-    JsonLines ///< one document a line
+    JsonLines ///< one document per line
 };
 
-/// The command line, understood. Texts are UTF-16; what was no UTF-8 in them is U+FFFD.
-struct Options {
-    Command command = Command::Products;
-    std::u16string product; ///< of `show` and `explain`
-    /// The HREFs of `show`, the HREF of `explain` if there is one, the NAMEs of `lookup`,
-    /// the PATHs of `check`.
-    std::vector<std::u16string> names;
-    std::optional<std::u16string> explainedName; ///< of `explain`, which has no product then
+/// The group of the options that choose the format of the output.
+inline constexpr std::string_view kFormatGroup = "format";
 
-    // What is absent was not asked for; an empty text or list was.
+/// What a command is run with: its arguments and the options. UTF-16 strings have U+FFFD in place
+/// of bytes that are not UTF-8.
+struct Options {
+    std::vector<std::u16string> arguments; ///< of the command
+    OptionValues values;                   ///< as typed; a command reads its own options here
+
+    // An absent value was not given; an empty string or list was.
     std::optional<std::u16string> installFolder;
     std::optional<std::u16string> referenceRoot;
     std::optional<std::u16string> supportFolder;
@@ -41,14 +37,12 @@ struct Options {
     ColorChoice color = ColorChoice::Auto;
     bool mayPage = true; ///< long output may go through a pager
     bool verbose = false;
-
-    CheckOptions check;
 };
 
-/// Reads the command line.
-/// \param arguments  what follows the program's name
-/// \returns          the options; or the answer to give at once: help, the version, or a complaint
-///                   about wrong usage
-std::variant<Options, Answer> readCommandLine(const std::vector<std::string>& arguments);
+/// Returns the options that every command has.
+std::vector<OptionEntry> globalOptions();
+
+/// Reads the values of globalOptions(), and copies the arguments and all values.
+Options readOptions(const CommandLine& line);
 
 } // namespace refdoc

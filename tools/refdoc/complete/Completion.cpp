@@ -3,18 +3,15 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/check/rules/Rules.hpp"
+#include "platform/terminal/ProgramText.hpp"
 #include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/cli/TypedWords.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <algorithm>
 #include <map>
-#include <string_view>
-#include <utility>
-#include <variant>
+#include <optional>
 
 namespace refdoc {
 
@@ -24,9 +21,15 @@ using reference::docparser::DocResourceParser;
 
 namespace {
 
-using Candidates = std::map<std::string, std::string>; // what each is, by the word
+using Candidates = std::map<std::string, std::string>; // descriptions by word
 
-Candidates withoutRemarks(const std::vector<std::u16string>& names) {
+// The scripts pass words before the shell expands "~".
+std::string withHomeFolder(const std::string& word) {
+    const std::optional<std::string> home = platform::environmentVariable("HOME");
+    return home && (word == "~" || word.starts_with("~/")) ? *home + word.substr(1) : word;
+}
+
+Candidates withoutDescriptions(const std::vector<std::u16string>& names) {
     Candidates candidates;
     for (const std::u16string& name : names)
         candidates.emplace(to_string(name), "");
@@ -35,12 +38,8 @@ Candidates withoutRemarks(const std::vector<std::u16string>& names) {
 
 Candidates optionNames(const CommandTable& table, const CommandEntry* command) {
     Candidates candidates;
-    for (const OptionEntry& option : table.options)
-        candidates.emplace(option.name, option.help);
-    if (command) {
-        for (const OptionEntry& option : command->options)
-            candidates.emplace(option.name, option.help);
-    }
+    for (const OptionEntry* option : optionsFor(table, command))
+        candidates.emplace(option->name, option->help);
     return candidates;
 }
 
@@ -52,7 +51,7 @@ Candidates commandNames(const CommandTable& table) {
 }
 
 Candidates supportedLanguages() {
-    return withoutRemarks(platform::hostServices()->supportedDocLanguages());
+    return withoutDescriptions(platform::hostServices()->supportedDocLanguages());
 }
 
 // Calls use(key, resource) for each section of the lookup index.
@@ -95,91 +94,107 @@ Candidates hrefsOf(const std::u16string& product) {
     return candidates;
 }
 
-// Of a list with commas the last part is being typed; what stands before it stays.
-Candidates listsWith(const std::string& word, const Candidates& parts) {
-    const std::string before = word.substr(0, word.rfind(',') + 1); // npos + 1 is 0
+// The list with one more item in place of the unfinished last one; items are not repeated.
+Candidates extendedLists(const std::string& list, const Candidates& items) {
+    const std::string before = list.substr(0, list.rfind(',') + 1); // npos + 1 is 0
     Candidates candidates;
-    for (const auto& [part, remark] : parts) {
-        if ((',' + before).find(',' + part + ',') == std::string_view::npos)
-            candidates.emplace(before + part, remark);
+    for (const auto& [item, description] : items) {
+        if ((',' + before).find(',' + item + ',') == std::string::npos)
+            candidates.emplace(before + item, description);
     }
     return candidates;
 }
 
-Candidates valuesOf(const TypedWords& typed, const OptionEntry& option) {
-    Candidates choices;
-    switch (option.kind) {
-    case ValueKind::Choice:
-        for (const std::string_view choice : option.choices)
-            choices.emplace(choice, "");
-        return choices;
-    case ValueKind::Language: return supportedLanguages();
-    case ValueKind::Languages: return listsWith(typed.word, supportedLanguages());
-    case ValueKind::Sections: return listsWith(typed.word, sectionKeys());
-    case ValueKind::LookupName: return lookupNames();
-    case ValueKind::Rule:
-        for (const check::Rule& rule : check::rules())
-            choices.emplace(rule.name, rule.summary);
-        return choices;
-    default: return {};
+// The values that fit the type, whatever they start with. Paths have none: the shell completes
+// them.
+Candidates valuesOf(ValueType type, const std::vector<Choice>& choices, const std::string& typed,
+                    const CommandLine& line) {
+    Candidates candidates;
+    switch (type) {
+    case ValueType::Choice:
+    case ValueType::Name:
+        for (const auto& [name, help] : choices)
+            candidates.emplace(name, help);
+        return candidates;
+    case ValueType::Language: return supportedLanguages();
+    case ValueType::Languages: return extendedLists(typed, supportedLanguages());
+    case ValueType::Sections: return extendedLists(typed, sectionKeys());
+    case ValueType::Product: return withoutDescriptions(productNames());
+    case ValueType::Href:
+        return line.arguments.empty() ? candidates : hrefsOf(to_ustring(line.arguments.front()));
+    case ValueType::LookupName: return lookupNames();
+    default: return candidates;
     }
 }
 
-Candidates argumentsOf(const TypedWords& typed) {
-    const std::vector<ArgumentEntry>& entries = typed.command->arguments;
-    if (entries.empty() || (typed.arguments.size() >= entries.size() && !entries.back().isList))
-        return {};
-    switch (entries[std::min(typed.arguments.size(), entries.size() - 1)].kind) {
-    case ValueKind::Product: return withoutRemarks(productNames());
-    case ValueKind::Href: return hrefsOf(to_ustring(typed.arguments.front()));
-    case ValueKind::LookupName: return lookupNames();
-    default: return {};
-    }
+// The argument that the next word would be; null if the command takes no more.
+const ArgumentEntry* nextArgument(const CommandLine& line) {
+    const std::vector<ArgumentEntry>& entries = line.command->arguments;
+    if (line.arguments.size() < entries.size())
+        return &entries[line.arguments.size()];
+    return !entries.empty() && entries.back().isList ? &entries.back() : nullptr;
 }
 
-Candidates candidatesFor(const CommandTable& table, const TypedWords& typed) {
-    if (typed.option)
-        return valuesOf(typed, *typed.option);
-    if (!typed.isAfterDashes && typed.word.starts_with('-'))
-        return optionNames(table, typed.command);
-    return typed.command ? argumentsOf(typed) : commandNames(table);
-}
-
-// Brings the library to the state that the options so far ask for.
-void applyTypedOptions(const TypedWords& typed) {
-    std::vector<std::string> line = typed.options;
-    if (typed.option && !line.empty() && line.back() == typed.option->name)
-        line.pop_back();           // its value is what is being typed
-    line.emplace_back("products"); // any command without arguments
-    const std::variant<Options, Answer> understood = readCommandLine(line);
-    applyOptions(std::holds_alternative<Options>(understood) ? std::get<Options>(understood)
-                                                             : Options());
-}
-
-// A word that would not reach the shell as it is is left out.
-std::string linesOf(const Candidates& candidates, std::string_view start) {
-    std::string lines;
-    for (auto found = candidates.lower_bound(std::string(start));
+// Words with control characters are left out, because a line cannot carry them unchanged.
+std::string wordLines(const Candidates& candidates, const std::string& start,
+                      const std::string& prefix = {}) {
+    std::string lines = "words\n";
+    for (auto found = candidates.lower_bound(start);
          found != candidates.end() && found->first.starts_with(start); ++found) {
-        const auto& [word, remark] = *found;
+        const auto& [word, description] = *found;
         if (!word.empty() && visibleLine(word) == word)
-            lines += word + (remark.empty() ? "" : '\t' + visibleLine(remark)) + '\n';
+            lines +=
+                prefix + word + (description.empty() ? "" : '\t' + visibleLine(description)) + '\n';
     }
     return lines;
 }
 
+std::string valueAnswer(ValueType type, const std::vector<Choice>& choices, const CommandLine& line,
+                        const std::string& typed, const std::string& prefix = {}) {
+    switch (type) {
+    case ValueType::Folder: return "folder\n";
+    case ValueType::Path: return "file\n";
+    default: return wordLines(valuesOf(type, choices, typed, line), typed, prefix);
+    }
+}
+
+std::string optionAnswer(const CommandTable& table, const CommandLine& line,
+                         const std::string& word) {
+    const std::size_t equals = word.find('=');
+    if (equals == std::string::npos)
+        return wordLines(optionNames(table, line.command), word);
+    const OptionEntry* option = findOption(table, line.command, word.substr(0, equals));
+    return option ? valueAnswer(option->type, option->choices, line, word.substr(equals + 1),
+                                word.substr(0, equals + 1))
+                  : std::string();
+}
+
+std::string answerFor(const CommandTable& table, const CommandLine& line, const std::string& word) {
+    if (line.openOption)
+        return valueAnswer(line.openOption->type, line.openOption->choices, line, word);
+    if (!line.onlyArguments && word.starts_with('-'))
+        return optionAnswer(table, line, word);
+    if (!line.command)
+        return line.onlyArguments ? std::string() : wordLines(commandNames(table), word);
+    const ArgumentEntry* argument = nextArgument(line);
+    return argument ? valueAnswer(argument->type, {}, line, word) : std::string();
+}
+
 } // namespace
 
-std::string completionsOf(const std::vector<std::string>& words) {
+std::string completionsOf(const CommandTable& table, std::vector<std::string> words) {
     try {
-        const CommandTable& table = commandTable();
-        const TypedWords typed = sortWords(table, words);
-        applyTypedOptions(typed);
-        return linesOf(candidatesFor(table, typed), typed.word);
+        const std::string word = words.empty() ? std::string() : words.back();
+        if (!words.empty())
+            words.pop_back();
+        std::ranges::transform(words, words.begin(), withHomeFolder);
+        const CommandLine line = sortWords(table, words);
+        applyOptions(readOptions(line));
+        return answerFor(table, line, word);
     } catch (const std::exception&) {
-        // A malformed manifest, say: what is typed will meet it again and then be told.
+        // A malformed manifest, for example: running the command line will report it.
     } catch (const foundation::core::except::IException&) {
-        // No such product: it has no links either.
+        // The product does not exist, so it has no links either.
     }
     return {};
 }

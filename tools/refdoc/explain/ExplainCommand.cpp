@@ -2,6 +2,8 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
@@ -18,10 +20,10 @@ using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLoo
 
 namespace {
 
-// How many records a result has of each key of each section.
+// The number of records in a result, by section and key.
 using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
 
-// \param key  counts only its records; absent: all
+// \param key  the key whose records are counted; all if absent
 template <class T>
 void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
                Counts& counts) {
@@ -33,7 +35,7 @@ void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16strin
     }
 }
 
-// What was read a second time must come to what the library has made of it.
+// Fails if the records that were read again are not those of the library.
 void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
     Counts found;
     for (const SectionOrigins& section : sections) {
@@ -44,7 +46,7 @@ void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sec
         throw std::runtime_error("files changed while they were explained; try again");
 }
 
-// Keeps the sections that hold, or held, something of what was asked.
+// Removes the sections that have neither kept nor lost records.
 void keepTelling(std::vector<SectionOrigins>& sections) {
     std::erase_if(sections, [](const SectionOrigins& section) {
         return section.kept.empty() && section.lost.empty();
@@ -53,9 +55,8 @@ void keepTelling(std::vector<SectionOrigins>& sections) {
 
 std::string outputOf(const Explanation& explanation, OutputFormat format, const PageSetup& setup) {
     switch (format) {
-    case OutputFormat::Json: return explanationDocument(explanation, JsonWriter::Layout::Indented);
-    case OutputFormat::JsonLines:
-        return explanationDocument(explanation, JsonWriter::Layout::OneLine);
+    case OutputFormat::Json: return explanationDocument(explanation);
+    case OutputFormat::JsonLines: return explanationLines(explanation);
     case OutputFormat::Text: break;
     }
     return explanationPage(explanation, setup);
@@ -63,30 +64,33 @@ std::string outputOf(const Explanation& explanation, OutputFormat format, const 
 
 Answer answerOf(const Explanation& explanation, const Options& options, const PageSetup& setup,
                 std::vector<std::string> complaints) {
-    return {.status = complaints.empty() ? ExitStatus::Found : ExitStatus::NotFound,
+    return {.status = complaints.empty() ? ExitStatus::Success : ExitStatus::Negative,
             .output = outputOf(explanation, options.format, setup),
             .complaints = std::move(complaints)};
 }
 
+// \param arguments  the product and, if there is one, the href
 // \param resources  set to the product's
-// \returns          what there is to complain about
-std::vector<std::string> readProduct(const Options& options, LoadAccount& account,
-                                     ResourceMap<RefItem>& resources) {
+// \returns          the complaints about a missing product or href
+std::vector<std::string> readProduct(const std::vector<std::u16string>& arguments,
+                                     LoadAccount& account, ResourceMap<RefItem>& resources) {
+    const std::u16string& product = arguments.front();
     try {
         const LoadAccount::Scope scope(account);
-        resources = DocResourceParser::getResourceFile(options.product);
+        resources = DocResourceParser::getResourceFile(product);
     } catch (const DocParserException&) {
-        return {complaintAboutProduct(options.product)};
+        return {complaintAboutProduct(product)};
     }
-    return complaintsAboutHrefs(options.product, options.names, resources);
+    return complaintsAboutHrefs(product, {arguments.begin() + 1, arguments.end()}, resources);
 }
 
 Answer explainProduct(const Options& options, const PageSetup& setup) {
-    Explanation explanation{.product = options.product};
-    if (!options.names.empty())
-        explanation.href = options.names.front();
+    Explanation explanation{.product = options.arguments.front()};
+    if (options.arguments.size() > 1)
+        explanation.href = options.arguments[1];
     ResourceMap<RefItem> resources;
-    std::vector<std::string> complaints = readProduct(options, explanation.account, resources);
+    std::vector<std::string> complaints =
+        readProduct(options.arguments, explanation.account, resources);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.href);
     Counts counts;
@@ -102,8 +106,8 @@ LookupResults readIndex(LoadAccount& account) {
     return DocResourceParser::getResourceLookupFiles();
 }
 
-Answer explainName(const Options& options, const PageSetup& setup) {
-    Explanation explanation{.name = options.explainedName};
+Answer explainName(const std::string& name, const Options& options, const PageSetup& setup) {
+    Explanation explanation{.name = fl::i18n::to_ustring(name)};
     const LookupResults results = readIndex(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.name);
@@ -116,10 +120,35 @@ Answer explainName(const Options& options, const PageSetup& setup) {
                     complaintsAboutNames({*explanation.name}, results));
 }
 
+Answer runExplain(const Options& options, const PageSetup& setup) {
+    const std::optional<std::string> name = options.values.value("--name");
+    return name ? explainName(*name, options, setup) : explainProduct(options, setup);
+}
+
 } // namespace
 
-Answer runExplain(const Options& options, const PageSetup& setup) {
-    return options.explainedName ? explainName(options, setup) : explainProduct(options, setup);
+CommandEntry explainCommand() {
+    return {
+        .name = "explain",
+        .help = "Print which file each record comes from, and what happened to the others",
+        .description =
+            "For each section and record of a product, or of a name in the lookup index, "
+            "the output names the file or package entry and the line that it comes "
+            "from, the records that it replaces and by which rule, and what happened to "
+            "each candidate file.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .help = "The name of the product's resource file, without .json",
+                       .alternative = "--name"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .help = "Explain only the item with this link"}},
+        .options = {{.name = "--name",
+                     .placeholder = "NAME",
+                     .type = ValueType::LookupName,
+                     .help = "Explain a name of the lookup index instead of a product"}},
+        .run = runExplain,
+    };
 }
 
 } // namespace refdoc

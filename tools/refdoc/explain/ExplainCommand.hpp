@@ -1,18 +1,15 @@
 #pragma once
 
-#include "tools/refdoc/cli/Answer.hpp"
-#include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/terminal/PageSetup.hpp"
+#include "tools/refdoc/cli/CommandTable.hpp"
 
 namespace refdoc {
 
-/// Runs `explain`: where the sections and records of a product, of one of its items, or of a name
-/// of the lookup index come from, what they took the place of, and what became of each file.
+/// The command `explain`: where the sections and records of a product, of one of its items, or of a
+/// name in the lookup index come from, what they replaced, and what happened to each file.
 ///
-/// A product without resources, an HREF that it has not and a NAME that the index has not are a
-/// complaint each, with up to three that are near to it; the files are told of all the same.
-/// \throws std::runtime_error  files changed between the library's reading and the tool's
-/// \throws whatever the host services throw
-Answer runExplain(const Options& options, const PageSetup& setup);
+/// A product without resources, an href that the product lacks and a name that the index lacks is a
+/// complaint, with up to three similar names; the files are explained nevertheless. The command
+/// throws std::runtime_error if files change between the library's reading and its own.
+CommandEntry explainCommand();
 
 } // namespace refdoc

@@ -1,157 +1,129 @@
-#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
+#include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/json/ToJson.hpp"
 
 namespace refdoc {
 
 using namespace reference::docparser;
-using fl::i18n::to_ustring;
+namespace json = boost::json;
+
+template <>
+inline constexpr auto kFields<TextPlace> =
+    std::tuple{Field{"offset", &TextPlace::offset}, Field{"line", &TextPlace::line},
+               Field{"column", &TextPlace::column}};
+
+template <>
+inline constexpr auto kFields<Origin> =
+    std::tuple{Field{"file", &Origin::file}, Field{"pointer", &Origin::pointer},
+               Field{"place", &Origin::place}};
+
+template <>
+inline constexpr auto kFields<SectionAccount> =
+    std::tuple{Field{"key", &SectionAccount::key}, Field{"pointer", &SectionAccount::pointer},
+               Field{"fate", &SectionAccount::fate}, Field{"other", &SectionAccount::other}};
+
+template <>
+inline constexpr auto kFields<FileAccount> = std::tuple{
+    Field{"role", &FileAccount::role},        Field{"path", &FileAccount::path},
+    Field{"entry", &FileAccount::entry},      Field{"isTranslation", &FileAccount::isTranslation},
+    Field{"fate", &FileAccount::fate},        Field{"reason", &FileAccount::reason},
+    Field{"pointer", &FileAccount::pointer},  Field{"place", &FileAccount::place},
+    Field{"sections", &FileAccount::sections}};
+
+template <>
+inline constexpr auto kFields<SourceRecord> =
+    std::tuple{Field{"href", &SourceRecord::href}, Field{"refPurpose", &SourceRecord::refPurpose},
+               Field{"origin", &SourceRecord::origin}};
+
+template <>
+inline constexpr auto kFields<LostHeader> =
+    std::tuple{Field{"origin", &LostHeader::header},
+               Field{"rule", [](const LostHeader& lost) { return toWord(lost.fate); }},
+               Field{"winner", &LostHeader::winner}};
+
+template <>
+inline constexpr auto kFields<LostRecord> =
+    std::tuple{Field{"key", [](const LostRecord& lost) { return lost.record.key; }},
+               Field{"href", [](const LostRecord& lost) { return lost.record.href; }},
+               Field{"refPurpose", [](const LostRecord& lost) { return lost.record.refPurpose; }},
+               Field{"origin", [](const LostRecord& lost) { return lost.record.origin; }},
+               Field{"rule", [](const LostRecord& lost) { return toWord(lost.fate); }},
+               Field{"winner", &LostRecord::winner}};
 
 namespace {
 
-void writeNumber(JsonWriter& json, std::string_view name, std::size_t number) {
-    json.key(name);
-    json.number(number);
+json::value sectionDocument(const SectionOrigins& section, bool isLookup) {
+    json::object document{{"key", toJson(section.key)}};
+    if (isLookup)
+        document["isInstalled"] = section.isInstalled;
+    document["header"] = toJson(section.header);
+    document["items"] = toJson(section.kept);
+    document["droppedHeaders"] = toJson(section.lostHeaders);
+    document["droppedRecords"] = toJson(section.lost);
+    return document;
 }
 
-void writeWord(JsonWriter& json, std::string_view name, std::string_view word) {
-    json.key(name);
-    json.word(word);
-}
+// Makes the lines of one explanation.
+class Lines {
+public:
+    explicit Lines(const Explanation& explanation) : explanation_(explanation) {}
 
-void writePlace(JsonWriter& json, const std::optional<TextPlace>& place) {
-    json.key("place");
-    if (!place) {
-        json.null();
-        return;
-    }
-    json.beginObject();
-    writeNumber(json, "offset", place->offset);
-    writeNumber(json, "line", place->line);
-    writeNumber(json, "column", place->column);
-    json.endObject();
-}
-
-void writeOrigin(JsonWriter& json, std::string_view name, const Origin& origin) {
-    json.key(name);
-    json.beginObject();
-    writeNumber(json, "file", origin.file);
-    json.member("pointer", to_ustring(origin.pointer));
-    writePlace(json, origin.place);
-    json.endObject();
-}
-
-void writeSectionAccount(JsonWriter& json, const SectionAccount& section) {
-    json.beginObject();
-    json.member("key", section.key);
-    json.member("pointer", to_ustring(section.pointer));
-    writeWord(json, "fate", toWord(section.fate));
-    writeNumber(json, "other", section.other);
-    json.endObject();
-}
-
-void writeFile(JsonWriter& json, const FileAccount& file) {
-    json.beginObject();
-    writeWord(json, "role", toWord(file.role));
-    json.member("path", file.path);
-    json.member("entry", file.entry);
-    json.key("isTranslation");
-    json.boolean(file.isTranslation);
-    writeWord(json, "fate", toWord(file.fate));
-    json.member("reason", to_ustring(file.reason));
-    json.member("pointer", to_ustring(file.pointer));
-    writePlace(json, file.place);
-    json.key("sections");
-    json.beginArray();
-    for (const SectionAccount& section : file.sections)
-        writeSectionAccount(json, section);
-    json.endArray();
-    json.endObject();
-}
-
-// The members that records have whether they were kept or lost.
-void writeRecord(JsonWriter& json, const SourceRecord& record) {
-    json.member("href", record.href);
-    json.member("refPurpose", record.refPurpose);
-    writeOrigin(json, "origin", record.origin);
-}
-
-void writeKept(JsonWriter& json, const SectionOrigins& section) {
-    json.key("items");
-    json.beginObject();
-    for (const auto& [key, records] : section.kept) {
-        json.key(key);
-        json.beginArray();
-        for (const SourceRecord& record : records) {
-            json.beginObject();
-            writeRecord(json, record);
-            json.endObject();
+    std::string make() {
+        for (const SectionOrigins& section : explanation_.sections) {
+            for (const auto& [key, records] : section.kept) {
+                for (const SourceRecord& record : records)
+                    add(section, record, {{"rule", nullptr}, {"winner", nullptr}});
+            }
+            for (const LostRecord& lost : section.lost)
+                add(section, lost.record,
+                    {{"rule", toWord(lost.fate)}, {"winner", fileDocument(lost.winner)}});
         }
-        json.endArray();
+        return std::move(lines_);
     }
-    json.endObject();
-}
 
-void writeLost(JsonWriter& json, const SectionOrigins& section) {
-    json.key("droppedHeaders");
-    json.beginArray();
-    for (const LostHeader& lost : section.lostHeaders) {
-        json.beginObject();
-        writeOrigin(json, "origin", lost.header);
-        writeWord(json, "rule", lost.rule);
-        writeNumber(json, "winner", lost.winner);
-        json.endObject();
+private:
+    json::object fileDocument(std::size_t index) const {
+        const FileAccount& file = explanation_.account.files[index];
+        return {{"path", toJson(file.path)}, {"entry", toJson(file.entry)}};
     }
-    json.endArray();
-    json.key("droppedRecords");
-    json.beginArray();
-    for (const LostRecord& lost : section.lost) {
-        json.beginObject();
-        json.member("key", lost.record.key);
-        writeRecord(json, lost.record);
-        writeWord(json, "rule", lost.rule);
-        writeNumber(json, "winner", lost.winner);
-        json.endObject();
-    }
-    json.endArray();
-}
 
-void writeSection(JsonWriter& json, const SectionOrigins& section, bool isLookup) {
-    json.beginObject();
-    json.member("key", section.key);
-    if (isLookup) {
-        json.key("isInstalled");
-        json.boolean(section.isInstalled);
+    void add(const SectionOrigins& section, const SourceRecord& record, json::object decision) {
+        json::object line{{"section", toJson(section.key)},
+                          {"language", toJson(explanation_.language)},
+                          {"key", toJson(record.key)},
+                          {"href", toJson(record.href)},
+                          {"refPurpose", toJson(record.refPurpose)},
+                          {"file", fileDocument(record.origin.file)},
+                          {"pointer", toJson(record.origin.pointer)},
+                          {"place", toJson(record.origin.place)}};
+        line.insert(decision.begin(), decision.end());
+        lines_ += toJsonLine(line);
     }
-    writeOrigin(json, "header", section.header);
-    writeKept(json, section);
-    writeLost(json, section);
-    json.endObject();
-}
+
+    const Explanation& explanation_;
+    std::string lines_{};
+};
 
 } // namespace
 
-std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout) {
-    JsonWriter json(layout);
-    json.beginObject();
+std::string explanationDocument(const Explanation& explanation) {
+    json::object document;
     if (explanation.product)
-        json.member("product", *explanation.product);
+        document["product"] = toJson(*explanation.product);
     if (explanation.href)
-        json.member("href", *explanation.href);
+        document["href"] = toJson(*explanation.href);
     if (explanation.name)
-        json.member("name", *explanation.name);
-    json.member("language", explanation.language);
-    json.key("files");
-    json.beginArray();
-    for (const FileAccount& file : explanation.account.files)
-        writeFile(json, file);
-    json.endArray();
-    json.key("sections");
-    json.beginArray();
+        document["name"] = toJson(*explanation.name);
+    document["language"] = toJson(explanation.language);
+    document["files"] = toJson(explanation.account.files);
+    json::array& sections = document["sections"].emplace_array();
     for (const SectionOrigins& section : explanation.sections)
-        writeSection(json, section, explanation.name.has_value());
-    json.endArray();
-    json.endObject();
-    return json.take();
+        sections.push_back(sectionDocument(section, explanation.name.has_value()));
+    return toIndentedJson(document);
+}
+
+std::string explanationLines(const Explanation& explanation) {
+    return Lines(explanation).make();
 }
 
 } // namespace refdoc

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <variant>
 
 namespace refdoc {
 
@@ -17,14 +18,14 @@ using fl::i18n::to_ustring;
 
 namespace {
 
-// Wide enough for "dropped" and the fates of files that are mostly seen.
+// Wide enough for "dropped" and the most frequent fates of files.
 constexpr std::size_t kLabelWidth = 9;
 
 std::u16string padded(std::string_view label) {
     return to_ustring(fmt::format("{:<{}}", label, kLabelWidth));
 }
 
-// "label    place" and what there is to say about it below the place.
+// Adds "label    place", with the remark below the place.
 void addPlace(Page& page, std::size_t indent, Cell label, std::u16string place,
               const std::u16string& remark) {
     const std::size_t width = std::max(label.text.size(), kLabelWidth) + 1;
@@ -37,7 +38,7 @@ bool isContributing(const FileAccount& file) {
     return file.fate == Fate::Used || file.fate == Fate::Overlay || file.fate == Fate::Merged;
 }
 
-// Whether somebody would have to do something to get the file used.
+// Whether the file would be used if it were repaired.
 bool isProblem(const FileAccount& file) {
     return !isContributing(file) && file.fate != Fate::SkippedLanguage &&
            file.fate != Fate::SkippedName && file.fate != Fate::Missing;
@@ -68,7 +69,7 @@ void addFile(Page& page, const FileAccount& file) {
              remarkOn(file));
 }
 
-// The files that the sections tell of.
+// The files that the sections refer to.
 std::set<std::size_t> filesOf(const Explanation& explanation) {
     std::set<std::size_t> files;
     for (const SectionOrigins& section : explanation.sections) {
@@ -85,36 +86,37 @@ std::set<std::size_t> filesOf(const Explanation& explanation) {
     return files;
 }
 
-// "12 others: 9 used, 3 skipped-language"
+// "12 more: 9 used, 3 skipped-language"
 void addCounts(Page& page, const std::map<std::string_view, std::size_t>& counts,
                std::string_view noun) {
     std::size_t sum = 0;
-    std::string list;
+    std::vector<std::string> parts;
     for (const auto& [word, count] : counts) {
         sum += count;
-        list += fmt::format("{}{} {}", list.empty() ? "" : ", ", count, word);
+        parts.push_back(fmt::format("{} {}", count, word));
     }
     if (sum > 0)
-        page.text(2, to_ustring(fmt::format("{} {}: {}", sum, noun, list)), Paint::Dim);
+        page.text(2, to_ustring(fmt::format("{} {}: {}", sum, noun, fmt::join(parts, ", "))),
+                  Paint::Dim);
 }
 
 void addFiles(Page& page, const Explanation& explanation) {
     page.heading(0, u"Files considered");
-    // The index has many files; those that have nothing to do with the name are counted.
+    // The index has many files, so those without the name are only counted.
     const bool all = explanation.product.has_value();
-    const std::set<std::size_t> telling = filesOf(explanation);
-    bool anyTold = false;
+    const std::set<std::size_t> sources = filesOf(explanation);
+    bool isAnyShown = false;
     std::map<std::string_view, std::size_t> others;
     for (std::size_t index = 0; index < explanation.account.files.size(); ++index) {
         const FileAccount& file = explanation.account.files[index];
-        if (all || telling.contains(index) || isProblem(file)) {
+        if (all || sources.contains(index) || isProblem(file)) {
             addFile(page, file);
-            anyTold = true;
+            isAnyShown = true;
         } else {
             ++others[toWord(file.fate)];
         }
     }
-    addCounts(page, others, anyTold ? "more" : "without it");
+    addCounts(page, others, isAnyShown ? "more" : "without it");
     if (explanation.account.files.empty())
         page.text(2, u"none");
 }
@@ -145,7 +147,7 @@ private:
         return placeText(files_[origin.file], origin.place);
     }
 
-    // What stands under one key: the records of the result and those that lost.
+    // The records with one key: those of the result and those that lost.
     struct Records {
         const std::vector<SourceRecord>* kept = nullptr;
         std::vector<const LostRecord*> lost{};
@@ -178,7 +180,7 @@ private:
         return isLookup_ ? record.href + u": " + record.refPurpose : record.refPurpose;
     }
 
-    // The winner's whole path stands beside its own records.
+    // Without the folder, which is shown with the winner's own records.
     std::u16string nameOf(std::size_t file) const {
         const std::u16string text = fileText(files_[file]);
         const std::size_t name = fl::filesystem::path(files_[file].path).filename().string().size();
@@ -187,26 +189,40 @@ private:
 
     std::u16string headerRule(const LostHeader& lost) const {
         const std::u16string winner = nameOf(lost.winner);
-        if (lost.rule == toWord(SectionFate::KeyTaken))
+        switch (lost.fate) {
+        case SectionFate::KeyTaken:
             return u"key-taken: an earlier section of the same file has the key";
-        if (lost.rule == toWord(SectionFate::Overlay))
+        case SectionFate::Overlay:
             return u"overlay: the header of the translation takes its place, from " + winner;
-        if (lost.rule == toWord(SectionFate::Merged))
-            return u"merged: the section was there already, from " + winner;
-        return u"unused: the retrieval failed before its turn came";
+        case SectionFate::Merged: return u"merged: the section was there already, from " + winner;
+        case SectionFate::Unused: return u"unused: the retrieval failed before its turn came";
+        case SectionFate::New: break; // never lost
+        }
+        return {};
     }
 
     std::u16string recordRule(const LostRecord& lost) const {
-        const std::u16string winner = nameOf(lost.winner);
-        if (lost.rule == toWord(RecordFate::Replaced))
-            return u"replaced: the translation has the href, in " + winner;
-        if (lost.rule == toWord(RecordFate::DroppedHref))
+        return std::visit([&](auto fate) { return recordRule(fate, nameOf(lost.winner)); },
+                          lost.fate);
+    }
+
+    static std::u16string recordRule(RecordFate fate, const std::u16string& winner) {
+        switch (fate) {
+        case RecordFate::Replaced: return u"replaced: the translation has the href, in " + winner;
+        case RecordFate::DroppedHref:
             return u"dropped-href: the name has a record with this href already, from " + winner;
-        if (lost.rule == toWord(RecordFate::DroppedCount))
+        case RecordFate::DroppedCount:
             return u"dropped-count: the name has no fewer records already, from " + winner;
-        if (lost.rule == toWord(SectionFate::KeyTaken))
-            return u"key-taken: an earlier section of the same file has the section's key";
-        return u"unused: the retrieval failed before its turn came";
+        case RecordFate::AddedName:
+        case RecordFate::AddedHref: break; // never lost
+        }
+        return {};
+    }
+
+    static std::u16string recordRule(SectionFate fate, const std::u16string&) {
+        return fate == SectionFate::KeyTaken
+                   ? u"key-taken: an earlier section of the same file has the section's key"
+                   : u"unused: the retrieval failed before its turn came";
     }
 
     Page& page_;

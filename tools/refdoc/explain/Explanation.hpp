@@ -2,7 +2,6 @@
 
 #include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
-#include "tools/refdoc/json/JsonWriter.hpp"
 #include "tools/refdoc/terminal/PageSetup.hpp"
 
 #include <optional>
@@ -11,9 +10,9 @@
 
 namespace refdoc {
 
-/// Where what was asked for comes from; the answer of `explain` before it is laid out.
+/// The answer of `explain`, before it is formatted.
 struct Explanation {
-    std::optional<std::u16string> product{}; ///< what was asked for: a product ...
+    std::optional<std::u16string> product{}; ///< the product in question ...
     std::optional<std::u16string> href{};    ///< ... or one of its items;
     std::optional<std::u16string> name{};    ///< or a name of the lookup index
     std::u16string language{};               ///< the documentation language
@@ -31,7 +30,11 @@ std::u16string placeText(const reference::docparser::FileAccount& file,
 /// The answer for people.
 std::string explanationPage(const Explanation& explanation, const PageSetup& setup);
 
-/// The answer for programs, as schema/explain.schema.json describes it.
-std::string explanationDocument(const Explanation& explanation, JsonWriter::Layout layout);
+/// The output of `--json`: one document.
+std::string explanationDocument(const Explanation& explanation);
+
+/// The output of `--jsonl`: a line for each record of the sections, first those of the result, then
+/// those that lost.
+std::string explanationLines(const Explanation& explanation);
 
 } // namespace refdoc

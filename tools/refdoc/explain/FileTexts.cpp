@@ -1,25 +1,15 @@
 #include "tools/refdoc/explain/FileTexts.hpp"
 
-#include <map>
-#include <string_view>
-#include <utility>
-
 namespace refdoc {
 
-using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
 
-FileTexts::FileTexts(const LoadAccount& account) : account_(account) {
-    std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> counts;
-    equalsBefore_.reserve(account.files.size());
-    for (const FileAccount& file : account.files)
-        equalsBefore_.push_back(counts[{file.path, file.entry}]++);
-}
+FileTexts::FileTexts(const LoadAccount& account)
+    : account_(account), files_(sourceFiles(account)) {}
 
 std::optional<std::string> FileTexts::read(std::size_t index) {
-    const FileAccount& file = account_.files[index];
-    std::string text = texts_.read({file.path, file.entry, equalsBefore_[index]});
-    // What was of use a moment ago had a text; without one it has gone since.
+    std::string text = texts_.read(files_[index]);
+    // A file that was of use had content.
     if (text.empty())
         return std::nullopt;
     return text;

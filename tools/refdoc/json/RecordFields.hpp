@@ -1,134 +1,126 @@
 #pragma once
 
-#include "docparser/parsing/HeaderInfo.hpp"
-#include "docparser/parsing/RefItem.hpp"
-#include "docparser/parsing/RefItemLookup.hpp"
+#include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/json/Fields.hpp"
 
 namespace refdoc {
 
 namespace property = reference::property;
 
-// Each function calls visit(name, value) for every field of a record, in the order of the record's
-// constructor. What is done with all fields alike, such as output, needs no other list of them.
+// The fields of the library's records, in the order of their constructors.
 
-template <class Visit>
-void visitFields(const property::HeaderInfo& header, Visit visit) {
-    visit("schema", header.getSchema());
-    visit("schemaVersion", header.getSchemaVersion());
-    visit("productName", header.getProductName());
-    visit("baseCode", header.getBaseCode());
-    visit("helpFolder", header.getHelpFolder());
-    visit("helpLocation", header.getHelpLocation());
-    visit("product", header.getProduct());
-}
+template <>
+inline constexpr auto kFields<property::HeaderInfo> =
+    std::tuple{Field{"schema", &property::HeaderInfo::getSchema},
+               Field{"schemaVersion", &property::HeaderInfo::getSchemaVersion},
+               Field{"productName", &property::HeaderInfo::getProductName},
+               Field{"baseCode", &property::HeaderInfo::getBaseCode},
+               Field{"helpFolder", &property::HeaderInfo::getHelpFolder},
+               Field{"helpLocation", &property::HeaderInfo::getHelpLocation},
+               Field{"product", &property::HeaderInfo::getProduct}};
 
-template <class Visit>
-void visitFields(const property::RefEntity& entity, Visit visit) {
-    visit("entityType", entity.getEntityType());
-    visit("name", entity.getName());
-    visit("functionType", entity.getFunctionType());
-}
+template <>
+inline constexpr auto kFields<property::RefEntity> =
+    std::tuple{Field{"entityType", &property::RefEntity::getEntityType},
+               Field{"name", &property::RefEntity::getName},
+               Field{"functionType", &property::RefEntity::getFunctionType}};
 
-template <class Visit>
-void visitFields(const property::AppThumbnail& thumbnail, Visit visit) {
-    visit("fileRef", thumbnail.getFileRef());
-    visit("alt", thumbnail.getAlt());
-}
+template <>
+inline constexpr auto kFields<property::AppThumbnail> =
+    std::tuple{Field{"fileRef", &property::AppThumbnail::getFileRef},
+               Field{"alt", &property::AppThumbnail::getAlt}};
 
-template <class Visit>
-void visitFields(const property::SyntaxGroup& group, Visit visit) {
-    visit("title", group.getTitle());
-    visit("syntaxType", group.getSyntaxType());
-    visit("syntaxes", group.getSyntaxes());
-}
+template <>
+inline constexpr auto kFields<property::SyntaxGroup> =
+    std::tuple{Field{"title", &property::SyntaxGroup::getTitle},
+               Field{"syntaxType", &property::SyntaxGroup::getSyntaxType},
+               Field{"syntaxes", &property::SyntaxGroup::getSyntaxes}};
 
-template <class Visit>
-void visitFields(const property::ObjectInfo& info, Visit visit) {
-    visit("name", info.getName());
-    visit("purpose", info.getPurpose());
-    visit("values", info.getValues());
-    visit("href", info.getHref());
-}
+template <>
+inline constexpr auto kFields<property::ObjectInfo> =
+    std::tuple{Field{"name", &property::ObjectInfo::getName},
+               Field{"purpose", &property::ObjectInfo::getPurpose},
+               Field{"values", &property::ObjectInfo::getValues},
+               Field{"href", &property::ObjectInfo::getHref}};
 
-template <class Visit>
-void visitFields(const property::Input& input, Visit visit) {
-    visit("objectInfo", input.getObjectInfo());
-    visit("syntaxType", input.getSyntaxType());
-    visit("defaultValue", input.getDefaultValue());
-    visit("isNameValuePair", input.getIsNameValuePair());
-}
+template <>
+inline constexpr auto kFields<property::Input> =
+    std::tuple{Field{"objectInfo", &property::Input::getObjectInfo},
+               Field{"syntaxType", &property::Input::getSyntaxType},
+               Field{"defaultValue", &property::Input::getDefaultValue},
+               Field{"isNameValuePair", &property::Input::getIsNameValuePair}};
 
-template <class Visit>
-void visitFields(const property::InputGroup& group, Visit visit) {
-    visit("title", group.getTitle());
-    visit("inputs", group.getInputs());
-}
+template <>
+inline constexpr auto kFields<property::InputGroup> =
+    std::tuple{Field{"title", &property::InputGroup::getTitle},
+               Field{"inputs", &property::InputGroup::getInputs}};
 
-template <class Visit>
-void visitFields(const property::Output& output, Visit visit) {
-    visit("objectInfo", output.getObjectInfo());
-    visit("syntaxType", output.getSyntaxType());
-}
+template <>
+inline constexpr auto kFields<property::Output> =
+    std::tuple{Field{"objectInfo", &property::Output::getObjectInfo},
+               Field{"syntaxType", &property::Output::getSyntaxType}};
 
-template <class Visit>
-void visitFields(const property::Parameter& parameter, Visit visit) {
-    visit("objectInfo", parameter.getObjectInfo());
-    visit("defaultValue", parameter.getDefaultValue());
-}
+template <>
+inline constexpr auto kFields<property::Parameter> =
+    std::tuple{Field{"objectInfo", &property::Parameter::getObjectInfo},
+               Field{"defaultValue", &property::Parameter::getDefaultValue}};
 
-template <class Visit>
-void visitFields(const property::ClassProperty& classProperty, Visit visit) {
-    visit("objectInfo", classProperty.getObjectInfo());
-    visit("defaultValue", classProperty.getDefaultValue());
-}
+template <>
+inline constexpr auto kFields<property::ClassProperty> =
+    std::tuple{Field{"objectInfo", &property::ClassProperty::getObjectInfo},
+               Field{"defaultValue", &property::ClassProperty::getDefaultValue}};
 
-template <class Visit>
-void visitFields(const property::ClassPropertyGroup& group, Visit visit) {
-    visit("title", group.getTitle());
-    visit("properties", group.getProperties());
-}
+template <>
+inline constexpr auto kFields<property::ClassPropertyGroup> =
+    std::tuple{Field{"title", &property::ClassPropertyGroup::getTitle},
+               Field{"properties", &property::ClassPropertyGroup::getProperties}};
 
-template <class Visit>
-void visitFields(const property::SeeAlso& link, Visit visit) {
-    visit("url", link.getUrl());
-    visit("name", link.getName());
-}
+template <>
+inline constexpr auto kFields<property::SeeAlso> = std::tuple{
+    Field{"url", &property::SeeAlso::getUrl}, Field{"name", &property::SeeAlso::getName}};
 
-template <class Visit>
-void visitFields(const property::Example& example, Visit visit) {
-    visit("url", example.getUrl());
-    visit("openCommand", example.getOpenCommand());
-    visit("title", example.getTitle());
-}
+template <>
+inline constexpr auto kFields<property::Example> =
+    std::tuple{Field{"url", &property::Example::getUrl},
+               Field{"openCommand", &property::Example::getOpenCommand},
+               Field{"title", &property::Example::getTitle}};
 
-template <class Visit>
-void visitFields(const property::RefItem& item, Visit visit) {
-    visit("href", item.getHref());
-    visit("refEntities", item.getRefEntities());
-    visit("packageName", item.getPackageName());
-    visit("refPurpose", item.getRefPurpose());
-    visit("introduced", item.getIntroduced());
-    visit("description", item.getDescription());
-    visit("appThumbnail", item.getAppThumbnail());
-    visit("deprecationStatus", item.getDeprecationStatus());
-    visit("syntaxGroups", item.getSyntaxGroups());
-    visit("inputs", item.getInputs());
-    visit("inputGroups", item.getInputGroups());
-    visit("outputs", item.getOutputs());
-    visit("classPropertyGroups", item.getClassPropertyGroups());
-    visit("seeAlso", item.getSeeAlso());
-    visit("examples", item.getExamples());
-    visit("parameters", item.getParameters());
-}
+template <>
+inline constexpr auto kFields<property::RefItem> =
+    std::tuple{Field{"href", &property::RefItem::getHref},
+               Field{"refEntities", &property::RefItem::getRefEntities},
+               Field{"packageName", &property::RefItem::getPackageName},
+               Field{"refPurpose", &property::RefItem::getRefPurpose},
+               Field{"introduced", &property::RefItem::getIntroduced},
+               Field{"description", &property::RefItem::getDescription},
+               Field{"appThumbnail", &property::RefItem::getAppThumbnail},
+               Field{"deprecationStatus", &property::RefItem::getDeprecationStatus},
+               Field{"syntaxGroups", &property::RefItem::getSyntaxGroups},
+               Field{"inputs", &property::RefItem::getInputs},
+               Field{"inputGroups", &property::RefItem::getInputGroups},
+               Field{"outputs", &property::RefItem::getOutputs},
+               Field{"classPropertyGroups", &property::RefItem::getClassPropertyGroups},
+               Field{"seeAlso", &property::RefItem::getSeeAlso},
+               Field{"examples", &property::RefItem::getExamples},
+               Field{"parameters", &property::RefItem::getParameters}};
 
-template <class Visit>
-void visitFields(const property::RefItemLookup& entry, Visit visit) {
-    visit("name", entry.getName());
-    visit("entityType", entry.getEntityType());
-    visit("refPurpose", entry.getRefPurpose());
-    visit("deprecated", entry.getDeprecated());
-    visit("href", entry.getHref());
-    visit("functionType", entry.getFunctionType());
-}
+template <>
+inline constexpr auto kFields<property::RefItemLookup> =
+    std::tuple{Field{"name", &property::RefItemLookup::getName},
+               Field{"entityType", &property::RefItemLookup::getEntityType},
+               Field{"refPurpose", &property::RefItemLookup::getRefPurpose},
+               Field{"deprecated", &property::RefItemLookup::getDeprecated},
+               Field{"href", &property::RefItemLookup::getHref},
+               Field{"functionType", &property::RefItemLookup::getFunctionType}};
+
+template <class T>
+inline constexpr auto kFields<reference::docparser::DocResource<T>> =
+    std::tuple{Field{"header", &reference::docparser::DocResource<T>::header},
+               Field{"items", &reference::docparser::DocResource<T>::items}};
+
+template <class Map>
+inline constexpr auto kFields<reference::docparser::ParsingResults<Map>> =
+    std::tuple{Field{"installed", &reference::docparser::ParsingResults<Map>::installed},
+               Field{"notInstalled", &reference::docparser::ParsingResults<Map>::notInstalled}};
 
 } // namespace refdoc

@@ -2,13 +2,15 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <fmt/format.h>
 
 #include <string_view>
@@ -24,8 +26,6 @@ using LookupMap = ResourceMap<RefItemLookup>;
 using LookupResults = ParsingResults<LookupMap>;
 
 namespace {
-
-constexpr std::size_t kMostNearNames = 3;
 
 std::vector<std::u16string_view> allNames(const LookupResults& results) {
     std::vector<std::u16string_view> names;
@@ -44,7 +44,7 @@ void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& pr
     if (!isInstalled)
         marks += marks.empty() ? u"not installed" : u", not installed";
     table.addRow({{entry.getName(), entry.getDeprecated() ? Paint::Caution : Paint::Plain},
-                  {kindText(entry.getEntityType(), entry.getFunctionType())},
+                  {typeText(entry.getEntityType(), entry.getFunctionType())},
                   {entry.getRefPurpose()},
                   {product},
                   {withLink ? entry.getHref() : std::u16string(), Paint::Dim},
@@ -74,21 +74,44 @@ std::string pageOf(const LookupResults& results, const PageSetup& setup, bool wi
     return page.take();
 }
 
+std::string documentOf(const LookupResults& results) {
+    boost::json::monotonic_resource pool;
+    return toIndentedJson(toJson(results, &pool));
+}
+
 std::string linesOf(const LookupResults& results) {
     const std::u16string language = DocResourceParser::ParsingTools::getCurrentLocale();
-    std::string lines;
-    addRecordLines(lines, results.installed, language, [](const auto&) { return true; });
-    addRecordLines(lines, results.notInstalled, language, [](const auto&) { return false; });
-    return lines;
+    return recordLines(results.installed, language, [](const auto&) { return true; }) +
+           recordLines(results.notInstalled, language, [](const auto&) { return false; });
 }
 
 std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return lookupDocument(results);
+    case OutputFormat::Json: return documentOf(results);
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Text: break;
     }
-    return pageOf(results, setup, /*withLinks=*/!options.names.empty());
+    return pageOf(results, setup, /*withLinks=*/!options.arguments.empty());
+}
+
+Answer runLookup(const Options& options, const PageSetup& setup) {
+    LookupResults results = DocResourceParser::getResourceLookupFiles();
+    Answer answer;
+    if (!options.arguments.empty()) {
+        answer.complaints = complaintsAboutNames(options.arguments, results);
+        if (!answer.complaints.empty())
+            answer.status = ExitStatus::Negative;
+        keepOnly(options.arguments, results.installed);
+        keepOnly(options.arguments, results.notInstalled);
+    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
+        // Empty output alone would not tell an empty index from a wrong folder.
+        answer.complaints.push_back(
+            fmt::format("no lookup entries in {}{}",
+                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
+                        kOtherFolders));
+    }
+    answer.output = outputOf(options, results, setup);
+    return answer;
 }
 
 } // namespace
@@ -102,29 +125,23 @@ std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>&
     for (const std::u16string& name : missingKeys(names, std::move(found)))
         complaints.push_back(
             fmt::format("no entry {} in the lookup index{}", quoted(name),
-                        didYouMean(nearNames(name, known, kMostNearNames),
+                        didYouMean(nearNames(name, known),
                                    known.empty() ? kOtherFolders : "; see refdoc lookup")));
     return complaints;
 }
 
-Answer runLookup(const Options& options, const PageSetup& setup) {
-    LookupResults results = DocResourceParser::getResourceLookupFiles();
-    Answer answer;
-    if (!options.names.empty()) {
-        answer.complaints = complaintsAboutNames(options.names, results);
-        if (!answer.complaints.empty())
-            answer.status = ExitStatus::NotFound;
-        keepOnly(options.names, results.installed);
-        keepOnly(options.names, results.notInstalled);
-    } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Nothing on standard output could also mean that the tool had nothing to say.
-        answer.complaints.push_back(
-            fmt::format("no lookup entries in {}{}",
-                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
-                        kOtherFolders));
-    }
-    answer.output = outputOf(options, results, setup);
-    return answer;
+CommandEntry lookupCommand() {
+    return {
+        .name = "lookup",
+        .help = "Print the lookup index of all products",
+        .description = "Each record is one line, installed products first. With NAMEs, only the "
+                       "records of these names are printed, with their links.",
+        .arguments = {{.name = "NAME",
+                       .type = ValueType::LookupName,
+                       .isList = true,
+                       .help = "Print only the entries with these names"}},
+        .run = runLookup,
+    };
 }
 
 } // namespace refdoc

@@ -2,11 +2,16 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonWriter.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 
+#include <boost/algorithm/string/join.hpp>
+
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,10 +26,17 @@ using reference::docparser::ProductPathData;
 using reference::docparser::ReferenceRoots;
 using Tools = DocResourceParser::ParsingTools;
 
+// Not constexpr: on Windows, the address of an imported function is known only at load time.
+template <>
+inline const auto kFields<ProductPathData> =
+    std::tuple{Field{"name", &ProductPathData::getName},
+               Field{"nonEnglishLocale", &ProductPathData::isNonEnglishLocale},
+               Field{"fullPath", &ProductPathData::getFullPath}};
+
 namespace {
 
-// Everything that the command tells, gathered before a word is written.
-struct Findings {
+// What the command prints, in any format.
+struct ProductOverview {
     std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
     std::u16string supportFolder = *DocResourceParser::getSupportPackageRoot();
     std::u16string language = Tools::getCurrentLocale();
@@ -48,127 +60,96 @@ private:
     }
 };
 
-void writeTexts(JsonWriter& json, std::string_view name, const std::vector<std::u16string>& texts) {
-    json.key(name);
-    json.beginArray();
-    for (const std::u16string& text : texts)
-        json.text(text);
-    json.endArray();
+std::vector<std::string> shortNames(const ProductOverview& overview) {
+    std::vector<std::string> names;
+    for (const auto& product : *overview.topLevelProducts)
+        names.push_back(product->getShortName());
+    return names;
 }
 
-void writeFiles(JsonWriter& json, std::string_view name,
-                const std::vector<ProductPathData>& files) {
-    json.key(name);
-    json.beginArray();
-    for (const ProductPathData& file : files) {
-        json.beginObject();
-        json.member("name", file.getName());
-        json.key("nonEnglishLocale");
-        json.boolean(file.isNonEnglishLocale());
-        json.member("fullPath", file.getFullPath());
-        json.endObject();
-    }
-    json.endArray();
+boost::json::value documentOf(const ProductOverview& overview) {
+    return {{"roots",
+             {{"root", toJson(overview.roots->root)},
+              {"lookupFolder", toJson(overview.roots->lookupFolder)},
+              {"referenceApiFolder", toJson(overview.roots->referenceApiFolder)},
+              {"supportPackageFolder", toJson(overview.supportFolder)}}},
+            {"language", toJson(overview.language)},
+            {"localeSuffixes", toJson(overview.localeSuffixes)},
+            {"jsonProducts", toJson(overview.lookupFiles.jsonProducts)},
+            {"zipProducts", toJson(overview.lookupFiles.zipProducts)},
+            {"topLevelProducts", toJson(shortNames(overview))},
+            {"supportPackages", toJson(overview.supportPackages)}};
 }
 
-std::string documentOf(const Findings& findings) {
-    JsonWriter json;
-    json.beginObject();
-    json.key("roots");
-    json.beginObject();
-    json.member("root", findings.roots->root);
-    json.member("lookupFolder", findings.roots->lookupFolder);
-    json.member("referenceApiFolder", findings.roots->referenceApiFolder);
-    json.member("supportPackageFolder", findings.supportFolder);
-    json.endObject();
-    json.member("language", findings.language);
-    writeTexts(json, "localeSuffixes", findings.localeSuffixes);
-    writeFiles(json, "jsonProducts", findings.lookupFiles.jsonProducts);
-    writeFiles(json, "zipProducts", findings.lookupFiles.zipProducts);
-    json.key("topLevelProducts");
-    json.beginArray();
-    for (const auto& product : *findings.topLevelProducts)
-        json.text(to_ustring(product->getShortName()));
-    json.endArray();
-    writeTexts(json, "supportPackages", findings.supportPackages);
-    json.endObject();
-    return json.take();
-}
-
-void addFileLines(std::string& lines, const std::vector<ProductPathData>& files,
-                  const std::u16string& language, std::string_view place, bool isPackage) {
-    for (const ProductPathData& file : files) {
-        JsonWriter json(JsonWriter::Layout::OneLine);
-        json.beginObject();
-        json.member("product", productOf(file, language));
-        json.key("place");
-        json.word(place);
-        json.member("language", file.isNonEnglishLocale() ? language : Tools::kEnglishLocale);
-        json.key("package");
-        json.boolean(isPackage);
-        json.member("fullPath", file.getFullPath());
-        json.endObject();
-        lines += json.take();
-    }
-}
-
-// A line for each product file; full resource files are plain ones.
-std::string linesOf(const Findings& findings) {
+// A line for each product file. Full resource files are never packages.
+std::string linesOf(const ProductOverview& overview) {
     std::string lines;
-    addFileLines(lines, findings.productsIn(findings.roots->referenceApiFolder).jsonProducts,
-                 findings.language, "referenceApi", /*isPackage=*/false);
-    addFileLines(lines, findings.productsIn(findings.supportFolder).jsonProducts, findings.language,
-                 "supportPackages", /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.jsonProducts, findings.language, "lookup",
-                 /*isPackage=*/false);
-    addFileLines(lines, findings.lookupFiles.zipProducts, findings.language, "lookup",
-                 /*isPackage=*/true);
+    const auto add = [&](const std::vector<ProductPathData>& files, std::string_view place,
+                         bool isPackage) {
+        const std::u16string& language = overview.language;
+        for (const ProductPathData& file : files)
+            lines += toJsonLine(
+                {{"product", toJson(productOf(file, language))},
+                 {"place", place},
+                 {"language", toJson(file.isNonEnglishLocale() ? language : Tools::kEnglishLocale)},
+                 {"package", isPackage},
+                 {"fullPath", toJson(file.getFullPath())}});
+    };
+    add(overview.productsIn(overview.roots->referenceApiFolder).jsonProducts, "referenceApi",
+        /*isPackage=*/false);
+    add(overview.productsIn(overview.supportFolder).jsonProducts, "supportPackages",
+        /*isPackage=*/false);
+    add(overview.lookupFiles.jsonProducts, "lookup", /*isPackage=*/false);
+    add(overview.lookupFiles.zipProducts, "lookup", /*isPackage=*/true);
     return lines;
 }
 
 // "de, ja"; each suffix is a separator and a language.
 std::u16string languagesOf(const std::vector<std::u16string>& localeSuffixes) {
-    std::u16string languages;
+    std::vector<std::u16string> languages;
+    languages.reserve(localeSuffixes.size());
     for (const std::u16string& suffix : localeSuffixes)
-        languages += (languages.empty() ? u"" : u", ") + suffix.substr(1);
-    return languages;
+        languages.push_back(suffix.substr(1));
+    return boost::join(languages, u", ");
 }
 
-void addFolders(Page& page, const Findings& findings) {
+void addFolders(Page& page, const ProductOverview& overview) {
     page.title(u"Folders", '-');
     Table table;
-    table.addRow({{u"reference root", Paint::Dim}, {findings.roots->root}});
-    table.addRow({{u"full resource files", Paint::Dim}, {findings.roots->referenceApiFolder}});
-    table.addRow({{u"support packages", Paint::Dim}, {findings.supportFolder}});
-    table.addRow({{u"lookup files", Paint::Dim}, {findings.roots->lookupFolder}});
+    table.addRow({{u"reference root", Paint::Dim}, {overview.roots->root}});
+    table.addRow({{u"full resource files", Paint::Dim}, {overview.roots->referenceApiFolder}});
+    table.addRow({{u"support packages", Paint::Dim}, {overview.supportFolder}});
+    table.addRow({{u"lookup files", Paint::Dim}, {overview.roots->lookupFolder}});
     page.index(table);
 }
 
-void addLanguages(Page& page, const Findings& findings) {
+void addLanguages(Page& page, const ProductOverview& overview) {
     page.emptyLine();
     page.title(u"Languages", '-');
     Table table;
-    table.addRow({{u"current", Paint::Dim}, {findings.language}});
-    table.addRow({{u"besides English", Paint::Dim}, {languagesOf(findings.localeSuffixes)}});
+    table.addRow({{u"current", Paint::Dim}, {overview.language}});
+    table.addRow({{u"besides English", Paint::Dim}, {languagesOf(overview.localeSuffixes)}});
     page.table(0, table);
 }
 
-// By name, for the folder has no order that people would see through.
-void addFileRows(Table& table, std::vector<const ProductPathData*> files,
-                 const std::u16string& language, std::u16string_view kind) {
-    std::ranges::sort(files, {}, [](const ProductPathData* file) { return file->getName(); });
-    for (const ProductPathData* file : files)
+// Adds the files sorted by name, because the order of a folder is arbitrary.
+void addFileRows(Table& table, const std::vector<ProductPathData>& files,
+                 const std::u16string& language, std::u16string_view type) {
+    std::multimap<std::u16string_view, const ProductPathData*> byName;
+    for (const ProductPathData& file : files)
+        byName.emplace(file.getName(), &file);
+    for (const auto& [name, file] : byName)
         table.addRow({{file->getName()},
                       {file->isNonEnglishLocale() ? language : Tools::kEnglishLocale},
-                      {std::u16string(kind)},
+                      {std::u16string(type)},
                       {file->getFullPath(), Paint::Dim}});
 }
 
-std::vector<const ProductPathData*> pointers(const std::vector<ProductPathData>& files) {
-    std::vector<const ProductPathData*> pointers;
-    for (const ProductPathData& file : files)
-        pointers.push_back(&file);
-    return pointers;
+void addTable(Page& page, const Table& table, std::u16string_view ifEmpty) {
+    if (table.isEmpty())
+        page.text(0, ifEmpty);
+    else
+        page.index(table);
 }
 
 void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
@@ -176,61 +157,66 @@ void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
     page.emptyLine();
     page.title(title, '-');
     Table table({u"Name", u"Language", u"Kind", u"File"});
-    addFileRows(table, pointers(files.jsonProducts), language, withPackages ? u"plain file" : u"");
+    addFileRows(table, files.jsonProducts, language, withPackages ? u"plain file" : u"");
     if (withPackages)
-        addFileRows(table, pointers(files.zipProducts), language, u"zip package");
-    if (table.isEmpty())
-        page.text(0, u"none found");
-    else
-        page.index(table);
+        addFileRows(table, files.zipProducts, language, u"zip package");
+    addTable(page, table, u"none found");
 }
 
-void addInstalled(Page& page, const Findings& findings) {
+void addInstalled(Page& page, const ProductOverview& overview) {
     page.emptyLine();
     page.title(u"Installed products", '-');
     Table table({u"Name", u"Display name", u"Help location"});
-    for (const auto& product : *findings.topLevelProducts)
+    for (const auto& product : *overview.topLevelProducts)
         table.addRow({{to_ustring(product->getShortName())},
                       {to_ustring(product->getDisplayName())},
                       {to_ustring(product->getHelpLocation()), Paint::Dim}});
-    if (table.isEmpty())
-        page.text(0, u"none");
-    else
-        page.index(table);
+    addTable(page, table, u"none");
 
     page.emptyLine();
     page.title(u"Installed support packages", '-');
-    for (const std::u16string& name : findings.supportPackages)
+    for (const std::u16string& name : overview.supportPackages)
         page.words(0, {{name}});
-    if (findings.supportPackages.empty())
+    if (overview.supportPackages.empty())
         page.text(0, u"none");
 }
 
-std::string pageOf(const Findings& findings, const PageSetup& setup) {
+std::string pageOf(const ProductOverview& overview, const PageSetup& setup) {
     Page page(setup);
-    addFolders(page, findings);
-    addLanguages(page, findings);
-    addFiles(page, u"Full resource files", findings.productsIn(findings.roots->referenceApiFolder),
-             findings.language, /*withPackages=*/false);
+    addFolders(page, overview);
+    addLanguages(page, overview);
+    addFiles(page, u"Full resource files", overview.productsIn(overview.roots->referenceApiFolder),
+             overview.language, /*withPackages=*/false);
     addFiles(page, u"Full resource files of support packages",
-             findings.productsIn(findings.supportFolder), findings.language,
+             overview.productsIn(overview.supportFolder), overview.language,
              /*withPackages=*/false);
-    addFiles(page, u"Lookup files", findings.lookupFiles, findings.language,
+    addFiles(page, u"Lookup files", overview.lookupFiles, overview.language,
              /*withPackages=*/true);
-    addInstalled(page, findings);
+    addInstalled(page, overview);
     return page.take();
+}
+
+Answer runProducts(const Options& options, const PageSetup& setup) {
+    const ProductOverview overview;
+    switch (options.format) {
+    case OutputFormat::Json: return {.output = toIndentedJson(documentOf(overview))};
+    case OutputFormat::JsonLines: return {.output = linesOf(overview)};
+    case OutputFormat::Text: break;
+    }
+    return {.output = pageOf(overview, setup)};
 }
 
 } // namespace
 
-Answer runProducts(const Options& options, const PageSetup& setup) {
-    const Findings findings;
-    switch (options.format) {
-    case OutputFormat::Json: return {.output = documentOf(findings)};
-    case OutputFormat::JsonLines: return {.output = linesOf(findings)};
-    case OutputFormat::Text: break;
-    }
-    return {.output = pageOf(findings, setup)};
+CommandEntry productsCommand() {
+    return {
+        .name = "products",
+        .help = "List the product files, installed products, support packages, languages and "
+                "folders",
+        .description =
+            "The lists show which files the other commands read, and from which folders.",
+        .run = runProducts,
+    };
 }
 
 } // namespace refdoc

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "tools/refdoc/cli/Answer.hpp"
-#include "tools/refdoc/cli/Options.hpp"
-#include "tools/refdoc/terminal/PageSetup.hpp"
+#include "tools/refdoc/cli/CommandTable.hpp"
 
 namespace refdoc {
 
-/// Runs `products`: the folders that are looked at, the languages, the product files that were
-/// found, the installed products and support packages.
-/// \throws whatever the host services throw
-Answer runProducts(const Options& options, const PageSetup& setup);
+/// The command `products`: the folders that are read, the languages, the product files, and the
+/// installed products and support packages.
+CommandEntry productsCommand();
 
 } // namespace refdoc

@@ -1,12 +1,12 @@
 #include "tools/refdoc/session/EnglishFallback.hpp"
 
 #include "docparser/DocParserException.hpp"
-#include "platform/HostServices.hpp"
+#include "platform/i18n/Converter.hpp"
 #include "platform/log/DiagnosticLogger.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <cstdint>
-#include <memory>
 
 namespace refdoc {
 
@@ -18,40 +18,28 @@ using Tools = DocResourceParser::ParsingTools;
 
 namespace {
 
-// Lets the library answer in English and be silent as long as this object lives.
-class EnglishInSilence {
+// Disables the library's diagnostic records while the object exists.
+class SilenceGuard {
 public:
-    EnglishInSilence()
-        : services_(platform::hostServices()), mask_(foundation::log::severityMask()) {
-        platform::setHostServices(
-            std::make_shared<LanguageOverrides>(services_, Tools::kEnglishLocale, std::nullopt));
-        foundation::log::setSeverityMask(0);
-    }
-    ~EnglishInSilence() {
-        platform::setHostServices(services_);
-        foundation::log::setSeverityMask(mask_);
-    }
-    EnglishInSilence(const EnglishInSilence&) = delete;
-    EnglishInSilence& operator=(const EnglishInSilence&) = delete;
+    SilenceGuard() : mask_(foundation::log::severityMask()) { foundation::log::setSeverityMask(0); }
+    ~SilenceGuard() { foundation::log::setSeverityMask(mask_); }
+    SilenceGuard(const SilenceGuard&) = delete;
+    SilenceGuard& operator=(const SilenceGuard&) = delete;
 
 private:
-    std::shared_ptr<const platform::HostServices> services_;
     std::uint32_t mask_;
 };
 
-// In English a product has one file, and P_ja.json alone is that of the product "P_ja".
+// If the language is English, a product has one file. P_ja.json is then that of a product "P_ja".
 ResourceMap<RefItem> readTranslation(const std::u16string& product,
                                      const std::u16string& language) {
-    const EnglishInSilence guard;
+    const SilenceGuard silence;
+    const LanguageGuard english(Tools::kEnglishLocale);
     try {
         return DocResourceParser::getResourceFile(product + Tools::kLocaleSeparator + language);
     } catch (const DocParserException&) {
         return {}; // there is no translation
     }
-}
-
-std::u16string inQuotes(const std::u16string& text) {
-    return u'"' + text + u'"';
 }
 
 } // namespace
@@ -65,7 +53,7 @@ EnglishFallback::EnglishFallback(const std::u16string& product)
 std::u16string EnglishFallback::noteOn(const std::u16string& section) const {
     if (isEnglish_ || translation_.contains(section))
         return {};
-    return u"English: nothing of this is translated into " + inQuotes(language_);
+    return u"English: nothing of this is translated into " + quotedLanguage();
 }
 
 std::u16string EnglishFallback::noteOn(const std::u16string& section, const std::u16string& href,
@@ -76,7 +64,11 @@ std::u16string EnglishFallback::noteOn(const std::u16string& section, const std:
     const auto translated = resource->second.items.find(href);
     if (translated != resource->second.items.end() && translated->second == items)
         return {};
-    return u"English: not translated into " + inQuotes(language_);
+    return u"English: not translated into " + quotedLanguage();
+}
+
+std::u16string EnglishFallback::quotedLanguage() const {
+    return fl::i18n::to_ustring(quoted(language_));
 }
 
 } // namespace refdoc

@@ -7,27 +7,29 @@
 
 namespace refdoc {
 
-/// Tells which of a product's records are English because its translation has none of their own.
+/// Tells which records of a product are English because its translation lacks them.
 ///
-/// It reads the file of the language alone and compares: records that this file has too come from
-/// it, all others are English.
+/// It reads the translation alone and compares: records that the translation also has come from it,
+/// all others are English.
 class EnglishFallback {
 public:
-    /// Does nothing when the documentation language is English. Nothing is logged.
+    /// Reads the translation into the documentation language, unless that is English. Logs nothing.
     /// \throws whatever the host services throw
     explicit EnglishFallback(const std::u16string& product);
 
-    /// What there is to say about a whole section; empty when it has a translation.
+    /// Returns the note on a whole section; empty if the section is translated.
     std::u16string noteOn(const std::u16string& section) const;
 
-    /// What there is to say about the records of one href; empty when they are translated, or when
-    /// the note on their section says it.
+    /// Returns the note on the records of one href; empty if they are translated, or if the note on
+    /// the section covers them.
     std::u16string noteOn(const std::u16string& section, const std::u16string& href,
                           const std::vector<reference::property::RefItem>& items) const;
 
 private:
+    std::u16string quotedLanguage() const;
+
     std::u16string language_;
-    bool isEnglish_; // the documentation language is English, and nothing falls back
+    bool isEnglish_; // nothing falls back
     reference::docparser::ResourceMap<reference::property::RefItem> translation_;
 };
 

@@ -5,58 +5,73 @@
 #include "platform/path/Path.hpp"
 
 #include <algorithm>
+#include <optional>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace refdoc {
 
 using platform::HostServices;
 using reference::docparser::DocResourceParser;
 
-LanguageOverrides::LanguageOverrides(std::shared_ptr<const HostServices> base,
-                                     std::optional<std::u16string> language,
-                                     std::optional<std::vector<std::u16string>> supported)
-    : base_(std::move(base)), language_(std::move(language)), supported_(std::move(supported)) {}
+namespace {
 
-std::u16string LanguageOverrides::installPath() const {
-    return base_->installPath();
-}
+// The services of another host, with other languages.
+class LanguageOverrides final : public HostServices {
+public:
+    // What is absent is not overridden.
+    LanguageOverrides(std::shared_ptr<const HostServices> base,
+                      std::optional<std::u16string> language,
+                      std::optional<std::vector<std::u16string>> supported)
+        : base_(std::move(base)),
+          language_(std::move(language)),
+          supported_(std::move(supported)) {}
 
-std::u16string LanguageOverrides::docLanguage() const {
-    return language_ ? *language_ : base_->docLanguage();
-}
+    std::u16string docLanguage() const override {
+        return language_ ? *language_ : base_->docLanguage();
+    }
 
-std::vector<std::u16string> LanguageOverrides::supportedDocLanguages() const {
-    std::vector<std::u16string> languages =
-        supported_ ? *supported_ : base_->supportedDocLanguages();
-    if (language_ && std::ranges::find(languages, *language_) == languages.end())
-        languages.push_back(*language_);
-    return languages;
-}
+    std::vector<std::u16string> supportedDocLanguages() const override {
+        std::vector<std::u16string> languages =
+            supported_ ? *supported_ : base_->supportedDocLanguages();
+        if (language_ && std::ranges::find(languages, *language_) == languages.end())
+            languages.push_back(*language_);
+        return languages;
+    }
 
-std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
-LanguageOverrides::installedTopLevelDocProducts() const {
-    return base_->installedTopLevelDocProducts();
-}
+    std::u16string installPath() const override { return base_->installPath(); }
 
-std::u16string LanguageOverrides::supportPackageRoot() const {
-    return base_->supportPackageRoot();
-}
+    std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
+    installedTopLevelDocProducts() const override {
+        return base_->installedTopLevelDocProducts();
+    }
 
-std::unordered_set<std::u16string>
-LanguageOverrides::installedHardwareSupportPackages(const std::u16string& root) const {
-    return base_->installedHardwareSupportPackages(root);
-}
+    std::u16string supportPackageRoot() const override { return base_->supportPackageRoot(); }
 
-std::shared_ptr<const HostServices> servicesBehind(const Options& options) {
+    std::unordered_set<std::u16string>
+    installedHardwareSupportPackages(const std::u16string& root) const override {
+        return base_->installedHardwareSupportPackages(root);
+    }
+
+private:
+    std::shared_ptr<const HostServices> base_;
+    std::optional<std::u16string> language_;
+    std::optional<std::vector<std::u16string>> supported_;
+};
+
+} // namespace
+
+std::shared_ptr<const HostServices> selectedServices(const Options& options) {
     if (options.installFolder)
         return std::make_shared<platform::InstallationManifest>(*options.installFolder);
     return platform::defaultHostServices();
 }
 
 void applyOptions(const Options& options) {
-    const std::shared_ptr<const HostServices> services = servicesBehind(options);
-    // Some operations take a failing host for one without packages or languages; a malformed
-    // manifest is reported here, before it can look like an empty one.
+    const std::shared_ptr<const HostServices> services = selectedServices(options);
+    // Some operations treat a host that fails like one without packages or languages. A malformed
+    // manifest is reported here, so that it cannot look like an empty one.
     services->docLanguage();
     platform::setHostServices(std::make_shared<LanguageOverrides>(services, options.language,
                                                                   options.supportedLanguages));
@@ -69,11 +84,20 @@ void applyOptions(const Options& options) {
 
     if (options.supportFolder)
         DocResourceParser::setSupportPackageRoot(*options.supportFolder);
-    // Last, for a new support-package folder makes the library forget the test packages.
+    // Last, because a new support-package folder resets the test packages.
     if (options.installedProducts || options.supportPackages)
         DocResourceParser::setTestProducts(
             options.installedProducts.value_or(std::vector<std::u16string>()),
             options.supportPackages.value_or(std::vector<std::u16string>()));
+}
+
+LanguageGuard::LanguageGuard(const std::u16string& language) : services_(platform::hostServices()) {
+    platform::setHostServices(
+        std::make_shared<LanguageOverrides>(services_, language, std::nullopt));
+}
+
+LanguageGuard::~LanguageGuard() {
+    platform::setHostServices(services_);
 }
 
 } // namespace refdoc

@@ -6,6 +6,7 @@
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/algorithm/string/join.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -23,26 +24,19 @@ namespace {
 bool hasManifest(const platform::HostServices& services) {
     const fl::filesystem::path file =
         fl::filesystem::path(services.installPath()) / u"installation.json";
-    std::error_code ignored; // what can't be looked at has not been read either
+    std::error_code ignored; // a file that cannot be checked was not read either
     return std::filesystem::exists(fl::filesystem::make_native_access_form_with_cleanup_i18n(file),
                                    ignored);
 }
 
-// The languages that the options or the manifest name; absent when neither is there.
+// Absent if neither the options nor a manifest name languages.
 std::optional<std::vector<std::u16string>> namedLanguages(const Options& options) {
     if (options.supportedLanguages)
         return options.supportedLanguages;
-    const std::shared_ptr<const platform::HostServices> services = servicesBehind(options);
+    const std::shared_ptr<const platform::HostServices> services = selectedServices(options);
     if (!hasManifest(*services))
         return std::nullopt;
     return services->supportedDocLanguages();
-}
-
-std::string listOf(const std::vector<std::u16string>& languages) {
-    std::string list;
-    for (const std::u16string& language : languages)
-        list += (list.empty() ? "" : ", ") + fl::i18n::to_string(language);
-    return list;
 }
 
 } // namespace
@@ -53,9 +47,9 @@ std::optional<std::string> unsupportedLanguageNote(const Options& options) {
     const std::optional<std::vector<std::u16string>> languages = namedLanguages(options);
     if (!languages || std::ranges::find(*languages, *options.language) != languages->end())
         return std::nullopt;
-    return fmt::format(
-        "note: {} is not among the supported languages ({}); it joins them for this call",
-        quoted(*options.language), listOf(*languages));
+    return fmt::format("note: {} is not a supported language ({}); it is added for this call",
+                       quoted(*options.language),
+                       fl::i18n::to_string(boost::join(*languages, u", ")));
 }
 
 } // namespace refdoc

@@ -7,10 +7,10 @@
 
 namespace refdoc {
 
-/// The note for somebody who asks for a language that is not among the supported ones: it joins
-/// them, and what is shown may all be English. Absent when there is nothing to say: the language is
-/// supported, it is English, or nobody ever said which ones are.
-/// \param options  as applyOptions() has applied them
+/// Returns the note that the requested language is not supported and joins the supported ones, so
+/// that the output may be all English. Absent if the language is supported or English, or if
+/// neither the options nor a manifest list the supported languages.
+/// \param options  those passed to applyOptions()
 /// \throws whatever the host services throw
 std::optional<std::string> unsupportedLanguageNote(const Options& options);
 

@@ -26,9 +26,8 @@ std::vector<std::u16string> productNames() {
                                          *DocResourceParser::getSupportPackageRoot()}) {
         const auto files =
             DocResourceParser::getAllProducts(folder, suffixes, Tools::kLocaleSeparator + language);
-        for (const ProductPathData& file : files.jsonProducts) {
+        for (const ProductPathData& file : files.jsonProducts)
             names.insert(productOf(file, language));
-        }
     }
     return {names.begin(), names.end()};
 }

@@ -7,14 +7,13 @@
 
 namespace refdoc {
 
-/// The name of the product that a file belongs to: the file's own, without the suffix of the
-/// current language if it is a translation.
+/// Returns the name of the product that a file belongs to: the file's name, without the suffix of
+/// the current language if the file is a translation.
 std::u16string productOf(const reference::docparser::ProductPathData& file,
                          const std::u16string& currentLanguage);
 
-/// The names that `show` knows a product by: those of the full resource files of the reference
-/// root and of the support packages, without the suffix of the current language. Sorted, each
-/// once. Files of other supported languages are left out.
+/// Returns the names of the products that have a full resource file in the reference root or in the
+/// support-package folder, in English or in the current language. Sorted, each once.
 /// \throws whatever the host services throw
 std::vector<std::u16string> productNames();
 

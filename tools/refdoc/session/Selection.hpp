@@ -9,7 +9,7 @@
 
 namespace refdoc {
 
-/// Which of these keys some section has.
+/// Returns those of the keys that any section has.
 template <class T>
 std::set<std::u16string> keysIn(const std::vector<std::u16string>& keys,
                                 const reference::docparser::ResourceMap<T>& sections) {
@@ -23,8 +23,8 @@ std::set<std::u16string> keysIn(const std::vector<std::u16string>& keys,
     return found;
 }
 
-/// Keeps of the sections only the items with one of these keys, and of the sections only those that
-/// have such an item. Nothing is copied.
+/// Removes all items that have none of these keys, and the sections that become empty. Copies
+/// nothing.
 template <class T>
 void keepOnly(const std::vector<std::u16string>& keys,
               reference::docparser::ResourceMap<T>& sections) {
@@ -39,7 +39,7 @@ void keepOnly(const std::vector<std::u16string>& keys,
     }
 }
 
-/// The keys that were asked for but not found, each once, in the order in which they were asked.
+/// Returns the keys that were not found, each once, in the given order.
 inline std::vector<std::u16string> missingKeys(const std::vector<std::u16string>& keys,
                                                std::set<std::u16string> found) {
     std::vector<std::u16string> missing;

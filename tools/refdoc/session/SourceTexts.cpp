@@ -11,17 +11,18 @@
 #include "platform/path/Path.hpp"
 
 #include <algorithm>
+#include <map>
 #include <sstream>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace refdoc {
 
-namespace {
+using reference::docparser::FileAccount;
+using reference::docparser::LoadAccount;
 
-constexpr std::size_t kStartLength = 512;
+namespace {
 
 opc::FileSystemOpsSelector fileOperations() {
     return opc::FileSystemOpsSelector(
@@ -59,6 +60,16 @@ std::string readStream(opc::InputStream& stream, std::optional<std::size_t> leng
 
 } // namespace
 
+std::vector<SourceFile> sourceFiles(const LoadAccount& account) {
+    std::vector<SourceFile> files;
+    std::map<std::pair<std::u16string_view, std::u16string_view>, std::size_t> seen;
+    for (const FileAccount& file : account.files) {
+        const bool isEntry = !file.entry.empty();
+        files.push_back({file.path, file.entry, isEntry ? seen[{file.path, file.entry}]++ : 0});
+    }
+    return files;
+}
+
 struct SourceTexts::OpenPackage {
     explicit OpenPackage(const std::u16string& file)
         : path(file),
@@ -83,23 +94,11 @@ struct SourceTexts::OpenPackage {
 SourceTexts::SourceTexts() = default;
 SourceTexts::~SourceTexts() = default;
 
-std::string SourceTexts::read(const SourceFile& file) {
+std::string SourceTexts::read(const SourceFile& file, std::optional<std::size_t> length) {
     std::string text;
-    // What went away since the library read it, or can't be read twice, has no places to show.
-    platform::ignoreFailure([&] {
-        text =
-            file.entry.empty() ? readFile(file.path, std::nullopt) : readEntry(file, std::nullopt);
-    });
-    return text;
-}
-
-std::string SourceTexts::readStart(const SourceFile& file) {
-    std::string text;
-    // What can't be read looks like nothing.
-    platform::ignoreFailure([&] {
-        text =
-            file.entry.empty() ? readFile(file.path, kStartLength) : readEntry(file, kStartLength);
-    });
+    // A file that has gone since the library read it, or that cannot be read twice, looks empty.
+    platform::ignoreFailure(
+        [&] { text = file.entry.empty() ? readFile(file.path, length) : readEntry(file, length); });
     return text;
 }
 

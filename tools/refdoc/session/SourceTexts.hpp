@@ -1,23 +1,31 @@
 #pragma once
 
+#include "docparser/account/LoadAccount.hpp"
+
 #include <compare>
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace refdoc {
 
 /// A file, or an entry of a package.
 struct SourceFile {
     std::u16string path{};
-    std::u16string entry{};     ///< empty: the file itself
-    std::size_t occurrence = 0; ///< which of the package's entries of this name
+    std::u16string entry{};     ///< empty for the file itself
+    std::size_t occurrence = 0; ///< the index among the package's entries of this name
 
     auto operator<=>(const SourceFile&) const = default;
 };
 
-/// Reads the texts of files and of package entries. Keeps the package that was read last open.
+/// Returns the files of an account, in its order. Entries of one package with the same name are
+/// numbered in the order of the account, which is that of the package.
+std::vector<SourceFile> sourceFiles(const reference::docparser::LoadAccount& account);
+
+/// Reads the contents of files and of package entries. Keeps the last package open, so that reading
+/// its entries one after the other is cheap.
 class SourceTexts {
 public:
     SourceTexts();
@@ -25,16 +33,17 @@ public:
     SourceTexts(const SourceTexts&) = delete;
     SourceTexts& operator=(const SourceTexts&) = delete;
 
-    /// The whole text; empty when it can't be read. Meant for what the library has read, and so
-    /// within its limits.
-    std::string read(const SourceFile& file);
+    /// Returns the whole content; empty if it cannot be read. There is no limit on the size: meant
+    /// for files that the library has read within its own limits.
+    std::string read(const SourceFile& file) { return read(file, std::nullopt); }
 
-    /// The first bytes, for a look at what kind of file it is; empty when they can't be read.
-    std::string readStart(const SourceFile& file);
+    /// Returns the first 512 bytes, which show the type of a file; empty if they cannot be read.
+    std::string readStart(const SourceFile& file) { return read(file, 512); }
 
 private:
     struct OpenPackage;
 
+    std::string read(const SourceFile& file, std::optional<std::size_t> length);
     std::string readEntry(const SourceFile& file, std::optional<std::size_t> length);
     OpenPackage& open(const std::u16string& path);
 

@@ -3,6 +3,8 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/algorithm/string/join.hpp>
+
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -15,10 +17,10 @@ using fl::i18n::to_ustring;
 
 namespace {
 
-constexpr std::size_t kBody = 2;    // indent of what belongs to an item
-constexpr std::size_t kSection = 4; // indent of what stands under a heading within it
+constexpr std::size_t kBody = 2;    // indent of an item's text
+constexpr std::size_t kSection = 4; // indent of the text below a heading in an item
 
-// Labels with what they say, for what is there to be said.
+// A table of labels and texts, without empty texts.
 class Facts {
 public:
     void add(std::u16string label, const std::u16string& text, Paint paint = Paint::Plain) {
@@ -32,16 +34,6 @@ private:
     Table table_;
 };
 
-std::u16string join(const std::vector<std::u16string>& texts, std::u16string_view separator) {
-    std::u16string joined;
-    for (const std::u16string& text : texts) {
-        if (&text != &texts.front())
-            joined += separator;
-        joined += text;
-    }
-    return joined;
-}
-
 // "series (class, constructor method), shift (function)"
 std::u16string titleOf(const RefItem& item) {
     if (item.getRefEntities().empty())
@@ -49,14 +41,14 @@ std::u16string titleOf(const RefItem& item) {
     std::vector<std::u16string> parts;
     const std::u16string* name = nullptr;
     for (const RefEntity& entity : item.getRefEntities()) {
-        const std::u16string kind = kindText(entity.getEntityType(), entity.getFunctionType());
+        const std::u16string type = typeText(entity.getEntityType(), entity.getFunctionType());
         if (name && *name == entity.getName())
-            parts.back().insert(parts.back().size() - 1, u", " + kind);
+            parts.back().insert(parts.back().size() - 1, u", " + type);
         else
-            parts.push_back(entity.getName() + u" (" + kind + u")");
+            parts.push_back(entity.getName() + u" (" + type + u")");
         name = &entity.getName();
     }
-    return join(parts, u", ");
+    return boost::join(parts, u", ");
 }
 
 void addDeprecation(Page& page, DeprecationStatus::Value status) {
@@ -74,7 +66,32 @@ void addDeprecation(Page& page, DeprecationStatus::Value status) {
     }
 }
 
-// The heading "Inputs" or "Inputs: title".
+// Returns an empty string for a type without syntax types.
+template <class Argument>
+std::u16string syntaxTypeOf(const Argument& argument) {
+    if constexpr (requires { argument.getSyntaxType(); })
+        return to_ustring(SyntaxType::enumToString(argument.getSyntaxType()));
+    else
+        return {};
+}
+
+template <class Argument>
+std::u16string defaultOf(const Argument& argument) {
+    if constexpr (requires { argument.getDefaultValue(); })
+        return argument.getDefaultValue();
+    else
+        return {};
+}
+
+template <class Argument>
+bool isNameValuePair(const Argument& argument) {
+    if constexpr (requires { argument.getIsNameValuePair(); })
+        return argument.getIsNameValuePair();
+    else
+        return false;
+}
+
+// Adds the heading "Inputs" or "Inputs: title".
 void addHeading(Page& page, std::u16string_view what, const std::u16string& title = {}) {
     std::u16string heading(what);
     if (!title.empty())
@@ -82,74 +99,37 @@ void addHeading(Page& page, std::u16string_view what, const std::u16string& titl
     page.heading(kBody, heading);
 }
 
-std::u16string syntaxWord(SyntaxType::Value syntaxType) {
-    return to_ustring(SyntaxType::enumToString(syntaxType));
-}
-
 void addSyntaxes(Page& page, const std::vector<SyntaxGroup>& groups) {
     for (const SyntaxGroup& group : groups) {
         std::u16string what = u"Syntax";
         if (group.getSyntaxType() != SyntaxType::getDefaultValue())
-            what += u" (" + syntaxWord(group.getSyntaxType()) + u")";
+            what += u" (" + syntaxTypeOf(group) + u")";
         addHeading(page, what, group.getTitle());
         for (const std::u16string& syntax : group.getSyntaxes())
             page.text(kSection, syntax);
     }
 }
 
-// Whether the arguments belong to different forms of syntax, which is worth a column then.
+// Adds a table of inputs, outputs, parameters or properties.
 template <class Argument>
-bool differInSyntax(const std::vector<Argument>& arguments) {
-    return std::ranges::any_of(arguments, [&](const Argument& other) {
-        return other.getSyntaxType() != arguments.front().getSyntaxType();
-    });
-}
-
-void addInputs(Page& page, std::u16string_view what, const std::u16string& title,
-               const std::vector<Input>& inputs) {
+void addArguments(Page& page, std::u16string_view what, const std::u16string& title,
+                  const std::vector<Argument>& arguments) {
     addHeading(page, what, title);
     Table table({u"Name", u"Purpose", u"Syntax", u"Default", u"Values"});
-    const bool withSyntax = differInSyntax(inputs);
-    for (const Input& input : inputs) {
-        const ObjectInfo& info = input.getObjectInfo();
-        table.addRow({{info.getName() + (input.getIsNameValuePair() ? u"*" : u"")},
+    const bool differInSyntax = std::ranges::any_of(arguments, [&](const Argument& argument) {
+        return syntaxTypeOf(argument) != syntaxTypeOf(arguments.front());
+    });
+    for (const Argument& argument : arguments) {
+        const ObjectInfo& info = argument.getObjectInfo();
+        table.addRow({{info.getName() + (isNameValuePair(argument) ? u"*" : u"")},
                       {info.getPurpose()},
-                      {withSyntax ? syntaxWord(input.getSyntaxType()) : u""},
-                      {input.getDefaultValue()},
-                      {join(info.getValues(), u", ")}});
+                      {differInSyntax ? syntaxTypeOf(argument) : u""},
+                      {defaultOf(argument)},
+                      {boost::join(info.getValues(), u", ")}});
     }
     page.table(kSection, table);
-    if (std::ranges::any_of(inputs, &Input::getIsNameValuePair))
+    if (std::ranges::any_of(arguments, isNameValuePair<Argument>))
         page.text(kSection, u"* given as a pair of name and value", Paint::Dim);
-}
-
-void addOutputs(Page& page, const std::vector<Output>& outputs) {
-    addHeading(page, u"Outputs");
-    Table table({u"Name", u"Purpose", u"Syntax", u"Values"});
-    const bool withSyntax = differInSyntax(outputs);
-    for (const Output& output : outputs) {
-        const ObjectInfo& info = output.getObjectInfo();
-        table.addRow({{info.getName()},
-                      {info.getPurpose()},
-                      {withSyntax ? syntaxWord(output.getSyntaxType()) : u""},
-                      {join(info.getValues(), u", ")}});
-    }
-    page.table(kSection, table);
-}
-
-template <class Described> // Parameter or ClassProperty
-void addDescribed(Page& page, std::u16string_view what, const std::u16string& title,
-                  const std::vector<Described>& all) {
-    addHeading(page, what, title);
-    Table table({u"Name", u"Purpose", u"Default", u"Values"});
-    for (const Described& one : all) {
-        const ObjectInfo& info = one.getObjectInfo();
-        table.addRow({{info.getName()},
-                      {info.getPurpose()},
-                      {one.getDefaultValue()},
-                      {join(info.getValues(), u", ")}});
-    }
-    page.table(kSection, table);
 }
 
 void addExamples(Page& page, const std::vector<Example>& examples) {
@@ -213,15 +193,15 @@ void addItem(Page& page, const RefItem& item, const std::u16string& note) {
     }
     addSyntaxes(page, item.getSyntaxGroups());
     if (!item.getInputs().empty())
-        addInputs(page, u"Inputs", {}, item.getInputs());
+        addArguments(page, u"Inputs", {}, item.getInputs());
     for (const InputGroup& group : item.getInputGroups())
-        addInputs(page, u"Inputs", group.getTitle(), group.getInputs());
+        addArguments(page, u"Inputs", group.getTitle(), group.getInputs());
     if (!item.getOutputs().empty())
-        addOutputs(page, item.getOutputs());
+        addArguments(page, u"Outputs", {}, item.getOutputs());
     if (!item.getParameters().empty())
-        addDescribed(page, u"Parameters", {}, item.getParameters());
+        addArguments(page, u"Parameters", {}, item.getParameters());
     for (const ClassPropertyGroup& group : item.getClassPropertyGroups())
-        addDescribed(page, u"Properties", group.getTitle(), group.getProperties());
+        addArguments(page, u"Properties", group.getTitle(), group.getProperties());
     if (!item.getExamples().empty())
         addExamples(page, item.getExamples());
     if (!item.getSeeAlso().empty())

@@ -8,13 +8,13 @@
 
 namespace refdoc {
 
-/// Puts the heading of a section on the page: the product's name and what identifies it.
-/// \param note  stands below it, unless it is empty
+/// Adds the heading of a section to the page: the product's name and identifiers.
+/// \param note  added below the heading, unless it is empty
 void addHeader(Page& page, const reference::property::HeaderInfo& header,
                const std::u16string& note);
 
-/// Puts everything that an item documents on the page; what is empty leaves no trace.
-/// \param note  stands first below its title
+/// Adds all fields of an item to the page, except empty ones.
+/// \param note  added below the title, unless it is empty
 void addItem(Page& page, const reference::property::RefItem& item, const std::u16string& note);
 
 } // namespace refdoc

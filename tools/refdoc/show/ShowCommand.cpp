@@ -3,11 +3,13 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonLines.hpp"
+#include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/session/EnglishFallback.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/show/ItemText.hpp"
+#include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -34,17 +36,26 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
     return fmt::format("{} ({})", to_string(folder), files);
 }
 
+const std::u16string& productArgument(const Options& options) {
+    return options.arguments.front();
+}
+
+std::string documentOf(const Options& options, const ResourceMap<RefItem>& resources) {
+    return toIndentedJson(
+        {{"product", toJson(productArgument(options))}, {"resources", toJson(resources)}});
+}
+
 Answer productNotFound(const Options& options) {
-    Answer answer{.status = ExitStatus::NotFound,
-                  .complaints = {complaintAboutProduct(options.product)}};
+    Answer answer{.status = ExitStatus::Negative,
+                  .complaints = {complaintAboutProduct(productArgument(options))}};
     if (options.format == OutputFormat::Json)
-        answer.output = showDocument(options.product, {});
+        answer.output = documentOf(options, {});
     return answer;
 }
 
 std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources,
                    const PageSetup& setup) {
-    const EnglishFallback fallback(options.product);
+    const EnglishFallback fallback(productArgument(options));
     Page page(setup);
     for (const auto& [key, resource] : resources) {
         if (!page.isEmpty())
@@ -64,16 +75,34 @@ std::string pageOf(const Options& options, const ResourceMap<RefItem>& resources
 std::string outputOf(const Options& options, const ResourceMap<RefItem>& resources,
                      const PageSetup& setup) {
     switch (options.format) {
-    case OutputFormat::Json: return showDocument(options.product, resources);
-    case OutputFormat::JsonLines: {
-        std::string lines;
-        addRecordLines(lines, resources, DocResourceParser::ParsingTools::getCurrentLocale(),
-                       &DocResourceParser::isProductInstalled);
-        return lines;
-    }
+    case OutputFormat::Json: return documentOf(options, resources);
+    case OutputFormat::JsonLines:
+        return recordLines(resources, DocResourceParser::ParsingTools::getCurrentLocale(),
+                           &DocResourceParser::isProductInstalled);
     case OutputFormat::Text: break;
     }
     return pageOf(options, resources, setup);
+}
+
+Answer runShow(const Options& options, const PageSetup& setup) {
+    ResourceMap<RefItem> resources;
+    try {
+        resources = DocResourceParser::getResourceFile(productArgument(options));
+    } catch (const DocParserException&) {
+        return productNotFound(options);
+    }
+
+    Answer answer;
+    const std::vector<std::u16string> hrefs(options.arguments.begin() + 1, options.arguments.end());
+    if (!hrefs.empty()) {
+        // First, because similar hrefs are looked for in all items.
+        answer.complaints = complaintsAboutHrefs(productArgument(options), hrefs, resources);
+        keepOnly(hrefs, resources);
+    }
+    if (!answer.complaints.empty())
+        answer.status = ExitStatus::Negative;
+    answer.output = outputOf(options, resources, setup);
+    return answer;
 }
 
 } // namespace
@@ -84,7 +113,7 @@ std::string complaintAboutProduct(const std::u16string& product) {
     return fmt::format("no resources for {}; tried {}, {}{}", quoted(product),
                        triedPlace(name, DocResourceParser::getReferenceRoots()->referenceApiFolder),
                        triedPlace(name, *DocResourceParser::getSupportPackageRoot()),
-                       didYouMean(nearProducts(product, products),
+                       didYouMean(nearNames(product, {products.begin(), products.end()}),
                                   products.empty() ? kOtherFolders : "; see refdoc products"));
 }
 
@@ -99,24 +128,22 @@ std::vector<std::string> complaintsAboutHrefs(const std::u16string& product,
     return complaints;
 }
 
-Answer runShow(const Options& options, const PageSetup& setup) {
-    ResourceMap<RefItem> resources;
-    try {
-        resources = DocResourceParser::getResourceFile(options.product);
-    } catch (const DocParserException&) {
-        return productNotFound(options);
-    }
-
-    Answer answer;
-    if (!options.names.empty()) {
-        // Before the sections lose what was not asked for.
-        answer.complaints = complaintsAboutHrefs(options.product, options.names, resources);
-        keepOnly(options.names, resources);
-    }
-    if (!answer.complaints.empty())
-        answer.status = ExitStatus::NotFound;
-    answer.output = outputOf(options, resources, setup);
-    return answer;
+CommandEntry showCommand() {
+    return {
+        .name = "show",
+        .help = "Print the full records of one product",
+        .description = "With HREFs, only the items with these links are printed. Records that the "
+                       "translation lacks are printed in English and marked.",
+        .arguments = {{.name = "PRODUCT",
+                       .type = ValueType::Product,
+                       .isRequired = true,
+                       .help = "The name of the product's resource file, without .json"},
+                      {.name = "HREF",
+                       .type = ValueType::Href,
+                       .isList = true,
+                       .help = "Print only the items with these links"}},
+        .run = runShow,
+    };
 }
 
 } // namespace refdoc

@@ -7,19 +7,18 @@
 
 namespace refdoc {
 
-/// How many letters it takes to turn one name into the other, by adding, dropping, changing or
-/// swapping neighbours; `limit + 1` when it takes more than `limit`. Case counts as nothing for the
-/// letters of ASCII. Costs the length of a name times `limit`.
+/// Returns how many letters must be added, removed, changed or swapped with their neighbour to turn
+/// one name into the other; `limit + 1` if it takes more than `limit`. ASCII letters are compared
+/// without case. The cost is the product of the lengths.
 std::size_t editDistance(std::u16string_view left, std::u16string_view right, std::size_t limit);
 
-/// The names that somebody who typed `name` may have meant, the nearest first, then in the order
-/// of code units; each once.
-///
-/// Near is what differs in a third of the letters at most and in three letters at most.
-/// \param known    what can be meant, in any order
-/// \param maximum  how many to give at most
+/// Returns the known names that a user who typed `name` may have meant: the nearest first, equally
+/// near ones in code unit order, each once. A near name differs in at most a third of the letters,
+/// and in at most three.
+/// \param known    in any order
+/// \param maximum  the most names to return
 std::vector<std::u16string> nearNames(std::u16string_view name,
                                       const std::vector<std::u16string_view>& known,
-                                      std::size_t maximum);
+                                      std::size_t maximum = 3);
 
 } // namespace refdoc

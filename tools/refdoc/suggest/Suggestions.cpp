@@ -1,9 +1,11 @@
 #include "tools/refdoc/suggest/Suggestions.hpp"
 
+#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace refdoc {
@@ -14,7 +16,7 @@ using reference::property::RefItem;
 
 namespace {
 
-constexpr std::size_t kMostNames = 3;
+constexpr std::size_t kMostHrefs = 3;
 
 // "smooth" of "ref/smooth.html#top"
 std::u16string_view fileStem(std::u16string_view href) {
@@ -33,10 +35,10 @@ bool documents(const RefItem& item, std::u16string_view name) {
     });
 }
 
-// The hrefs that are near as a whole, else those whose files have near names.
+// Returns the hrefs that are near as a whole, otherwise those whose file names are near.
 std::vector<std::u16string> nearAmong(const std::u16string& href,
                                       const std::vector<std::u16string_view>& all) {
-    std::vector<std::u16string> near = nearNames(href, all, kMostNames);
+    std::vector<std::u16string> near = nearNames(href, all);
     if (!near.empty())
         return near;
     std::map<std::u16string_view, std::u16string_view> hrefsByStem;
@@ -45,7 +47,7 @@ std::vector<std::u16string> nearAmong(const std::u16string& href,
         if (hrefsByStem.emplace(fileStem(known), known).second)
             stems.push_back(fileStem(known));
     }
-    for (const std::u16string& stem : nearNames(fileStem(href), stems, kMostNames))
+    for (const std::u16string& stem : nearNames(fileStem(href), stems))
         near.emplace_back(hrefsByStem.at(stem));
     return near;
 }
@@ -55,18 +57,16 @@ std::vector<std::u16string> nearAmong(const std::u16string& href,
 std::string didYouMean(const std::vector<std::u16string>& names, std::string_view otherwise) {
     if (names.empty())
         return std::string(otherwise);
-    std::string question = "; did you mean ";
-    for (const std::u16string& name : names) {
-        if (&name != &names.front())
-            question += &name == &names.back() ? " or " : ", ";
-        question += quoted(name);
-    }
-    return question + '?';
+    std::vector<std::string> quotedNames;
+    std::ranges::transform(names, std::back_inserter(quotedNames), quoted);
+    return "; did you mean " + alternatives(quotedNames) + '?';
 }
 
-std::vector<std::u16string> nearProducts(const std::u16string& name,
-                                         const std::vector<std::u16string>& products) {
-    return nearNames(name, {products.begin(), products.end()}, kMostNames);
+std::string didYouMean(std::string_view name, const std::vector<std::string>& known) {
+    std::vector<std::u16string> names;
+    std::ranges::transform(known, std::back_inserter(names), fl::i18n::to_ustring);
+    return didYouMean(
+        nearNames(fl::i18n::to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
 }
 
 std::vector<std::u16string> nearHrefs(const std::u16string& href,
@@ -85,7 +85,7 @@ std::vector<std::u16string> nearHrefs(const std::u16string& href,
     }
     if (named.empty())
         return nearAmong(href, all);
-    named.resize(std::min(named.size(), kMostNames));
+    named.resize(std::min(named.size(), kMostHrefs));
     return named;
 }
 

@@ -8,22 +8,22 @@
 
 namespace refdoc {
 
-// What a complaint about something that was not found says at its end.
+// How a message about something that was not found ends.
 
-/// Where a user goes whose folders hold nothing at all.
+/// The ending if the folders contain nothing at all.
 inline constexpr std::string_view kOtherFolders = "; --install or --root names another folder";
 
-/// `; did you mean "a", "b" or "c"?`
-/// \param names      what may have been meant, the likeliest first
-/// \param otherwise  the answer when there are no such names
-std::string didYouMean(const std::vector<std::u16string>& names, std::string_view otherwise);
+/// Returns `; did you mean "a", "b" or "c"?`
+/// \param names      what the user may have meant, the likeliest first
+/// \param otherwise  the result if there are no such names
+std::string didYouMean(const std::vector<std::u16string>& names, std::string_view otherwise = {});
 
-/// The products near to a name, at most three.
-std::vector<std::u16string> nearProducts(const std::u16string& name,
-                                         const std::vector<std::u16string>& products);
+/// Returns `; did you mean "a"?` with the known name that is nearest to `name`; empty if none is
+/// near. All strings are UTF-8.
+std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
 
-/// The hrefs that somebody may have meant, at most three: of the items that document something of
-/// this name, or whose file has it, else those that are near to it.
+/// Returns at most three hrefs that the user may have meant: those whose items document something
+/// of this name, or whose file has this name; otherwise those that are near to it.
 std::vector<std::u16string>
 nearHrefs(const std::u16string& href,
           const reference::docparser::ResourceMap<reference::property::RefItem>& resources);

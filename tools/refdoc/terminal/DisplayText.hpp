@@ -6,27 +6,38 @@
 
 namespace refdoc {
 
-/// Reads the code point at `position`, which lies within the text, and moves `position` past it.
-/// \returns  U+FFFD for an unpaired surrogate
-char32_t nextCodePoint(std::u16string_view text, std::size_t& position) noexcept;
+/// A grapheme cluster of Unicode: what a reader takes for one character, such as a letter with its
+/// accents, a Hangul syllable or an emoji sequence.
+struct Grapheme {
+    std::string_view text;
+    char32_t base;     ///< the first code point
+    std::size_t width; ///< in columns of a terminal, see displayWidth()
+    bool isWide;       ///< the base alone fills two columns
+};
 
-/// How many columns of a terminal a code point fills: 0 for marks that combine with what is before
-/// them and for invisible formatting, 2 for East Asian wide and full-width ones and for emoji,
-/// else 1. Independent of the locale.
-std::size_t columnsOf(char32_t codePoint) noexcept;
+/// Reads the grapheme at `position`, which lies within the text, and moves `position` past it.
+/// \param text  UTF-8; each ill-formed byte counts as U+FFFD
+Grapheme nextGrapheme(std::string_view text, std::size_t& position) noexcept;
 
-/// How many columns a text without control characters fills.
-std::size_t displayWidth(std::u16string_view text) noexcept;
+/// Returns how many columns of a terminal a UTF-8 string without control characters fills.
+/// Independent of the locale.
+///
+/// A grapheme fills as many columns as its code points together, at most two: an emoji sequence is
+/// as wide as one emoji. A code point that is East Asian wide or an emoji fills two columns, a
+/// nonspacing mark or an invisible character none, any other one. A variation selector changes
+/// nothing: U+2764 U+FE0F is as narrow as U+2764, because terminals disagree on it.
+std::size_t displayWidth(std::string_view text) noexcept;
 
-/// The text with nothing in it that a terminal would obey: each control character becomes its
-/// picture (U+2400 and on) or, above U+007F, U+FFFD. A line feed stays, a carriage return before it
-/// is dropped, a tab becomes a space.
-std::u16string visibleText(std::u16string_view text);
+/// Returns a string as UTF-8 without anything that a terminal would obey: each control character
+/// becomes its picture (U+2400 and on) or, above U+007F, U+FFFD. A line feed stays, a carriage
+/// return before it is removed, a tab becomes a space. An unpaired surrogate becomes U+FFFD.
+std::string visibleText(std::u16string_view text);
 
-/// The same for what has to stay on one line: line feeds and tabs become pictures as well.
-std::u16string visibleLine(std::u16string_view text);
+/// Like visibleText(), for a string that has to stay on one line: line feeds, carriage returns and
+/// tabs become pictures too.
+std::string visibleLine(std::u16string_view text);
 
-/// The same for UTF-8; ill-formed bytes become U+FFFD.
+/// Like visibleLine(), for UTF-8. Ill-formed bytes become U+FFFD.
 std::string visibleLine(std::string_view text);
 
 } // namespace refdoc

@@ -2,8 +2,8 @@
 
 namespace refdoc {
 
-/// Lets the library's diagnostic records through and writes each as one line on standard error:
-/// its severity in brackets, a space, its text.
+/// Enables the library's diagnostic records and writes each to standard error on one line: its
+/// severity in brackets, a space, its text.
 void logToStandardError();
 
 } // namespace refdoc

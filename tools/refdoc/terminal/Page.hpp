@@ -12,28 +12,28 @@
 
 namespace refdoc {
 
-/// Text for people, built from top to bottom. Whatever the texts hold, no control character of
-/// theirs gets onto the page.
+/// Text for people, built from top to bottom. Control characters in the strings never reach the
+/// page.
 class Page {
 public:
     explicit Page(const PageSetup& setup) : setup_(setup) {}
 
-    /// A line in bold with a rule of this character below it.
+    /// Adds a line in bold, underlined with a rule of this character.
     void title(std::u16string_view text, char rule);
 
-    /// A line in bold, after an empty line.
+    /// Adds a line in bold, after an empty line.
     void heading(std::size_t indent, std::u16string_view text);
 
-    /// One line of words with a space between them.
+    /// Adds one line of words, separated by spaces.
     void words(std::size_t indent, const std::vector<Cell>& words);
 
-    /// Text, wrapped.
+    /// Adds wrapped text.
     void text(std::size_t indent, std::u16string_view text, Paint paint = Paint::Plain);
 
-    /// A table that wraps its cells.
+    /// Adds a table that wraps its cells.
     void table(std::size_t indent, const Table& table);
 
-    /// A table with one line to a row, cut only where the lines of a terminal end.
+    /// Adds a table with one line per row, cut only to the width of a terminal.
     void index(const Table& table);
 
     void emptyLine() { page_ += '\n'; }
@@ -41,6 +41,7 @@ public:
     std::string take() { return std::move(page_); }
 
 private:
+    void wrapped(std::size_t indent, std::string_view text, Paint paint);
     void line(std::size_t indent, std::string_view text);
     std::size_t widthAt(std::size_t indent) const;
 

@@ -14,7 +14,7 @@ constexpr std::size_t kUsualWidth = 80;
 constexpr std::size_t kNarrowestText = 40;
 constexpr std::size_t kWidestText = 100;
 
-// A width of 1 or more; 0 for whatever else the text says.
+// Returns 0 for everything but a positive number.
 std::size_t parseWidth(const std::string& text) {
     std::size_t width = 0;
     const char* end = text.data() + text.size();

@@ -8,22 +8,22 @@
 
 namespace refdoc {
 
-/// What decides which pager there is; absent means not set.
+/// What the choice of a pager depends on; absent means not set.
 struct PagerEnvironment {
     std::optional<std::string> pager; ///< PAGER
     std::optional<std::string> term;  ///< TERM
     bool isLessInstalled = false;
 };
 
-/// Asks the variables of this process and the folders of PATH.
+/// Reads the environment variables of this process and searches the folders of PATH.
 PagerEnvironment readPagerEnvironment();
 
-/// Whether a text fills more lines than the device, a terminal, has.
+/// Returns whether the device is a terminal that has too few lines for a text and the next prompt.
 bool isLong(std::string_view text, const platform::OutputDevice& device);
 
-/// The command that long output goes through: PAGER as it stands, else less where it is installed
-/// and the terminal can do what less needs.
-/// \returns  the empty text for none, which an empty PAGER and "cat" ask for
+/// Returns the command that shows long output: PAGER, without the spaces around it, or less if it
+/// is installed and the terminal supports it.
+/// \returns  empty for no pager, also if PAGER is empty or "cat"
 std::string choosePager(const PagerEnvironment& environment);
 
 } // namespace refdoc

@@ -1,28 +1,26 @@
 #include "tools/refdoc/terminal/Paint.hpp"
 
-#include <fmt/format.h>
+#include <fmt/color.h>
 
 namespace refdoc {
 
 namespace {
 
-std::string_view sequenceOf(Paint paint) {
+fmt::text_style styleOf(Paint paint) {
     switch (paint) {
-    case Paint::Heading: return "\x1b[1m";
-    case Paint::Dim: return "\x1b[2m";
-    case Paint::Caution: return "\x1b[33m";
-    case Paint::Alarm: return "\x1b[31m";
+    case Paint::Heading: return fmt::emphasis::bold;
+    case Paint::Dim: return fmt::emphasis::faint;
+    case Paint::Caution: return fmt::fg(fmt::terminal_color::yellow);
+    case Paint::Alarm: return fmt::fg(fmt::terminal_color::red);
     case Paint::Plain: break;
     }
-    return "";
+    return {};
 }
 
 } // namespace
 
 std::string painted(std::string_view text, Paint paint, bool color) {
-    if (!color || paint == Paint::Plain || text.empty())
-        return std::string(text);
-    return fmt::format("{}{}\x1b[0m", sequenceOf(paint), text);
+    return color && !text.empty() ? fmt::format(styleOf(paint), "{}", text) : std::string(text);
 }
 
 } // namespace refdoc

@@ -5,10 +5,10 @@
 
 namespace refdoc {
 
-/// What a piece of text is, which decides its colour.
+/// The role of a piece of text, which decides its colour.
 enum class Paint { Plain, Heading, Dim, Caution, Alarm };
 
-/// The text (UTF-8), between the escape sequences of its paint when `color` is set.
+/// Returns a UTF-8 string, between the escape sequences of its paint if `color` is set.
 std::string painted(std::string_view text, Paint paint, bool color);
 
 } // namespace refdoc

@@ -9,16 +9,16 @@ namespace refdoc {
 
 namespace {
 
-constexpr std::chrono::milliseconds kPatience{500};
-constexpr std::chrono::milliseconds kPause{100};
+constexpr std::chrono::milliseconds kInitialDelay{500};
+constexpr std::chrono::milliseconds kInterval{100};
 constexpr std::size_t kBarLength = 30;
 
 } // namespace
 
-Progress::Progress(bool isShown) : isShown_(isShown), nextDrawing_(Clock::now() + kPatience) {}
+Progress::Progress(bool isShown) : isShown_(isShown), nextDrawing_(Clock::now() + kInitialDelay) {}
 
 Progress::~Progress() {
-    // "\x1b[K" wipes the line from the cursor on.
+    // "\x1b[K" erases the line from the cursor on.
     if (isDrawn_ && std::fputs("\r\x1b[K", stderr) >= 0)
         std::fflush(stderr);
 }
@@ -36,7 +36,7 @@ void Progress::step() {
     const Clock::time_point now = Clock::now();
     if (now < nextDrawing_)
         return;
-    nextDrawing_ = now + kPause;
+    nextDrawing_ = now + kInterval;
     isDrawn_ = true;
     fmt::print(stderr, "\r{}\x1b[K", barOf(stage_, done_, steps_));
     std::fflush(stderr);

@@ -7,21 +7,21 @@
 
 namespace refdoc {
 
-/// A bar on standard error for runs that take long. It comes after half a second, is drawn anew ten
-/// times a second at most, and is wiped out when it goes.
+/// A progress bar on standard error for long runs. It appears after half a second, is redrawn at
+/// most ten times a second, and is erased by the destructor.
 class Progress {
 public:
-    /// \param isShown  false: nothing is ever drawn
+    /// \param isShown  false: the bar is never drawn
     explicit Progress(bool isShown);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// Begins a stage of so many steps.
+    /// Begins a stage with this number of steps.
     void begin(std::string_view stage, std::size_t steps);
     void step();
 
-    /// The bar in this state, without the control characters around it.
+    /// Returns the bar of a state, without control characters.
     static std::string barOf(std::string_view stage, std::size_t done, std::size_t steps);
 
 private:

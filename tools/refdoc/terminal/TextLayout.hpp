@@ -7,27 +7,28 @@
 
 namespace refdoc {
 
-// Laying out text in columns of a terminal. Texts are free of control characters but for the line
-// feed; see visibleText().
+// Lays out UTF-8 strings in columns of a terminal. Line feeds are the only control characters that
+// a string may have; see visibleText().
 
-/// Breaks a text into lines of at most `width` columns.
+/// Breaks a string into lines of at most `width` columns.
 ///
-/// A line ends at a line feed, between words, or beside an East Asian wide character unless it is
-/// closing punctuation; runs of spaces count as one. A word that is longer than a line is broken
-/// where the line ends. What combines with a character stays with it.
-/// \param width  1 or more; a wider character still gets a line
-/// \returns      one line at the least, which may be empty
-std::vector<std::u16string> wrapText(std::u16string_view text, std::size_t width);
+/// A line ends at a line feed, between words, or beside an East Asian wide character, except before
+/// closing punctuation. A run of spaces counts as one. A word that is wider than a line is broken
+/// at the end of the line. Graphemes are never broken.
+/// \param width  1 or more; a grapheme that is wider gets a line of its own
+/// \returns      at least one line, which may be empty
+std::vector<std::string> wrapText(std::string_view text, std::size_t width);
 
-/// A text without line feeds, or its start and an ellipsis where it fills more than `width`
+/// Returns a string without line feeds, or its start and an ellipsis if it fills more than `width`
 /// columns.
-std::u16string cutText(std::u16string_view text, std::size_t width);
+std::string cutText(std::string_view text, std::size_t width);
 
-/// How wide the columns of a table become so that together they fill at most `available`.
-///
-/// Narrow columns keep their width; the wide ones share what is left alike.
-/// \param natural  the widths that the columns would like to have
-/// \returns        a width for each, 1 at the least
+/// Shares `available` columns of a terminal among the columns of a table. Narrow ones keep their
+/// natural width; wide ones share the rest equally.
+/// \param natural  the width of the widest cell of each column
+/// \returns        the widths, 0 only where the natural one is; their sum exceeds `available` only
+/// if
+///                 columns would vanish otherwise
 std::vector<std::size_t> shareWidth(const std::vector<std::size_t>& natural, std::size_t available);
 
 } // namespace refdoc

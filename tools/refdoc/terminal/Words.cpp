@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include <iterator>
 #include <string_view>
 
 namespace refdoc {
@@ -11,10 +12,10 @@ namespace refdoc {
 using reference::property::FunctionType;
 using reference::property::RefEntityType;
 
-std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value functionType) {
+std::u16string typeText(RefEntityType::Value entityType, FunctionType::Value functionType) {
     const std::string_view entity = RefEntityType::enumToString(entityType);
     const std::string_view function = FunctionType::enumToString(functionType);
-    // "function" is also what the files that tell nothing come to.
+    // "function" is also the default, for files that do not say.
     if (functionType == FunctionType::Function || function == entity)
         return fl::i18n::to_ustring(entity);
     return fl::i18n::to_ustring(fmt::format("{} {}", function, entity));
@@ -22,6 +23,13 @@ std::u16string kindText(RefEntityType::Value entityType, FunctionType::Value fun
 
 std::string quoted(const std::u16string& text) {
     return fmt::format("\"{}\"", fl::i18n::to_string(text));
+}
+
+std::string alternatives(const std::vector<std::string>& names) {
+    if (names.size() == 1)
+        return names.front();
+    return fmt::format("{} or {}", fmt::join(names.begin(), std::prev(names.end()), ", "),
+                       names.back());
 }
 
 } // namespace refdoc

@@ -3,14 +3,19 @@
 #include "docparser/DocResourceParser.hpp"
 
 #include <string>
+#include <vector>
 
 namespace refdoc {
 
-/// What an entity is, in words: "class", "static method", "macro function".
-std::u16string kindText(reference::property::RefEntityType::Value entityType,
+/// Returns the type of an entity in words: "class", "static method", "macro function".
+std::u16string typeText(reference::property::RefEntityType::Value entityType,
                         reference::property::FunctionType::Value functionType);
 
-/// The text between quotation marks, as UTF-8.
+/// Returns a string in quotation marks, as UTF-8.
 std::string quoted(const std::u16string& text);
+
+/// Returns "a", "a or b" or "a, b or c".
+/// \param names  not empty
+std::string alternatives(const std::vector<std::string>& names);
 
 } // namespace refdoc

@@ -1,11 +1,8 @@
+#include "tests/support/Schema.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
 
-#include <boost/json/parse.hpp>
-#include <valijson/adapters/boost_json_adapter.hpp>
-#include <valijson/schema.hpp>
-#include <valijson/schema_parser.hpp>
-#include <valijson/validator.hpp>
+#include <boost/json/serialize.hpp>
 
 #include <regex>
 #include <set>
@@ -15,24 +12,15 @@ namespace {
 
 namespace json = boost::json;
 using docparser_tests::portable;
+using docparser_tests::Schema;
 using refdoc::check::Rule;
 using refdoc::check::rules;
-
-bool isFinding(const json::value& line) {
-    std::ifstream stream(std::string(SCHEMA_FOLDER) + "/refdoc_check.schema.json");
-    const json::value text = json::parse(std::string{std::istreambuf_iterator<char>(stream), {}});
-    valijson::Schema schema;
-    valijson::SchemaParser(valijson::SchemaParser::kDraft7)
-        .populateSchema(valijson::adapters::BoostJsonAdapter(text), schema);
-    return valijson::Validator().validate(schema, valijson::adapters::BoostJsonAdapter(line),
-                                          nullptr);
-}
 
 std::string textAt(const json::value& value, std::string_view pointer) {
     return std::string(value.at_pointer(pointer).as_string());
 }
 
-// Before a drive stands a slash.
+// The path of a drive follows a third slash.
 std::string uriOfAbsolute(const std::string& path) {
     return (path.starts_with('/') ? "file://" : "file:///") + path;
 }
@@ -40,55 +28,94 @@ std::string uriOfAbsolute(const std::string& path) {
 class ReportFormatTest : public CheckTest {
 protected:
     ReportFormatTest() { seed(); }
+
+    static Schema schema(const std::string& definition) {
+        return Schema("refdoc-check.schema.json", definition);
+    }
 };
 
-TEST_F(ReportFormatTest, EachLineOfJsonIsAFindingBySchema) {
-    const std::vector<std::string> lines = linesOf(check({".", "--json"}).out);
-    EXPECT_EQ(lines.size(), rules().size());
-    for (const std::string& line : lines)
-        EXPECT_TRUE(isFinding(document(line))) << line;
+TEST_F(ReportFormatTest, JsonIsOneValidDocument) {
+    const json::value report = document(check({".", "--json"}).out);
+    EXPECT_EQ(schema("check").problemsOf(report), "");
+    EXPECT_EQ(report.at("findings").as_array().size(), SeededTree::kFindingCount);
 }
 
-TEST_F(ReportFormatTest, TheSchemaRefusesWhatIsNoFinding) {
-    json::value finding = document(linesOf(check({".", "--json"}).out).front());
+TEST_F(ReportFormatTest, WithoutFindingsJsonIsADocumentAndThereAreNoLines) {
+    const auto checkClean = [this](const char* format) {
+        return check({SAMPLES_FOLDER "/help", format, "--ignore", "page-without-lookup"});
+    };
+    EXPECT_EQ(checkClean("--json"), (Outcome{0,
+                                             "{\n"
+                                             "  \"findings\": [],\n"
+                                             "  \"summary\": {\n"
+                                             "    \"files\": 0,\n"
+                                             "    \"errors\": 0,\n"
+                                             "    \"warnings\": 0,\n"
+                                             "    \"notes\": 0\n"
+                                             "  }\n"
+                                             "}\n",
+                                             ""}));
+    EXPECT_EQ(checkClean("--jsonl"), (Outcome{0, "", ""}));
+}
+
+TEST_F(ReportFormatTest, EachLineIsAFindingOfTheDocument) {
+    const json::value report = document(check({".", "--json"}).out);
+    const std::vector<json::value> lines = documents(check({".", "--jsonl"}).out);
+    EXPECT_EQ(json::array(lines.begin(), lines.end()), report.at("findings"));
+    for (const json::value& line : lines)
+        EXPECT_EQ(schema("checkLine").problemsOf(line), "");
+}
+
+TEST_F(ReportFormatTest, TheSchemaRejectsInvalidFindings) {
+    json::value finding = documents(check({".", "--jsonl"}).out).front();
     finding.as_object().erase("line");
-    EXPECT_FALSE(isFinding(finding));
+    EXPECT_FALSE(schema("checkLine").accepts(finding));
     finding.as_object()["line"] = 0;
-    EXPECT_FALSE(isFinding(finding));
+    EXPECT_FALSE(schema("checkLine").accepts(finding));
 }
 
-TEST_F(ReportFormatTest, JsonTellsWhatTheTextTells) {
+TEST_F(ReportFormatTest, JsonHasTheContentOfTheText) {
     const Outcome outcome = check({".", "--json", "--ignore", "dropped-record"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(document(linesOf(outcome.out).at(7)), document(R"({
+    const json::value finding = document(outcome.out).at_pointer("/findings/7");
+    EXPECT_EQ(finding, document(R"({
         "rule": "missing-key", "severity": "error",
-        "file": "help/docCatalog/referenceapi/NoKey.json", "entry": null, "line": 2, "column": 1,
+        "path": "help/docCatalog/referenceapi/NoKey.json", "entry": null, "line": 2, "column": 1,
         "pointer": "/refItems/0",
         "message": "the required key \"refpurpose\" is missing; the whole file is dropped",
-        "fingerprint": ")" + textAt(document(linesOf(outcome.out).at(7)), "/fingerprint") +
-                                                             R"(", "related": []})"));
+        "fingerprint": ")" + textAt(finding, "/fingerprint") +
+                                R"(", "related": []})"));
+}
+
+TEST_F(ReportFormatTest, SummaryIsThatOfTheText) {
+    const json::value summary = document(check({".", "--json"}).out).at("summary");
+    const auto number = [&](const char* key) { return json::serialize(summary.at(key)); };
+    EXPECT_THAT(check({"."}).out,
+                testing::EndsWith(number("errors") + " errors, " + number("warnings") +
+                                  " warnings, " + number("notes") + " note in " + number("files") +
+                                  " files\n"));
 }
 
 TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
     std::set<std::string> fingerprints;
-    for (const std::string& line : linesOf(check({".", "--json"}).out))
-        fingerprints.insert(textAt(document(line), "/fingerprint"));
-    EXPECT_EQ(fingerprints.size(), rules().size());
+    for (const json::value& finding : documents(check({".", "--jsonl"}).out))
+        fingerprints.insert(textAt(finding, "/fingerprint"));
+    EXPECT_EQ(fingerprints.size(), SeededTree::kFindingCount);
 }
 
-TEST_F(ReportFormatTest, AReportHasOneFormat) {
-    EXPECT_EQ(check({".", "--json", "--sarif"}),
-              (Outcome{2, "", "refdoc: --json excludes --sarif; see refdoc --help\n"}));
-    EXPECT_EQ(check({".", "--jsonl"}).out, check({".", "--json"}).out);
+TEST_F(ReportFormatTest, FormatsExcludeEachOther) {
+    EXPECT_EQ(
+        check({".", "--json", "--sarif"}),
+        (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
 }
 
-TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
+TEST_F(ReportFormatTest, TextIsColouredOnRequest) {
     EXPECT_THAT(check({".", "--color", "always"}).out,
                 testing::HasSubstr("\x1b[31merror\x1b[0m: the required key \"refpurpose\""));
 }
 
-// A SARIF document is checked here for what the standard asks of each of its objects; the validator
-// of the standard's authors is run by scripts/check-sarif.
+// These tests check what the standard requires of each object. scripts/check-sarif runs the
+// validator of the standard's authors.
 class SarifTest : public ReportFormatTest {
 protected:
     SarifTest() : sarif_(document(check({".", "--sarif"}).out)) {}
@@ -107,7 +134,7 @@ protected:
     json::value sarif_;
 };
 
-TEST_F(SarifTest, ItIsOneRunOfOneTool) {
+TEST_F(SarifTest, HasOneRunOfOneTool) {
     EXPECT_EQ(textAt(sarif_, "/version"), "2.1.0");
     EXPECT_EQ(sarif_.at("runs").as_array().size(), 1U);
     EXPECT_EQ(textAt(run(), "/tool/driver/name"), "refdoc");
@@ -121,7 +148,7 @@ TEST_F(SarifTest, EachRuleHasHelp) {
     const json::array& described = run().at_pointer("/tool/driver/rules").as_array();
     ASSERT_EQ(described.size(), rules().size());
     for (std::size_t index = 0; index < described.size(); ++index) {
-        const Rule& rule = rules()[index];
+        const Rule& rule = *rules()[index];
         EXPECT_EQ(textAt(described[index], "/id"), rule.name);
         EXPECT_EQ(textAt(described[index], "/help/text"), rule.explanation);
         EXPECT_EQ(textAt(described[index], "/fullDescription/text"), rule.explanation);
@@ -133,13 +160,13 @@ TEST_F(SarifTest, EachRuleHasHelp) {
     }
 }
 
-TEST_F(SarifTest, EachResultNamesItsRuleAndHasAMessageAPlaceAndAFingerprint) {
-    EXPECT_EQ(results().size(), rules().size());
+TEST_F(SarifTest, EachResultHasRuleMessageLocationAndFingerprint) {
+    EXPECT_EQ(results().size(), SeededTree::kFindingCount);
     const std::set<std::string> levels = {"error", "warning", "note"};
     for (const json::value& result : results()) {
         const auto index = static_cast<std::size_t>(result.at("ruleIndex").to_number<int>());
         ASSERT_LT(index, rules().size());
-        EXPECT_EQ(textAt(result, "/ruleId"), rules()[index].name);
+        EXPECT_EQ(textAt(result, "/ruleId"), rules()[index]->name);
         EXPECT_TRUE(levels.contains(textAt(result, "/level")));
         EXPECT_FALSE(textAt(result, "/message/text").empty());
         EXPECT_EQ(result.at("locations").as_array().size(), 1U);
@@ -163,7 +190,7 @@ TEST_F(SarifTest, PathsAreRelativeUrisAndRegionsStartAtOne) {
               document(R"({"startLine": 2, "startColumn": 1})"));
 }
 
-TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
+TEST_F(SarifTest, EntryIsLogicalLocationInItsPackage) {
     const json::value& place = resultOf("unreadable-entry").at_pointer("/locations/0");
     EXPECT_EQ(textAt(place, "/physicalLocation/artifactLocation/uri"),
               "help/docCatalog/referenceapi_lookup/Locked.zip");
@@ -171,7 +198,7 @@ TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
     EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
 }
 
-TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
+TEST_F(SarifTest, RelatedLocationsHaveMessages) {
     const json::array& related = resultOf("dropped-record").at("relatedLocations").as_array();
     ASSERT_EQ(related.size(), 1U);
     EXPECT_EQ(textAt(related[0], "/message/text"), "in/Orchard.json:2:1: the record that is kept.");

@@ -18,7 +18,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
-// The paths of the install folder are shortened to "ROOT", so that outputs can be compared.
+// Replaces the path of a folder by "ROOT".
 std::string shortened(std::string text, const std::string& folder) {
     for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at))
         text.replace(at, folder.size(), "ROOT");
@@ -27,7 +27,7 @@ std::string shortened(std::string text, const std::string& folder) {
 
 class ExplainTest : public RefdocTest {
 protected:
-    // Wide enough for the paths of any folder for temporary files. Text has '/' in paths.
+    // Runs the command at a width at which no path is wrapped. Paths in text get '/'.
     Outcome explain(std::vector<std::string> arguments) const {
         const bool isText = std::ranges::none_of(
             arguments, [](const std::string& word) { return word.starts_with("--json"); });
@@ -40,7 +40,7 @@ protected:
         return outcome;
     }
 
-    // What the command prints with --json, held against the schema.
+    // Returns the output with --json, which must be valid.
     json::value explainDocument(std::vector<std::string> arguments, int status = 0) const {
         arguments.emplace_back("--json");
         const Outcome outcome = explain(std::move(arguments));
@@ -50,7 +50,7 @@ protected:
         return printed;
     }
 
-    const Schema schema_{"explain.schema.json"};
+    const Schema schema_{"refdoc-explain.schema.json", "explain"};
 };
 
 class ExplainProductTest : public ExplainTest {
@@ -70,9 +70,14 @@ protected:
 "refItems": [
   {"href": "graft.html", "refpurpose": "Veredeln"}]})");
     }
+
+    // A file as the lines name it.
+    json::object fileObject(const std::string& name) const {
+        return {{"path", path("help/docCatalog/referenceapi/" + name)}, {"entry", ""}};
+    }
 };
 
-TEST_F(ExplainProductTest, TellsOfEachRecordWhereItComesFromAndWhatItReplaced) {
+TEST_F(ExplainProductTest, ShowsTheOriginOfEachRecordAndWhatItReplaced) {
     EXPECT_EQ(explain({"Orchard", "--lang", "de"}), (Outcome{0, R"(Orchard
 =======
 documentation language: de
@@ -111,7 +116,7 @@ Section orchard
                                                              ""}));
 }
 
-TEST_F(ExplainProductTest, WithAnHrefTellsOfItAlone) {
+TEST_F(ExplainProductTest, ShowsOnlyTheGivenHref) {
     EXPECT_EQ(explain({"Orchard", "prune.html"}), (Outcome{0, R"(Orchard, prune.html
 ===================
 documentation language: en
@@ -132,7 +137,7 @@ Section orchard
                                                            ""}));
 }
 
-TEST_F(ExplainProductTest, AnItemThatWasDroppedEverywhereIsNotFoundButExplained) {
+TEST_F(ExplainProductTest, ExplainsDroppedItemsThatAreNotFound) {
     const Outcome outcome = explain({"Orchard", "late.html"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "refdoc: no item \"late.html\" in \"Orchard\"; see refdoc show "
@@ -141,7 +146,7 @@ TEST_F(ExplainProductTest, AnItemThatWasDroppedEverywhereIsNotFoundButExplained)
                                    HasSubstr("key-taken"), Not(HasSubstr("from "))));
 }
 
-TEST_F(ExplainProductTest, AnUnknownItemIsAComplaintWithNearOnes) {
+TEST_F(ExplainProductTest, SuggestsSimilarHrefs) {
     const Outcome outcome = explain({"Orchard", "prun.html"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
@@ -149,7 +154,7 @@ TEST_F(ExplainProductTest, AnUnknownItemIsAComplaintWithNearOnes) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("Section")));
 }
 
-TEST_F(ExplainProductTest, AMalformedFileIsToldWithItsReasonAndPlace) {
+TEST_F(ExplainProductTest, ShowsTheErrorInAMalformedFileAndItsPosition) {
     addResource("Cellar", "{\n \"productName\": 1}");
     EXPECT_EQ(explain({"Cellar"}).out, R"(Cellar
 ======
@@ -164,7 +169,7 @@ Files considered
     EXPECT_EQ(explain({"Cellar"}).status, 1);
 }
 
-TEST_F(ExplainProductTest, AnUnknownProductIsAComplaintWithNearOnes) {
+TEST_F(ExplainProductTest, SuggestsSimilarProducts) {
     const Outcome outcome = explain({"Orchad"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, AllOf(HasSubstr("refdoc: no resources for \"Orchad\"; tried "),
@@ -172,7 +177,7 @@ TEST_F(ExplainProductTest, AnUnknownProductIsAComplaintWithNearOnes) {
     EXPECT_THAT(outcome.out, HasSubstr("  missing   ROOT/referenceapi/Orchad.json\n"));
 }
 
-TEST_F(ExplainProductTest, TheSupportPackagesAreTriedWhenTheRootHasNothingOfUse) {
+TEST_F(ExplainProductTest, TriesSupportPackagesAfterTheReferenceRoot) {
     addManifest(R"({"supportPackageRoot": "packages"})");
     add("packages/help/docCatalog/referenceapi/Kit.json",
         section("kit", R"({"href": "a.html", "refpurpose": "b"})"));
@@ -182,7 +187,7 @@ TEST_F(ExplainProductTest, TheSupportPackagesAreTriedWhenTheRootHasNothingOfUse)
     EXPECT_EQ(printed.at_pointer("/sections/0/header/file"), 1);
 }
 
-TEST_F(ExplainProductTest, TheDocumentHasTheSameForPrograms) {
+TEST_F(ExplainProductTest, DocumentHasTheContentOfTheText) {
     const json::value printed = explainDocument({"Orchard", "graft.html", "--lang", "de"});
     EXPECT_EQ(json::serialize(printed.at("sections")),
               json::serialize(document(R"([{"key": "orchard",
@@ -210,13 +215,40 @@ TEST_F(ExplainProductTest, TheDocumentHasTheSameForPrograms) {
     EXPECT_EQ(printed.at("language"), "de");
 }
 
-TEST_F(ExplainProductTest, TheDocumentIsOneLineWhereLinesAreAskedFor) {
-    const Outcome line = explain({"Orchard", "--jsonl"});
-    EXPECT_EQ(std::ranges::count(line.out, '\n'), 1);
-    EXPECT_EQ(document(line.out), explainDocument({"Orchard"}));
+TEST_F(ExplainProductTest, LinesNameTheFileOfEachRecordAndOfItsWinner) {
+    const auto record = [&](const char* file, const char* pointer, const char* purpose,
+                            json::value place) {
+        return json::object{{"section", "orchard"},  {"language", "de"},
+                            {"key", "graft.html"},   {"href", "graft.html"},
+                            {"refPurpose", purpose}, {"file", fileObject(file)},
+                            {"pointer", pointer},    {"place", std::move(place)}};
+    };
+    json::object kept = record("Orchard_de.json", "/refItems/0", "Veredeln",
+                               {{"offset", 108}, {"line", 4}, {"column", 3}});
+    kept["rule"] = nullptr;
+    kept["winner"] = nullptr;
+    json::object first = record("Orchard.json", "/refItems/0", "Join trees",
+                                {{"offset", 108}, {"line", 4}, {"column", 3}});
+    json::object second = record("Orchard.json", "/refItems/2", "Join trees again",
+                                 {{"offset", 214}, {"line", 6}, {"column", 3}});
+    for (json::object* lost : {&first, &second}) {
+        (*lost)["rule"] = "replaced";
+        (*lost)["winner"] = fileObject("Orchard_de.json");
+    }
+    EXPECT_EQ(run({"explain", "Orchard", "graft.html", "--lang", "de", "--jsonl"}),
+              (Outcome{0,
+                       json::serialize(kept) + "\n" + json::serialize(first) + "\n" +
+                           json::serialize(second) + "\n",
+                       ""}));
 }
 
-TEST_F(ExplainProductTest, EveryDocumentIsValid) {
+TEST_F(ExplainProductTest, PrintsNoLineForAnUnknownItem) {
+    const Outcome outcome = run({"explain", "Orchard", "prun.html", "--jsonl"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+}
+
+TEST_F(ExplainProductTest, DocumentsAreValid) {
     addResource("Cellar", "{\n \"productName\": 1}");
     explainDocument({"Orchard"});
     explainDocument({"Cellar"}, 1);
@@ -246,7 +278,7 @@ protected:
     }
 };
 
-TEST_F(ExplainNameTest, TellsWhichRecordsAMergeAddedAndWhichItDroppedAndWhy) {
+TEST_F(ExplainNameTest, ShowsWhichRecordsAMergeAddedAndDropped) {
     addLookup("Orchard", lookup({"a.html", "b.html"}));
     EXPECT_EQ(explain({"--name", "graft"}), (Outcome{0, R"(graft
 =====
@@ -276,7 +308,7 @@ Section orchard
                                                      ""}));
 }
 
-TEST_F(ExplainNameTest, ARecordIsDroppedWhereTheNameHasNoFewerAlready) {
+TEST_F(ExplainNameTest, ShowsRecordsThatAreDroppedByTheirNumber) {
     addLookup("Orchard", lookup({"b.html"}));
     EXPECT_THAT(explain({"--name", "graft"}).out, HasSubstr(R"(
     dropped   ROOT/referenceapi_lookup/Orchard.json:2:1
@@ -286,7 +318,7 @@ TEST_F(ExplainNameTest, ARecordIsDroppedWhereTheNameHasNoFewerAlready) {
 )"));
 }
 
-TEST_F(ExplainNameTest, ATranslationGoesOverWhatWasThere) {
+TEST_F(ExplainNameTest, ShowsWhatATranslationReplaced) {
     addLookup("Orchard_de", lookup({"a.html"}));
     const json::value printed = explainDocument({"--name", "graft", "--lang", "de"});
     const json::value& section = printed.at_pointer("/sections/0");
@@ -302,7 +334,7 @@ TEST_F(ExplainNameTest, ATranslationGoesOverWhatWasThere) {
     EXPECT_EQ(section.at_pointer("/droppedHeaders/0/rule"), "overlay");
 }
 
-TEST_F(ExplainNameTest, OfEntriesOfOneNameEachHasItsOwnPlace) {
+TEST_F(ExplainNameTest, DistinguishesEntriesWithEqualNames) {
     add("help/docCatalog/referenceapi_lookup/Estate.zip",
         ZipBytes{
             .entries = {{.name = "Orchard.json", .content = lookup({"a.html"})},
@@ -314,7 +346,7 @@ TEST_F(ExplainNameTest, OfEntriesOfOneNameEachHasItsOwnPlace) {
                       HasSubstr("Orchard.json:5:1\n              c.html: Join\n")));
 }
 
-TEST_F(ExplainNameTest, AnUnknownNameIsAComplaintWithNearOnesAndTheFilesThatCouldNotBeUsed) {
+TEST_F(ExplainNameTest, SuggestsSimilarNamesAndShowsUnusableFiles) {
     addLookup("Broken", "{\"productName\": }");
     const Outcome outcome = explain({"--name", "grapt"});
     EXPECT_EQ(outcome, (Outcome{1, R"(grapt
@@ -330,20 +362,20 @@ Files considered
                                 "\"graft\"?\n"}));
 }
 
-TEST_F(ExplainNameTest, APackageThatCannotBeUsedIsToldWhateverTheName) {
+TEST_F(ExplainNameTest, AlwaysShowsUnusablePackages) {
     add("help/docCatalog/referenceapi_lookup/Broken.zip", "no zip");
     const Outcome outcome = explain({"--name", "graft"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr("  unreadable ROOT/referenceapi_lookup/Broken.zip\n"));
 }
 
-TEST_F(ExplainNameTest, WhatLostIsColoured) {
+TEST_F(ExplainNameTest, ColorsDroppedRecords) {
     addLookup("Orchard", lookup({"a.html"}));
     EXPECT_THAT(explain({"--name", "graft", "--color", "always"}).out,
                 HasSubstr("\x1b[33mdropped  \x1b[0m ROOT/"));
 }
 
-TEST_F(ExplainNameTest, EveryDocumentIsValid) {
+TEST_F(ExplainNameTest, DocumentsAreValid) {
     addLookup("Orchard", lookup({"a.html", "b.html"}));
     addLookup("Broken", "{");
     explainDocument({"--name", "graft"});
@@ -351,19 +383,19 @@ TEST_F(ExplainNameTest, EveryDocumentIsValid) {
     explainDocument({"--name", "nothing"}, 1);
 }
 
-TEST_F(ExplainNameTest, WhatIsNotInstalledIsMarked) {
+TEST_F(ExplainNameTest, MarksSectionsThatAreNotInstalled) {
     EXPECT_THAT(explain({"--name", "graft", "--installed", ""}).out,
                 HasSubstr("Section orchard, not installed\n"));
 }
 
 class EmptyExplainTest : public ExplainTest {};
 
-TEST_F(EmptyExplainTest, SaysThatThereAreNoFiles) {
+TEST_F(EmptyExplainTest, SaysNoneIfThereAreNoFiles) {
     EXPECT_EQ(explain({"--name", "graft"}).out,
               "graft\n=====\ndocumentation language: en\n\nFiles considered\n  none\n");
 }
 
-TEST_F(EmptyExplainTest, ControlCharactersOfNamesAndPathsStayVisible) {
+TEST_F(EmptyExplainTest, MakesControlCharactersVisible) {
     addResource("Odd", section("odd\\u001b", R"({"href": "a\u0007", "refpurpose": "b\u001b"})"));
     const std::string out = explain({"Odd"}).out;
     EXPECT_THAT(out, AllOf(HasSubstr("Section odd␛"), HasSubstr("a␇"), HasSubstr("b␛")));

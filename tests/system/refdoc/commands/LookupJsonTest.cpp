@@ -60,7 +60,7 @@ TEST_F(LookupJsonTest, PrintsTheWholeIndex) {
     expectDocument(outcome.out, orchard(std::string(kGraft) + ", " + kPrune), kCellar);
 }
 
-TEST_F(LookupJsonTest, WithNamesKeepsOnlyThemAndTheirSections) {
+TEST_F(LookupJsonTest, PrintsOnlyTheGivenNamesAndTheirSections) {
     const Outcome one = run({"--json", "lookup", "graft"});
     EXPECT_EQ(one.status, 0);
     expectDocument(one.out, orchard(kGraft), "");
@@ -69,7 +69,7 @@ TEST_F(LookupJsonTest, WithNamesKeepsOnlyThemAndTheirSections) {
     expectDocument(both.out, orchard(kPrune), kCellar);
 }
 
-TEST_F(LookupJsonTest, UnknownNamesAreStatus1WithOneDocument) {
+TEST_F(LookupJsonTest, OmitsUnknownNamesAndReturns1) {
     const Outcome some = run({"--json", "lookup", "graft", "pres"});
     EXPECT_EQ(some.status, 1);
     EXPECT_EQ(some.err, "refdoc: no entry \"pres\" in the lookup index; did you mean \"press\"?\n");

@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(LookupTextTest, PrintsOneAlignedLineARecordInstalledSectionsFirst) {
+TEST_F(LookupTextTest, PrintsOneAlignedLinePerRecordInstalledSectionsFirst) {
     EXPECT_EQ(run({"lookup"}), (Outcome{0, R"(The kit  kit
   接続   function       Connect     Orchard
 
@@ -39,7 +39,7 @@ cellar name  cellar  not installed
                                         ""}));
 }
 
-TEST_F(LookupTextTest, WithNamesKeepsOnlyThemAndShowsTheirLinks) {
+TEST_F(LookupTextTest, NamesSelectRecordsAndShowTheirLinks) {
     EXPECT_EQ(run({"lookup", "press", "graft"}), (Outcome{0, R"(orchard name  orchard
   graft  static method  Join trees  Orchard  graft.html
   graft  class          All of it   Orchard  grafting.html  deprecated
@@ -50,7 +50,7 @@ cellar name  cellar  not installed
                                                           ""}));
 }
 
-TEST_F(LookupTextTest, EachUnknownNameIsALineWithNearNames) {
+TEST_F(LookupTextTest, EachUnknownNameIsAComplaintWithNearNames) {
     const Outcome outcome = run({"lookup", "prun", "press", "Graft", "zzz", "prun"});
     EXPECT_EQ(outcome,
               (Outcome{1,
@@ -64,7 +64,7 @@ TEST_F(LookupTextTest, EachUnknownNameIsALineWithNearNames) {
                        "refdoc: no entry \"zzz\" in the lookup index; see refdoc lookup\n"}));
 }
 
-TEST_F(LookupTextTest, AtMostThreeNearNamesAreGivenTheNearestFirst) {
+TEST_F(LookupTextTest, SuggestsAtMostThreeNamesNearestFirst) {
     addLookup("More", section("more", R"({"name": "prunes", "href": "a", "refpurpose": "b"},
                                          {"name": "pruner", "href": "a", "refpurpose": "b"},
                                          {"name": "prunet", "href": "a", "refpurpose": "b"},
@@ -74,7 +74,7 @@ TEST_F(LookupTextTest, AtMostThreeNearNamesAreGivenTheNearestFirst) {
               "or \"prunes\"?\n");
 }
 
-TEST_F(LookupTextTest, ARecordStaysOnItsLineWhateverItsTextsHold) {
+TEST_F(LookupTextTest, RecordStaysOnOneLine) {
     addLookup("Odd", section("odd", R"({"name": "odd\u001b", "href": "a",
                                         "refpurpose": "one\ntwo\u0007"})"));
     EXPECT_EQ(run({"lookup", "odd\x1b"}).out,
@@ -91,7 +91,7 @@ TEST_F(EmptyIndexTest, IsStatus0WithANote) {
                                             "; --install or --root names another folder\n"}));
 }
 
-TEST_F(EmptyIndexTest, IsStatus0InJsonToo) {
+TEST_F(EmptyIndexTest, JsonIsStatus0) {
     EXPECT_EQ(run({"lookup", "--json"}),
               (Outcome{0, "{\n  \"installed\": {},\n  \"notInstalled\": {}\n}\n", ""}));
 }

@@ -1,55 +1,24 @@
+#include "tests/support/Schema.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 #include "tests/system/refdoc/commands/FullProduct.hpp"
 
-#include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
-#include <valijson/adapters/boost_json_adapter.hpp>
-#include <valijson/schema.hpp>
-#include <valijson/schema_parser.hpp>
-#include <valijson/validator.hpp>
 
 #include <algorithm>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <sstream>
 
 namespace refdoc_tests {
 namespace {
 
 namespace json = boost::json;
+using docparser_tests::Schema;
 using testing::HasSubstr;
 using testing::SizeIs;
 
 using Arguments = std::vector<std::string>;
 
-// One definition of the published schema, "show" or "lookupLine", say.
-class OutputSchema {
-public:
-    explicit OutputSchema(const std::string& definition) {
-        std::ifstream stream(OUTPUT_SCHEMA, std::ios::binary);
-        json::value text = json::parse(std::string{std::istreambuf_iterator<char>(stream), {}});
-        text.as_object()["oneOf"] = json::array{{{"$ref", "#/definitions/" + definition}}};
-        valijson::SchemaParser(valijson::SchemaParser::kDraft7)
-            .populateSchema(valijson::adapters::BoostJsonAdapter(text), schema_);
-    }
-
-    bool accepts(const json::value& document) const {
-        valijson::Validator validator;
-        return validator.validate(schema_, valijson::adapters::BoostJsonAdapter(document), nullptr);
-    }
-
-private:
-    valijson::Schema schema_;
-};
-
-std::vector<json::value> linesOf(const std::string& text) {
-    std::vector<json::value> documents;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);)
-        documents.push_back(document(line));
-    return documents;
-}
+constexpr const char* kOutput = "refdoc-output.schema.json";
+constexpr const char* kExplain = "refdoc-explain.schema.json";
 
 // What the program prints for the samples.
 std::string sampleOutput(Arguments arguments) {
@@ -59,48 +28,66 @@ std::string sampleOutput(Arguments arguments) {
     return outcome.out;
 }
 
-// What is asked of the samples, and the definition that the answer has.
-const std::vector<std::pair<std::string, Arguments>> kCommands{
-    {"show", {"show", "Orchard"}},   {"show", {"show", "Cellar"}},
-    {"show", {"show", "HiveScale"}}, {"show", {"show", "Orchard", "ref/smooth.html"}},
-    {"lookup", {"lookup"}},          {"lookup", {"lookup", "smooth", "hivescale"}},
-    {"products", {"products"}}};
+// A command line, and the definition in a schema that its output has with --json. With --jsonl, its
+// lines have the definition with "Line" after its name.
+struct SampleCommand {
+    const char* schema;
+    std::string definition;
+    Arguments arguments;
+};
 
-TEST(OutputSchemaTest, EveryDocumentOfTheSamplesIsValidInEveryLanguage) {
-    for (const auto& [definition, command] : kCommands) {
-        const OutputSchema schema(definition);
+const std::vector<SampleCommand> kCommands{
+    {kOutput, "show", {"show", "Orchard"}},
+    {kOutput, "show", {"show", "Cellar"}},
+    {kOutput, "show", {"show", "HiveScale"}},
+    {kOutput, "show", {"show", "Orchard", "ref/smooth.html"}},
+    {kOutput, "lookup", {"lookup"}},
+    {kOutput, "lookup", {"lookup", "smooth", "hivescale"}},
+    {kOutput, "products", {"products"}},
+    {kExplain, "explain", {"explain", "Orchard"}},
+    {kExplain, "explain", {"explain", "Orchard", "ref/smooth.html"}},
+    {kExplain, "explain", {"explain", "--name", "smooth"}}};
+
+// Calls use(output, its command) with the output of each command in several languages.
+void forEachSampleOutput(const char* format,
+                         const std::function<void(const std::string&, const SampleCommand&)>& use) {
+    for (const SampleCommand& command : kCommands) {
         for (const char* language : {"en", "de", "ja", "fr", ""}) {
-            Arguments arguments{"--json", "--lang", language};
-            arguments.insert(arguments.end(), command.begin(), command.end());
-            EXPECT_TRUE(schema.accepts(document(sampleOutput(arguments))))
-                << testing::PrintToString(arguments);
+            SCOPED_TRACE(language + testing::PrintToString(command.arguments));
+            Arguments arguments{format, "--lang", language};
+            arguments.insert(arguments.end(), command.arguments.begin(), command.arguments.end());
+            use(sampleOutput(arguments), command);
         }
     }
 }
 
-TEST(OutputSchemaTest, EveryLineOfTheSamplesIsValidInEveryLanguage) {
-    for (const auto& [definition, command] : kCommands) {
-        const OutputSchema schema(definition + "Line");
-        for (const char* language : {"en", "de", "ja", "fr", ""}) {
-            Arguments arguments{"--jsonl", "--lang", language};
-            arguments.insert(arguments.end(), command.begin(), command.end());
-            const std::vector<json::value> lines = linesOf(sampleOutput(arguments));
-            EXPECT_FALSE(lines.empty());
-            for (const json::value& line : lines)
-                EXPECT_TRUE(schema.accepts(line)) << json::serialize(line);
-        }
-    }
+TEST(OutputSchemaTest, DocumentsOfTheSamplesAreValidInEveryLanguage) {
+    forEachSampleOutput("--json", [](const std::string& output, const SampleCommand& command) {
+        const Schema schema(command.schema, command.definition);
+        EXPECT_EQ(schema.problemsOf(document(output)), "");
+    });
 }
 
-TEST(OutputSchemaTest, AnswersWithoutFindingsAreValid) {
-    EXPECT_TRUE(OutputSchema("show").accepts(document(sampleOutput({"--json", "show", "None"}))));
-    EXPECT_TRUE(
-        OutputSchema("lookup").accepts(document(sampleOutput({"--json", "lookup", "none"}))));
+TEST(OutputSchemaTest, LinesOfTheSamplesAreValidInEveryLanguage) {
+    forEachSampleOutput("--jsonl", [](const std::string& output, const SampleCommand& command) {
+        const Schema schema(command.schema, command.definition + "Line");
+        const std::vector<json::value> lines = documents(output);
+        EXPECT_FALSE(lines.empty());
+        for (const json::value& line : lines)
+            EXPECT_EQ(schema.problemsOf(line), "") << json::serialize(line);
+    });
 }
 
-// Calls use(changed document) for the document without each of its members in turn, and with a
-// member more in each of its objects. Objects whose members have names of their own are passed
-// over.
+TEST(OutputSchemaTest, EmptyDocumentsAreValid) {
+    EXPECT_EQ(Schema(kOutput, "show").problemsOf(document(sampleOutput({"--json", "show", "X"}))),
+              "");
+    EXPECT_EQ(
+        Schema(kOutput, "lookup").problemsOf(document(sampleOutput({"--json", "lookup", "x"}))),
+        "");
+}
+
+// Calls use() with the document damaged in each possible way: one member removed from one of its
+// objects, or one added to it.
 void forEachDamage(const json::value& whole, const std::function<void(const json::value&)>& use) {
     json::value copy = whole;
     const std::function<void(json::value&)> walk = [&](json::value& value) {
@@ -126,19 +113,20 @@ void forEachDamage(const json::value& whole, const std::function<void(const json
 
 class OutputSchemaFolderTest : public RefdocTest {};
 
-TEST_F(OutputSchemaFolderTest, RefusesALineOfWhichAnythingIsMissingOrAdded) {
+TEST_F(OutputSchemaFolderTest, RejectsMissingAndAdditionalMembers) {
     addResource("Orchard", kFullProduct);
     addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
-    for (const auto& [definition, command] :
-         {std::pair<const char*, Arguments>{"showLine", {"--jsonl", "show", "Orchard"}},
-          {"lookupLine", {"--jsonl", "lookup"}},
-          {"productsLine", {"--jsonl", "products"}},
-          {"products", {"--json", "products"}}}) {
-        const OutputSchema schema(definition);
-        const std::string out = run(command).out;
+    for (const auto& [file, definition, arguments] :
+         {SampleCommand{kOutput, "showLine", {"--jsonl", "show", "Orchard"}},
+          {kOutput, "lookupLine", {"--jsonl", "lookup"}},
+          {kOutput, "productsLine", {"--jsonl", "products"}},
+          {kOutput, "products", {"--json", "products"}},
+          {kExplain, "explainLine", {"--jsonl", "explain", "Orchard"}}}) {
+        const Schema schema(file, definition);
+        const std::string output = run(arguments).out;
         const json::value whole =
-            definition == std::string("products") ? document(out) : linesOf(out).front();
-        ASSERT_TRUE(schema.accepts(whole));
+            arguments.front() == "--json" ? document(output) : documents(output).front();
+        ASSERT_EQ(schema.problemsOf(whole), "");
         int damages = 0;
         forEachDamage(whole, [&](const json::value& damaged) {
             ++damages;
@@ -148,46 +136,48 @@ TEST_F(OutputSchemaFolderTest, RefusesALineOfWhichAnythingIsMissingOrAdded) {
     }
 }
 
-TEST_F(OutputSchemaFolderTest, AnyDocumentHasExactlyOneMeaning) {
+TEST_F(OutputSchemaFolderTest, EachDocumentMatchesOneDefinitionOnly) {
     addResource("Orchard", kFullProduct);
     const json::value shown = document(run({"--json", "show", "Orchard"}).out);
-    EXPECT_TRUE(OutputSchema("show").accepts(shown));
+    EXPECT_TRUE(Schema(kOutput).accepts(shown));
+    EXPECT_TRUE(Schema(kOutput, "show").accepts(shown));
     for (const char* other : {"lookup", "products", "showLine", "lookupLine", "productsLine"})
-        EXPECT_FALSE(OutputSchema(other).accepts(shown)) << other;
+        EXPECT_FALSE(Schema(kOutput, other).accepts(shown)) << other;
 }
 
 class JsonLinesTest : public RefdocTest {};
 
-TEST_F(JsonLinesTest, EachRecordOfTheIndexIsALineWithWhereItComesFrom) {
+TEST_F(JsonLinesTest, PrintsEachRecordOfTheIndexWithItsSection) {
     addLookup("P", section("p", R"({"name": "graft", "href": "a.html", "refpurpose": "Join",
                                     "deprecated": true},
                                    {"name": "graft", "href": "b.html", "refpurpose": "Join"})"));
     addLookup("Q", section("q", R"({"name": "prune", "href": "c.html", "refpurpose": "Cut"})"));
+    const auto record = [](const char* name, const char* purpose, bool isDeprecated,
+                           const char* href) {
+        return json::serialize(json::object{{"name", name},
+                                            {"entityType", "function"},
+                                            {"refPurpose", purpose},
+                                            {"deprecated", isDeprecated},
+                                            {"href", href},
+                                            {"functionType", "function"}});
+    };
+    const std::string inQ =
+        R"({"product":"Q","section":"q","language":"de","installed":true,"record":)";
+    const std::string inP =
+        R"({"product":"P","section":"p","language":"de","installed":false,"record":)";
     EXPECT_EQ(run({"--jsonl", "--installed", "q", "--lang", "de", "lookup"}),
               (Outcome{0,
-                       R"({"product": "Q", "section": "q", "language": "de", "installed": true, )"
-                       R"("record": {"name": "prune", "entityType": "function", )"
-                       R"("refPurpose": "Cut", "deprecated": false, "href": "c.html", )"
-                       R"("functionType": "function"}})"
-                       "\n"
-                       R"({"product": "P", "section": "p", "language": "de", "installed": false, )"
-                       R"("record": {"name": "graft", "entityType": "function", )"
-                       R"("refPurpose": "Join", "deprecated": true, "href": "a.html", )"
-                       R"("functionType": "function"}})"
-                       "\n"
-                       R"({"product": "P", "section": "p", "language": "de", "installed": false, )"
-                       R"("record": {"name": "graft", "entityType": "function", )"
-                       R"("refPurpose": "Join", "deprecated": false, "href": "b.html", )"
-                       R"("functionType": "function"}})"
-                       "\n",
+                       inQ + record("prune", "Cut", false, "c.html") + "}\n" +     //
+                           inP + record("graft", "Join", true, "a.html") + "}\n" + //
+                           inP + record("graft", "Join", false, "b.html") + "}\n",
                        ""}));
 }
 
-TEST_F(JsonLinesTest, TheRecordsAreThoseOfTheDocument) {
+TEST_F(JsonLinesTest, RecordsEqualThoseOfTheDocument) {
     addResource("Orchard", kFullProduct);
     const json::value whole = document(run({"--json", "show", "Orchard"}).out);
     const std::vector<json::value> lines =
-        linesOf(run({"--jsonl", "--installed", "orchard", "show", "Orchard"}).out);
+        documents(run({"--jsonl", "--installed", "orchard", "show", "Orchard"}).out);
     ASSERT_THAT(lines, SizeIs(1));
     EXPECT_EQ(lines[0].at("record"), whole.at_pointer("/resources/orchard/items/graft.html/0"));
     EXPECT_EQ(lines[0].at("product"), "Orchard");
@@ -195,7 +185,7 @@ TEST_F(JsonLinesTest, TheRecordsAreThoseOfTheDocument) {
     EXPECT_EQ(lines[0].at("installed"), true);
 }
 
-TEST_F(JsonLinesTest, NoTextEndsALine) {
+TEST_F(JsonLinesTest, NoStringEndsALine) {
     addLookup("P", section("p", R"({"name": "a", "href": "a.html",
                                     "refpurpose": "\n\r\u0085\u2028\u2029x\ud834\udd1e"})"));
     const std::string out = run({"--jsonl", "lookup"}).out;
@@ -204,30 +194,30 @@ TEST_F(JsonLinesTest, NoTextEndsALine) {
     EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 1);
 }
 
-TEST_F(JsonLinesTest, WhatIsNotFoundIsNoLineAndStatus1) {
+TEST_F(JsonLinesTest, PrintsNothingForWhatIsNotFound) {
     addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
     const Outcome some = run({"--jsonl", "lookup", "a", "zzz"});
     EXPECT_EQ(some.status, 1);
-    EXPECT_THAT(linesOf(some.out), SizeIs(1));
+    EXPECT_THAT(documents(some.out), SizeIs(1));
     const Outcome none = run({"--jsonl", "show", "None"});
     EXPECT_EQ(none.status, 1);
     EXPECT_EQ(none.out, "");
     EXPECT_THAT(none.err, HasSubstr("no resources for \"None\""));
 }
 
-TEST_F(JsonLinesTest, AnEmptyIndexIsNoLineAtAll) {
+TEST_F(JsonLinesTest, PrintsNothingForAnEmptyIndex) {
     EXPECT_EQ(run({"--jsonl", "lookup"}), (Outcome{0, "", ""}));
 }
 
-TEST_F(JsonLinesTest, EachProductFileIsALine) {
+TEST_F(JsonLinesTest, PrintsEachProductFile) {
     addResource("Orchard", section("orchard", ""));
     addResource("Orchard_de", section("orchard", ""));
     add("support/Kit.json", section("kit", ""));
     addLookup("Vine", section("vine", ""));
     std::vector<std::string> found;
     for (const json::value& line :
-         linesOf(run({"--jsonl", "--support-folder", path("support"), "--lang", "de", "products"})
-                     .out)) {
+         documents(run({"--jsonl", "--support-folder", path("support"), "--lang", "de", "products"})
+                       .out)) {
         const json::object& file = line.as_object();
         found.push_back(std::string(file.at("product").as_string().c_str()) + " " +
                         file.at("place").as_string().c_str() + " " +
@@ -238,9 +228,10 @@ TEST_F(JsonLinesTest, EachProductFileIsALine) {
                                               "Kit supportPackages en", "Vine lookup en"));
 }
 
-TEST_F(JsonLinesTest, DoesNotGoWithJson) {
-    EXPECT_EQ(run({"--json", "--jsonl", "lookup"}),
-              (Outcome{2, "", "refdoc: --json excludes --jsonl; see refdoc --help\n"}));
+TEST_F(JsonLinesTest, IsExclusiveWithJson) {
+    EXPECT_EQ(
+        run({"--json", "--jsonl", "lookup"}),
+        (Outcome{2, "", "refdoc: --json and --jsonl cannot be combined; see refdoc --help\n"}));
 }
 
 } // namespace

@@ -31,8 +31,8 @@ protected:
         add("packages/help/docCatalog/referenceapi/Kit_de.json", "");
     }
 
-    // The members of a list of files in the order of their names; the folder has an order of its
-    // own.
+    // Returns the elements of a list of files in the order of their names, because the order of a
+    // folder is arbitrary.
     static std::string sorted(const boost::json::value& files) {
         std::vector<std::string> texts;
         for (const boost::json::value& file : files.as_array())
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(ProductsTest, JsonTellsRootsLanguagesFilesAndInstalledProducts) {
+TEST_F(ProductsTest, JsonListsRootsLanguagesFilesAndInstalledProducts) {
     const Outcome outcome = run({"products", "--json"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -103,7 +103,7 @@ TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
 )");
 }
 
-TEST_F(ProductsTest, TextTellsTheSameInTables) {
+TEST_F(ProductsTest, TextHasTheContentOfTheJsonInTables) {
     const std::string help = path("help");
     const std::string lookup = help + native("/docCatalog/referenceapi_lookup");
     const std::string packages = path("packages/help/docCatalog/referenceapi");
@@ -169,7 +169,7 @@ TEST_F(ProductsTest, TextTellsTheSameInTables) {
                                          "kit\n");
 }
 
-TEST_F(ProductsTest, TextSaysWhatIsNotThere) {
+TEST_F(ProductsTest, TextSaysNoneForEmptyLists) {
     const std::string out =
         runProgram({"--root", "r", "--support-folder", "s", "--installed", "", "products"}).out;
     EXPECT_THAT(out, HasSubstr("Lookup files\n------------\nnone found\n"));
@@ -178,7 +178,7 @@ TEST_F(ProductsTest, TextSaysWhatIsNotThere) {
     EXPECT_THAT(out, HasSubstr("Installed support packages\n--------------------------\nnone\n"));
 }
 
-POSIX_TEST_F(ProductsTest, AFileNameThatIsNoTextIsPrintedAsText) {
+POSIX_TEST_F(ProductsTest, ReplacesInvalidUtf8InFileNames) {
     add("help/docCatalog/referenceapi_lookup/a\xff\x1b.json", "");
     EXPECT_THAT(run({"products"}).out, HasSubstr("a\xef\xbf\xbd␛  "));
     const Outcome json = run({"products", "--json"});

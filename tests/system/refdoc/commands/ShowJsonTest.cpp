@@ -6,7 +6,7 @@
 namespace refdoc_tests {
 namespace {
 
-// The record of kFullProduct; members in the order in which they must stand.
+// The record of kFullProduct, with the members in the expected order.
 constexpr const char* kFullItem = R"json({
   "href": "graft.html",
   "refEntities": [
@@ -50,14 +50,14 @@ constexpr const char* kHeader = R"({"schema": "referenceapi", "schemaVersion": "
   "productName": "Orchard", "baseCode": "OR", "helpFolder": "orchard", "helpLocation": "help/or",
   "product": "Orchard"})";
 
-// Documents are compared as text, which takes the order of members into account.
+// Returns a document as text, because values compare equal whatever the order of their members.
 std::string canonical(const std::string& text) {
     return boost::json::serialize(document(text));
 }
 
 class ShowJsonTest : public RefdocTest {};
 
-TEST_F(ShowJsonTest, PrintsEveryFieldOfTheRecordsInTheirOrder) {
+TEST_F(ShowJsonTest, PrintsAllFieldsInRecordOrder) {
     addResource("Orchard", kFullProduct);
     const Outcome outcome = run({"show", "Orchard", "--json"});
     EXPECT_EQ(outcome.status, 0);
@@ -68,7 +68,7 @@ TEST_F(ShowJsonTest, PrintsEveryFieldOfTheRecordsInTheirOrder) {
                   kHeader + R"(, "items": {"graft.html": [)" + kFullItem + "]}}}}"));
 }
 
-TEST_F(ShowJsonTest, FieldsThatTheFileLacksArePresentAndEmpty) {
+TEST_F(ShowJsonTest, PrintsAbsentFieldsAsEmpty) {
     addResource("P", section("p", R"({"href": "a.html", "refpurpose": "b"})"));
     EXPECT_EQ(run({"show", "P", "--json"}).out, R"({
   "product": "P",
@@ -114,14 +114,14 @@ TEST_F(ShowJsonTest, FieldsThatTheFileLacksArePresentAndEmpty) {
 )");
 }
 
-TEST_F(ShowJsonTest, AMissingProductIsOneDocumentWithoutResources) {
+TEST_F(ShowJsonTest, PrintsNoResourcesForAMissingProduct) {
     const Outcome outcome = run({"--json", "show", "P"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "{\n  \"product\": \"P\",\n  \"resources\": {}\n}\n");
     EXPECT_THAT(outcome.err, testing::StartsWith("refdoc: no resources for \"P\"; tried "));
 }
 
-TEST_F(ShowJsonTest, SectionsWithoutTheHrefsAreLeftOut) {
+TEST_F(ShowJsonTest, OmitsSectionsWithoutTheGivenHrefs) {
     addResource("P", section("p",
                              R"({"href": "a.html", "refpurpose": "one"},
                                 {"href": "b.html", "refpurpose": "two"},
@@ -147,14 +147,14 @@ TEST_F(ShowJsonTest, SectionsWithoutTheHrefsAreLeftOut) {
     EXPECT_EQ(keys({"nothing"}), "");
 }
 
-TEST_F(ShowJsonTest, MissingHrefsAreStatus1WithTheRestOfTheDocument) {
+TEST_F(ShowJsonTest, PrintsTheItemsThatAreFoundAndReturns1) {
     addResource("P", section("p", R"({"href": "a.html", "refpurpose": "b"})"));
     const Outcome whole = run({"--json", "show", "P"});
     EXPECT_EQ(run({"--json", "show", "P", "a.html", "x"}),
               (Outcome{1, whole.out, "refdoc: no item \"x\" in \"P\"; see refdoc show \"P\"\n"}));
 }
 
-TEST_F(ShowJsonTest, TextsAreWellFormedUtf8WhateverTheFileHolds) {
+TEST_F(ShowJsonTest, EscapesControlCharacters) {
     addResource("P", section("p", R"({"href": "a.html",
         "refpurpose": "é 木 🌳 \u0001\u001b\u007f\u009b\"\\\t"})"));
     const Outcome outcome = run({"--json", "show", "P"});
@@ -162,7 +162,7 @@ TEST_F(ShowJsonTest, TextsAreWellFormedUtf8WhateverTheFileHolds) {
                                                 "\\u0001\\u001b\\u007f\\u009b\\\"\\\\\\t\""));
 }
 
-TEST_F(ShowJsonTest, ColorMakesNoDifference) {
+TEST_F(ShowJsonTest, IgnoresColor) {
     addResource("Orchard", kFullProduct);
     EXPECT_EQ(run({"--json", "--color", "always", "show", "Orchard"}),
               run({"--json", "show", "Orchard"}));

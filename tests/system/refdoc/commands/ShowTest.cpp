@@ -39,20 +39,20 @@ TEST_F(ShowTest, PrintsTheProductOfTheReferenceRoot) {
                                                  ""}));
 }
 
-TEST_F(ShowTest, AMissingProductIsOneLineWithTheFoldersAndFilesThatWereTried) {
+TEST_F(ShowTest, NamesTheFoldersAndFilesTriedForAMissingProduct) {
     EXPECT_EQ(run({"show", "Orchard"}), (Outcome{1, "",
                                                  "refdoc: no resources for \"Orchard\"; tried " +
                                                      tried("Orchard.json") + kNoProducts}));
 }
 
-TEST_F(ShowTest, AMissingProductNamesTheLanguageFilesThatWereTried) {
+TEST_F(ShowTest, NamesTheTranslatedFilesTriedForAMissingProduct) {
     EXPECT_EQ(run({"--lang", "de", "show", "Orchard"}),
               (Outcome{1, "",
                        "refdoc: no resources for \"Orchard\"; tried " +
                            tried("Orchard.json, Orchard_de.json") + kNoProducts}));
 }
 
-TEST_F(ShowTest, AMissingProductNamesTheSupportFolderAsItStands) {
+TEST_F(ShowTest, NamesTheSupportFolderAsGiven) {
     EXPECT_EQ(
         run({"--root", "no/root", "--support-folder", "no/support", "show", "P"}),
         (Outcome{
@@ -61,7 +61,7 @@ TEST_F(ShowTest, AMissingProductNamesTheSupportFolderAsItStands) {
                 " (P.json), no/support (P.json); --install or --root names another folder\n"}));
 }
 
-TEST_F(ShowTest, AMalformedFileIsAsGoodAsAMissingOne) {
+TEST_F(ShowTest, TreatsAMalformedFileAsMissing) {
     addResource("Orchard", "{");
     const Outcome outcome = run({"show", "Orchard"});
     EXPECT_EQ(outcome.status, 1);
@@ -77,14 +77,14 @@ TEST_F(ShowTest, FindsAProductInTheSupportPackageFolderOfTheManifest) {
     EXPECT_THAT(outcome.out, HasSubstr("kit name\n"));
 }
 
-TEST_F(ShowTest, FindsAProductInTheSupportFolderAsItStands) {
+TEST_F(ShowTest, FindsAProductInTheGivenSupportFolder) {
     add("anywhere/Kit.json", section("kit", kGraft));
     const Outcome outcome = run({"--support-folder", path("anywhere"), "show", "Kit"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr("kit name\n"));
 }
 
-TEST_F(ShowTest, TheReferenceRootComesBeforeTheSupportFolder) {
+TEST_F(ShowTest, SearchesTheReferenceRootBeforeTheSupportFolder) {
     addResource("Kit", section("fromroot", kGraft));
     add("anywhere/Kit.json", section("fromsupport", kGraft));
     const Outcome outcome = run({"--support-folder", path("anywhere"), "show", "Kit"});
@@ -92,7 +92,7 @@ TEST_F(ShowTest, TheReferenceRootComesBeforeTheSupportFolder) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("fromsupport")));
 }
 
-TEST_F(ShowTest, RootTakesThePlaceOfTheHelpFolder) {
+TEST_F(ShowTest, RootReplacesTheHelpFolder) {
     addResource("Orchard", section("fromhelp", kGraft));
     add("other/docCatalog/referenceapi/Orchard.json", section("fromroot", kGraft));
     const Outcome outcome = run({"--root", path("other"), "show", "Orchard"});
@@ -111,7 +111,7 @@ TEST_F(ShowTest, RelativeFoldersStartAtTheCurrentFolder) {
                 HasSubstr("fromroot name\n"));
 }
 
-TEST_F(ShowTest, WithHrefsOnlyThoseItemsAndTheirSectionsAreShown) {
+TEST_F(ShowTest, PrintsOnlyTheGivenHrefsAndTheirSections) {
     addResource("Orchard",
                 section("orchard", std::string(kGraft) + ", " + kPrune,
                         R"(, "supportPackages": [)" +
@@ -125,7 +125,7 @@ TEST_F(ShowTest, WithHrefsOnlyThoseItemsAndTheirSectionsAreShown) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("kit name")));
 }
 
-TEST_F(ShowTest, EachMissingHrefIsALineAndTheOthersAreShown) {
+TEST_F(ShowTest, ReportsEachMissingHrefAndPrintsTheOthers) {
     addResource("Orchard", section("orchard", kGraft));
     const Outcome outcome = run({"show", "Orchard", "a.html", "graft.html", "b.html", "a.html"});
     EXPECT_EQ(outcome.status, 1);
@@ -135,7 +135,7 @@ TEST_F(ShowTest, EachMissingHrefIsALineAndTheOthersAreShown) {
     EXPECT_THAT(outcome.out, HasSubstr("Join trees"));
 }
 
-TEST_F(ShowTest, NoHrefFoundLeavesNothingToPrint) {
+TEST_F(ShowTest, PrintsNothingIfNoHrefIsFound) {
     addResource("Orchard", section("orchard", kGraft));
     EXPECT_EQ(
         run({"show", "Orchard", "a.html"}),
@@ -143,7 +143,7 @@ TEST_F(ShowTest, NoHrefFoundLeavesNothingToPrint) {
                  "refdoc: no item \"a.html\" in \"Orchard\"; see refdoc show \"Orchard\"\n"}));
 }
 
-TEST_F(ShowTest, AMissingProductIsFollowedByTheProductsThatMayBeMeant) {
+TEST_F(ShowTest, SuggestsSimilarProducts) {
     addResource("Orchard", section("orchard", kGraft));
     add("support/Kit.json", section("kit", kGraft));
     const auto complaint = [&](const char* product) {
@@ -154,7 +154,7 @@ TEST_F(ShowTest, AMissingProductIsFollowedByTheProductsThatMayBeMeant) {
     EXPECT_THAT(complaint("Vineyard"), EndsWith("); see refdoc products\n"));
 }
 
-TEST_F(ShowTest, AMissingHrefIsFollowedByTheLinksThatMayBeMeant) {
+TEST_F(ShowTest, SuggestsSimilarHrefs) {
     addResource("P", section("p", R"({"href": "ref/graft.html#way", "refpurpose": "a",
                                       "refentity": [{"type": "method", "name": "tree.join"}]},
                                      {"href": "ref/prune.html", "refpurpose": "b"},
@@ -169,7 +169,7 @@ TEST_F(ShowTest, AMissingHrefIsFollowedByTheLinksThatMayBeMeant) {
     EXPECT_THAT(complaint("sow.html"), EndsWith("; see refdoc show \"P\"\n"));
 }
 
-TEST_F(ShowTest, AProductWithoutItemsIsFound) {
+TEST_F(ShowTest, FindsAProductWithoutItems) {
     addResource("Orchard", section("orchard", ""));
     const Outcome outcome = run({"show", "Orchard"});
     EXPECT_EQ(outcome.status, 0);

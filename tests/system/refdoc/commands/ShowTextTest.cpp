@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(ShowTextTest, LaysOutEverythingThatAnItemHas) {
+TEST_F(ShowTextTest, LaysOutAllFieldsOfAnItem) {
     addResource("Orchard", kFullProduct);
     EXPECT_EQ(run({"show", "Orchard"}).out, R"(Orchard
 =======
@@ -86,7 +86,7 @@ graft (class, constructor method), join (function)
 )");
 }
 
-TEST_F(ShowTextTest, SectionsAndItemsAreSetApartByEmptyLines) {
+TEST_F(ShowTextTest, EmptyLinesSeparateSectionsAndItems) {
     addResource("P", section("p",
                              R"({"href": "a.html", "refpurpose": "one"},
                                 {"href": "b.html", "refpurpose": "two"})",
@@ -115,7 +115,7 @@ help location  q/help
 )");
 }
 
-TEST_F(ShowTextTest, GroupsWithNothingInThemAreHeadingsAlone) {
+TEST_F(ShowTextTest, EmptyGroupsAreOnlyHeadings) {
     EXPECT_THAT(show(R"({"href": "a", "refpurpose": "b",
                          "syntaxgroup": [{"title": "How", "syntax": []}],
                          "inputgroup": [{"title": "Rest", "inputs": []}],
@@ -123,7 +123,7 @@ TEST_F(ShowTextTest, GroupsWithNothingInThemAreHeadingsAlone) {
                 HasSubstr("  link  a\n\n  Syntax: How\n\n  Inputs: Rest\n\n  Properties: Look\n"));
 }
 
-TEST_F(ShowTextTest, EmptyTextsLeaveNothingButTheHeadings) {
+TEST_F(ShowTextTest, EmptyTextsShowOnlyHeadings) {
     EXPECT_THAT(show(R"({"href": "", "refpurpose": "", "packagename": "", "description": "",
                          "refentity": [{"type": "class", "name": ""}],
                          "outputs": [{"name": "", "purpose": "", "htmlid": ""}],
@@ -179,7 +179,7 @@ TEST_F(ShowTextTest, WideCharactersFillTwoColumns) {
                                "    é     plain                   2\n"));
 }
 
-TEST_F(ShowTextTest, WideTextIsWrappedWithoutSpaces) {
+TEST_F(ShowTextTest, WideTextIsWrappedBetweenCharacters) {
     const std::string out = show(
         R"({"href": "a", "refpurpose": "接木は二本の木をつなぎ、ともに育てる古くからのわざです。"})",
         {.variables = {{"COLUMNS", "40"}}});
@@ -187,7 +187,7 @@ TEST_F(ShowTextTest, WideTextIsWrappedWithoutSpaces) {
                                "  くからのわざです。\n"));
 }
 
-TEST_F(ShowTextTest, NoControlCharacterOfTheTextsReachesTheOutput) {
+TEST_F(ShowTextTest, ControlCharactersNeverReachTheOutput) {
     const std::string evil = R"(\u001b[31mred\u0007\u009b2J\r)";
     const std::string out =
         show(R"({"href": "a", "refpurpose": ")" + evil + R"(", "packagename": ")" + evil +
@@ -203,13 +203,13 @@ TEST_F(ShowTextTest, NoControlCharacterOfTheTextsReachesTheOutput) {
     EXPECT_THAT(out, Not(HasSubstr("\xc2\x9b")));
 }
 
-TEST_F(ShowTextTest, LinesOfADescriptionStayLines) {
+TEST_F(ShowTextTest, DescriptionKeepsItsLines) {
     const std::string out =
         show(R"({"href": "a", "refpurpose": "b", "description": "one\r\n\n  two\tthree"})");
     EXPECT_THAT(out, HasSubstr("\n  one\n\n  two three\n"));
 }
 
-TEST_F(ShowTextTest, ALongNameIsBroken) {
+TEST_F(ShowTextTest, LongNamesAreBroken) {
     const std::string name(300, 'n');
     const std::string out = show(R"({"href": "a", "refpurpose": "b", "outputs": [{"name": ")" +
                                  name + R"(", "purpose": "p", "htmlid": "x"}]})");

@@ -24,27 +24,27 @@ TEST_F(InstalledOptionsTest, WithoutOptionsTheManifestDecides) {
     EXPECT_EQ(installed({}), R"(["orchard","cellar"] ["gauge","kit"])");
 }
 
-TEST_F(InstalledOptionsTest, EitherOptionMakesTestProductsOfBoth) {
+TEST_F(InstalledOptionsTest, EitherOptionReplacesProductsAndPackages) {
     EXPECT_EQ(installed({"--installed", "b,a"}), R"(["b","a"] [])");
     EXPECT_EQ(installed({"--support-packages", "y,x,y"}), R"([] ["x","y"])");
     EXPECT_EQ(installed({"--installed", "a", "--support-packages", "x"}), R"(["a"] ["x"])");
 }
 
-TEST_F(InstalledOptionsTest, AnEmptyListMeansThatNothingIsInstalled) {
+TEST_F(InstalledOptionsTest, EmptyListMeansThatNothingIsInstalled) {
     EXPECT_EQ(installed({"--installed", ""}), "[] []");
     EXPECT_EQ(installed({"--support-packages="}), "[] []");
 }
 
-TEST_F(InstalledOptionsTest, ARepeatedProductIsThereTwice) {
+TEST_F(InstalledOptionsTest, RepeatedProductIsListedTwice) {
     EXPECT_EQ(installed({"--installed", "a,a"}), R"(["a","a"] [])");
 }
 
-TEST_F(InstalledOptionsTest, TheSupportFolderLeavesTestPackagesInPlace) {
+TEST_F(InstalledOptionsTest, SupportFolderKeepsTestPackages) {
     EXPECT_EQ(installed({"--support-packages", "x", "--support-folder", path("s")}), R"([] ["x"])");
     EXPECT_EQ(installed({"--support-folder", path("s"), "--support-packages", "x"}), R"([] ["x"])");
 }
 
-TEST_F(InstalledOptionsTest, LookupSplitsByThem) {
+TEST_F(InstalledOptionsTest, LookupIsSplitByTheInstalledProducts) {
     for (const char* product : {"orchard", "kit", "other"})
         addLookup(product,
                   section(product, R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));

@@ -17,12 +17,11 @@ protected:
     }
 
     static constexpr const char* kManifest = R"({"supportedDocLanguages": ["en", "de", "ja"]})";
-    static constexpr const char* kNote =
-        "refdoc: note: \"fr\" is not among the supported languages "
-        "(en, de, ja); it joins them for this call\n";
+    static constexpr const char* kNote = "refdoc: note: \"fr\" is not a supported language "
+                                         "(en, de, ja); it is added for this call\n";
 };
 
-TEST_F(UnsupportedLanguageTest, IsOneNoteThatListsTheSupportedOnesAndNoFailure) {
+TEST_F(UnsupportedLanguageTest, NoteListsTheSupportedLanguagesAndIsNoFailure) {
     addManifest(kManifest);
     for (const Arguments& command :
          {Arguments{"show", "P"}, {"show", "P", "a.html"}, {"lookup"}, {"products"}}) {
@@ -35,7 +34,7 @@ TEST_F(UnsupportedLanguageTest, IsOneNoteThatListsTheSupportedOnesAndNoFailure) 
     }
 }
 
-TEST_F(UnsupportedLanguageTest, TheNoteComesBeforeTheComplaints) {
+TEST_F(UnsupportedLanguageTest, NotePrecedesTheComplaints) {
     addManifest(kManifest);
     const Outcome outcome = run({"--lang", "fr", "lookup", "zzz"});
     EXPECT_EQ(outcome.status, 1);
@@ -43,26 +42,26 @@ TEST_F(UnsupportedLanguageTest, TheNoteComesBeforeTheComplaints) {
                                                 "see refdoc lookup\n");
 }
 
-TEST_F(UnsupportedLanguageTest, ProgramsGetNoNote) {
+TEST_F(UnsupportedLanguageTest, JsonOutputHasNoNote) {
     addManifest(kManifest);
     EXPECT_THAT(run({"--lang", "fr", "--json", "show", "P"}).err, IsEmpty());
     EXPECT_THAT(run({"--lang", "fr", "--jsonl", "lookup"}).err, IsEmpty());
 }
 
-TEST_F(UnsupportedLanguageTest, WhatIsSupportedOrEnglishIsNotNoted) {
+TEST_F(UnsupportedLanguageTest, SupportedLanguagesAndEnglishGetNoNote) {
     addManifest(kManifest);
     EXPECT_THAT(run({"show", "P"}).err, IsEmpty());
     EXPECT_THAT(run({"--lang", "ja", "show", "P"}).err, IsEmpty());
     EXPECT_THAT(run({"--lang", "en", "--langs", "de", "show", "P"}).err, IsEmpty());
 }
 
-TEST_F(UnsupportedLanguageTest, LangsIsTheListWhereItIsGiven) {
+TEST_F(UnsupportedLanguageTest, LangsReplacesTheListOfTheManifest) {
     EXPECT_EQ(run({"--lang", "fr", "--langs", "en,de,ja", "show", "P"}).err, kNote);
     addManifest(kManifest);
     EXPECT_THAT(run({"--lang", "fr", "--langs", "en,fr", "show", "P"}).err, IsEmpty());
 }
 
-TEST_F(UnsupportedLanguageTest, WithoutAnyListThereIsNothingToBeAmong) {
+TEST_F(UnsupportedLanguageTest, WithoutAListThereIsNoNote) {
     EXPECT_THAT(run({"--lang", "fr", "show", "P"}).err, IsEmpty());
 }
 
@@ -77,7 +76,7 @@ protected:
     }
 };
 
-TEST_F(EnglishFallbackTest, WhatTheTranslationLacksIsMarked) {
+TEST_F(EnglishFallbackTest, RecordsThatTheTranslationLacksAreMarked) {
     addResource("P", section("p", std::string(kGraft) + "," + kPrune));
     addResource("P_de", section("p", kGerman));
     EXPECT_EQ(run({"--lang", "de", "show", "P"}).out, "p name\n"
@@ -98,7 +97,7 @@ TEST_F(EnglishFallbackTest, WhatTheTranslationLacksIsMarked) {
                                                       "  link  prune.html\n");
 }
 
-TEST_F(EnglishFallbackTest, ASectionWithoutTranslationIsMarkedOnce) {
+TEST_F(EnglishFallbackTest, UntranslatedSectionIsMarkedOnce) {
     addResource("P", section("p", kGraft, support(std::string(kGraft) + "," + kPrune)));
     addResource("P_de", section("p", kGerman));
     const std::string out = run({"--lang", "de", "show", "P"}).out;
@@ -107,7 +106,7 @@ TEST_F(EnglishFallbackTest, ASectionWithoutTranslationIsMarkedOnce) {
     EXPECT_THAT(out, Not(HasSubstr("not translated into")));
 }
 
-TEST_F(EnglishFallbackTest, AProductWithoutTranslationIsMarked) {
+TEST_F(EnglishFallbackTest, UntranslatedProductIsMarked) {
     addResource("P", section("p", kGraft));
     const std::string note = "English: nothing of this is translated into \"de\"\n";
     EXPECT_THAT(run({"--lang", "de", "show", "P"}).out, HasSubstr(note));
@@ -115,13 +114,13 @@ TEST_F(EnglishFallbackTest, AProductWithoutTranslationIsMarked) {
     EXPECT_THAT(run({"--lang", "de", "show", "P"}).out, HasSubstr(note));
 }
 
-TEST_F(EnglishFallbackTest, ATranslationThatReadsLikeTheEnglishIsOne) {
+TEST_F(EnglishFallbackTest, TranslationEqualToEnglishIsNotMarked) {
     addResource("P", section("p", kGraft));
     addResource("P_de", section("p", kGraft));
     EXPECT_THAT(run({"--lang", "de", "show", "P"}).out, Not(HasSubstr("English:")));
 }
 
-TEST_F(EnglishFallbackTest, ATranslationThatIsNotUsedIsNone) {
+TEST_F(EnglishFallbackTest, UnusedTranslationIsMarked) {
     addResource("P", section("p", kGraft));
     add("support/P_de.json", section("p", kGerman));
     const std::string out =
@@ -129,14 +128,14 @@ TEST_F(EnglishFallbackTest, ATranslationThatIsNotUsedIsNone) {
     EXPECT_THAT(out, HasSubstr("  English: not translated into \"de\"\n  Join trees\n"));
 }
 
-TEST_F(EnglishFallbackTest, NothingIsMarkedInEnglishOrInWhatTheTranslationAloneHas) {
+TEST_F(EnglishFallbackTest, NeitherEnglishNorRecordsOnlyInTheTranslationAreMarked) {
     addResource("P", section("p", kGraft));
     EXPECT_THAT(run({"show", "P"}).out, Not(HasSubstr("English:")));
     addResource("Q_de", section("q", kGerman));
     EXPECT_THAT(run({"--lang", "de", "show", "Q"}).out, Not(HasSubstr("English:")));
 }
 
-TEST_F(EnglishFallbackTest, TheSecondLookAtTheTranslationIsNotLogged) {
+TEST_F(EnglishFallbackTest, SecondReadOfTheTranslationIsNotLogged) {
     addResource("P", section("p", kGraft));
     addResource("P_de", section("p", kGerman));
     const std::string folder = "[16] Reading file: " + path("help/docCatalog/referenceapi/");
@@ -144,7 +143,7 @@ TEST_F(EnglishFallbackTest, TheSecondLookAtTheTranslationIsNotLogged) {
               folder + "P.json\n" + folder + "P_de.json\n");
 }
 
-TEST_F(EnglishFallbackTest, ProgramsSeeNoMark) {
+TEST_F(EnglishFallbackTest, JsonHasNoMarks) {
     addResource("P", section("p", kGraft));
     EXPECT_THAT(run({"--lang", "de", "--json", "show", "P"}).out, Not(HasSubstr("English")));
     EXPECT_THAT(run({"--lang", "de", "--jsonl", "show", "P"}).out, Not(HasSubstr("English")));

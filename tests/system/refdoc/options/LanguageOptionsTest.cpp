@@ -9,7 +9,7 @@ using testing::HasSubstr;
 
 class LanguageOptionsTest : public RefdocTest {
 protected:
-    // The language and the locale suffixes that the program goes by, as JSON.
+    // The current language and the locale suffixes, as JSON.
     std::string languages(std::vector<std::string> arguments) const {
         arguments.insert(arguments.end(), {"products", "--json"});
         const Outcome outcome = run(arguments);
@@ -30,7 +30,7 @@ protected:
 constexpr const char* kManifest =
     R"({"docLanguage": "de", "supportedDocLanguages": ["en", "de", "ja"]})";
 
-TEST_F(LanguageOptionsTest, WithoutAManifestThereIsEnglishAlone) {
+TEST_F(LanguageOptionsTest, WithoutManifestEnglishIsTheOnlyLanguage) {
     EXPECT_EQ(languages({}), R"("en" [])");
 }
 
@@ -39,13 +39,13 @@ TEST_F(LanguageOptionsTest, WithoutOptionsTheManifestDecides) {
     EXPECT_EQ(languages({}), R"("de" ["_de","_ja"])");
 }
 
-TEST_F(LanguageOptionsTest, LangTakesThePlaceOfTheManifestsLanguage) {
+TEST_F(LanguageOptionsTest, LangReplacesTheLanguageOfTheManifest) {
     addManifest(kManifest);
     EXPECT_EQ(languages({"--lang", "ja"}), R"("ja" ["_de","_ja"])");
     EXPECT_EQ(languages({"--lang", "en"}), R"("en" ["_de","_ja"])");
 }
 
-TEST_F(LanguageOptionsTest, LangJoinsTheSupportedLanguagesWhenItIsNotAmongThem) {
+TEST_F(LanguageOptionsTest, UnsupportedLangJoinsTheSupportedLanguages) {
     addManifest(kManifest);
     EXPECT_EQ(languages({"--lang", "zh_CN"}), R"("zh_CN" ["_de","_ja","_zh_CN"])");
     EXPECT_EQ(languages({"--lang", "fr", "--langs", "en,it"}), R"("fr" ["_it","_fr"])");
@@ -57,14 +57,14 @@ TEST_F(LanguageOptionsTest, LangsAloneKeepsTheLanguageOfTheManifest) {
     EXPECT_EQ(languages({"--langs", "en,fr"}), R"("de" ["_fr"])");
 }
 
-TEST_F(LanguageOptionsTest, LangsMayBeRepeatedNamesOrEmpty) {
+TEST_F(LanguageOptionsTest, LangsMayRepeatLanguagesOrBeEmpty) {
     EXPECT_EQ(languages({"--langs", "ja,en,ja"}), R"("en" ["_ja","_ja"])");
     EXPECT_EQ(languages({"--langs", "de,,ja"}), R"("en" ["_de","_","_ja"])");
     EXPECT_EQ(languages({"--langs", ""}), R"("en" [])");
     EXPECT_EQ(languages({"--langs="}), R"("en" [])");
 }
 
-TEST_F(LanguageOptionsTest, TheEmptyTextIsTheEmptyLanguage) {
+TEST_F(LanguageOptionsTest, EmptyStringIsTheEmptyLanguage) {
     EXPECT_EQ(languages({"--lang", ""}), R"("" ["_"])");
     EXPECT_EQ(languages({"--lang="}), R"("" ["_"])");
 }

@@ -13,7 +13,7 @@ protected:
     }
 };
 
-TEST_F(VerboseTest, WritesTheLibrarysRecordsToStandardError) {
+TEST_F(VerboseTest, WritesLibraryRecordsToStderr) {
     addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
     const Outcome quiet = run({"lookup"});
     EXPECT_EQ(run({"lookup", "--verbose"}),
@@ -21,7 +21,7 @@ TEST_F(VerboseTest, WritesTheLibrarysRecordsToStandardError) {
     EXPECT_EQ(quiet.err, "");
 }
 
-TEST_F(VerboseTest, ShowsThatAProductIsMissingAtBothSeverities) {
+TEST_F(VerboseTest, MissingProductIsLoggedAtBothSeverities) {
     const Outcome outcome = run({"--verbose", "--lang", "de", "show", "P"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "");

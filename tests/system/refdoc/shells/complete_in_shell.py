@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Types at a shell, presses the tab key and compares the words that the line then has.
+"""Types at a shell, presses Tab and compares the words on the line.
 
     complete_in_shell.py SHELL SCRIPT-FOLDER PROGRAM-FOLDER SAMPLES-FOLDER
 
-SHELL is bash, zsh or fish; SCRIPT-FOLDER is the share folder with the completion scripts,
-PROGRAM-FOLDER the one with refdoc.
+SHELL is bash, zsh or fish; SCRIPT-FOLDER has the completion scripts refdoc.bash, refdoc.zsh and
+refdoc.fish, PROGRAM-FOLDER the one with refdoc.
 """
 
 import json
@@ -13,6 +13,7 @@ import pathlib
 import pty
 import select
 import shlex
+import shutil
 import signal
 import sys
 import tempfile
@@ -22,7 +23,7 @@ DEADLINE_IN_SECONDS = 60
 
 
 def cases(samples, home):
-    """What is typed after "refdoc ", and the words after the tab key."""
+    """Pairs of the characters typed after "refdoc " and the words after the Tab key."""
     own = f"{home}/own"
     at = ["--install", samples]
     typed = f"--install {shlex.quote(samples)}"
@@ -42,40 +43,48 @@ def cases(samples, home):
         (f"--install {own} lookup gardens::b", ["--install", own, "lookup", "gardens::bed"]),
         (f"--install {own} lookup it", ["--install", own, "lookup", "it's $HOME"]),
         (f"--install {own}/on", ["--install", f"{own}/only here"]),
+        (f"--install={own}/on", [f"--install={own}/only here"]),
+        (f"check {own}/not", ["check", f"{own}/note.json"]),
+        (f"check --baseline {own}/not", ["check", "--baseline", f"{own}/note.json"]),
+        ("check --werror=miss", ["check", "--werror=missing-key"]),
+        ("check --sar", ["check", "--sarif"]),
+        ("check --ignore missing", ["check", "--ignore", "missing-key"]),
         ("--install ~/own show Orc", ["--install", f"{home}/own", "show", "Orchid"]),
         ("--install /nowhere show O", ["--install", "/nowhere", "show", "O"]),
     ]
 
 
 def make_install_folder(folder):
-    """An install folder with names that a shell could take for something else."""
+    """An install folder with names that contain special characters of shells."""
     lookup = folder / "help/docCatalog/referenceapi_lookup"
     lookup.mkdir(parents=True)
     (folder / "help/docCatalog/referenceapi").mkdir()
     (folder / "help/docCatalog/referenceapi/Orchid.json").write_text("{}")
     (folder / "only here").mkdir()
+    (folder / "note.json").write_text("{}")
     items = [{"name": name, "href": "a.html", "refpurpose": "b"}
              for name in ("gardens::bed", "it's $HOME")]
     header = dict.fromkeys(("productName", "baseCode", "helpFolder", "helpLocation"), "p")
     (lookup / "P.json").write_text(json.dumps(header | {"refItems": items}))
 
 
-def start_up(shell, scripts):
-    """The command that starts the shell and the first line to type at it."""
+def start_up(shell, scripts, folder):
+    """The command that starts the shell, and the first line to type."""
+    script = shlex.quote(f"{scripts}/refdoc.{shell}")
     if shell == "bash":
-        script = scripts / "bash-completion/completions/refdoc"
         return (["bash", "--norc", "--noprofile", "-i"],
-                f"bind 'set enable-bracketed-paste off'; source {shlex.quote(str(script))}")
+                f"bind 'set enable-bracketed-paste off'; source {script}")
     if shell == "zsh":
-        folder = scripts / "zsh/vendor-completions"
+        functions = folder / "functions"
+        functions.mkdir()
+        shutil.copy(scripts / "refdoc.zsh", functions / "_refdoc")
         return (["zsh", "-f", "-i"],
-                f"fpath=({shlex.quote(str(folder))} $fpath); autoload -Uz compinit; compinit -D -u")
-    script = scripts / "fish/vendor_completions.d/refdoc.fish"
-    return ["fish", "--no-config", "-i"], f"source {shlex.quote(str(script))}"
+                f"fpath=({shlex.quote(str(functions))} $fpath); autoload -Uz compinit; compinit -D -u")
+    return ["fish", "--no-config", "-i"], f"source {script}"
 
 
 class Shell:
-    """A shell at a pseudo terminal. `record WORD...` writes its words to a file."""
+    """A shell in a pseudo terminal. `record WORD...` writes its words to a file."""
 
     def __init__(self, command, folder, programs):
         self.words_file = folder / "words"
@@ -115,15 +124,15 @@ class Shell:
 
 def run(shell_name, scripts, programs, samples, folder):
     make_install_folder(folder / "own")
-    command, first_line = start_up(shell_name, scripts)
+    command, first_line = start_up(shell_name, scripts, folder)
     shell = Shell(command, folder, programs)
     shell.type(f"{first_line}; record ready\n")
     shell.recorded_words()
     failures = 0
     for typed, expected in cases(str(samples), str(folder)):
-        # Back to the start of the line, so that the shell shows the words instead of running them.
+        # Typed at the start of the line, `record` receives the words instead of refdoc.
         shell.type(f"refdoc {typed}\t\x01record \n")
-        # Some shells keep the separator that they put after a folder, some take it back.
+        # Only some shells keep the separator that they append to a folder.
         words = [word.rstrip("/") for word in shell.recorded_words()[1:]]
         if words != expected:
             failures += 1

@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(ColorTest, AFileOrAPipeGetsNone) {
+TEST_F(ColorTest, FilesAndPipesGetNoColor) {
     EXPECT_THAT(run({"show", "P"}).out, Not(HasSubstr("\x1b")));
     EXPECT_THAT(run({"show", "P", "--color", "auto"}).out, Not(HasSubstr("\x1b")));
     EXPECT_THAT(run({"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
@@ -38,7 +38,7 @@ TEST_F(ColorTest, AlwaysPaintsTheIndexAndKeepsItAligned) {
               "  \x1b[33ma\x1b[0m  function  b  P  \x1b[33mdeprecated, not installed\x1b[0m\n");
 }
 
-TEST_F(ColorTest, AlwaysStandsAgainstNoColor) {
+TEST_F(ColorTest, AlwaysOverridesNoColor) {
     EXPECT_THAT(run({"show", "P", "--color", "always"}, {.variables = {{"NO_COLOR", "1"}}}).out,
                 HasSubstr("\x1b[1m"));
 }

@@ -5,7 +5,7 @@ namespace {
 
 class FullDiskTest : public RefdocTest {};
 
-TEST_F(FullDiskTest, OutputThatCannotBeWrittenIsAFailure) {
+TEST_F(FullDiskTest, FailsIfOutputCannotBeWritten) {
     addLookup("P", section("p", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
     Surroundings fullDisk;
     fullDisk.output = "/dev/full";

@@ -29,7 +29,7 @@ protected:
     }
 };
 
-TEST_F(PagerTest, LongOutputOnATerminalGoesThroughTheCommandInPager) {
+TEST_F(PagerTest, LongOutputOnATerminalGoesThroughPager) {
     const Outcome outcome = page({"show", "Long"}, {{"PAGER", "sed -e 's/^/| /'"}});
     EXPECT_THAT(outcome.out, HasSubstr("|   line 0\n|   line 1\n"));
     EXPECT_THAT(outcome.out, EndsWith("|   line " + std::to_string(kManyLines - 1) + "\n| \n"));
@@ -37,13 +37,13 @@ TEST_F(PagerTest, LongOutputOnATerminalGoesThroughTheCommandInPager) {
     EXPECT_EQ(outcome.err, "");
 }
 
-TEST_F(PagerTest, OutputThatFitsOnTheTerminalDoesNot) {
+TEST_F(PagerTest, OutputThatFitsTheTerminalIsNotPaged) {
     const std::string out = page({"show", "Short"}, {{"PAGER", "sed -e 's/^/| /'"}}).out;
     EXPECT_THAT(out, HasSubstr("a.html"));
     EXPECT_THAT(out, Not(HasSubstr("| ")));
 }
 
-TEST_F(PagerTest, NeitherDoesWhatIsNotForReading) {
+TEST_F(PagerTest, JsonAndPipesAreNotPaged) {
     const Variables pager{{"PAGER", "echo paged; cat >/dev/null"}};
     EXPECT_THAT(page({"show", "Long"}, pager).out, HasSubstr("paged"));
     for (const std::vector<std::string>& arguments :
@@ -52,13 +52,13 @@ TEST_F(PagerTest, NeitherDoesWhatIsNotForReading) {
     EXPECT_THAT(run({"show", "Long"}, {.variables = pager}).out, Not(HasSubstr("paged")));
 }
 
-TEST_F(PagerTest, AnEmptyPagerOrCatIsNone) {
+TEST_F(PagerTest, EmptyPagerOrCatMeansNoPager) {
     const std::string plain = page({"show", "Long", "--no-pager"}, {}).out;
     for (const char* pager : {"", " ", "cat", " cat "})
         EXPECT_EQ(page({"show", "Long"}, {{"PAGER", pager}}).out, plain) << pager;
 }
 
-TEST_F(PagerTest, APagerThatEndsEarlyIsNoFailure) {
+TEST_F(PagerTest, PagerMayEndEarly) {
     const Outcome outcome = page({"show", "Long"}, {{"PAGER", "head -n 1"}});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
@@ -66,20 +66,20 @@ TEST_F(PagerTest, APagerThatEndsEarlyIsNoFailure) {
     EXPECT_THAT(outcome.out, Not(HasSubstr("line 0")));
 }
 
-TEST_F(PagerTest, APagerThatIsNotThereCostsNoOutput) {
+TEST_F(PagerTest, OutputIsPrintedIfThePagerIsMissing) {
     const Outcome outcome = page({"show", "Long"}, {{"PAGER", "/nowhere/pager"}});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_THAT(outcome.out, HasSubstr("line 0"));
 }
 
-TEST_F(PagerTest, TheStatusIsThatOfTheCommandNotOfThePager) {
+TEST_F(PagerTest, StatusIsThatOfTheCommandNotOfThePager) {
     const Outcome outcome =
         page({"show", "Long", "a.html", "b.html"}, {{"PAGER", "cat >/dev/null; exit 5"}});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.err, StartsWith("refdoc: no item \"b.html\" in \"Long\""));
 }
 
-TEST_F(PagerTest, ThePagerGetsOptionsForLessUnlessThereAreSome) {
+TEST_F(PagerTest, SetsLessOptionsUnlessTheyAreSet) {
     const std::string pager = "echo \"LESS is $LESS\"; cat >/dev/null";
     EXPECT_THAT(page({"show", "Long"}, {{"PAGER", pager}}).out, StartsWith("LESS is FRX\n"));
     EXPECT_THAT(page({"show", "Long"}, {{"PAGER", pager}, {"LESS", "-i"}}).out,

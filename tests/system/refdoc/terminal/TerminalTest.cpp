@@ -20,33 +20,33 @@ protected:
         "not installed\n";
 };
 
-TEST_F(TerminalTest, TextIsWrappedToItsWidth) {
+TEST_F(TerminalTest, WrapsTextToTheWidth) {
     const std::string out = runAtTerminal(50, {"--color", "never", "show", "P"}).out;
     EXPECT_THAT(out, HasSubstr("  Join the scion to the rootstock and wait until\n  it grows\n"));
 }
 
-TEST_F(TerminalTest, LinesOfTheIndexAreCutToItsWidth) {
+TEST_F(TerminalTest, CutsIndexLinesToTheWidth) {
     EXPECT_THAT(runAtTerminal(60, {"--color", "never", "lookup"}).out,
                 HasSubstr("\n  graft  function  Join the scion to the…   P  not installed\n"));
     EXPECT_THAT(runAtTerminal(120, {"--color", "never", "lookup"}).out, HasSubstr(kWholeLine));
 }
 
-TEST_F(TerminalTest, ColumnsOverrulesItsWidth) {
+TEST_F(TerminalTest, ColumnsOverridesTheWidth) {
     EXPECT_THAT(
         runAtTerminal(60, {"--color", "never", "lookup"}, {.variables = {{"COLUMNS", "120"}}}).out,
         HasSubstr(kWholeLine));
 }
 
-TEST_F(TerminalTest, AWidthThatIsNotKnownIs80) {
+TEST_F(TerminalTest, UnknownWidthIs80) {
     EXPECT_THAT(runAtTerminal(0, {"--color", "never", "lookup"}).out,
                 HasSubstr("\n  graft  function  Join the scion to the rootstock and wait u…"));
 }
 
-TEST_F(TerminalTest, AFileGetsTheLinesOfTheIndexWholeWhateverTheWidth) {
+TEST_F(TerminalTest, FilesGetCompleteIndexLines) {
     EXPECT_THAT(run({"lookup"}, {.variables = {{"COLUMNS", "40"}}}).out, HasSubstr(kWholeLine));
 }
 
-TEST_F(TerminalTest, ATerminalGetsColorUnlessTheEnvironmentSaysNo) {
+TEST_F(TerminalTest, TerminalGetsColorUnlessTheEnvironmentDisablesIt) {
     EXPECT_THAT(runAtTerminal(80, {"show", "P"}).out, HasSubstr("\x1b[1m"));
     EXPECT_THAT(runAtTerminal(80, {"show", "P"}, {.variables = {{"NO_COLOR", ""}}}).out,
                 HasSubstr("\x1b[1m"));
@@ -57,7 +57,7 @@ TEST_F(TerminalTest, ATerminalGetsColorUnlessTheEnvironmentSaysNo) {
     EXPECT_THAT(runAtTerminal(80, {"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
 }
 
-TEST_F(TerminalTest, JsonGetsNoneOnATerminal) {
+TEST_F(TerminalTest, JsonHasNoColorOnATerminal) {
     EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
 }
 

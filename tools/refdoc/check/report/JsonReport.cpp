@@ -1,68 +1,98 @@
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/json/ToJson.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
-#include <boost/json/serialize.hpp>
-#include <boost/json/value.hpp>
 
+#include <sstream>
 #include <stdexcept>
+#include <utility>
 
-namespace refdoc::check {
+namespace refdoc {
+
+using check::ReportedFinding;
+using check::ReportedRelation;
+using check::Summary;
+
+namespace {
+
+// Absent if the location is a file as a whole.
+std::optional<std::size_t> coordinate(const check::ReportedLocation& location,
+                                      std::size_t check::TextPlace::*member) {
+    return location.position ? std::optional((*location.position).*member) : std::nullopt;
+}
+
+} // namespace
+
+// The location of a finding, or of something related to it.
+template <class Located>
+inline constexpr auto kLocationFields = std::tuple{
+    Field{"path", [](const Located& at) { return at.location.file->path; }},
+    Field{"entry",
+          [](const Located& at) {
+              const std::string& entry = at.location.file->entry;
+              return entry.empty() ? std::nullopt : std::optional(entry);
+          }},
+    Field{"line",
+          [](const Located& at) { return coordinate(at.location, &check::TextPlace::line); }},
+    Field{"column",
+          [](const Located& at) { return coordinate(at.location, &check::TextPlace::column); }},
+    Field{"pointer", [](const Located& at) { return at.location.pointer; }}};
+
+template <>
+inline constexpr auto kFields<ReportedRelation> = std::tuple_cat(
+    kLocationFields<ReportedRelation>, std::tuple{Field{"message", &ReportedRelation::message}});
+
+template <>
+inline constexpr auto kFields<ReportedFinding> = std::tuple_cat(
+    std::tuple{Field{"rule", [](const ReportedFinding& finding) { return finding.rule->name; }},
+               Field{"severity", &ReportedFinding::severity}},
+    kLocationFields<ReportedFinding>,
+    std::tuple{Field{"message", &ReportedFinding::message},
+               Field{"fingerprint", &ReportedFinding::fingerprint},
+               Field{"related", &ReportedFinding::related}});
+
+template <>
+inline constexpr auto kFields<Summary> =
+    std::tuple{Field{"files", &Summary::files}, Field{"errors", &Summary::errors},
+               Field{"warnings", &Summary::warnings}, Field{"notes", &Summary::notes}};
+
+namespace check {
 
 namespace json = boost::json;
 
 namespace {
 
-// The members that say where something is; null is what is not known.
-json::object spotObject(const ReportedSpot& spot) {
-    json::object object;
-    object["file"] = spot.path;
-    object["entry"] = spot.entry.empty() ? json::value() : json::value(spot.entry);
-    object["line"] = spot.place ? json::value(spot.place->line) : json::value();
-    object["column"] = spot.place ? json::value(spot.place->column) : json::value();
-    object["pointer"] = spot.pointer ? json::value(*spot.pointer) : json::value();
-    return object;
-}
-
-json::object findingObject(const ReportedFinding& finding) {
-    json::object object;
-    object["rule"] = finding.rule->name;
-    object["severity"] = toWord(finding.severity);
-    for (const json::key_value_pair& member : spotObject(finding.spot))
-        object.insert(member);
-    object["message"] = finding.message;
-    object["fingerprint"] = finding.fingerprint;
-    json::array related;
-    for (const ReportedRelation& relation : finding.related) {
-        json::object& element = related.emplace_back(spotObject(relation.spot)).as_object();
-        element["message"] = relation.message;
-    }
-    object["related"] = std::move(related);
-    return object;
-}
-
-std::string textAt(const json::value& value, std::string_view pointer) {
-    return std::string(value.at_pointer(pointer).as_string());
-}
-
 using Fingerprints = std::set<std::string, std::less<>>;
 
-Fingerprints readSarif(const json::value& document) {
-    Fingerprints fingerprints;
-    for (const json::value& run : document.at("runs").as_array()) {
-        for (const json::value& result : run.at("results").as_array())
-            fingerprints.insert(textAt(result, "/partialFingerprints/refdocFinding~1v1"));
-    }
-    return fingerprints;
+void addFingerprint(Fingerprints& fingerprints, const json::value& finding,
+                    std::string_view pointer = "/fingerprint") {
+    fingerprints.emplace(finding.at_pointer(pointer).as_string());
 }
 
 Fingerprints readLines(std::string_view report) {
     Fingerprints fingerprints;
-    for (std::size_t start = 0; start < report.size();) {
-        const std::size_t end = std::min(report.find('\n', start), report.size());
-        const std::string_view line = report.substr(start, end - start);
-        start = end + 1;
-        if (line.find_first_not_of(" \t\r") != line.npos)
-            fingerprints.insert(textAt(json::parse(line), "/fingerprint"));
+    std::istringstream lines{std::string(report)};
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find_first_not_of(" \t\r") != std::string::npos)
+            addFingerprint(fingerprints, json::parse(line));
+    }
+    return fingerprints;
+}
+
+Fingerprints readDocument(const json::object& document) {
+    Fingerprints fingerprints;
+    if (const json::value* findings = document.if_contains("findings")) {
+        for (const json::value& finding : findings->as_array())
+            addFingerprint(fingerprints, finding);
+    } else if (const json::value* runs = document.if_contains("runs")) {
+        for (const json::value& run : runs->as_array()) {
+            for (const json::value& result : run.at("results").as_array())
+                addFingerprint(fingerprints, result, "/partialFingerprints/refdocFinding~1v1");
+        }
+    } else {
+        addFingerprint(fingerprints, document); // one line of --jsonl
     }
     return fingerprints;
 }
@@ -70,22 +100,29 @@ Fingerprints readLines(std::string_view report) {
 } // namespace
 
 std::string jsonReport(const std::vector<ReportedFinding>& findings) {
-    std::string report;
+    json::monotonic_resource pool;
+    json::object document(&pool);
+    document["findings"] = toJson(findings, &pool);
+    document["summary"] = toJson(summarize(findings), &pool);
+    return toIndentedJson(std::move(document));
+}
+
+std::string jsonLinesReport(const std::vector<ReportedFinding>& findings) {
+    std::string lines;
     for (const ReportedFinding& finding : findings)
-        report += json::serialize(findingObject(finding)) + '\n';
-    return report;
+        lines += toJsonLine(toJson(finding));
+    return lines;
 }
 
 std::set<std::string, std::less<>> readFingerprints(std::string_view report) {
     try {
         json::error_code error;
         const json::value document = json::parse(report, error);
-        if (!error && document.as_object().contains("runs"))
-            return readSarif(document);
-        return readLines(report);
-    } catch (const std::exception& error) {
-        throw std::runtime_error(std::string("it is no report of refdoc check: ") + error.what());
+        return error ? readLines(report) : readDocument(document.as_object());
+    } catch (const std::exception&) {
+        throw std::runtime_error("not the output of refdoc check --json, --jsonl or --sarif");
     }
 }
 
-} // namespace refdoc::check
+} // namespace check
+} // namespace refdoc

@@ -10,26 +10,29 @@
 
 namespace refdoc::check {
 
-/// A line for each finding, "file:line:column: severity: message [rule]", what is related to it
-/// indented below it, and a summary at the end.
+/// Returns a line for each finding, "file:line:column: severity: message [rule]", with its related
+/// locations indented below it, and a summary at the end.
 std::string textReport(const std::vector<ReportedFinding>& findings, bool color);
 
-/// JSON Lines: one object a finding, as schema/refdoc_check.schema.json says.
+/// Returns the document of `--json`: the findings and their summary.
 std::string jsonReport(const std::vector<ReportedFinding>& findings);
 
-/// A SARIF 2.1.0 document. Paths are relative to %SRCROOT%.
+/// Returns the lines of `--jsonl`: one for each finding, as in the document.
+std::string jsonLinesReport(const std::vector<ReportedFinding>& findings);
+
+/// Returns a SARIF 2.1.0 document. Paths are relative to %SRCROOT%.
 /// \param base  the folder that %SRCROOT% stands for, absolute
 std::string sarifReport(const std::vector<ReportedFinding>& findings,
                         const std::filesystem::path& base);
 
-/// The fingerprints in a report of the last two kinds.
-/// \throws std::runtime_error  the text is neither
+/// Returns the fingerprints in a report in one of the last three formats.
+/// \throws std::runtime_error  the report has none of these formats
 std::set<std::string, std::less<>> readFingerprints(std::string_view report);
 
-/// The rules, a line each.
+/// Returns a line for each rule.
 std::string ruleList(bool color);
 
-/// What there is to say about a rule.
+/// Returns the summary and the explanation of a rule.
 std::string ruleText(const Rule& rule, bool color);
 
 } // namespace refdoc::check

@@ -1,11 +1,11 @@
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/terminal/Paint.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <set>
 #include <utility>
 
 namespace refdoc::check {
@@ -16,29 +16,25 @@ Paint paintOf(Severity severity) {
     switch (severity) {
     case Severity::Error: return Paint::Alarm;
     case Severity::Warning: return Paint::Caution;
-    case Severity::Note: break;
+    case Severity::Note: return Paint::Dim;
     }
-    return Paint::Dim;
+    return Paint::Plain;
 }
 
 std::string counted(std::size_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
-std::string summaryOf(const std::vector<ReportedFinding>& findings) {
-    if (findings.empty())
-        return "nothing found\n";
-    std::set<std::pair<std::string_view, std::string_view>> files;
-    for (const ReportedFinding& finding : findings)
-        files.emplace(finding.spot.path, finding.spot.entry);
-    std::string summary;
-    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
-        const auto count = static_cast<std::size_t>(
-            std::ranges::count(findings, severity, &ReportedFinding::severity));
+std::string summaryText(const Summary& summary) {
+    std::string text;
+    for (const auto& [count, word] :
+         {std::pair(summary.errors, "error"), std::pair(summary.warnings, "warning"),
+          std::pair(summary.notes, "note")}) {
         if (count > 0)
-            summary += (summary.empty() ? "" : ", ") + counted(count, toWord(severity));
+            text += (text.empty() ? "" : ", ") + counted(count, word);
     }
-    return fmt::format("{} in {}\n", summary, counted(files.size(), "file"));
+    return text.empty() ? "nothing found\n"
+                        : fmt::format("{} in {}\n", text, counted(summary.files, "file"));
 }
 
 } // namespace
@@ -47,25 +43,27 @@ std::string textReport(const std::vector<ReportedFinding>& findings, bool color)
     std::string report;
     for (const ReportedFinding& finding : findings) {
         report += fmt::format(
-            "{}: {}: {} {}\n", painted(finding.spot.text(), Paint::Heading, color),
+            "{}: {}: {} {}\n", painted(finding.location.text(), Paint::Heading, color),
             painted(toWord(finding.severity), paintOf(finding.severity), color), finding.message,
             painted(fmt::format("[{}]", finding.rule->name), Paint::Dim, color));
         for (const ReportedRelation& related : finding.related)
-            report += fmt::format("    {}: {}\n", related.spot.text(), related.message);
+            report += fmt::format("    {}: {}\n", related.location.text(), related.message);
     }
-    return report + summaryOf(findings);
+    return report + summaryText(summarize(findings));
 }
 
 std::string ruleList(bool color) {
     std::size_t width = 0;
-    for (const Rule& rule : rules())
-        width = std::max(width, rule.name.size());
+    for (const Rule* rule : rules())
+        width = std::max(width, rule->name.size());
     std::string list;
-    for (const Rule& rule : rules())
-        list += fmt::format(
-            "{}{:{}}  {}{:{}}  {}\n", painted(rule.name, Paint::Heading, color), "",
-            width - rule.name.size(), painted(toWord(rule.severity), paintOf(rule.severity), color),
-            "", toWord(Severity::Warning).size() - toWord(rule.severity).size(), rule.summary);
+    for (const Rule* rule : rules()) {
+        const std::string_view severity = toWord(rule->severity);
+        list += fmt::format("{}{:{}}  {}{:{}}  {}\n", painted(rule->name, Paint::Heading, color),
+                            "", width - rule->name.size(),
+                            painted(severity, paintOf(rule->severity), color), "",
+                            toWord(Severity::Warning).size() - severity.size(), rule->summary);
+    }
     return list;
 }
 

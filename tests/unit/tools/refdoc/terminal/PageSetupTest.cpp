@@ -13,7 +13,7 @@ constexpr platform::OutputDevice kFile{};
 constexpr platform::OutputDevice kTerminal{.isTerminal = true, .columns = 132};
 constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 
-TEST(PageSetupTest, ColorFollowsTheChoiceThenTheEnvironmentThenTheDevice) {
+TEST(PageSetupTest, ColorDependsOnChoiceThenEnvironmentThenDevice) {
     LayoutEnvironment noColor;
     noColor.noColor = "1";
     LayoutEnvironment emptyNoColor;
@@ -29,7 +29,7 @@ TEST(PageSetupTest, ColorFollowsTheChoiceThenTheEnvironmentThenTheDevice) {
     EXPECT_FALSE(choosePageSetup(ColorChoice::Never, kTerminal, {}).color);
 }
 
-TEST(PageSetupTest, WidthIsColumnsElseTheTerminalsElse80) {
+TEST(PageSetupTest, WidthIsColumnsOrTheTerminalsOr80) {
     const auto widths = [](const platform::OutputDevice& device, const char* columns) {
         LayoutEnvironment environment;
         if (columns)

@@ -7,7 +7,7 @@ namespace {
 
 using refdoc::Progress;
 
-TEST(ProgressTest, IsABarOfWhatIsDone) {
+TEST(ProgressTest, BarShowsTheStepsDone) {
     EXPECT_EQ(Progress::barOf("checking", 1, 3), "checking [##########....................] 1/3");
     EXPECT_EQ(Progress::barOf("checking", 9, 3), "checking [##############################] 3/3");
     EXPECT_EQ(Progress::barOf("checking", 0, 0), "checking [##############################] 0/0");

@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 
 constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 
-TEST(TableTest, AlignsColumnsAndLeavesEmptyOnesOut) {
+TEST(TableTest, AlignsColumnsAndOmitsEmptyOnes) {
     Table table({u"Name", u"Default", u"Purpose"});
     table.addRow({{u"a"}, {u""}, {u"first"}});
     table.addRow({{u"longer"}, {u""}, {u""}});
@@ -35,7 +35,7 @@ TEST(TableTest, CutsCellsToOneLine) {
               (Lines{"name  a long purpose  P"}));
 }
 
-TEST(TableTest, HeadingsTakeNoPartInTheAlignment) {
+TEST(TableTest, HeadingsAreNotAligned) {
     Table table;
     table.addHeading({{u"A rather long heading"}, {u"key"}});
     table.addRow({{u"a"}, {u"b"}});
@@ -45,7 +45,7 @@ TEST(TableTest, HeadingsTakeNoPartInTheAlignment) {
               (Lines{"A rather long heading  key", "  a   b", "", "Next", "  cc  d"}));
 }
 
-TEST(TableTest, PaintTakesNoRoom) {
+TEST(TableTest, PaintHasNoWidth) {
     Table table;
     table.addRow({{u"a", Paint::Alarm}, {u"b"}});
     table.addRow({{u"木", Paint::Caution}, {u"c", Paint::Dim}});
@@ -53,7 +53,7 @@ TEST(TableTest, PaintTakesNoRoom) {
               (Lines{"\x1b[31ma\x1b[0m   b", "\x1b[33m木\x1b[0m  \x1b[2mc\x1b[0m"}));
 }
 
-TEST(TableTest, WithoutRowsThereIsNothing) {
+TEST(TableTest, WithoutRowsNothingIsShown) {
     EXPECT_EQ(Table().layOut(80, Table::Overflow::Wrap, false), Lines());
     EXPECT_EQ(Table({u"Name", u"Purpose"}).layOut(80, Table::Overflow::Wrap, false), Lines());
 }
@@ -63,6 +63,16 @@ TEST(TableTest, RowsMayBeShorterThanTheTitlesOrEmpty) {
     table.addRow({});
     table.addRow({{u"a"}});
     EXPECT_EQ(table.layOut(80, Table::Overflow::Wrap, false), (Lines{"Name", "a"}));
+}
+
+TEST(TableTest, LinesHaveNoTrailingSpaces) {
+    Table table;
+    table.addHeading({{u"Heading"}, {u""}});
+    table.addRow({{u"a"}, {u""}});
+    table.addRow({{u""}, {u"b"}});
+    table.addRow({{u""}, {u""}});
+    EXPECT_EQ(table.layOut(80, Table::Overflow::Wrap, false),
+              (Lines{"Heading", "  a", "     b", ""}));
 }
 
 } // namespace

@@ -1,0 +1,54 @@
+#include "tools/refdoc/cli/ManPage.hpp"
+
+#include "tests/unit/tools/refdoc/cli/Gardener.hpp"
+#include "tools/refdoc/Commands.hpp"
+
+#include <boost/algorithm/string/replace.hpp>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace refdoc_tests {
+namespace {
+
+using namespace refdoc;
+using testing::HasSubstr;
+
+// As the page spells it.
+std::string escaped(std::string_view text) {
+    return boost::algorithm::replace_all_copy(std::string(text), "-", "\\-");
+}
+
+TEST(ManPageTest, HasEveryCommandOptionAndStatusOfTheTable) {
+    const CommandTable& table = commandTable();
+    const std::string page = manPage(table, "1.2.3", "2026-03-01");
+    EXPECT_THAT(page, HasSubstr(".TH REFDOC 1 \"2026-03-01\" \"refdoc 1.2.3\""));
+    for (const CommandEntry& command : table.commands) {
+        EXPECT_THAT(page, HasSubstr("\\fB" + escaped(synopsisOf(command)) + "\\fR\n"));
+        for (const OptionEntry* option : optionsFor(table, &command))
+            EXPECT_THAT(page, HasSubstr("\\fB" + escaped(option->name) + "\\fR"));
+    }
+    for (const std::vector<Remark>* remarks : {&table.exitStatuses, &table.environment})
+        for (const Remark& remark : *remarks)
+            EXPECT_THAT(page, HasSubstr("\n\\fB" + escaped(remark.subject) + "\\fR\n"));
+    for (const Remark& example : table.examples)
+        EXPECT_THAT(page, HasSubstr("\n" + escaped(example.subject) + "\n"));
+}
+
+TEST(ManPageTest, PutsTheArgumentsAndOptionsOfACommandBelowIt) {
+    const std::string page = manPage(kGardener, "1", "2026-03-01");
+    EXPECT_THAT(page, HasSubstr("[\\fIOPTIONS\\fR] \\fBwater\\fR \\fIBED\\fR\n"));
+    EXPECT_THAT(page, HasSubstr("\\fBwater BED\\fR\nWater the beds. In the evening.\n.RS\n"
+                                ".TP\n\\fIBED\\fR\nThe bed.\n"
+                                ".TP\n\\fB\\-\\-can\\fR \\fIFILE\\fR\nThe can.\n"
+                                ".TP\n\\fB\\-\\-gently\\fR\nDo it slowly.\n"
+                                ".TP\n\\fB\\-\\-mix\\fR[=\\fIWHAT\\fR]\n"
+                                "Add something to the water.\n.RE\n"));
+}
+
+TEST(ManPageTest, NoTextIsReadAsMarkup) {
+    EXPECT_THAT(manPage(kGardener, "1", "2026-03-01"),
+                HasSubstr("\n\\&.starts like a macro and says \\en\n"));
+}
+
+} // namespace
+} // namespace refdoc_tests

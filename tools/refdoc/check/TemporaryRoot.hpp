@@ -1,0 +1,31 @@
+#pragma once
+
+#include <filesystem>
+
+namespace refdoc::check {
+
+/// A temporary reference root with a single file, so that the library reads the file as it would
+/// among others. The root is a new folder for temporary files, which the destructor removes. The
+/// file in it is a symbolic link to the original, or a copy if links are not supported.
+class TemporaryRoot {
+public:
+    enum class Folder { Resources, Lookup };
+
+    /// \param file  absolute
+    /// \throws std::filesystem::filesystem_error  the root could not be created
+    TemporaryRoot(const std::filesystem::path& file, Folder folder);
+    ~TemporaryRoot();
+    TemporaryRoot(const TemporaryRoot&) = delete;
+    TemporaryRoot& operator=(const TemporaryRoot&) = delete;
+
+    const std::filesystem::path& path() const noexcept { return path_; }
+
+    /// The folder of the file, below the root.
+    const std::filesystem::path& folder() const noexcept { return folder_; }
+
+private:
+    std::filesystem::path path_;
+    std::filesystem::path folder_;
+};
+
+} // namespace refdoc::check
