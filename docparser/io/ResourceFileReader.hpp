@@ -12,9 +12,9 @@ namespace reference::docparser {
 // Reads one resource file completely. The bytes are returned as they are stored: a byte-order mark
 // and CR LF stay, and nothing is decoded.
 //
-// Content that cannot be read is an empty string, which the parser rejects, so that the caller tries
-// the next location. The reason goes to the observer. Each call logs "Reading file: " at severity 16
-// before it touches the file. No lock is held while a file is read.
+// Content that cannot be read is an empty string, which the parser rejects, so that the caller
+// tries the next location. The reason goes to the observer. Each call logs "Reading file: " at
+// severity 16 before it touches the file. No lock is held while a file is read.
 
 /// Reads a file, with one allocation of the file's size and one read.
 ///
