@@ -10,7 +10,7 @@ DocParserException::DocParserException(std::u16string productName)
 DocParserException::~DocParserException() noexcept = default;
 
 const char* DocParserException::what() const noexcept {
-    // Callers compare this string, so "resource" must not be changed to "reference".
+    // Callers compare this string, so it must not change.
     return "resource::docparser::DocParserException";
 }
 

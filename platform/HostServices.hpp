@@ -13,11 +13,10 @@ namespace platform {
 /// Provides what only the host application knows: its folder, language, installed products and
 /// support packages.
 ///
-/// The library calls each function whenever it needs the result, on any thread and on several at a
-/// time. An implementation must be thread-safe and should cache results that are slow to compute.
-/// Some functions are called while a lock is held: an implementation that calls the library
-/// operation that is querying it deadlocks. An implementation may throw; the header of each
-/// operation says what happens then.
+/// Each function is called whenever its answer is needed, on any thread and on several at a time.
+/// An implementation is thread-safe and caches answers that take long to find. Some functions are
+/// called while the caller holds a lock: an implementation that calls the same operation of the
+/// library deadlocks. It may throw; the header of each operation says what happens then.
 ///
 /// All strings are UTF-16, except those of the products, which are UTF-8.
 class DOCPARSER_SEAM_EXPORT HostServices {

@@ -10,9 +10,9 @@ namespace platform {
 /// The most bytes that the process reads into memory from one source, so that no file can exhaust
 /// the memory.
 ///
-/// A file or entry whose stated size exceeds a limit is refused at once. Stated sizes within the
-/// limits are not trusted: the bytes that are actually read count too. A refused read fails as if
-/// memory were short, but before any is allocated.
+/// A source that states a size beyond a limit is rejected at once. Stated sizes within the limits
+/// are not trusted: the bytes that are read are counted as well. A rejected read fails in the same
+/// way as one that runs out of memory, but before any memory is allocated.
 struct ReadLimits {
     /// A file that is read completely.
     std::uint64_t fileBytes = std::uint64_t{1} << 30;

@@ -8,8 +8,8 @@
 
 namespace reference::docparser {
 
-/// Observes one retrieval. Records for the account of the thread's innermost LoadAccount::Scope and
-/// appends the recording to it when the retrieval ends. Does nothing without a scope.
+/// The observer of one call of a retrieval: it records for the current account of the thread and
+/// appends the recording when the call ends. Without an account it does nothing.
 class RetrievalRecording {
 public:
     RetrievalRecording() noexcept;

@@ -7,10 +7,10 @@
 
 namespace reference::docparser {
 
-/// Reads and uses one file, and ignores any failure: a damaged file counts as missing, so that the
-/// caller continues with the next file or location. The failure goes to the observer.
+/// Processes one file and ignores a failure: a damaged file counts as missing, and the caller
+/// continues with the next file or location.
 /// \param role, name, isTranslation  see RetrievalObserver::fileConsidered()
-/// \param use  called once, without arguments; if it throws, its effects until then remain
+/// \param use  called once, without arguments; what it did before it threw is kept
 template <class Use>
 void useFile(FileRole role, const std::u16string& name, bool isTranslation,
              RetrievalObserver& observer, Use&& use) {

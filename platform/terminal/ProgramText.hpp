@@ -21,9 +21,9 @@ DOCPARSER_SEAM_EXPORT std::optional<std::string> environmentVariable(const std::
 
 /// Lets standard output and standard error accept UTF-8 during the object's lifetime.
 ///
-/// On Windows, bytes are written unchanged, without a carriage return before each line feed, and a
-/// console shows UTF-8 and obeys escape sequences for colours. The destructor restores the
-/// settings of the console. Other systems need no change.
+/// Bytes pass as they are, without a carriage return before each line feed. A console of Windows
+/// shows UTF-8 and obeys the escape sequences for colours; afterwards its settings are restored.
+/// Does nothing on systems that behave like this anyway.
 class DOCPARSER_SEAM_EXPORT Utf8Output {
 public:
     Utf8Output() noexcept;

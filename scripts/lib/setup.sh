@@ -26,7 +26,7 @@ apt_install() {
         --no-install-recommends "$@"
 }
 
-# Installs the missing packages. Changes nothing if all are installed.
+# Installs the packages that are missing, if any.
 install_packages() {
     if ! command -v apt-get >/dev/null; then
         say "apt-get is missing; install the equivalents of these Debian packages: $*"

@@ -13,8 +13,8 @@ inline constexpr bool kReachesLibraries = false;
 inline constexpr bool kReachesLibraries = true;
 #endif
 
-/// Makes allocations of the calling thread fail, and counts the others, while it lives. Other
-/// threads are left alone.
+/// Makes allocations of the calling thread fail during its lifetime and counts all of them. Other
+/// threads are not affected.
 ///
 /// On Linux: malloc, calloc, realloc and operator new, also if the C library calls them. On
 /// Windows: operator new in the code that is linked into the program, not in DLLs. A program that
@@ -28,19 +28,19 @@ public:
 
     std::size_t failures() const noexcept;
 
-    /// How many allocations were asked for, those that failed included.
+    /// Returns the number of requested allocations, including those that failed.
     static std::size_t calls() noexcept;
 };
 
-/// Who asked for memory. libzip is told apart because it has leaks of its own where memory is
-/// short, which nobody can mend from outside.
+/// The code that requested memory. libzip is counted separately because it leaks when an allocation
+/// fails, which its callers cannot prevent.
 enum class Allocator { Libzip, AnyOther };
 
 /// Of the allocations that were made under any AllocationFaults, how many have not been returned,
 /// by whichever thread. Not counted on Windows, where the result is 0.
 std::size_t liveAllocations(Allocator allocator) noexcept;
 
-/// Makes as if no allocation were live, so that a leak is counted once.
+/// Resets the count of live allocations, so that each leak is counted once.
 void forgetLiveAllocations() noexcept;
 
 } // namespace docparser_tests

@@ -30,7 +30,7 @@ struct LogLine {
 /// removes the sink and sets the mask that was there before. Any thread may log meanwhile.
 class LogCapture {
 public:
-    /// \param mask  the severities that loggers let through, all of them unless told otherwise
+    /// \param mask  the severities that loggers let through; all of them by default
     explicit LogCapture(std::uint32_t mask = 0x7fff);
     ~LogCapture();
     LogCapture(const LogCapture&) = delete;
