@@ -97,8 +97,8 @@ struct DOCPARSER_EXPORT LoadAccount {
     /// innermost one records.
     class DOCPARSER_EXPORT Scope {
     public:
-        /// \param account  receives the files; must outlive the scope and not be used by other
-        /// threads
+        /// \param account  receives the files; must outlive the scope, and other threads must not
+        ///                 use it
         explicit Scope(LoadAccount& account) noexcept;
         ~Scope();
         Scope(const Scope&) = delete;
