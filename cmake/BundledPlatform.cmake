@@ -2,8 +2,8 @@
 #
 # For an application with its own platform target (DOCPARSER_PLATFORM). Links docparser::seam to
 # TARGET and compiles the bundled application libraries into it, except the folders of platform/ that
-# the application replaces. The application defines what the headers of those folders declare; a header
-# of its own replaces the bundled one if it has the same path in an include folder of TARGET.
+# the application replaces. The application defines what the headers of those folders declare. Its own
+# header replaces a bundled one if it has the same path in an include folder of TARGET.
 function(docparser_bundled_platform target)
     cmake_parse_arguments(PARSE_ARGV 1 BUNDLED "" "" "EXCEPT")
     get_target_property(folder docparser_bundled_objects SOURCE_DIR)

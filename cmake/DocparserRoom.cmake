@@ -1,6 +1,6 @@
 # docparser_room_includes(FOLDER PATH...)
 #
-# Declares what the headers and sources directly in FOLDER may include, besides each other and the
+# Declares what the headers and sources directly in FOLDER may include, in addition to each other and the
 # standard library: the files and folders PATH, as spelled in #include lines. The tests rooms.* compare
 # the declaration with the #include lines.
 function(docparser_room_includes folder)

@@ -13,7 +13,7 @@ namespace platform {
 
 /// Host services that are described by `installation.json` in an install folder.
 ///
-/// The file holds one JSON object. All keys are optional; unknown keys are ignored:
+/// The file is one JSON object. All keys are optional; unknown keys are ignored:
 ///
 /// | key                       | type             | default         |
 /// |---------------------------|------------------|-----------------|

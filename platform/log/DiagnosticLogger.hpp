@@ -31,7 +31,7 @@ DOCPARSER_PLATFORM_EXPORT std::uint32_t severityMask() noexcept;
 template <class CharT>
 class basic_diagnostic_logger;
 
-/// The logger of channels that are named in UTF-8; there is no other.
+/// The logger of channels that are named in UTF-8, the only specialisation.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_diagnostic_logger<char> {
 public:

@@ -63,8 +63,8 @@ DOCPARSER_PLATFORM_EXPORT path remove_filename(const path& file);
 DOCPARSER_PLATFORM_EXPORT path make_native_form(path file, bool isName = false);
 
 /// Returns the path in the form that the system's calls take, as platform::toNativePath() does.
-/// \throws std::system_error  the path holds NUL (errc::invalid_argument), or an unpaired surrogate
-///                            where paths are bytes (errc::illegal_byte_sequence)
+/// \throws std::system_error  the path contains NUL (errc::invalid_argument), or an unpaired
+///                            surrogate where paths are bytes (errc::illegal_byte_sequence)
 DOCPARSER_PLATFORM_EXPORT platform::NativePath
 make_native_access_form_with_cleanup_i18n(const path& file);
 

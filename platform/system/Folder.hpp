@@ -15,7 +15,7 @@ namespace platform {
 class DOCPARSER_SEAM_EXPORT Folder {
 public:
     /// Opens a folder.
-    /// \returns  empty if there is no such folder, it may not be read, or the path holds NUL
+    /// \returns  empty if there is no such folder, it may not be read, or the path contains NUL
     static std::optional<Folder> open(const NativePath& folder) noexcept;
 
     /// Returns the next name in the system's own order, without "." and ".."; empty after the last.
