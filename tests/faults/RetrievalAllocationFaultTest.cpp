@@ -16,7 +16,7 @@ using reference::docparser::ProductLists;
 using testing::AnyOf;
 using testing::Contains;
 
-// Lets every line of the library be formed and keeps none.
+// Makes the library format every log record and discards the records.
 class DiscardedLog {
 public:
     DiscardedLog() : frontend_(boost::make_shared<Frontend>()) {
@@ -50,7 +50,7 @@ protected:
                 if (outcome.result) {
                     EXPECT_THAT(allowed, Contains(*outcome.result));
                 }
-                EXPECT_EQ(DocResourceParser::getResourceFile(product), whole) << "at once";
+                EXPECT_EQ(DocResourceParser::getResourceFile(product), whole) << "the next call";
             });
     }
 
@@ -80,7 +80,7 @@ TEST_F(RetrievalAllocationFaultTest,
     addApi("Orchard keeping.json", "");
     const Resources languageAlone = DocResourceParser::getResourceFile(kProduct);
     ASSERT_THAT(allowed, Contains(languageAlone));
-    partialResources(); // writes the English file again
+    partialResources(); // restores the English file
 
     bool isReturned = false;
     auto reading = readResources(kProduct, allowed);
@@ -141,7 +141,7 @@ TEST_F(RetrievalAllocationFaultTest, ProductListsHoldWhatWasFoundBefore) {
     find();
     const auto whole = describe(*found);
     const auto finding = operation<bool>(find, [&](const Outcome<bool>& outcome) {
-        EXPECT_EQ(outcome.ending, Ending::Result) << "it never throws";
+        EXPECT_EQ(outcome.ending, Ending::Result) << "getAllProducts() threw";
         EXPECT_TRUE(isStartOf(describe(*found).first, whole.first));
         EXPECT_TRUE(isStartOf(describe(*found).second, whole.second));
     });

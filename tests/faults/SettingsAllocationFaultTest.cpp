@@ -12,7 +12,7 @@ using reference::docparser::ReferenceRoots;
 using SupportPackages = std::unordered_set<std::u16string>;
 using Products = std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>;
 
-// What a setting is about to be changed to; so long that it takes memory of its own.
+// The new value of a setting, too long for small-string storage.
 const std::u16string kOtherFolder = u"/another/folder/of/the/same/kind";
 
 std::vector<std::string> shortNames(const Products& products) {
@@ -24,7 +24,7 @@ std::vector<std::string> shortNames(const Products& products) {
 
 class SettingsAllocationFaultTest : public FaultTest {
 protected:
-    // An operation that ends with its result or with std::bad_alloc, and answers right at once.
+    // An operation that returns its result or throws std::bad_alloc. The next call must succeed.
     template <class Result>
     Operation<Result> asking(std::function<Result()> act) const {
         const Result expected = act();
@@ -32,12 +32,12 @@ protected:
             if (outcome.ending != Ending::BadAlloc) {
                 EXPECT_EQ(outcome.result, expected);
             }
-            EXPECT_EQ(act(), expected) << "at once";
+            EXPECT_EQ(act(), expected) << "the next call";
         });
     }
 
-    // An operation that changes a setting, or throws std::bad_alloc and changes nothing.
-    // \param value  the setting, read before and after
+    // An operation that changes a setting, or throws std::bad_alloc and leaves it unchanged.
+    // \param value  returns the setting; called before and after the change
     template <class Value>
     Operation<bool> changing(std::function<void()> change, std::function<Value()> value) const {
         const auto before = std::make_shared<std::optional<Value>>();
@@ -122,7 +122,7 @@ TEST_F(SettingsAllocationFaultTest, TestProductsThatCannotBeHeldChangeNothing) {
         reset();
     };
     const std::size_t failed = failEachAllocation(setting);
-    // The records come first; with the names of the packages failing they are in force already.
+    // The products are set before the packages, so a failure in between changes only the products.
     EXPECT_GT(unchanged, 0U);
     EXPECT_GT(halfChanged, 0U);
     EXPECT_EQ(unchanged + halfChanged, failed);

@@ -17,7 +17,7 @@ const std::u16string kLongName = u"A product with a long name";
 
 class ValueAllocationFaultTest : public FaultTest {
 protected:
-    // An operation that ends with its result or with std::bad_alloc.
+    // An operation that returns its result or throws std::bad_alloc.
     template <class Result>
     Operation<Result> making(std::function<Result()> act) const {
         const Result expected = act();

@@ -9,7 +9,7 @@
 namespace docparser_tests {
 namespace {
 
-// Packages and lookup files that are damaged at every place, beside what must not suffer from it.
+// Packages and lookup files damaged at every position, next to files that must not be affected.
 class ChangedPackageTest : public SystemTest {
 protected:
     using Items = DocResource<RefItemLookup>::Items;
@@ -36,13 +36,13 @@ protected:
         return zip.build();
     }
 
-    // Some file systems write a file out at once when it replaces what it held before.
+    // Some file systems write a file to disk at once if its content is replaced.
     void replaceLookup(const std::string& file, const std::string& bytes) const {
         std::filesystem::remove(lookupPath(file));
         addLookup(file, bytes);
     }
 
-    // Reads all lookups; each section is whole, and its key one of the two.
+    // Reads all lookups and expects only the two known sections, each complete.
     static Lookups readWholeSections() {
         Lookups lookups = DocResourceParser::getResourceLookupFiles();
         for (const auto& [key, section] : lookups.notInstalled) {
@@ -59,7 +59,7 @@ TEST_F(ChangedPackageTest, NoChangeOfAStoredTextPassesTheChecksum) {
     const std::size_t start = package.find(text);
     ASSERT_NE(start, std::string::npos);
     for (std::size_t place = start; place < start + text.size(); ++place) {
-        // Case and digits: changes that would leave the text JSON.
+        // Changes of letter case and digits, after which the text would still be valid JSON.
         for (const int bits : {0x01, 0x20}) {
             std::string changed = package;
             changed[place] = static_cast<char>(changed[place] ^ bits);

@@ -51,12 +51,12 @@ void limitMemory(std::uint64_t bytes) {
         progress.at("the start");
         step(progress);
     } catch (const std::exception& error) {
-        ADD_FAILURE() << "the step throws " << error.what();
+        ADD_FAILURE() << "the step threw " << error.what();
     } catch (...) {
-        ADD_FAILURE() << "the step throws";
+        ADD_FAILURE() << "the step threw";
     }
     std::fflush(nullptr);
-    // What the parent has to do at its exit is not the child's.
+    // The exit handlers belong to the parent.
     ::_exit(testing::Test::HasFailure() ? 1 : 0);
 }
 
@@ -74,7 +74,7 @@ void runInChild(const ChildLimits& limits, const std::function<void(Progress&)>&
     const unsigned seconds = limits.seconds * (kIsSanitized ? kSanitizedSlowness : 1);
     std::fflush(nullptr);
     const pid_t child = ::fork();
-    ASSERT_GE(child, 0) << "no child process could be made";
+    ASSERT_GE(child, 0) << "cannot create a child process";
     if (child == 0)
         runStep(limits, Progress(place.text(), seconds), step);
     int status = 0;

@@ -8,8 +8,8 @@
 namespace docparser_tests {
 namespace {
 
-// Names of products and languages that no file has, whatever is logged. findResources() fails the
-// test when the exception carries another name than the one that was asked for.
+// Product and language names that no file has. findResources() fails the test if the exception
+// carries a name other than the requested one.
 class HostileNameTest : public SystemTest {
 protected:
     static constexpr std::uint32_t kMasks[] = {0, 16, 512, 0x7fff};
@@ -44,7 +44,7 @@ TEST_F(HostileNameTest, EachComesBackWithTheExceptionWhateverIsLogged) {
         const LogCapture log(mask);
         for (const std::u16string& name : names())
             EXPECT_EQ(findResources(name), std::nullopt) << fl::i18n::to_string(name);
-        // Both folders are looked into before the exception is announced, each with one line.
+        // One record for each of the two folders, and one for the exception.
         const std::size_t lines = (mask & 16 ? 2U : 0U) + (mask & 512 ? 1U : 0U);
         EXPECT_EQ(log.lines().size(), lines * names().size()) << mask;
     }
@@ -64,7 +64,7 @@ TEST_F(HostileNameTest, ANameIsOneLineOfTheLogAsItStands) {
 TEST_F(HostileNameTest, AHundredMegabytesEndInTheException) {
     std::u16string name;
     name.resize(50'000'000, u'x');
-    // Compared apart from GoogleTest, which would show both names.
+    // Not EXPECT_EQ, which would print the name.
     EXPECT_TRUE(findResources(name) == std::nullopt);
 }
 
@@ -77,7 +77,7 @@ TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMiss
     EXPECT_EQ(findResources(name)->size(), 1U);
     EXPECT_EQ(findResources(name + u"x"), std::nullopt);
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), 1U);
-    // The translation's name would be longer still.
+    // The name of the translation would be even longer.
     setLanguage(u"de");
     EXPECT_EQ(findResources(name)->size(), 1U);
 }
@@ -94,7 +94,8 @@ TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
 
 TEST_F(HostileNameTest, TwoNamesThatLookAlikeInUtf8AreTwoFiles) {
     const std::string text = resourceText("orchard", {});
-    addApi("\xEF\xBF\xBD.json", text); // U+FFFD, what both unpaired surrogates are logged as
+    addApi("\xEF\xBF\xBD.json",
+           text); // U+FFFD, which also replaces unpaired surrogates in messages
     EXPECT_EQ(findResources({char16_t(0xD800)}), std::nullopt);
     EXPECT_EQ(findResources({char16_t(0xD801)}), std::nullopt);
     EXPECT_NE(findResources(u"\uFFFD"), std::nullopt);

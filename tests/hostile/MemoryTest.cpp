@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint64_t kMebi = 1 << 20;
 constexpr std::uint64_t kGibi = std::uint64_t{1} << 30;
 
-// Files that ask for more memory than there is, read by a process that has little.
+// Files that need more memory than the process has.
 class MemoryTest : public SystemTest {
 protected:
     MemoryTest() { setLanguage(u"de"); }
@@ -47,7 +47,7 @@ TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
 
 #ifndef DOCPARSER_SANITIZED
 
-// A sanitizer ends the process when it is asked for too much, rather than let it go on.
+// A sanitizer would end the process at an allocation that is too large.
 TEST_F(MemoryTest, WithoutALimitOnFilesTheMemoryItselfIsTheLimit) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     addSparse("Orchard.json", 20 * kGibi);
@@ -93,8 +93,8 @@ TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
     }
 }
 
-// Zero bytes in deflated form: one independent block of a mebibyte, as often as it takes, and a
-// stored block of `restBytes`.
+// Deflated zero bytes: an independent block of one mebibyte, repeated, and a stored block of
+// `restBytes`.
 std::string deflatedZeros(std::size_t mebibytes, std::uint16_t restBytes = 0) {
     z_stream stream = {};
     constexpr int kRawWindow = -15;
@@ -159,7 +159,7 @@ TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
     bomb.name = "Bomb.json";
     bomb.method = kDeflated;
     bomb.packed = deflatedZeros(kMebibytes);
-    bomb.size = 32 * kMebi; // within the limit, and false
+    bomb.size = 32 * kMebi; // wrong, but within the limit
     ZipEntryBytes& good = zip.entries.emplace_back();
     good.name = "Orchard.json";
     good.content = ResourceText("orchard").str();
@@ -187,7 +187,7 @@ TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtTheLimitOfTheirPackage) {
         entry.size = zeros.size();
         entry.packed = i == 0 ? deflated(zeros) : std::string();
         entry.packedSize = zip.entries.front().packed->size();
-        // All of them have the first one's header and bytes.
+        // All entries share the header and the bytes of the first.
         entry.localName = zip.entries.front().name;
         entry.localOffset = 0;
     }

@@ -8,7 +8,7 @@
 namespace docparser_tests {
 namespace {
 
-// Entries of packages that are not what they look like.
+// Package entries with misleading attributes or names.
 class PackageEntryTest : public SystemTest {
 protected:
     static ZipEntryBytes entry(const std::string& name, const std::string& helpFolder) {
@@ -21,7 +21,7 @@ protected:
         addLookup(file, zip.build());
     }
 
-    // The sections that the lookups have, each the only one of a product.
+    // The expected lookups: a section for each help folder, with the product that defines it.
     static Lookups lookupsOf(const std::map<std::u16string, std::u16string>& products) {
         Lookups lookups;
         for (const auto& [helpFolder, product] : products)
@@ -30,13 +30,13 @@ protected:
     }
 };
 
-// Makes the n-th entry of a package what a Unix system takes for a file of this mode.
+// Sets the Unix file mode of the n-th entry of a package.
 std::string withUnixMode(std::string package, int n, std::uint32_t mode) {
     const std::string record("PK\1\2");
     std::size_t place = package.find(record);
     for (int i = 0; i < n; ++i)
         place = package.find(record, place + 1);
-    package[place + 5] = 3; // made on Unix
+    package[place + 5] = 3; // created on Unix
     return package.replace(place + 38, 4, littleEndian(std::uint64_t{mode} << 16, 4));
 }
 
@@ -46,7 +46,7 @@ TEST_F(PackageEntryTest, ASymbolicLinkIsItsOwnTextAndIsNotFollowed) {
     zip.entries = {{.name = "Link.json", .content = (folder.path() / "target.json").string()},
                    entry("Text.json", "text"),
                    entry("Device.json", "device")};
-    // What counts is the text of an entry, whatever its attributes make of it.
+    // Only the content of an entry matters, not its attributes.
     std::string package = withUnixMode(zip.build(), 0, 0120777);
     package = withUnixMode(package, 1, 0120777);
     addLookup("Estate.zip", withUnixMode(package, 2, 0020666));

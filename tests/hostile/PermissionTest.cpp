@@ -11,7 +11,7 @@
 namespace docparser_tests {
 namespace {
 
-// Files and folders that the process may not read, read by a user without privileges.
+// Files and folders without permissions, read by an unprivileged user.
 class PermissionTest : public SystemTest {
 protected:
     PermissionTest() {
@@ -29,7 +29,7 @@ protected:
         std::filesystem::permissions(path, std::filesystem::perms::none);
     }
 
-    // Runs a step in a process that no permission is waived for.
+    // Runs a step in a process to which all permissions apply.
     static void runUnprivileged(const std::function<void()>& step) {
         runInChild({}, [&](Progress&) {
             constexpr uid_t kNobody = 65534;

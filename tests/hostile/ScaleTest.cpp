@@ -15,7 +15,7 @@ class ScaleTest : public SystemTest {
 protected:
     static constexpr std::size_t kMany = 100'000;
 
-    // `prefix`, a number and `suffix`, for each number below kMany, with commas between.
+    // Returns `prefix`, number and `suffix` for each number below kMany, separated by commas.
     static std::string numbered(const std::string& prefix, const std::string& suffix) {
         std::string list;
         for (std::size_t i = 0; i < kMany; ++i)
@@ -23,7 +23,7 @@ protected:
         return list;
     }
 
-    // The text with these elements in its empty array of this key.
+    // Inserts elements into the empty array under a key.
     static std::string withElements(std::string text, const std::string& key,
                                     const std::string& elements) {
         const std::string start = '"' + key + "\":[";
@@ -80,7 +80,7 @@ TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
                              .content =
                                  withElements(ResourceText("orchard").str(), "refItems", items)};
     };
-    // Each file has more records than those before it together, so all its records are added.
+    // Each file has more records than all files before it together, so all its records are added.
     ZipBytes zip;
     zip.entries = {file("First.json", records("a")),
                    file("Second.json", records("b") + "," + records("c")),
@@ -104,9 +104,9 @@ TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
         const std::string number = std::to_string(i);
         suffixes.push_back(u"_x" + std::u16string(number.begin(), number.end()));
     }
-    // A file may have some ten thousand names, and a name is made faster than a file.
+    // Hard links are created faster than files, but a file may have only some ten thousand.
     const std::filesystem::path files[] = {folder.write("even", ""), folder.write("odd", "")};
-    // Each tenth file is a translation, into each language in turn.
+    // Every tenth file is a translation; the languages take turns.
     for (std::size_t i = 0; i < kMany; ++i) {
         std::string name = "p" + std::to_string(i);
         if (i % 10 == 0)

@@ -10,8 +10,8 @@
 namespace docparser_tests {
 namespace {
 
-// A relative reference root, which starts at the current folder of the process when a file is
-// opened. A change of that folder is the whole process's, so each test has a process of its own.
+// A relative reference root is resolved against the current folder when a file is opened. Each test
+// runs in a child process because it changes that folder.
 class WorkingFolderTest : public SystemTest {
 protected:
     WorkingFolderTest() {

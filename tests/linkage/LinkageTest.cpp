@@ -23,7 +23,7 @@ namespace {
 
 using plugin::CaughtAs;
 
-// A plug-in that is loaded with its symbols kept to itself, and unloaded with the object.
+// Loads a plug-in with local symbol visibility; the destructor unloads it.
 class Plugin {
 public:
     explicit Plugin(const char* file) : handle_(::dlopen(file, RTLD_NOW | RTLD_LOCAL)) {
@@ -61,7 +61,7 @@ protected:
                              std::filesystem::directory_iterator());
     }
 
-    // How many places of memory the process has mapped.
+    // The number of memory mappings of the process.
     static std::size_t mappings() {
         std::ifstream maps("/proc/self/maps");
         return static_cast<std::size_t>(std::count(std::istreambuf_iterator<char>(maps), {}, '\n'));
@@ -119,7 +119,7 @@ TEST_F(LinkageTest, LoadingAndUnloadingOverAndOverLeavesNothing) {
     for (int load = 0; load < 1000; ++load)
         useOnce();
     EXPECT_EQ(openFiles(), filesBefore);
-    // The allocator of the C library may map a place or two more.
+    // The allocator of the C library may add a few mappings.
     EXPECT_LE(mappings(), mappingsBefore + 8);
 }
 
@@ -133,7 +133,7 @@ TEST_F(LinkageTest, ACallAtTheExitOfTheProcessIsAnswered) {
             countAtExit = plugin.find<plugin::CountSections>("countSections");
             rootAtExit = root.c_str();
             countAtExit(rootAtExit);
-            // Called before the library, which was loaded earlier, comes to its end.
+            // Runs before the exit handlers of the library, which was loaded earlier.
             std::atexit([] { ::_exit(countAtExit(rootAtExit) == 2 ? 0 : 1); });
             std::exit(2);
         },

@@ -1,5 +1,5 @@
-// The application has a Boost.JSON of its own and passes its values to the library, which may have
-// another copy compiled in.
+// An application with its own Boost.JSON passes values to the library, which may embed another
+// copy.
 
 #include "docparser/DocResourceParser.hpp"
 
@@ -43,7 +43,7 @@ TEST(OwnBoostJson, HasItsStringsReadAtEveryLength) {
     EXPECT_EQ(Tools::getFluString(json::parse(R"("caf\u00E9")"), Utf8), u"caf\u00E9");
 }
 
-// Small objects are searched member by member, large ones by hash.
+// Boost.JSON searches small objects linearly and large ones by hash.
 TEST(OwnBoostJson, HasItsKeysFoundInObjectsOfEverySize) {
     json::object object;
     for (int size = 0; size < 200; ++size) {

@@ -1,4 +1,4 @@
-# Fails unless DOCUMENT quotes the whole of each file of SOURCE in a block of its kind.
+# Fails unless DOCUMENT quotes each file of SOURCE completely, in a code block of its language.
 file(READ ${DOCUMENT} document)
 foreach(source IN LISTS SOURCE)
     get_filename_component(extension ${source} LAST_EXT)
@@ -13,6 +13,6 @@ foreach(source IN LISTS SOURCE)
     file(READ ${source} code)
     string(FIND "${document}" "```${kind}\n${code}```" place)
     if(place EQUAL -1)
-        message(SEND_ERROR "${DOCUMENT} does not quote ${source} as it stands")
+        message(SEND_ERROR "${DOCUMENT} does not quote ${source} exactly")
     endif()
 endforeach()

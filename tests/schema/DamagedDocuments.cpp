@@ -15,7 +15,7 @@ namespace {
 
 using Visit = std::function<void(const json::value&, const std::string&)>;
 
-// The pointer of what holds the value, and the value's key or number in it.
+// The pointer of the parent, and the key or index of the value in it.
 std::pair<std::string, std::string> split(const std::string& pointer) {
     const std::size_t end = pointer.rfind('/');
     return {pointer.substr(0, end), pointer.substr(end + 1)};
@@ -36,7 +36,7 @@ std::vector<std::string> placesOf(const json::value& document) {
     return {pointers.begin(), pointers.end()};
 }
 
-// An element or a member more.
+// Adds an element or a member.
 void addTo(json::value& holder, const std::string& key, const json::value& value) {
     if (json::array* array = holder.if_array())
         array->push_back(value);
@@ -76,7 +76,7 @@ void damageOnce(json::value& document, std::mt19937& random) {
     if (places.empty())
         return;
     const std::string& pointer = anyOf(places, random);
-    // A copy, for its place may be part of what changes.
+    // A copy, because the change may affect the original.
     const json::value other = document.at_pointer(anyOf(places, random));
     json::value& place = document.at_pointer(pointer);
     switch (random() % 4) {

@@ -1,4 +1,4 @@
-// The schemas of both resource formats against the library, which reads the files.
+// Compares the schemas of both resource formats with the library.
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
@@ -39,7 +39,7 @@ struct LookupFile {
     static constexpr const char* kSchema = "referenceapi_lookup.schema.json";
     static constexpr const char* kName = "docCatalog/referenceapi_lookup/X.json";
 
-    // A file that is read contributes its main section at least.
+    // A file that is read contributes at least its main section.
     static bool isRead() {
         const auto results = DocResourceParser::getResourceLookupFiles();
         return !results.installed.empty() || !results.notInstalled.empty();
@@ -57,7 +57,7 @@ protected:
     }
     ~ResourceAgreement() override { DocResourceParser::restoreDefaultSettings(); }
 
-    // What the library returns, which must be what its account says.
+    // Whether the library reads the text. Its account must agree.
     bool isRead(const std::string& text) const {
         writeAnew(root_, File::kName, text);
         LoadAccount account;

@@ -1,4 +1,4 @@
-// What an editor gets from the schemas: every key described, with examples and the known words.
+// Tests what editors show from the schemas: descriptions, examples and the words of enumerations.
 
 #include "docparser/parsing/Enumerations.hpp"
 #include "tests/support/Schema.hpp"
@@ -18,7 +18,7 @@ namespace {
 namespace json = boost::json;
 using namespace reference::property;
 
-// A key of a schema with what the schema says of its value.
+// Receives a key of a schema and the subschema of its value.
 using VisitKey = std::function<void(const std::string& key, const json::object& described)>;
 
 const json::object& resolved(const json::value& schema, const json::value& part) {
@@ -80,8 +80,8 @@ TEST_P(SchemaContent, EveryKeyHasADescription) {
 
 TEST_P(SchemaContent, EveryTextHasExamplesOfItsKind) {
     forEachKey(schema_, [&](const std::string& key, const json::object& described) {
-        const json::value* kind = described.if_contains("type");
-        if (!kind || *kind != "string")
+        const json::value* type = described.if_contains("type");
+        if (!type || *type != "string")
             return;
         const json::value* examples = described.if_contains("examples");
         ASSERT_TRUE(examples && !examples->as_array().empty()) << key;
@@ -108,7 +108,7 @@ void expectTheKeysOf(const char* file) {
     std::set<std::string> described;
     forEachKey(Schema(file),
                [&](const std::string& key, const json::object&) { described.insert(key); });
-    described.erase("$schema"); // a word of the file to its editor
+    described.erase("$schema"); // only for editors
     std::set<std::string> read;
     addKeysOf(Format::sample(), read);
     EXPECT_EQ(described, read);
@@ -119,7 +119,7 @@ TEST(SchemaKeys, AreThoseThatTheFormatsHave) {
     expectTheKeysOf<LookupFormat>("referenceapi_lookup.schema.json");
 }
 
-// The words of an enumeration, in the order of their numbers.
+// The words of an enumeration, ordered by their numbers.
 template <class Enumeration>
 std::vector<std::string> wordsOf() {
     std::vector<std::string> words;

@@ -11,13 +11,13 @@
 
 namespace docparser_tests {
 
-/// A new, empty folder in the system's folder for temporary files; it goes with the object,
-/// whatever lies in it by then.
+/// Creates an empty folder in the system's folder for temporary files. The destructor removes it
+/// with its content.
 ///
-/// No other object or process has the same folder, so tests that run side by side do not meet.
+/// The folder belongs to this object alone, so tests may run in parallel.
 class TemporaryFolder {
 public:
-    /// \throws std::filesystem::filesystem_error  the folder could not be made
+    /// \throws std::filesystem::filesystem_error  the folder cannot be created
     TemporaryFolder() : path_(makeUnique()) {}
     ~TemporaryFolder() {
         std::error_code left;
@@ -26,17 +26,16 @@ public:
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    /// The folder, absolute and without a separator at its end.
+    /// The absolute path of the folder, without a separator at the end.
     const std::filesystem::path& path() const noexcept { return path_; }
 
-    /// The folder as UTF-16 text.
+    /// The path in UTF-16.
     std::u16string u16() const { return path_.u16string(); }
 
-    /// Writes a file of exactly these bytes, in place of one that is there, and makes the folders
-    /// above it.
-    /// \param relative  where below this folder; a std::u16string serves for names beyond ASCII
-    /// \returns         the whole path of the file
-    /// \throws std::runtime_error  the bytes could not be written
+    /// Writes or replaces a file and creates its parent folders.
+    /// \param relative  path below this folder; a std::u16string for names beyond ASCII
+    /// \returns         the absolute path of the file
+    /// \throws std::runtime_error  the file cannot be written
     std::filesystem::path write(const std::filesystem::path& relative,
                                 std::string_view bytes) const {
         const std::filesystem::path file = path_ / relative;
@@ -58,7 +57,7 @@ private:
             const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
             const std::string name =
                 "docparser-test-" + std::to_string(now) + '-' + std::to_string(counter++);
-            // A name that another process took meanwhile is not made, and the next one is tried.
+            // Fails if another process has used the name; then the next one is tried.
             if (std::filesystem::create_directory(parent / name))
                 return parent / name;
         }

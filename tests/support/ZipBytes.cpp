@@ -14,7 +14,7 @@ using namespace std::string_literals;
 constexpr std::uint16_t kZip64Field = 0x0001;
 constexpr std::uint64_t kInZip64Field = 0xFFFFFFFF;
 
-/// The bytes and numbers of one entry, overrides applied.
+/// The bytes and numbers of one entry after all overrides.
 struct PackedEntry {
     const ZipEntryBytes& entry;
     std::string packed;
