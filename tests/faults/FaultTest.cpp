@@ -61,8 +61,8 @@ const std::vector<std::string> kLookupNames = {"Orchard.json", "Orchard" + kSuff
                                                "Tools.json", "Tools" + kSuffix + ".json",
                                                "Robots.json"};
 
-ZipEntryBytes entry(std::size_t place, const std::string& text, std::uint16_t method) {
-    return {.name = "help/" + kLookupNames[place], .content = text, .method = method};
+ZipEntryBytes entry(std::size_t index, const std::string& text, std::uint16_t method) {
+    return {.name = "help/" + kLookupNames[index], .content = text, .method = method};
 }
 
 // Puts the entry into a folder whose name starts with bytes that are not valid UTF-8. They are
@@ -177,9 +177,9 @@ std::vector<Lookups> FaultTest::partialLookups() const {
     const std::vector<std::string> whole = lookupTexts();
     for (unsigned damaged = 0; damaged < 1U << whole.size(); ++damaged) {
         std::vector<std::string> texts = whole;
-        for (std::size_t place = 0; place < texts.size(); ++place) {
-            if ((damaged >> place & 1U) != 0)
-                texts[place].clear();
+        for (std::size_t index = 0; index < texts.size(); ++index) {
+            if ((damaged >> index & 1U) != 0)
+                texts[index].clear();
         }
         writeLookups(texts);
         results.push_back(DocResourceParser::getResourceLookupFiles());
@@ -191,9 +191,9 @@ std::vector<Lookups> FaultTest::partialLookups() const {
 std::vector<Lookups> FaultTest::separateLookups() const {
     std::vector<Lookups> results;
     const std::vector<std::string> texts = lookupTexts();
-    for (std::size_t place = 0; place < texts.size(); ++place) {
-        const std::string name = "alone" + std::to_string(place);
-        folder.write(name + "/docCatalog/referenceapi_lookup/" + kLookupNames[place], texts[place]);
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        const std::string name = "alone" + std::to_string(index);
+        folder.write(name + "/docCatalog/referenceapi_lookup/" + kLookupNames[index], texts[index]);
         DocResourceParser::setReferenceRoot((folder.path() / name).u16string());
         results.push_back(DocResourceParser::getResourceLookupFiles());
     }

@@ -123,44 +123,44 @@ protected:
     }
 };
 
-TEST_F(FileFaultTest, ResourcesAreWholeOrLackTheFilesThatCouldNotBeRead) {
+TEST_F(FileFaultTest, ResourcesAreCompleteOrLackOnlyUnreadableFiles) {
     failEachFileCall(readResources(kProduct, partialResources()));
 }
 
-TEST_F(FileFaultTest, ResourcesOfASupportPackageAreWholeOrNotFound) {
+TEST_F(FileFaultTest, SupportPackageResourcesAreCompleteOrNotFound) {
     failEachFileCall(
         readResources(kSupportProduct, {DocResourceParser::getResourceFile(kSupportProduct)}));
 }
 
-TEST_F(FileFaultTest, LookupsLackWholeFilesAndEntries) {
+TEST_F(FileFaultTest, LookupsLackOnlyEntireFilesAndEntries) {
     failEachFileCall(readLookups());
 }
 
-TEST_F(FileFaultTest, ProductListsHoldWhatWasFoundBefore) {
+TEST_F(FileFaultTest, ProductListsKeepWhatWasFoundBeforeTheFailure) {
     failEachFileCall(listProducts());
 }
 
-TEST_F(FileFaultTest, AnInstallationManifestIsReadWholeOrNotAtAll) {
+TEST_F(FileFaultTest, InstallationManifestIsReadCompletelyOrNotAtAll) {
     failEachFileCall(readManifest());
 }
 
-TEST_F(FileFaultTest, ResourcesAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, ResourcesAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readResources(kProduct, {})), 10U);
 }
 
-TEST_F(FileFaultTest, LookupsAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, LookupsAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readLookups()), 30U);
 }
 
-TEST_F(FileFaultTest, ProductListsAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, ProductListsAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(listProducts()), 5U);
 }
 
-TEST_F(FileFaultTest, AnInstallationManifestIsReadWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, InstallationManifestIsReadDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readManifest()), 3U);
 }
 
-TEST_F(FileFaultTest, EachKindOfCallThatTheLibraryMakesIsMet) {
+TEST_F(FileFaultTest, FaultsReachEveryTypeOfCallThatTheLibraryMakes) {
     for (const FileCall call : {FileCall::Open, FileCall::Status, FileCall::Read,
                                 FileCall::OpenFolder, FileCall::ReadFolder, FileCall::Close}) {
         const FileFaults counting(call, EIO, 0, Repetition::Once);
@@ -188,7 +188,7 @@ private:
     bool& memoryHasFailed_;
 };
 
-TEST_F(FileFaultTest, LookupsSurviveReadsThatFailWhileMemoryHasEnded) {
+TEST_F(FileFaultTest, LookupsSurviveReadFailuresWhenOutOfMemory) {
     const auto reading =
         operation<Lookups>([] { return DocResourceParser::getResourceLookupFiles(); },
                            [parts = separateLookups()](const Outcome<Lookups>& outcome) {

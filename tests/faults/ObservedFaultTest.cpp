@@ -160,27 +160,27 @@ private:
     LogString log_;
 };
 
-TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverAllocationFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeResourcesWhicheverAllocationFails) {
     failEachAllocationBothWays(readResources);
     failEachAllocationBothWays(readSupportResources);
 }
 
-TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverAllocationFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverAllocationFails) {
     failEachAllocationBothWays(readLookups);
 }
 
-TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverFileCallFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeResourcesWhicheverFileCallFails) {
     const auto calls = {FileCall::Open, FileCall::Status, FileCall::Read};
     failEachFileCallBothWays(readResources, calls);
     failEachFileCallBothWays(readSupportResources, calls);
 }
 
-TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverFileCallFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverFileCallFails) {
     failEachFileCallBothWays(readLookups, {FileCall::Open, FileCall::Status, FileCall::Read,
                                            FileCall::OpenFolder, FileCall::ReadFolder});
 }
 
-TEST_F(ObservedFaultTest, AnAccountThatCannotBeHeldSaysSoAndCostsNoRecords) {
+TEST_F(ObservedFaultTest, AccountOutOfMemoryIsMarkedIncompleteAndLosesNoRecords) {
     const auto accountOf = [&](LoadAccount& account) {
         const LoadAccount::Scope scope(account);
         return DocResourceParser::getResourceLookupFiles();

@@ -70,12 +70,11 @@ protected:
     }
 };
 
-TEST_F(RetrievalAllocationFaultTest, ResourcesAreWholeOrLackWhatCouldNotBeHeld) {
+TEST_F(RetrievalAllocationFaultTest, ResourcesAreCompleteOrLackOnlyPartsThatFailedToAllocate) {
     EXPECT_GT(failEachAllocation(readResources(kProduct, partialResources())), 100U);
 }
 
-TEST_F(RetrievalAllocationFaultTest,
-       TheLanguageFileAloneIsReturnedWhenTheEnglishOneCouldNotBeHeld) {
+TEST_F(RetrievalAllocationFaultTest, LanguageFileAloneIsReturnedIfTheEnglishFileRunsOutOfMemory) {
     const std::vector<Resources> allowed = partialResources();
     addApi("Orchard keeping.json", "");
     const Resources languageAlone = DocResourceParser::getResourceFile(kProduct);
@@ -91,7 +90,7 @@ TEST_F(RetrievalAllocationFaultTest,
     EXPECT_TRUE(isReturned);
 }
 
-TEST_F(RetrievalAllocationFaultTest, ResourcesOfASupportPackageAreWholeOrNotFound) {
+TEST_F(RetrievalAllocationFaultTest, SupportPackageResourcesAreCompleteOrNotFound) {
     const Resources whole = DocResourceParser::getResourceFile(kSupportProduct);
     EXPECT_GT(failEachAllocation(readResources(kSupportProduct, {whole})),
               kReachesLibraries ? 100U : 60U);
@@ -102,7 +101,7 @@ TEST_F(RetrievalAllocationFaultTest, ResourcesSurviveALogThatRunsOutOfMemory) {
     EXPECT_GT(failEachAllocation(readResources(kProduct, partialResources())), 100U);
 }
 
-TEST_F(RetrievalAllocationFaultTest, AProductThatIsMissingIsNeverFound) {
+TEST_F(RetrievalAllocationFaultTest, MissingProductIsNeverFound) {
     const DiscardedLog log;
     const auto asking = operation<bool>(
         [] {
@@ -121,7 +120,7 @@ TEST_F(RetrievalAllocationFaultTest, AProductThatIsMissingIsNeverFound) {
     EXPECT_GT(failEachAllocation(asking), 10U);
 }
 
-TEST_F(RetrievalAllocationFaultTest, LookupsAreMadeOfRecordsThatAreWhole) {
+TEST_F(RetrievalAllocationFaultTest, LookupsContainOnlyCompleteRecords) {
     EXPECT_GT(failEachAllocation(readLookups()), kReachesLibraries ? 500U : 200U);
 }
 
@@ -130,7 +129,7 @@ TEST_F(RetrievalAllocationFaultTest, LookupsSurviveALogThatRunsOutOfMemory) {
     EXPECT_GT(failEachAllocation(readLookups()), kReachesLibraries ? 500U : 200U);
 }
 
-TEST_F(RetrievalAllocationFaultTest, ProductListsHoldWhatWasFoundBefore) {
+TEST_F(RetrievalAllocationFaultTest, ProductListsKeepWhatWasFoundBeforeTheFailure) {
     const std::u16string where = lookupFolder();
     const std::vector<std::u16string> suffixes = {u"_zh_Hant_TW", u"_de"};
     std::optional<ProductLists> found;

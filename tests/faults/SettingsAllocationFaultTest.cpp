@@ -66,27 +66,27 @@ protected:
     }
 };
 
-TEST_F(SettingsAllocationFaultTest, TheOldReferenceRootStaysWhenTheNewOneCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesReferenceRootUnchanged) {
     const auto setting = changing<std::shared_ptr<const ReferenceRoots>>(
         [] { DocResourceParser::setReferenceRoot(kOtherFolder); },
         DocResourceParser::getReferenceRoots);
     EXPECT_GT(failEachAllocation(setting), 3U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheOldSupportFolderStaysWhenTheNewOneCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesSupportFolderUnchanged) {
     const auto setting = changing<std::shared_ptr<const std::u16string>>(
         [] { DocResourceParser::setSupportPackageRoot(kOtherFolder); },
         DocResourceParser::getSupportPackageRoot);
     EXPECT_GT(failEachAllocation(setting), 1U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheOldSettingsStayWhenTheDefaultsCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedRestoreOfDefaultsLeavesSettingsUnchanged) {
     const auto setting = changing<std::shared_ptr<const ReferenceRoots>>(
         DocResourceParser::restoreDefaultSettings, DocResourceParser::getReferenceRoots);
     EXPECT_GT(failEachAllocation(setting), 3U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TestProductsThatCannotBeHeldChangeNothing) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesPackagesUnchangedAndProductsOldOrNew) {
     const std::vector<std::u16string> names = {u"first test product", u"second test product"};
     const std::vector<std::u16string> packageNames = {u"first test package",
                                                       u"second test package"};
@@ -128,32 +128,32 @@ TEST_F(SettingsAllocationFaultTest, TestProductsThatCannotBeHeldChangeNothing) {
     EXPECT_EQ(unchanged + halfChanged, failed);
 }
 
-TEST_F(SettingsAllocationFaultTest, ClearingTheCachesTakesNoMemory) {
+TEST_F(SettingsAllocationFaultTest, ClearingTheCachesAllocatesNothing) {
     DocResourceParser::getHardwareSupportPackages();
     const AllocationFaults faults(1, Repetition::FromThenOn);
     DocResourceParser::clearSupportPackageCaches();
     EXPECT_EQ(faults.failures(), 0U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheRootsAreHandedOutWithoutMemory) {
+TEST_F(SettingsAllocationFaultTest, GettingTheRootsAllocatesNothing) {
     const AllocationFaults faults(1, Repetition::FromThenOn);
     const std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(faults.failures(), 0U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TopLevelProductsAreAllThereOrNotAnswered) {
+TEST_F(SettingsAllocationFaultTest, TopLevelProductsAreCompleteOrThrowBadAlloc) {
     const auto products =
         asking<Products>([] { return *DocResourceParser::getTopLevelProducts(); });
     EXPECT_GT(failEachAllocation(products), 2U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheSupportFolderIsRightOrNotAnswered) {
+TEST_F(SettingsAllocationFaultTest, SupportFolderIsCorrectOrThrowsBadAlloc) {
     const auto folders =
         asking<std::u16string>([] { return *DocResourceParser::getSupportPackageRoot(); });
     EXPECT_GT(failEachAllocation(folders), 2U);
 }
 
-TEST_F(SettingsAllocationFaultTest, AFailedPackageQueryCountsAsNoPackagesUntilTheCachesAreCleared) {
+TEST_F(SettingsAllocationFaultTest, FailedPackageQueryCountsAsNoPackagesUntilCachesAreCleared) {
     bool wasEmpty = false;
     const auto packages = operation<SupportPackages>(
         [] { return *DocResourceParser::getHardwareSupportPackages(); },
@@ -173,7 +173,7 @@ TEST_F(SettingsAllocationFaultTest, AFailedPackageQueryCountsAsNoPackagesUntilTh
     EXPECT_TRUE(wasEmpty);
 }
 
-TEST_F(SettingsAllocationFaultTest, AProductCountsAsInstalledRightOrNotAtAll) {
+TEST_F(SettingsAllocationFaultTest, TopLevelProductQueriesAreCorrectOrThrowBadAlloc) {
     const std::vector<std::u16string> names = {u"orchard", kSupportPackage, u"no such product"};
     const auto isInstalled = operation<std::vector<bool>>(
         [&] {
@@ -192,7 +192,7 @@ TEST_F(SettingsAllocationFaultTest, AProductCountsAsInstalledRightOrNotAtAll) {
     EXPECT_GT(failEachAllocation(isInstalled), 10U);
 }
 
-TEST_F(SettingsAllocationFaultTest, AnInstallationManifestIsReadWholeOrNotAtAll) {
+TEST_F(SettingsAllocationFaultTest, InstallationManifestIsReadCompletelyOrNotAtAll) {
     folder.write("installation.json",
                  R"({"docLanguage": "a long language", "supportPackageRoot": "support packages",
                      "hardwareSupportPackages": ["robot toolkit", "another toolkit"],

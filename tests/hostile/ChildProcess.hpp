@@ -17,13 +17,13 @@ struct ChildLimits {
 /// Reports the progress of a step from a child process to its parent.
 class Progress {
 public:
-    explicit Progress(char* place, unsigned seconds) : place_(place), seconds_(seconds) {}
+    explicit Progress(char* buffer, unsigned seconds) : buffer_(buffer), seconds_(seconds) {}
 
     /// Names the next part of the step and restarts the time limit.
     void at(std::string_view what);
 
 private:
-    char* place_;
+    char* buffer_;
     unsigned seconds_;
 };
 

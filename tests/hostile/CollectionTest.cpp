@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_P(CollectionTest, NoFileIsAResourceInAnyPlace) {
+TEST_P(CollectionTest, NoFileIsReadAsAResourceFromAnyLocation) {
     setLanguage(u"de");
     const std::vector<std::filesystem::path> inputs = files();
     ASSERT_FALSE(inputs.empty());
@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Folders, CollectionTest, testing::Values("json", "zip",
 
 class NaughtyNameTest : public SystemTest {};
 
-TEST_F(NaughtyNameTest, EachIsANameThatComesBackWithTheException) {
+TEST_F(NaughtyNameTest, ExceptionCarriesEachName) {
     const std::filesystem::path strings =
         std::filesystem::path(DOCPARSER_TESTDATA) / "utf/naughty-strings/blns.json";
     std::ifstream stream(strings, std::ios::binary);

@@ -72,7 +72,7 @@ void allowFilesAgain() {
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
 }
 
-TEST_F(DescriptorTest, WithoutAnyLeftFilesAreMissingAndAfterwardsThereAgain) {
+TEST_F(DescriptorTest, FilesAreMissingOnlyWhileNoDescriptorIsLeft) {
     runInChild({}, [](Progress&) {
         expectAllFound();
         const auto lookupFolder = DocResourceParser::getReferenceRoots()->lookupFolder;
@@ -91,7 +91,7 @@ TEST_F(DescriptorTest, WithoutAnyLeftFilesAreMissingAndAfterwardsThereAgain) {
 
 #endif
 
-TEST_F(DescriptorTest, AProgramThatIsStartedWhileAPackageIsOpenDoesNotInheritIt) {
+TEST_F(DescriptorTest, ProgramStartedWhileAPackageIsOpenDoesNotInheritIt) {
     std::vector<std::string> seen;
     host->onProducts = [&seen] { seen.push_back(openFilesOfAProgram()); };
     expectAllFound();
@@ -100,7 +100,7 @@ TEST_F(DescriptorTest, AProgramThatIsStartedWhileAPackageIsOpenDoesNotInheritIt)
         expectNoneOfTheFolder(openFiles);
 }
 
-TEST_F(DescriptorTest, ProgramsThatAreStartedDuringReadsInheritNoneOfTheFiles) {
+TEST_F(DescriptorTest, ProgramsStartedDuringReadsInheritNoFiles) {
     std::atomic<bool> isDone = false;
     std::vector<std::thread> readers;
     for (int reader = 0; reader < 2; ++reader)

@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(HostileNameTest, EachComesBackWithTheExceptionWhateverIsLogged) {
+TEST_F(HostileNameTest, ExceptionCarriesEachNameWithEveryMask) {
     for (const std::uint32_t mask : kMasks) {
         const LogCapture log(mask);
         for (const std::u16string& name : names())
@@ -50,7 +50,7 @@ TEST_F(HostileNameTest, EachComesBackWithTheExceptionWhateverIsLogged) {
     }
 }
 
-TEST_F(HostileNameTest, ANameIsOneLineOfTheLogAsItStands) {
+TEST_F(HostileNameTest, NameIsLoggedUnchangedInOneRecord) {
     const LogCapture log(512);
     for (const std::u16string& name : names()) {
         findResources(name);
@@ -61,14 +61,14 @@ TEST_F(HostileNameTest, ANameIsOneLineOfTheLogAsItStands) {
     EXPECT_EQ(log.messages().size(), names().size());
 }
 
-TEST_F(HostileNameTest, AHundredMegabytesEndInTheException) {
+TEST_F(HostileNameTest, ExceptionCarriesAHundredMegabyteName) {
     std::u16string name;
     name.resize(50'000'000, u'x');
     // Not EXPECT_EQ, which would print the name.
     EXPECT_TRUE(findResources(name) == std::nullopt);
 }
 
-TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMissing) {
+TEST_F(HostileNameTest, LongestFileNameIsFoundAndALongerOneIsMissing) {
     constexpr std::size_t kLongestName = 255; // bytes, with the extension
     const std::string longest(kLongestName - std::string(".json").size(), 'x');
     addApi(longest + ".json", resourceText("orchard", {}));
@@ -82,7 +82,7 @@ TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMiss
     EXPECT_EQ(findResources(name)->size(), 1U);
 }
 
-TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
+TEST_F(HostileNameTest, RootBeyondTheLongestPathHasNoFiles) {
     std::u16string root = folder.u16();
     for (int level = 0; level < 1000; ++level)
         root += u"/../" + folder.u16().substr(folder.u16().rfind(u'/') + 1);
@@ -92,7 +92,7 @@ TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
 }
 
-TEST_F(HostileNameTest, TwoNamesThatLookAlikeInUtf8AreTwoFiles) {
+TEST_F(HostileNameTest, UnpairedSurrogateDoesNotNameTheFileOfItsReplacement) {
     const std::string text = resourceText("orchard", {});
     addApi("\xEF\xBF\xBD.json",
            text); // U+FFFD, which also replaces unpaired surrogates in messages
@@ -101,7 +101,7 @@ TEST_F(HostileNameTest, TwoNamesThatLookAlikeInUtf8AreTwoFiles) {
     EXPECT_NE(findResources(u"\uFFFD"), std::nullopt);
 }
 
-TEST_F(HostileNameTest, NoNameIsTakenForAnInstalledProduct) {
+TEST_F(HostileNameTest, HostileNamesAreNotInstalledProducts) {
     host->install({"Orchard"});
     host->packages = {u"Kit"};
     for (const std::u16string& name : names())
@@ -109,7 +109,7 @@ TEST_F(HostileNameTest, NoNameIsTakenForAnInstalledProduct) {
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"Orchard"));
 }
 
-TEST_F(HostileNameTest, AFolderOfSuchANameHasNoProducts) {
+TEST_F(HostileNameTest, FolderWithAHostileNameHasNoProducts) {
     for (const std::u16string& name : {std::u16string(u"/tmp\0", 5), std::u16string(5000, u'x'),
                                        std::u16string(1, char16_t(0xD800))}) {
         const auto products = DocResourceParser::getAllProducts(name, {u"_de"}, u"_de");
@@ -118,7 +118,7 @@ TEST_F(HostileNameTest, AFolderOfSuchANameHasNoProducts) {
     }
 }
 
-TEST_F(HostileNameTest, ALanguageThatIsNoNameCostsOnlyTheTranslation) {
+TEST_F(HostileNameTest, InvalidLanguageLosesOnlyTheTranslation) {
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", "Join"}}));
     addLookup("Orchard.json", ResourceText("orchard").str());
     const Resources english = *findResources(u"Orchard");

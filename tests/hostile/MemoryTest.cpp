@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
+TEST_F(MemoryTest, FileLargerThanMemoryAffectsNoOtherFile) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     for (const std::uint64_t size : {5 * kGibi, 20 * kGibi}) {
         addSparse("Orchard.json", size);
@@ -48,7 +48,7 @@ TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
 #ifndef DOCPARSER_SANITIZED
 
 // A sanitizer would end the process at an allocation that is too large.
-TEST_F(MemoryTest, WithoutALimitOnFilesTheMemoryItselfIsTheLimit) {
+TEST_F(MemoryTest, WithoutFileLimitOnlyMemoryLimitsFiles) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     addSparse("Orchard.json", 20 * kGibi);
     runInChild({.memoryBytes = 512 * kMebi}, [&](Progress&) {
@@ -77,7 +77,7 @@ TEST_F(MemoryTest, MillionsOfUnknownElementsFitIntoAGibibyte) {
                [&](Progress&) { EXPECT_TRUE(findResources(u"Orchard").has_value()); });
 }
 
-TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
+TEST_F(MemoryTest, MillionsOfInvalidElementsAffectNoOtherFile) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     for (const std::string key : {"inputs", "inputgroup"}) {
         std::string text = resourceText("orchard", {{"a.html", ""}});
@@ -123,7 +123,7 @@ std::uint64_t peakMemoryBytes() {
     return static_cast<std::uint64_t>(usage.ru_maxrss) << 10;
 }
 
-TEST_F(MemoryTest, EntryBeyondTheLimitIsRefusedWithoutTheMemoryForIt) {
+TEST_F(MemoryTest, EntryAboveTheLimitIsRefusedWithoutAllocatingIt) {
     struct Case {
         std::string what;
         std::uint64_t statedBytes;
@@ -152,7 +152,7 @@ TEST_F(MemoryTest, EntryBeyondTheLimitIsRefusedWithoutTheMemoryForIt) {
     }
 }
 
-TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
+TEST_F(MemoryTest, EntryThatInflatesBeyondItsSizeAffectsNoOtherEntry) {
     constexpr std::size_t kMebibytes = 3072;
     ZipBytes zip;
     ZipEntryBytes& bomb = zip.entries.emplace_back();
@@ -174,7 +174,7 @@ TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
     });
 }
 
-TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtTheLimitOfTheirPackage) {
+TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtThePackageLimit) {
     constexpr std::size_t kEntries = 1000;
     constexpr std::size_t kDelivered = 32;
     const std::string zeros(kMebi, '0');

@@ -53,7 +53,7 @@ private:
     std::vector<std::string> locked_;
 };
 
-TEST_F(PermissionTest, AFileThatMayNotBeReadIsAsGoodAsMissing) {
+TEST_F(PermissionTest, UnreadableFileCountsAsMissing) {
     ZipBytes zip;
     zip.entries.push_back({.name = "Packed.json", .content = ResourceText("packed").str()});
     addLookup("Packed.zip", zip.build());
@@ -71,7 +71,7 @@ TEST_F(PermissionTest, AFileThatMayNotBeReadIsAsGoodAsMissing) {
     });
 }
 
-TEST_F(PermissionTest, AFolderThatMayNotBeReadHasNoFiles) {
+TEST_F(PermissionTest, UnreadableFolderHasNoFiles) {
     addApi("Orchard.json", resourceText("secret", {}));
     lock(apiPath(""));
     lock(lookupPath(""));
@@ -83,7 +83,7 @@ TEST_F(PermissionTest, AFolderThatMayNotBeReadHasNoFiles) {
     });
 }
 
-TEST_F(PermissionTest, AFolderThatMayBeReadAndNotEnteredHasNamesAndNoContent) {
+TEST_F(PermissionTest, FolderWithoutSearchPermissionHasNamesButNoContent) {
     const std::string folderPath = lookupPath("");
     lock(folderPath);
     std::filesystem::permissions(folderPath, std::filesystem::perms::owner_read |

@@ -118,14 +118,14 @@ protected:
     }
 };
 
-TEST_F(ProcessStateTest, SignalsThatInterruptCallsChangeNothing) {
+TEST_F(ProcessStateTest, InterruptedCallsChangeNothing) {
     const Interruptions interruptions;
     do
         expectAllFound();
     while (alarms < 50);
 }
 
-TEST_F(ProcessStateTest, AMaskThatBlocksAllSignalsStaysAndChangesNothing) {
+TEST_F(ProcessStateTest, BlockedSignalsStayBlockedAndChangeNothing) {
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
@@ -136,7 +136,7 @@ TEST_F(ProcessStateTest, AMaskThatBlocksAllSignalsStaysAndChangesNothing) {
     EXPECT_EQ(sigismember(&after, SIGALRM), 1) << "the library changed the mask";
 }
 
-TEST_F(ProcessStateTest, ALocaleOfTheHostChangesNeitherTextNorMessages) {
+TEST_F(ProcessStateTest, GlobalLocaleChangesNeitherResultsNorMessages) {
     const auto messages = [] {
         const LogCapture log;
         expectAllFound();
@@ -149,7 +149,7 @@ TEST_F(ProcessStateTest, ALocaleOfTheHostChangesNeitherTextNorMessages) {
     EXPECT_EQ(messages(), inClassicLocale);
 }
 
-TEST_F(ProcessStateTest, ALocaleOfTheCLibraryChangesNothing) {
+TEST_F(ProcessStateTest, LocaleOfTheCLibraryChangesNothing) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     for (const char* name :
          {"C.UTF-8", "de_DE.UTF-8", "de_DE.ISO-8859-1", "tr_TR.UTF-8", "POSIX"}) {
@@ -160,7 +160,7 @@ TEST_F(ProcessStateTest, ALocaleOfTheCLibraryChangesNothing) {
     std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST_F(ProcessStateTest, NumbersBeyondTheMachinesRaiseNoTrap) {
+TEST_F(ProcessStateTest, NumbersBeyondDoubleRaiseNoTrap) {
     runInChild({}, [](Progress& progress) {
         for (const int rounding : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
             progress.at("rounding mode " + std::to_string(rounding));

@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
+TEST_F(ScaleTest, KeepsAllItemsOfOneHrefInOrder) {
     addApi("Orchard.json", withElements(resourceText("orchard", {}), "refItems",
                                         numbered(R"({"href":"a","refpurpose":")", "\"}")));
     const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
@@ -41,7 +41,7 @@ TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
     EXPECT_EQ(items.back().getRefPurpose(), u"99999");
 }
 
-TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
+TEST_F(ScaleTest, ReadsAllBlocksOfNameValuePairs) {
     const std::string item = R"({"href":"a","refpurpose":"","inputs":[)" +
                              numbered(R"({"namevaluepairs":[{"purpose":"","name":")", "\"}]}") +
                              "]}";
@@ -51,7 +51,7 @@ TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
     EXPECT_EQ(read.getInputs().size(), kMany);
 }
 
-TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
+TEST_F(ScaleTest, ComparesEachSectionWithACatalogueOfManyProducts) {
     std::vector<std::string> shortNames;
     shortNames.reserve(200);
     for (int i = 0; i < 200; ++i)
@@ -71,7 +71,7 @@ TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
     EXPECT_EQ(host->count("products"), long{kMany + 1});
 }
 
-TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
+TEST_F(ScaleTest, MergesRecordsOfOneNameFromThreeFiles) {
     const auto records = [](const std::string& hrefStart) {
         return numbered(R"({"name":"n","refpurpose":"","href":")" + hrefStart, "\"}");
     };
@@ -97,7 +97,7 @@ TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
     }
 }
 
-TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
+TEST_F(ScaleTest, ListsAFolderOfManyFilesForManyLanguages) {
     constexpr std::size_t kLanguages = 1000;
     std::vector<std::u16string> suffixes;
     for (std::size_t i = 0; i < kLanguages; ++i) {
@@ -122,7 +122,7 @@ TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
     EXPECT_TRUE(products.zipProducts.empty());
 }
 
-TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
+TEST_F(ScaleTest, OpensManyPackagesOneAtATime) {
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
                              std::filesystem::directory_iterator());

@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(SmallStackTest, NestingCostsNoStack) {
+TEST_F(SmallStackTest, NestedDocumentsNeedLittleStack) {
     addApi("Level32.json", nested(32));
     addApi("Level33.json", nested(33));
     addApi("Brackets.json", std::string(100'000, '['));
@@ -52,7 +52,7 @@ TEST_F(SmallStackTest, NestingCostsNoStack) {
     EXPECT_EQ(isFound, std::vector<bool>({true, false, false, false}));
 }
 
-TEST_F(SmallStackTest, APlaceInADeepDocumentIsFoundOnASmallStack) {
+TEST_F(SmallStackTest, LocatesAnErrorInANestedDocument) {
     // The error comes last, so the search for its pointer passes through all levels.
     std::string text = resourceText("orchard", {});
     const std::string deepest = std::string(31, '[') + std::string(31, ']');
@@ -64,7 +64,7 @@ TEST_F(SmallStackTest, APlaceInADeepDocumentIsFoundOnASmallStack) {
     EXPECT_FALSE(isFound);
 }
 
-TEST_F(SmallStackTest, PackagesAreReadOnASmallStack) {
+TEST_F(SmallStackTest, ReadsPackages) {
     ZipBytes zip;
     for (const std::string name : {"orchard", "cellar"}) {
         ZipEntryBytes& entry = zip.entries.emplace_back();

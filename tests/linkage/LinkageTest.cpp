@@ -71,7 +71,7 @@ protected:
     const std::string root = folder.path().string();
 };
 
-TEST_F(LinkageTest, AnExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
+TEST_F(LinkageTest, ExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
     const Plugin throwing(THROWING_PLUGIN);
     const Plugin catching(CATCHING_PLUGIN);
     auto* const throwIt = throwing.find<plugin::ThrowForAbsentProduct>("throwForAbsentProduct");
@@ -82,14 +82,14 @@ TEST_F(LinkageTest, AnExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
         EXPECT_TRUE(catchAs(type, throwIt)) << static_cast<int>(type);
 }
 
-TEST_F(LinkageTest, TwoSharedObjectsHaveTheSameSettings) {
+TEST_F(LinkageTest, SharedObjectsShareTheirSettings) {
     const Plugin one(THROWING_PLUGIN);
     const Plugin other(CATCHING_PLUGIN);
     EXPECT_EQ(one.find<plugin::CountSections>("countSections")(root.c_str()), 2U);
     EXPECT_EQ(other.find<plugin::CountSections>("countSections")(nullptr), 2U);
 }
 
-TEST_F(LinkageTest, TheFirstCallsOfManyThreadsAtOnceAreAllAnswered) {
+TEST_F(LinkageTest, ConcurrentFirstCallsAllSucceed) {
     const Plugin plugin(THROWING_PLUGIN);
     auto* const countSections = plugin.find<plugin::CountSections>("countSections");
     constexpr int kThreads = 8;
@@ -107,7 +107,7 @@ TEST_F(LinkageTest, TheFirstCallsOfManyThreadsAtOnceAreAllAnswered) {
     EXPECT_EQ(answered, kThreads);
 }
 
-TEST_F(LinkageTest, LoadingAndUnloadingOverAndOverLeavesNothing) {
+TEST_F(LinkageTest, RepeatedLoadingAndUnloadingLeaksNothing) {
     const auto useOnce = [this] {
         const Plugin plugin(THROWING_PLUGIN);
         ASSERT_EQ(plugin.find<plugin::CountSections>("countSections")(root.c_str()), 2U);
@@ -126,7 +126,7 @@ TEST_F(LinkageTest, LoadingAndUnloadingOverAndOverLeavesNothing) {
 plugin::CountSections* countAtExit = nullptr;
 const char* rootAtExit = nullptr;
 
-TEST_F(LinkageTest, ACallAtTheExitOfTheProcessIsAnswered) {
+TEST_F(LinkageTest, CallDuringProcessExitSucceeds) {
     EXPECT_EXIT(
         {
             const Plugin plugin(THROWING_PLUGIN);

@@ -82,7 +82,7 @@ TEST_P(SamplesTest, EveryProductIsFound) {
     EXPECT_GE(count, 50U);
 }
 
-TEST_P(SamplesTest, TheIndexIsSplitByWhatTheManifestSays) {
+TEST_P(SamplesTest, ManifestDecidesWhichSectionsAreInstalled) {
     const LogCapture log;
     const auto lookups = DocResourceParser::getResourceLookupFiles();
     EXPECT_EQ(keysOf(lookups.installed),
@@ -96,7 +96,7 @@ TEST_P(SamplesTest, TheIndexIsSplitByWhatTheManifestSays) {
         EXPECT_THAT(message, testing::StartsWith("Reading file: "));
 }
 
-TEST_P(SamplesTest, ThePackageAndThePlainFileOfCellarAreMerged) {
+TEST_P(SamplesTest, PackageAndPlainFileOfCellarAreMerged) {
     const auto lookups = DocResourceParser::getResourceLookupFiles();
     const auto& items = lookups.installed.at(u"cellar").items;
     EXPECT_EQ(items.at(u"batch").size(), 2U);
@@ -115,7 +115,7 @@ auto retrieveEverything() {
     return std::tuple(std::move(resources), std::move(lookups), log.lines());
 }
 
-TEST_P(SamplesTest, AnAccountChangesNoResultAndNoLine) {
+TEST_P(SamplesTest, AccountChangesNeitherResultsNorLog) {
     const auto unobserved = retrieveEverything();
     LoadAccount account;
     const LoadAccount::Scope scope(account);

@@ -5,7 +5,7 @@
 #include "docparser/account/LoadAccount.hpp"
 #include "tests/schema/Agreement.hpp"
 #include "tests/schema/DamagedDocuments.hpp"
-#include "tests/support/JsonPlaces.hpp"
+#include "tests/support/JsonValues.hpp"
 #include "tests/unit/docparser/retrieval/FullFormat.hpp"
 #include "tests/unit/docparser/retrieval/LookupFormat.hpp"
 
@@ -81,7 +81,7 @@ TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnEveryDocumentWithOneDamage)
     this->agreement_.expectBothVerdicts(100);
 }
 
-TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnKeysThatAreNotReadWhereTheyStand) {
+TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnIgnoredKeys) {
     for (const std::string& pointer : TestFixture::Format::unread()) {
         for (const auto& [value, type] : everyType()) {
             boost::json::value document = TestFixture::Format::sample();

@@ -78,7 +78,7 @@ TEST_P(SchemaContent, EveryKeyHasADescription) {
     EXPECT_GT(count, 5U);
 }
 
-TEST_P(SchemaContent, EveryTextHasExamplesOfItsKind) {
+TEST_P(SchemaContent, EveryStringHasStringExamples) {
     forEachKey(schema_, [&](const std::string& key, const json::object& described) {
         const json::value* type = described.if_contains("type");
         if (!type || *type != "string")
@@ -90,7 +90,7 @@ TEST_P(SchemaContent, EveryTextHasExamplesOfItsKind) {
     });
 }
 
-TEST_P(SchemaContent, NamesTheDraftThatTheTestsValidateBy) {
+TEST_P(SchemaContent, NamesTheDraftThatTheTestsValidateAgainst) {
     EXPECT_EQ(schema_.text().at("$schema"), "http://json-schema.org/draft-07/schema#");
 }
 
@@ -114,7 +114,7 @@ void expectTheKeysOf(const char* file) {
     EXPECT_EQ(described, read);
 }
 
-TEST(SchemaKeys, AreThoseThatTheFormatsHave) {
+TEST(SchemaKeys, AreTheKeysOfTheFormats) {
     expectTheKeysOf<FullFormat>("referenceapi.schema.json");
     expectTheKeysOf<LookupFormat>("referenceapi_lookup.schema.json");
 }
@@ -145,7 +145,7 @@ void expectTheWordsOf(const char* file, const std::string& definition) {
               Enumeration::enumToString(Enumeration::getDefaultValue()));
 }
 
-TEST(SchemaWords, AreThoseThatTheEnumerationsHave) {
+TEST(SchemaWords, AreTheWordsOfTheEnumerations) {
     for (const char* file : {"referenceapi.schema.json", "referenceapi_lookup.schema.json"}) {
         expectTheWordsOf<RefEntityType>(file, "refEntityType");
         expectTheWordsOf<FunctionType>(file, "functionType");

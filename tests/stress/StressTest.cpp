@@ -246,10 +246,10 @@ protected:
         ObservedThread observedThread;
         Random random(static_cast<unsigned>(thread + 1));
         while (std::chrono::steady_clock::now() < end && !HasFailure()) {
-            const std::size_t place = random() % std::size(kSteps);
-            (this->*kSteps[place].run)(random);
+            const std::size_t index = random() % std::size(kSteps);
+            (this->*kSteps[index].run)(random);
             observedThread.forget();
-            ++counts_[place];
+            ++counts_[index];
             progress.step(thread);
         }
         progress.step(thread, /*isAtEnd=*/true);
@@ -275,9 +275,9 @@ protected:
 
     void printCounts() const {
         std::uint64_t sum = 0;
-        for (std::size_t place = 0; place < std::size(kSteps); ++place) {
-            std::cout << kSteps[place].name << ": " << counts_[place] << '\n';
-            sum += counts_[place];
+        for (std::size_t index = 0; index < std::size(kSteps); ++index) {
+            std::cout << kSteps[index].name << ": " << counts_[index] << '\n';
+            sum += counts_[index];
         }
         std::cout << "pairs of products and packages compared: " << pairsSeen_
                   << "\nlog records: " << lines_ << "\ntotal steps: " << sum << '\n';
@@ -298,7 +298,7 @@ private:
     std::atomic<std::uint64_t> pairsSeen_ = 0;
 };
 
-TEST_F(StressTest, EveryCallSeesOneStateOfTheSettingsAndEveryThreadComesForward) {
+TEST_F(StressTest, EveryCallSeesOneStateOfTheSettingsAndEveryThreadProgresses) {
     {
         const LogCallback log([this](const std::string& message) {
             ++lines_;
