@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-// Constructed on first use, because the static initialisers of other libraries may ask already.
+// Constructed on first use, because static initialisers of other libraries may already need it.
 struct Current {
     std::mutex mutex; // guards services; never held while the services are asked
     std::shared_ptr<const HostServices> services = defaultHostServices();

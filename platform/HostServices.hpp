@@ -10,13 +10,13 @@
 
 namespace platform {
 
-/// What only the host application knows: its folder, language, installed products and support
-/// packages.
+/// Provides what only the host application knows: its folder, language, installed products and
+/// support packages.
 ///
 /// Each function is called whenever its answer is needed, on any thread and on several at a time.
 /// An implementation is thread-safe and caches answers that take long to find. Some functions are
-/// called while the caller holds a lock: an implementation that called the same operation of the
-/// library would deadlock. It may throw; the header of each operation says what happens then.
+/// called while the caller holds a lock: an implementation that calls the same operation of the
+/// library deadlocks. It may throw; the header of each operation says what happens then.
 ///
 /// All strings are UTF-16, except those of the products, which are UTF-8.
 class DOCPARSER_SEAM_EXPORT HostServices {

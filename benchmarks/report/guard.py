@@ -102,7 +102,8 @@ def check(programs):
         is_more = change > ALLOWED
         is_good = is_good and not is_more
         verdict = f"MORE THAN {ALLOWED:.0%} ABOVE" if is_more else "ok"
-        print(f"{workload:10} {now:12,} instructions, recorded {before:12,}, {change:+7.2%}  {verdict}")
+        print(f"{workload:10} {now:12,} instructions, recorded {before:12,}, {change:+7.2%}  "
+              f"{verdict}")
     if not is_good:
         print("find the cause, or record the new counts: scripts/benchmark --check --update")
     return 0 if is_good else 1

@@ -76,7 +76,8 @@ def run_rows(program, root, *options):
     """Yields (row, result) for each repetition, in the order of the rows."""
     results = json.loads(run(program, root, "--benchmark_format=json", *options))["benchmarks"]
     results = [result for result in results if result["run_type"] == "iteration"]
-    for result in sorted(results, key=lambda each: (each["family_index"], each["repetition_index"])):
+    results.sort(key=lambda each: (each["family_index"], each["repetition_index"]))
+    for result in results:
         yield result["run_name"].removesuffix("/manual_time"), result
 
 

@@ -13,13 +13,13 @@ import words
 
 @dataclasses.dataclass(frozen=True)
 class Section:
-    """The documentation of a product or of a support package, with the same pages in every language."""
+    """A product or a support package, which has the same pages in every language."""
     name: str
     seed: int
     page_count: int
 
     def page(self, index):
-        """The name and the link of a page, and the random numbers that decide what its records have."""
+        """A page's name and link, and the random numbers that decide what its records have."""
         random = words.Random(self.seed * 1_000_003 + index)
         name = f"{random.identifier(1 + random.below(3))}{index}"
         return name, f"ref/{name}.html", random
@@ -55,7 +55,8 @@ class ItemWriter:
         if random.chance(0.4):
             item["description"] = self.long_prose(520)
         if random.chance(0.03):
-            item["appthumbnail"] = {"fileref": f"images/{self.name}.png", "alt": self.long_prose(40)}
+            item["appthumbnail"] = {"fileref": f"images/{self.name}.png",
+                                    "alt": self.long_prose(40)}
         if random.chance(0.04):
             item["deprecationstatus"] = random.pick(["discouraged", "deprecated"])
         if random.chance(0.75):
@@ -139,7 +140,8 @@ def lookup_records(section, language):
         for each in [name, f"{name}Variant"][:1 + (number + 1) % 2]:
             record = {"name": each}
             if random.chance(0.95):
-                record["type"] = random.pick(["function", "function", "method", "class", "property"])
+                types = ["function", "function", "method", "class", "property"]
+                record["type"] = random.pick(types)
             record |= {"refpurpose": prose.long_prose(language, 70), "href": href}
             if random.chance(0.6):
                 record["fcntype"] = random.pick(["method", "function"])
@@ -173,7 +175,7 @@ def write_zip(path, entries):
 
 
 def write_lookups(folder, index, files):
-    """Writes every third product's files as packages: by turns one for each file, or one for all."""
+    """Packs the files of every third product: by turns one package per file, or one for all."""
     if index % 3 != 0:
         for name, content in files:
             (folder / name).write_bytes(content)

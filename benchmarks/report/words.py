@@ -52,7 +52,8 @@ class Random:
         return int(math.log(1 - self._fraction()) / math.log(mean / (1 + mean)))
 
     def log_normal(self, mean, spread):
-        normal = math.sqrt(-2 * math.log(1 - self._fraction())) * math.cos(math.tau * self._fraction())
+        radius = math.sqrt(-2 * math.log(1 - self._fraction()))
+        normal = radius * math.cos(math.tau * self._fraction())
         return mean * math.exp(spread * normal - spread ** 2 / 2)
 
     def identifier(self, words):

@@ -51,7 +51,7 @@ void AccountRecorder::record(Step step) noexcept {
     try {
         step();
     } catch (...) {
-        // A recording that cannot be held must not disturb the retrieval.
+        // A failure to record must not affect the retrieval.
         account_.isComplete = false;
     }
 }
@@ -189,7 +189,8 @@ void AccountRecorder::recordDropped(const std::u16string& name, const LookupReco
                                     const LookupRecords& source, std::size_t index) noexcept {
     record([&] {
         const std::u16string& href = source[index].getHref();
-        // It lost to the record of its href; without one, to the records of the name.
+        // It lost to the record with the same href or, if there is none, to the records of its
+        // name.
         const std::optional<std::size_t> sameHref = targetHrefs_.find(name, target, href);
         placedSection().records.push_back(
             {.name = name,
@@ -207,10 +208,10 @@ void AccountRecorder::fileConcluded(const std::exception_ptr& failure) noexcept 
         // A merge reports the names that it adds before the names that both sections have.
         for (SectionAccount& section : file.sections)
             std::ranges::stable_sort(section.records, {}, &RecordAccount::name);
-        if (!failure)
-            file.fate = fateOfUsedFile(file.sections);
-        else if (open.readFailure)
+        if (open.readFailure)
             applyReason(*open.readFailure, file);
+        else if (!failure)
+            file.fate = fateOfUsedFile(file.sections);
         else if (file.role == FileRole::Package)
             applyReason(reasonOfOpening(file.path, failure), file);
         else

@@ -4,6 +4,7 @@
 #include "docparser/discovery/ProductZipData.hpp"
 #include "docparser/shared/RetrievalObserver.hpp"
 
+#include <optional>
 #include <string>
 
 namespace reference::docparser {
@@ -11,9 +12,9 @@ namespace reference::docparser {
 // Reads one resource file completely. The bytes are returned as they are stored: a byte-order mark
 // and CR LF stay, and nothing is decoded.
 //
-// A file that cannot be read is an empty string, which the parser refuses, so that the caller tries
-// the next location; the reason goes to the observer. Each call logs "Reading file: " at severity
-// 16 before it touches the file. No lock is held while a file is read.
+// Content that cannot be read is an empty string, which the parser rejects, so that the caller
+// tries the next location. The reason goes to the observer. Each call logs "Reading file: " at
+// severity 16 before it touches the file. No lock is held while a file is read.
 
 /// Reads a file, with one allocation of the file's size and one read.
 ///
@@ -21,10 +22,12 @@ namespace reference::docparser {
 /// opened, so it cannot block. A file that exists but cannot be read, or is larger than
 /// platform::readLimits() allows, is logged as "Problem reading JSON file: " at severity 512; the
 /// string is then empty, or holds zero bytes where a read failed halfway.
+/// \returns  the bytes; absent if the file is missing or cannot be opened
 /// \throws std::system_error  `path` cannot name a file: it contains NUL or an unpaired surrogate
-std::string openAndReadFile(const std::u16string& path, RetrievalObserver& observer);
+std::optional<std::string> openAndReadFile(const std::u16string& path, RetrievalObserver& observer);
 
-/// Reads the file of a product in a folder, as above.
+/// Reads the file of a product in a folder, as above. A file that cannot be opened is an empty
+/// string.
 std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& observer);
 
 /// Reads the entry of a product in an open package.
@@ -37,8 +40,8 @@ std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& ob
 /// Returns the path of a product's file, for the observer.
 const std::u16string& fileNameOf(const ProductPathData& product);
 
-/// Returns the name of a product's entry, for the observer: with its folders if the package library
-/// tells them, else the base name.
+/// Returns the name of a product's entry, for the observer: including its folders if the package
+/// library provides them, otherwise the base name.
 const std::u16string& fileNameOf(const ProductZipData& product);
 
 } // namespace reference::docparser

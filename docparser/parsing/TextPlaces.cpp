@@ -55,8 +55,8 @@ Wanted collectWanted(const std::vector<std::string>& pointers) {
     return root;
 }
 
-// Walks through a JSON text and records the places of the wanted values. It does not validate the
-// text, but never reads past its end. The recursion is only as deep as the longest pointer.
+// Walks through a JSON text and records the positions of the wanted values. It does not validate
+// the text, but never reads past its end. The recursion is only as deep as the longest pointer.
 class ValueFinder {
 public:
     ValueFinder(std::string_view text, std::vector<std::optional<ValuePlace>>& places)
@@ -64,7 +64,7 @@ public:
 
     void walk(const Wanted& wanted, const std::optional<TextPlace>& key) {
         skipSpace();
-        // The last of equal keys counts: discard what was found under an earlier one.
+        // If a key is repeated, the last one counts: discard what an earlier one yielded.
         wanted.forget(places_);
         for (const std::size_t pointer : wanted.pointers)
             places_[pointer] = ValuePlace{placeOf(at_), key};
@@ -134,7 +134,13 @@ private:
         return isThere;
     }
 
-    void skipSpace() { at_ = std::min(text_.find_first_not_of(" \t\r\n", at_), text_.size()); }
+    void skipSpace() {
+        const auto isSpace = [](char character) {
+            return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+        };
+        while (at_ < text_.size() && isSpace(text_[at_]))
+            ++at_;
+    }
 
     void skipString() {
         std::size_t quote = text_.find('"', ++at_);

@@ -25,7 +25,7 @@ struct LookupReadContext {
     std::u16string localeSuffix;                  // "_" and the current language, "en" included
 };
 
-// The name that a product's file is parsed for: a translation goes by the name of its product.
+// Returns the product name of a file: its stem, without the locale suffix of a translation.
 std::u16string ownName(const ProductData& product, const std::u16string& localeSuffix) {
     const std::u16string& name = product.getName();
     return product.isNonEnglishLocale() ? name.substr(0, name.find(localeSuffix)) : name;

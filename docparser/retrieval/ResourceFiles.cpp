@@ -26,10 +26,18 @@ std::u16string filePath(const std::u16string& product, const std::u16string& fol
     return (fl::filesystem::path(folder) / name).string();
 }
 
-Resources readProductFile(const std::u16string& file, const std::u16string& product,
-                          RetrievalObserver& observer) {
-    return parseResourceText<RefItem>(openAndReadFile(file, observer), product, parseRefItemSection,
-                                      observer);
+// Reads a product's file and passes its sections to `use`. Most products lack a translation, and
+// an exception for each missing file would cost as much as parsing a small one.
+template <class Use>
+void useProductFile(const std::u16string& file, const std::u16string& product, bool isTranslation,
+                    RetrievalObserver& observer, const Use& use) {
+    useFile(FileRole::Resources, file, isTranslation, observer, [&] {
+        if (std::optional<std::string> text = openAndReadFile(file, observer)) {
+            Resources sections = parseResourceText<RefItem>(*std::move(text), product,
+                                                            parseRefItemSection, observer);
+            use(sections);
+        }
+    });
 }
 
 void useAlone(Resources& sections, std::optional<Resources>& result, RetrievalObserver& observer) {
@@ -64,23 +72,21 @@ std::optional<Resources> getResourceDataAtRoot(const std::u16string& product,
                                                RetrievalObserver& observer) {
     std::optional<Resources> resources;
     const std::u16string englishFile = filePath(product, folder, {});
-    useFile(FileRole::Resources, englishFile, /*isTranslation=*/false, observer, [&] {
-        Resources sections = readProductFile(englishFile, product, observer);
-        useAlone(sections, resources, observer);
-    });
+    useProductFile(englishFile, product, /*isTranslation=*/false, observer,
+                   [&](Resources& sections) { useAlone(sections, resources, observer); });
 
     const std::u16string language = getCurrentLocale();
     if (language == kEnglish)
         return resources;
 
     const std::u16string languageFile = filePath(product, folder, makeLocaleSuffix(language));
-    useFile(FileRole::Resources, languageFile, /*isTranslation=*/true, observer, [&] {
-        Resources sections = readProductFile(languageFile, product, observer);
-        if (resources)
-            overlay(sections, *resources, observer);
-        else
-            useAlone(sections, resources, observer);
-    });
+    useProductFile(languageFile, product, /*isTranslation=*/true, observer,
+                   [&](Resources& sections) {
+                       if (resources)
+                           overlay(sections, *resources, observer);
+                       else
+                           useAlone(sections, resources, observer);
+                   });
     return resources;
 }
 

@@ -78,7 +78,8 @@ public:
                                const LookupRecords& /*source*/, std::size_t /*index*/) noexcept {}
 
     /// Nothing more happens to the current file.
-    /// \param failure  what reading, parsing or using it threw; null if all of it was used
+    /// \param failure  what reading, parsing or using it threw; null if all of it was used, or if
+    ///                 it could not be opened
     virtual void fileConcluded(const std::exception_ptr& /*failure*/) noexcept {}
 };
 

@@ -23,7 +23,7 @@ DOCPARSER_SEAM_EXPORT std::optional<std::string> environmentVariable(const std::
 ///
 /// Bytes pass as they are, without a carriage return before each line feed. A console of Windows
 /// shows UTF-8 and obeys the escape sequences for colours; afterwards its settings are restored.
-/// Where all this is a matter of course, nothing happens.
+/// Does nothing on systems that behave like this anyway.
 class DOCPARSER_SEAM_EXPORT Utf8Output {
 public:
     Utf8Output() noexcept;

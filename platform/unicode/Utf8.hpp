@@ -56,7 +56,7 @@ constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     const auto isTrail = [&](std::size_t i) { return (byteAt(i) & 0xC0) == 0x80; };
     const auto payloadOf = [&](std::size_t i) { return static_cast<char32_t>(byteAt(i) & 0x3F); };
 
-    // Most characters beyond ASCII have two or three bytes; these two cases need fewer comparisons.
+    // Most non-ASCII characters have two or three bytes; these two cases need fewer comparisons.
     if (byteAt(0) >= 0xC2 && byteAt(0) <= 0xDF && text.size() > 1 && isTrail(1))
         return {static_cast<char32_t>(byteAt(0) & 0x1F) << 6 | payloadOf(1), 2, true};
     if ((byteAt(0) & 0xF0) == 0xE0 && text.size() > 2 && isTrail(1) && isTrail(2)) {

@@ -26,7 +26,7 @@ apt_install() {
         --no-install-recommends "$@"
 }
 
-# Installs those of the packages that are missing; touches nothing when there are none.
+# Installs the packages that are missing, if any.
 install_packages() {
     if ! command -v apt-get >/dev/null; then
         say "No apt-get here: the equivalents of these Debian packages are needed: $*"

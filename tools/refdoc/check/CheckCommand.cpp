@@ -6,6 +6,7 @@
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
@@ -15,7 +16,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <stdexcept>
 
 namespace refdoc {
@@ -31,13 +31,13 @@ Answer wrongUsage(std::string complaint) {
 
 std::string unknownRule(const std::string& name) {
     std::vector<std::string> known;
-    for (const Rule& rule : rules())
-        known.emplace_back(rule.name);
+    for (const Rule* rule : rules())
+        known.emplace_back(rule->name);
     return fmt::format("there is no rule \"{}\"{}; see refdoc check --rules", name,
                        didYouMean(name, known));
 }
 
-// The first name that is no rule's; empty when all are.
+// Returns the first name that no rule has; empty if there is none.
 std::string firstUnknown(const CheckOptions& options) {
     std::vector<std::string> names = options.errorRules;
     names.insert(names.end(), options.ignoredRules.begin(), options.ignoredRules.end());
@@ -71,14 +71,13 @@ ReportSettings settingsOf(const CheckOptions& options) {
     return settings;
 }
 
-std::vector<Finding> findAll(const Options& options, const PathNames& names) {
+Findings findAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.arguments.empty())
         return checkRoots(Scope::Everything, names, progress);
-    std::vector<Finding> findings;
+    Findings findings;
     for (const std::u16string& target : options.arguments)
-        std::ranges::move(checkTarget(target, options, names, progress),
-                          std::back_inserter(findings));
+        checkTarget(target, options, names, progress, findings);
     return findings;
 }
 
@@ -104,7 +103,7 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return wrongUsage(unknownRule(unknown));
 
     const ReportSettings settings = settingsOf(check);
-    const PathNames names(std::filesystem::current_path());
+    PathNames names(std::filesystem::current_path());
     const std::vector<ReportedFinding> findings =
         makeReport(findAll(options, names), names, settings);
     const bool hasErrors =

@@ -9,8 +9,8 @@ namespace {
 
 std::vector<Choice> ruleChoices() {
     std::vector<Choice> choices;
-    for (const Rule& rule : rules())
-        choices.push_back({rule.name, rule.summary});
+    for (const Rule* rule : rules())
+        choices.push_back({rule->name, rule->summary});
     return choices;
 }
 

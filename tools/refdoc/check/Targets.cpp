@@ -2,9 +2,10 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/check/FileRoot.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
-#include "tools/refdoc/check/schema/SchemaWalker.hpp"
+#include "tools/refdoc/check/TemporaryRoot.hpp"
+#include "tools/refdoc/check/rules/ContentRules.hpp"
+#include "tools/refdoc/check/schema/Schema.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -13,7 +14,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 namespace refdoc::check {
 
@@ -27,7 +31,7 @@ namespace {
 const fs::path kManifestName = "installation.json";
 constexpr int kMostLevelsUp = 6; // from a support package's file to the install folder
 
-// The nearest folder above with a manifest.
+// Returns the nearest folder with a manifest, from `path` upwards.
 std::optional<std::u16string> findInstallFolder(fs::path path) {
     for (int level = 0; level <= kMostLevelsUp && path != path.parent_path(); ++level) {
         if (fs::exists(path / kManifestName))
@@ -37,15 +41,14 @@ std::optional<std::u16string> findInstallFolder(fs::path path) {
     return std::nullopt;
 }
 
-std::vector<Finding> check(Scope scope, const Options& options, const PathNames& names,
-                           Progress& progress) {
+Findings check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
     DocResourceParser::restoreDefaultSettings();
     applyOptions(options);
     return checkRoots(scope, names, progress);
 }
 
-std::vector<Finding> checkFolder(const fs::path& folder, Options options, const PathNames& names,
-                                 Progress& progress) {
+Findings checkFolder(const fs::path& folder, Options options, const PathNames& names,
+                     Progress& progress) {
     if (fs::exists(folder / "docCatalog")) {
         options.referenceRoot = folder.u16string();
         if (!options.installFolder)
@@ -55,14 +58,14 @@ std::vector<Finding> checkFolder(const fs::path& folder, Options options, const 
         options.referenceRoot.reset();
     } else {
         throw std::runtime_error(quoted(folder.u16string()) +
-                                 " is no reference root and no install folder: it has neither "
-                                 "\"docCatalog\" nor \"help\" nor \"installation.json\"");
+                                 " is neither a reference root nor an install folder: it has no "
+                                 "\"docCatalog\", \"help\" or \"installation.json\"");
     }
     return check(Scope::Everything, options, names, progress);
 }
 
-// Whether the text is that of a lookup file: its items have names, and nothing that only full
-// resources have. What tells nothing counts as full resources.
+// Returns whether the text is that of a lookup file: its items have names, and no keys that only
+// full resources have. A file without items is a full resource file.
 bool looksLikeLookup(const std::string& text) {
     json::error_code error;
     const json::value document = json::parse(text, error);
@@ -79,43 +82,39 @@ bool looksLikeLookup(const std::string& text) {
     return item && item->contains("name") && std::ranges::none_of(*item, isFullKey);
 }
 
-FileRoot::Folder folderFor(const fs::path& file) {
+TemporaryRoot::Folder folderFor(const fs::path& file) {
     const fs::path folder = file.parent_path().filename();
     if (folder == "referenceapi_lookup")
-        return FileRoot::Folder::Lookup;
+        return TemporaryRoot::Folder::Lookup;
     if (folder == "referenceapi")
-        return FileRoot::Folder::Resources;
+        return TemporaryRoot::Folder::Resources;
     SourceTexts texts;
     const SourceFile source{.path = file.u16string()};
     const bool isPackage =
         file.extension() == ".zip" || texts.readStart(source).starts_with("PK\x03\x04");
-    return isPackage || looksLikeLookup(texts.read(source)) ? FileRoot::Folder::Lookup
-                                                            : FileRoot::Folder::Resources;
+    return isPackage || looksLikeLookup(texts.read(source)) ? TemporaryRoot::Folder::Lookup
+                                                            : TemporaryRoot::Folder::Resources;
 }
 
-std::vector<Finding> checkFile(const fs::path& file, Options options, PathNames names,
-                               Progress& progress) {
-    if (file.filename() == kManifestName)
-        return checkManifest({.path = file.u16string()});
-    const FileRoot root(file, folderFor(file));
+Findings checkManifestFile(const SourceFile& file) {
+    Findings findings;
+    std::vector<Finding> found = checkManifest(SourceTexts().read(file));
+    addFindings(found, file, findings);
+    return findings;
+}
+
+Findings checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
+    const TemporaryRoot root(file, folderFor(file));
     names.rename(root.folder(), file.parent_path());
     if (!options.installFolder)
         options.installFolder = findInstallFolder(file.parent_path());
     options.referenceRoot = root.path().u16string();
     options.supportFolder = (root.path() / "none").u16string();
-    std::vector<Finding> findings = check(Scope::FilesAlone, options, names, progress);
-    for (Finding& finding : findings) {
-        finding.spot.file.path = file.u16string();
-        for (RelatedSpot& related : finding.related)
-            related.spot.file.path = file.u16string();
-    }
-    return findings;
+    return check(Scope::FilesAlone, options, names, progress);
 }
 
-} // namespace
-
-std::vector<Finding> checkTarget(const std::u16string& target, const Options& options,
-                                 const PathNames& names, Progress& progress) {
+Findings checkPath(const std::u16string& target, const Options& options, PathNames& names,
+                   Progress& progress) {
     const fs::path path = fs::absolute(fs::path(target)).lexically_normal();
     if (fs::is_directory(path)) {
         const fs::path folder = path.filename().empty() ? path.parent_path() : path;
@@ -123,7 +122,17 @@ std::vector<Finding> checkTarget(const std::u16string& target, const Options& op
     }
     if (!fs::exists(path))
         throw std::runtime_error("there is no file or folder " + quoted(target));
+    if (path.filename() == kManifestName)
+        return checkManifestFile({.path = path.u16string()});
     return checkFile(path, options, names, progress);
+}
+
+} // namespace
+
+void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
+                 Progress& progress, Findings& findings) {
+    for (auto& [file, found] : checkPath(target, options, names, progress))
+        addFindings(found, file, findings);
 }
 
 } // namespace refdoc::check

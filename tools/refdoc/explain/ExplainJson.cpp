@@ -37,7 +37,8 @@ inline constexpr auto kFields<SourceRecord> =
 
 template <>
 inline constexpr auto kFields<LostHeader> =
-    std::tuple{Field{"origin", &LostHeader::header}, Field{"rule", &LostHeader::rule},
+    std::tuple{Field{"origin", &LostHeader::header},
+               Field{"rule", [](const LostHeader& lost) { return toWord(lost.fate); }},
                Field{"winner", &LostHeader::winner}};
 
 template <>
@@ -46,7 +47,7 @@ inline constexpr auto kFields<LostRecord> =
                Field{"href", [](const LostRecord& lost) { return lost.record.href; }},
                Field{"refPurpose", [](const LostRecord& lost) { return lost.record.refPurpose; }},
                Field{"origin", [](const LostRecord& lost) { return lost.record.origin; }},
-               Field{"rule", &LostRecord::rule},
+               Field{"rule", [](const LostRecord& lost) { return toWord(lost.fate); }},
                Field{"winner", &LostRecord::winner}};
 
 namespace {
@@ -75,7 +76,7 @@ public:
             }
             for (const LostRecord& lost : section.lost)
                 add(section, lost.record,
-                    {{"rule", lost.rule}, {"winner", fileDocument(lost.winner)}});
+                    {{"rule", toWord(lost.fate)}, {"winner", fileDocument(lost.winner)}});
         }
         return std::move(lines_);
     }

@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 #include <string_view>
+#include <variant>
 
 namespace refdoc {
 
@@ -188,26 +189,40 @@ private:
 
     std::u16string headerRule(const LostHeader& lost) const {
         const std::u16string winner = nameOf(lost.winner);
-        if (lost.rule == toWord(SectionFate::KeyTaken))
+        switch (lost.fate) {
+        case SectionFate::KeyTaken:
             return u"key-taken: an earlier section of the same file has the key";
-        if (lost.rule == toWord(SectionFate::Overlay))
+        case SectionFate::Overlay:
             return u"overlay: the header of the translation takes its place, from " + winner;
-        if (lost.rule == toWord(SectionFate::Merged))
-            return u"merged: the section was there already, from " + winner;
-        return u"unused: the retrieval failed before its turn came";
+        case SectionFate::Merged: return u"merged: the section was there already, from " + winner;
+        case SectionFate::Unused: return u"unused: the retrieval failed before its turn came";
+        case SectionFate::New: break; // never lost
+        }
+        return {};
     }
 
     std::u16string recordRule(const LostRecord& lost) const {
-        const std::u16string winner = nameOf(lost.winner);
-        if (lost.rule == toWord(RecordFate::Replaced))
-            return u"replaced: the translation has the href, in " + winner;
-        if (lost.rule == toWord(RecordFate::DroppedHref))
+        return std::visit([&](auto fate) { return recordRule(fate, nameOf(lost.winner)); },
+                          lost.fate);
+    }
+
+    static std::u16string recordRule(RecordFate fate, const std::u16string& winner) {
+        switch (fate) {
+        case RecordFate::Replaced: return u"replaced: the translation has the href, in " + winner;
+        case RecordFate::DroppedHref:
             return u"dropped-href: the name has a record with this href already, from " + winner;
-        if (lost.rule == toWord(RecordFate::DroppedCount))
+        case RecordFate::DroppedCount:
             return u"dropped-count: the name has no fewer records already, from " + winner;
-        if (lost.rule == toWord(SectionFate::KeyTaken))
-            return u"key-taken: an earlier section of the same file has the section's key";
-        return u"unused: the retrieval failed before its turn came";
+        case RecordFate::AddedName:
+        case RecordFate::AddedHref: break; // never lost
+        }
+        return {};
+    }
+
+    static std::u16string recordRule(SectionFate fate, const std::u16string&) {
+        return fate == SectionFate::KeyTaken
+                   ? u"key-taken: an earlier section of the same file has the section's key"
+                   : u"unused: the retrieval failed before its turn came";
     }
 
     Page& page_;

@@ -10,9 +10,9 @@
 
 namespace refdoc {
 
-/// Where what was asked for comes from; the answer of `explain` before it is laid out.
+/// The answer of `explain`, before it is formatted.
 struct Explanation {
-    std::optional<std::u16string> product{}; ///< what was asked for: a product ...
+    std::optional<std::u16string> product{}; ///< the product in question ...
     std::optional<std::u16string> href{};    ///< ... or one of its items;
     std::optional<std::u16string> name{};    ///< or a name of the lookup index
     std::u16string language{};               ///< the documentation language

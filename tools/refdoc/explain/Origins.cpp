@@ -22,7 +22,7 @@ bool isKept(const RecordAccount* decision) {
            decision->fate == RecordFate::AddedHref;
 }
 
-// What an account says of the records that went under, to be asked in their order.
+// The decisions of an account about the records of the section underneath.
 class Decisions {
 public:
     explicit Decisions(const SectionAccount& section) {
@@ -30,7 +30,7 @@ public:
             byName_[record.name].push_back(&record);
     }
 
-    // Null when nothing was decided, as for items that only the English file has.
+    // Returns null if nothing was decided, as for items that only the English file has.
     const RecordAccount* of(const std::u16string& key, std::size_t index) const {
         const auto found = byName_.find(key);
         if (found == byName_.end())
@@ -51,8 +51,8 @@ public:
     void follow(const SectionAccount& section, SourceSection source) {
         switch (section.fate) {
         case SectionFate::New: place(section, std::move(source)); break;
-        case SectionFate::Overlay: putOver(section, std::move(source)); break;
-        case SectionFate::Merged: putUnder(section, std::move(source)); break;
+        case SectionFate::Overlay: placeOver(section, std::move(source)); break;
+        case SectionFate::Merged: placeUnder(section, std::move(source)); break;
         case SectionFate::KeyTaken:
         case SectionFate::Unused: drop(section, std::move(source)); break;
         }
@@ -83,19 +83,18 @@ private:
         origins.kept = byKey(std::move(source.records));
     }
 
-    void putOver(const SectionAccount& section, SourceSection source) {
+    void placeOver(const SectionAccount& section, SourceSection source) {
         SectionOrigins& origins = sectionOf(section);
         const std::size_t file = source.header.file;
         const Origin under = std::exchange(origins.header, std::move(source.header));
-        origins.lostHeaders.push_back({under, toWord(section.fate), file});
+        origins.lostHeaders.push_back({under, section.fate, file});
         const Records old = std::exchange(origins.kept, byKey(std::move(source.records)));
         combine(origins, old, Decisions(section));
     }
 
-    void putUnder(const SectionAccount& section, SourceSection source) {
+    void placeUnder(const SectionAccount& section, SourceSection source) {
         SectionOrigins& origins = sectionOf(section);
-        origins.lostHeaders.push_back(
-            {std::move(source.header), toWord(section.fate), section.other});
+        origins.lostHeaders.push_back({std::move(source.header), section.fate, section.other});
         combine(origins, byKey(std::move(source.records)), Decisions(section));
     }
 
@@ -106,8 +105,7 @@ private:
                 if (isKept(decision))
                     origins.kept[key].push_back(records[index]);
                 else
-                    origins.lost.push_back(
-                        {records[index], toWord(decision->fate), decision->winner});
+                    origins.lost.push_back({records[index], decision->fate, decision->winner});
             }
         }
     }
@@ -116,14 +114,18 @@ private:
         SectionOrigins& origins = sectionOf(section);
         const std::size_t file = source.header.file;
         for (SourceRecord& record : source.records)
-            origins.lost.push_back({std::move(record), toWord(section.fate), file});
-        origins.lostHeaders.push_back({std::move(source.header), toWord(section.fate), file});
+            origins.lost.push_back({std::move(record), section.fate, file});
+        origins.lostHeaders.push_back({std::move(source.header), section.fate, file});
     }
 
     std::map<std::u16string, SectionOrigins> sections_;
 };
 
 } // namespace
+
+std::string_view toWord(const decltype(LostRecord::fate)& fate) noexcept {
+    return std::visit([](auto value) { return reference::docparser::toWord(value); }, fate);
+}
 
 std::vector<SectionOrigins> findOrigins(const LoadAccount& account,
                                         const std::optional<std::u16string>& key) {

@@ -6,27 +6,32 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace refdoc {
 
-/// A record that a section of a file has and the result has not.
+/// A record of a file that the result does not have.
 struct LostRecord {
     SourceRecord record;
-    std::string_view rule; ///< a word of RecordFate, or of SectionFate when the section was dropped
-    std::size_t winner = 0; ///< the file that it lost to; its own when no other file is to blame
+    /// The decision about the record, or about its section if that was dropped as a whole.
+    std::variant<reference::docparser::RecordFate, reference::docparser::SectionFate> fate;
+    std::size_t winner = 0; ///< the file that it lost to; its own file if there is no other
 
     bool operator==(const LostRecord&) const = default;
 };
 
-/// A section of a file whose header the result has not; its records may be there all the same.
+/// A section of a file whose header the result does not have. The result may have its records.
 struct LostHeader {
     Origin header;
-    std::string_view rule;  ///< the word of the SectionFate that decided
-    std::size_t winner = 0; ///< the file whose header the result has instead
+    reference::docparser::SectionFate fate; ///< the decision about the section
+    std::size_t winner = 0;                 ///< the file whose header the result has instead
 
     bool operator==(const LostHeader&) const = default;
 };
+
+/// Returns the word for a decision, such as "dropped-href" or "key-taken".
+std::string_view toWord(const decltype(LostRecord::fate)& fate) noexcept;
 
 /// Where one section of a result comes from.
 struct SectionOrigins {
@@ -34,13 +39,13 @@ struct SectionOrigins {
     bool isInstalled = false; ///< of lookups
     Origin header{};
     std::vector<LostHeader> lostHeaders{};                      ///< in the order of the decisions
-    std::map<std::u16string, std::vector<SourceRecord>> kept{}; ///< as the result has them
+    std::map<std::u16string, std::vector<SourceRecord>> kept{}; ///< as in the result
     std::vector<LostRecord> lost{};                             ///< in the order of the decisions
 };
 
 /// Follows the records of a retrieval through overlay and merge to the result.
 /// \param account  of one retrieval
-/// \param key      follows only the records of this key; absent: all
+/// \param key      follows only the records with this key; absent: all
 /// \returns        the sections of the result, installed ones first, then by key
 std::vector<SectionOrigins> findOrigins(const reference::docparser::LoadAccount& account,
                                         const std::optional<std::u16string>& key);

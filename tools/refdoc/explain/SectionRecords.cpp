@@ -41,7 +41,7 @@ void readRecords(const json::value& document, FileRole role,
     }
 }
 
-void findPlaces(const std::string& text, std::vector<SourceSection>& sections) {
+void findPositions(const std::string& text, std::vector<SourceSection>& sections) {
     std::vector<Origin*> origins;
     for (SourceSection& section : sections) {
         origins.push_back(&section.header);
@@ -71,12 +71,12 @@ std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
     const std::optional<std::string> text = sections.empty() ? std::nullopt : texts.read(index);
     if (!text)
         return sections;
-    // What the library could read fails here only if it is not the same text any more.
+    // The library could read the text, so a failure means that the file has changed.
     ignoreFailure([&] {
         const json::value document = json::parse(*text);
         for (SourceSection& section : sections)
             readRecords(document, file.role, key, section);
-        findPlaces(*text, sections);
+        findPositions(*text, sections);
     });
     return sections;
 }

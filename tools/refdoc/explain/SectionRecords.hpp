@@ -9,18 +9,18 @@
 
 namespace refdoc {
 
-/// A record or the header of a section, where it stands in its file.
+/// The location of a record, or of the header of a section, in its file.
 struct Origin {
     std::size_t file = 0;  ///< an index of LoadAccount::files
     std::string pointer{}; ///< JSON pointer to the element of "refItems", or to the section
-    std::optional<reference::docparser::TextPlace> place{}; ///< absent: it is not there any more
+    std::optional<reference::docparser::TextPlace> place{}; ///< absent: the file has changed
 
     bool operator==(const Origin&) const = default;
 };
 
-/// One element of "refItems", by what tells it from others.
+/// One element of "refItems", reduced to what distinguishes it from others.
 struct SourceRecord {
-    std::u16string key{}; ///< what results are keyed by: its name; its href in full resources
+    std::u16string key{}; ///< of the result's map: its name; in full resources its href
     std::u16string href{};
     std::u16string refPurpose{};
     Origin origin{};
@@ -34,12 +34,12 @@ struct SourceSection {
     std::vector<SourceRecord> records{}; ///< in file order
 };
 
-/// The sections of a file that a retrieval has read, with the places of their records.
+/// Returns the sections of a file that a retrieval has read, with the positions of their records.
 ///
-/// The places are found in one pass over the text, which is read again. If the file has changed
-/// since the retrieval, records or places may be missing.
+/// Reads the file again and finds the positions in one pass over its text. If the file has changed
+/// since the retrieval, records or positions may be missing.
 /// \param index  of the file in the account
-/// \param key    keeps only the records of this key; absent: all
+/// \param key    returns only the records with this key; absent: all
 /// \returns      a section for each of the account's, in their order
 std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
                                         const std::optional<std::u16string>& key);

@@ -26,8 +26,9 @@ using reference::docparser::ProductPathData;
 using reference::docparser::ReferenceRoots;
 using Tools = DocResourceParser::ParsingTools;
 
+// Not constexpr: on Windows, the address of an imported function is known only at load time.
 template <>
-inline constexpr auto kFields<ProductPathData> =
+inline const auto kFields<ProductPathData> =
     std::tuple{Field{"name", &ProductPathData::getName},
                Field{"nonEnglishLocale", &ProductPathData::isNonEnglishLocale},
                Field{"fullPath", &ProductPathData::getFullPath}};

@@ -13,7 +13,7 @@
 
 namespace refdoc_tests {
 
-/// A test of `refdoc check`, which runs in the folder of the test.
+/// A test of `refdoc check`, which is run in the folder of the test.
 class CheckTest : public RefdocTest {
 protected:
     /// Runs `refdoc check` with the arguments after it.

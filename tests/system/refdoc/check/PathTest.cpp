@@ -15,7 +15,7 @@ const std::string kLookupWithoutPurpose = section("a", R"({"href": "a.html", "na
 
 class CheckPathTest : public CheckTest {};
 
-TEST_F(CheckPathTest, AResourceFileMayLieAnywhere) {
+TEST_F(CheckPathTest, ResourceFileMayBeInAnyFolder) {
     add("drafts/Orchard.json", kNoPurpose);
     EXPECT_EQ(
         check({"drafts/Orchard.json"}),
@@ -26,22 +26,21 @@ TEST_F(CheckPathTest, AResourceFileMayLieAnywhere) {
             ""}));
 }
 
-TEST_F(CheckPathTest, ItsContentTellsWhetherItIsALookupFile) {
+TEST_F(CheckPathTest, ContentDecidesWhetherItIsLookupFile) {
     add("drafts/Lookup.json",
         section("a", R"({"name": "a", "href": "a.html", "refpurpose": "", "deprecated": false})"));
     EXPECT_THAT(check({"drafts/Lookup.json"}).out, HasSubstr("[deprecated-false]"));
 }
 
-TEST_F(CheckPathTest, ItsFolderTellsBeforeItsContent) {
+TEST_F(CheckPathTest, FolderTakesPrecedenceOverContent) {
     add("referenceapi_lookup/A.json", kNoPurpose);
     EXPECT_THAT(check({"referenceapi_lookup/A.json"}).out,
                 HasSubstr("the required key \"name\" is missing"));
     add("referenceapi/A.json", kLookupWithoutPurpose);
-    EXPECT_THAT(check({"referenceapi/A.json"}).out,
-                HasSubstr("the key \"name\" has no meaning here"));
+    EXPECT_THAT(check({"referenceapi/A.json"}).out, HasSubstr("unknown key \"name\""));
 }
 
-TEST_F(CheckPathTest, APackageIsCheckedByItself) {
+TEST_F(CheckPathTest, PackageIsCheckedByItself) {
     docparser_tests::ZipBytes package;
     package.entries = {{.name = "in/A.json", .content = kLookupWithoutPurpose}};
     add("A.zip", package.build());
@@ -54,8 +53,8 @@ TEST_F(CheckPathTest, APackageIsCheckedByItself) {
             ""}));
 }
 
-TEST_F(CheckPathTest, PackageWithADirectoryBeyondTheLimitIsReported) {
-    // The start of one record, a hole, and an end that takes all of it for the directory.
+TEST_F(CheckPathTest, PackageDirectoryOverLimitIsReported) {
+    // The start of a record, a hole, and an end record that claims all of it as the directory.
     constexpr std::uint64_t kLength = (64 << 20) + 1;
     add("A.zip", "PK\1\2");
     std::filesystem::resize_file(path("A.zip"), kLength);
@@ -68,20 +67,20 @@ TEST_F(CheckPathTest, PackageWithADirectoryBeyondTheLimitIsReported) {
                        ""}));
 }
 
-TEST_F(CheckPathTest, AManifestIsCheckedByItsSchema) {
+TEST_F(CheckPathTest, ManifestIsCheckedAgainstItsSchema) {
     addManifest("{\"docLanguag\": \"de\",\n \"topLevelProducts\": [{}]}");
     EXPECT_EQ(
         linesOf(check({"installation.json"}).out),
         (std::vector<std::string>{
-            "installation.json:1:2: warning: the key \"docLanguag\" has no meaning here and is "
-            "ignored; did you mean \"docLanguage\"? [unknown-key]",
+            "installation.json:1:2: warning: unknown key \"docLanguag\", ignored; did you mean "
+            "\"docLanguage\"? [unknown-key]",
             "installation.json:2:23: error: the required key \"shortName\" is missing; the whole "
             "file "
             "is dropped [missing-key]",
             "1 error, 1 warning in 1 file"}));
 }
 
-TEST_F(CheckPathTest, SeveralPathsMakeOneReport) {
+TEST_F(CheckPathTest, SeveralPathsGiveOneReport) {
     add("A.json", kNoPurpose);
     add("B.json", kNoPurpose);
     const Outcome outcome = check({"B.json", "A.json"});
@@ -90,33 +89,58 @@ TEST_F(CheckPathTest, SeveralPathsMakeOneReport) {
         testing::ElementsAre(HasSubstr("A.json:"), HasSubstr("B.json:"), "2 errors in 2 files"));
 }
 
-TEST_F(CheckPathTest, AFolderWithoutDocumentationCanNotBeChecked) {
+TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
+    addResource("A", section("a", ""));
+    addResource("A_fr", section("a", ""));
+    EXPECT_THAT(check({"help"}).out, HasSubstr("[unsupported-language]"));
+    addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
+    EXPECT_EQ(check({"help"}), (Outcome{0, "nothing found\n", ""}));
+}
+
+TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
+    addResource("A", kNoPurpose);
+    const std::string file = docparser_tests::portable(path("help/docCatalog/referenceapi/A.json"));
+    EXPECT_EQ(
+        run({"check"}),
+        (Outcome{1,
+                 file + ":1:107: error: the required key \"refpurpose\" is missing; the whole "
+                        "file is dropped [missing-key]\n1 error in 1 file\n",
+                 ""}));
+}
+
+TEST_F(CheckPathTest, FindingsOfSeveralLanguagesAreReportedOnce) {
+    addResource("A", kNoPurpose);
+    add("help/docCatalog/referenceapi_lookup/A.zip", "not a package");
+    EXPECT_THAT(check({"help", "--langs", "en,de,ja"}).out, HasSubstr("2 errors in 2 files\n"));
+}
+
+TEST_F(CheckPathTest, FolderWithoutDocumentationIsAnError) {
     add("empty/x", "");
     const Outcome outcome = check({"empty"});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, HasSubstr("is no reference root and no install folder"));
+    EXPECT_THAT(outcome.err, HasSubstr("is neither a reference root nor an install folder"));
 }
 
-TEST_F(CheckPathTest, AMissingFileCanNotBeChecked) {
+TEST_F(CheckPathTest, MissingFileIsAnError) {
     EXPECT_EQ(check({"gone.json"}),
               (Outcome{3, "", "refdoc: there is no file or folder \"gone.json\"\n"}));
 }
 
-TEST_F(CheckPathTest, AMalformedManifestKeepsARootFromBeingChecked) {
+TEST_F(CheckPathTest, MalformedManifestIsAnErrorForItsRoot) {
     addManifest("{");
     addResource("A", section("a", ""));
     EXPECT_EQ(check({"."}).status, 3);
 }
 
-TEST_F(CheckPathTest, WhereNothingIsInstalledEachLookupNeedsFullResources) {
+TEST_F(CheckPathTest, WithoutInstalledProductsEachLookupNeedsFullResources) {
     addLookup("A", section("a", R"({"name": "a", "href": "a.html", "refpurpose": ""})"));
     EXPECT_THAT(check({"help"}).out, HasSubstr("[lookup-without-resources]"));
     addManifest(R"({"hardwareSupportPackages": ["kit"]})");
     EXPECT_THAT(check({"help"}).out, testing::Not(HasSubstr("[lookup-without-resources]")));
 }
 
-TEST_F(CheckPathTest, RecordsThatAreEqualAreNotLost) {
+TEST_F(CheckPathTest, EqualRecordsAreNotLost) {
     const std::string record = R"({"name": "a", "href": "a.html", "refpurpose": ""})";
     addResource("A", section("a", R"({"href": "a.html", "refpurpose": ""})"));
     addLookup("A", section("a", record));

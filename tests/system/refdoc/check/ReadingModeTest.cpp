@@ -1,5 +1,5 @@
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tools/refdoc/check/schema/SchemaWalker.hpp"
+#include "tools/refdoc/check/rules/SchemaRules.hpp"
 
 #include <boost/json/serialize.hpp>
 #include <fmt/format.h>
@@ -10,17 +10,16 @@ namespace refdoc_tests {
 namespace {
 
 namespace json = boost::json;
-using refdoc::check::ContentFinding;
-using refdoc::check::RuleId;
+using refdoc::check::Finding;
 using refdoc::check::Schema;
 using refdoc::check::SchemaMember;
 using refdoc::check::SchemaNode;
 
-// Makes a document with everything that a schema knows. Each text is "<its pointer>é", so that what
-// the library makes of it tells how it was read.
+// Makes a document with all keys of a schema. Each string is "<its pointer>é", so that the
+// library's result shows how it was read.
 class FullDocument {
 public:
-    // \param word  stands in for the words of enumerations that have it
+    // \param word  the value of the enumerations that have this word
     explicit FullDocument(std::string word) : word_(std::move(word)) {}
 
     json::value make(const SchemaNode& node, const std::string& pointer) {
@@ -28,15 +27,15 @@ public:
             return std::ranges::find(node.words, word_) == node.words.end()
                        ? json::value(node.defaultWord)
                        : json::value(word_);
-        if (node.kind == "array")
+        if (node.type == "array")
             return makeArray(node, pointer);
-        if (node.kind == "object")
+        if (node.type == "object")
             return makeObject(node.members, pointer);
         pointers_.insert(pointer);
         return json::value('<' + pointer + ">é");
     }
 
-    // The pointers of all texts.
+    // The pointers of all strings.
     const std::set<std::string>& pointers() const { return pointers_; }
 
 private:
@@ -60,23 +59,24 @@ private:
     std::set<std::string> pointers_;
 };
 
-// The texts that the schema says are read as ASCII.
+// Returns the pointers of the strings that are read as ASCII according to the schema.
 std::set<std::string> warnedOf(const Schema& schema, const json::value& document) {
+    std::vector<Finding> findings;
+    addSchemaFindings(schema, document, findings);
     std::set<std::string> pointers;
-    for (const ContentFinding& finding : walkDocument(schema, document)) {
-        EXPECT_EQ(finding.rule, RuleId::NotAscii) << finding.pointer << ' ' << finding.message;
-        pointers.insert(finding.pointer);
+    for (const Finding& finding : findings) {
+        EXPECT_EQ(finding.rule->name, "not-ascii") << finding.message;
+        pointers.insert(*finding.location.pointer);
     }
     return pointers;
 }
 
-// The texts whose "é" the library has garbled.
+// Returns the pointers of the strings whose "é" the library has garbled.
 std::set<std::string> garbledIn(const std::string& output, const std::set<std::string>& pointers) {
     std::set<std::string> garbled;
     for (const std::string& pointer : pointers) {
         const bool isGarbled = output.find('<' + pointer + ">Ã©") != output.npos;
         const bool isWhole = output.find('<' + pointer + ">é") != output.npos;
-        // Only "schema" and the like are read and shown nowhere else than in the header.
         EXPECT_TRUE(isGarbled || isWhole) << pointer << " is not in the output";
         if (isGarbled)
             garbled.insert(pointer);
@@ -86,7 +86,7 @@ std::set<std::string> garbledIn(const std::string& output, const std::set<std::s
 
 class ReadingModeTest : public CheckTest, public testing::WithParamInterface<const char*> {};
 
-TEST_P(ReadingModeTest, FullResourcesAreReadAsTheSchemaSays) {
+TEST_P(ReadingModeTest, FullResourcesAreReadAsInSchema) {
     FullDocument full(GetParam());
     const json::value document = full.make(refdoc::check::resourceSchema().root(), "");
     addResource("P", json::serialize(document));
@@ -96,7 +96,7 @@ TEST_P(ReadingModeTest, FullResourcesAreReadAsTheSchemaSays) {
               garbledIn(outcome.out, full.pointers()));
 }
 
-TEST_P(ReadingModeTest, LookupFilesAreReadAsTheSchemaSays) {
+TEST_P(ReadingModeTest, LookupFilesAreReadAsInSchema) {
     FullDocument full(GetParam());
     const json::value document = full.make(refdoc::check::lookupSchema().root(), "");
     addLookup("P", json::serialize(document));

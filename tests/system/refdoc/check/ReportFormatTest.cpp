@@ -20,7 +20,7 @@ std::string textAt(const json::value& value, std::string_view pointer) {
     return std::string(value.at_pointer(pointer).as_string());
 }
 
-// Before a drive stands a slash.
+// The path of a drive follows a third slash.
 std::string uriOfAbsolute(const std::string& path) {
     return (path.starts_with('/') ? "file://" : "file:///") + path;
 }
@@ -37,7 +37,7 @@ protected:
 TEST_F(ReportFormatTest, JsonIsOneValidDocument) {
     const json::value report = document(check({".", "--json"}).out);
     EXPECT_EQ(schema("check").problemsOf(report), "");
-    EXPECT_EQ(report.at("findings").as_array().size(), rules().size());
+    EXPECT_EQ(report.at("findings").as_array().size(), SeededTree::kFindingCount);
 }
 
 TEST_F(ReportFormatTest, WithoutFindingsJsonIsADocumentAndThereAreNoLines) {
@@ -100,22 +100,22 @@ TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {
     std::set<std::string> fingerprints;
     for (const json::value& finding : documents(check({".", "--jsonl"}).out))
         fingerprints.insert(textAt(finding, "/fingerprint"));
-    EXPECT_EQ(fingerprints.size(), rules().size());
+    EXPECT_EQ(fingerprints.size(), SeededTree::kFindingCount);
 }
 
-TEST_F(ReportFormatTest, AReportHasOneFormat) {
+TEST_F(ReportFormatTest, FormatsExcludeEachOther) {
     EXPECT_EQ(
         check({".", "--json", "--sarif"}),
         (Outcome{2, "", "refdoc: --json and --sarif cannot be combined; see refdoc --help\n"}));
 }
 
-TEST_F(ReportFormatTest, OnATerminalTheTextIsColoured) {
+TEST_F(ReportFormatTest, TextIsColouredOnRequest) {
     EXPECT_THAT(check({".", "--color", "always"}).out,
                 testing::HasSubstr("\x1b[31merror\x1b[0m: the required key \"refpurpose\""));
 }
 
-// A SARIF document is checked here for what the standard asks of each of its objects; the validator
-// of the standard's authors is run by scripts/check-sarif.
+// These tests check what the standard requires of each object. scripts/check-sarif runs the
+// validator of the standard's authors.
 class SarifTest : public ReportFormatTest {
 protected:
     SarifTest() : sarif_(document(check({".", "--sarif"}).out)) {}
@@ -134,7 +134,7 @@ protected:
     json::value sarif_;
 };
 
-TEST_F(SarifTest, ItIsOneRunOfOneTool) {
+TEST_F(SarifTest, HasOneRunOfOneTool) {
     EXPECT_EQ(textAt(sarif_, "/version"), "2.1.0");
     EXPECT_EQ(sarif_.at("runs").as_array().size(), 1U);
     EXPECT_EQ(textAt(run(), "/tool/driver/name"), "refdoc");
@@ -148,7 +148,7 @@ TEST_F(SarifTest, EachRuleHasHelp) {
     const json::array& described = run().at_pointer("/tool/driver/rules").as_array();
     ASSERT_EQ(described.size(), rules().size());
     for (std::size_t index = 0; index < described.size(); ++index) {
-        const Rule& rule = rules()[index];
+        const Rule& rule = *rules()[index];
         EXPECT_EQ(textAt(described[index], "/id"), rule.name);
         EXPECT_EQ(textAt(described[index], "/help/text"), rule.explanation);
         EXPECT_EQ(textAt(described[index], "/fullDescription/text"), rule.explanation);
@@ -160,13 +160,13 @@ TEST_F(SarifTest, EachRuleHasHelp) {
     }
 }
 
-TEST_F(SarifTest, EachResultNamesItsRuleAndHasAMessageAPlaceAndAFingerprint) {
-    EXPECT_EQ(results().size(), rules().size());
+TEST_F(SarifTest, EachResultHasRuleMessageLocationAndFingerprint) {
+    EXPECT_EQ(results().size(), SeededTree::kFindingCount);
     const std::set<std::string> levels = {"error", "warning", "note"};
     for (const json::value& result : results()) {
         const auto index = static_cast<std::size_t>(result.at("ruleIndex").to_number<int>());
         ASSERT_LT(index, rules().size());
-        EXPECT_EQ(textAt(result, "/ruleId"), rules()[index].name);
+        EXPECT_EQ(textAt(result, "/ruleId"), rules()[index]->name);
         EXPECT_TRUE(levels.contains(textAt(result, "/level")));
         EXPECT_FALSE(textAt(result, "/message/text").empty());
         EXPECT_EQ(result.at("locations").as_array().size(), 1U);
@@ -190,7 +190,7 @@ TEST_F(SarifTest, PathsAreRelativeUrisAndRegionsStartAtOne) {
               document(R"({"startLine": 2, "startColumn": 1})"));
 }
 
-TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
+TEST_F(SarifTest, EntryIsLogicalLocationInItsPackage) {
     const json::value& place = resultOf("unreadable-entry").at_pointer("/locations/0");
     EXPECT_EQ(textAt(place, "/physicalLocation/artifactLocation/uri"),
               "help/docCatalog/referenceapi_lookup/Locked.zip");
@@ -198,7 +198,7 @@ TEST_F(SarifTest, AnEntryIsALogicalPlaceInItsPackage) {
     EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
 }
 
-TEST_F(SarifTest, WhatIsRelatedHasPlacesAndMessagesOfItsOwn) {
+TEST_F(SarifTest, RelatedLocationsHaveMessages) {
     const json::array& related = resultOf("dropped-record").at("relatedLocations").as_array();
     ASSERT_EQ(related.size(), 1U);
     EXPECT_EQ(textAt(related[0], "/message/text"), "in/Orchard.json:2:1: the record that is kept.");

@@ -24,7 +24,7 @@ void write(const fs::path& file, std::string_view text) {
         throw std::runtime_error("can't write " + file.string());
 }
 
-// A section on lines of their own: the header on the first, each item on one more.
+// A section with its header on the first line and its items on lines of their own.
 std::string section(const std::string& key, const std::string& items,
                     const std::string& more = {}) {
     return R"({"productName": "", "baseCode": "b", "helpFolder": ")" + key +
@@ -69,7 +69,7 @@ void writeResources(const fs::path& folder) {
     fs::resize_file(folder / "Huge.json", (std::uintmax_t{1} << 30) + 1);
     write(folder / "Cellar.JSON", section("cellar", ""));
     write(folder / "Orchard.json.bak", section("orchard", ""));
-    write(folder / "readme.txt", "No resource file, and no finding.");
+    write(folder / "readme.txt", "Not a resource file, and not reported.");
 }
 
 std::string zip(std::vector<ZipEntryBytes> entries) {
@@ -92,7 +92,7 @@ void writeLookups(const fs::path& folder) {
           section("orchard", R"({"name": "graft", "href": "graft.html", "refpurpose": ""})"));
     write(folder / "Lonely.json",
           section("lonely", R"({"name": "alone", "href": "alone.html", "refpurpose": ""})"));
-    write(folder / "Broken.zip", "this is no package");
+    write(folder / "Broken.zip", "not a package");
     write(folder / "Locked.zip", zip({{.name = "Locked.json",
                                        .content = section("locked", ""),
                                        .flags = docparser_tests::kEncryptedFlag}}));

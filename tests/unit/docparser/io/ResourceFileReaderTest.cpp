@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 namespace reference::docparser {
@@ -20,7 +21,7 @@ using testing::ElementsAre;
 
 class ResourceFileReader : public testing::Test {
 protected:
-    static std::string read(const std::u16string& path) {
+    static std::optional<std::string> read(const std::u16string& path) {
         return openAndReadFile(path, unobserved);
     }
     static LogLine readingLine(const std::string& path) {
@@ -28,7 +29,7 @@ protected:
     }
 
     // What is read from a file that holds these bytes.
-    std::string readBack(const std::string& bytes) const {
+    std::optional<std::string> readBack(const std::string& bytes) const {
         return read(folder.write("Orchard.json", bytes).u16string());
     }
 
@@ -44,10 +45,10 @@ TEST_F(ResourceFileReader, ReturnsTheBytesAsTheyAreStored) {
         EXPECT_EQ(readBack(bytes), bytes);
 }
 
-TEST_F(ResourceFileReader, ReturnsAnEmptyStringForAnEmptyOrMissingFileOrAFolder) {
+TEST_F(ResourceFileReader, TellsAnEmptyFileFromAMissingFileOrAFolder) {
     EXPECT_EQ(readBack(""), "");
-    EXPECT_EQ(read(folder.u16() + u"/Missing.json"), "");
-    EXPECT_EQ(read(folder.u16()), "");
+    EXPECT_EQ(read(folder.u16() + u"/Missing.json"), std::nullopt);
+    EXPECT_EQ(read(folder.u16()), std::nullopt);
 }
 
 TEST_F(ResourceFileReader, LogsThePathWhetherOrNotTheFileCanBeRead) {

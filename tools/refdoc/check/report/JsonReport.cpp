@@ -18,9 +18,9 @@ using check::Summary;
 namespace {
 
 // Absent if the location is a file as a whole.
-std::optional<std::size_t> coordinate(const check::ReportedSpot& spot,
+std::optional<std::size_t> coordinate(const check::ReportedLocation& location,
                                       std::size_t check::TextPlace::*member) {
-    return spot.place ? std::optional((*spot.place).*member) : std::nullopt;
+    return location.position ? std::optional((*location.position).*member) : std::nullopt;
 }
 
 } // namespace
@@ -28,15 +28,17 @@ std::optional<std::size_t> coordinate(const check::ReportedSpot& spot,
 // The location of a finding, or of something related to it.
 template <class Located>
 inline constexpr auto kLocationFields = std::tuple{
-    Field{"path", [](const Located& at) { return at.spot.path; }},
+    Field{"path", [](const Located& at) { return at.location.file->path; }},
     Field{"entry",
           [](const Located& at) {
-              return at.spot.entry.empty() ? std::nullopt : std::optional(at.spot.entry);
+              const std::string& entry = at.location.file->entry;
+              return entry.empty() ? std::nullopt : std::optional(entry);
           }},
-    Field{"line", [](const Located& at) { return coordinate(at.spot, &check::TextPlace::line); }},
+    Field{"line",
+          [](const Located& at) { return coordinate(at.location, &check::TextPlace::line); }},
     Field{"column",
-          [](const Located& at) { return coordinate(at.spot, &check::TextPlace::column); }},
-    Field{"pointer", [](const Located& at) { return at.spot.pointer; }}};
+          [](const Located& at) { return coordinate(at.location, &check::TextPlace::column); }},
+    Field{"pointer", [](const Located& at) { return at.location.pointer; }}};
 
 template <>
 inline constexpr auto kFields<ReportedRelation> = std::tuple_cat(

@@ -1,15 +1,16 @@
 #include "tools/refdoc/check/report/Report.hpp"
 
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/check/report/Places.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
+#include <map>
 #include <string_view>
-#include <tuple>
 #include <unordered_map>
 #include <utility>
 
@@ -17,13 +18,14 @@ namespace refdoc::check {
 
 namespace {
 
-// FNV-1a, 64 bits: a fixed function, for fingerprints are compared between versions and machines.
+// FNV-1a with 64 bits. Fingerprints are compared between versions and machines, so the function
+// must never change.
 class Hash {
 public:
     void add(std::string_view text) {
         for (const char byte : text)
             add(static_cast<unsigned char>(byte));
-        add('\0'); // "ab", "c" is not "a", "bc"
+        add('\0'); // "ab", "c" differs from "a", "bc"
     }
     std::uint64_t value() const noexcept { return value_; }
 
@@ -33,31 +35,16 @@ private:
     std::uint64_t value_ = 0xCBF29CE484222325U;
 };
 
-ReportedSpot reported(Spot& spot, const PathNames& names) {
-    return {visibleLine(names.pathOf(spot.file)), visibleLine(fl::i18n::to_string(spot.file.entry)),
-            spot.place, std::move(spot.pointer)};
-}
-
-Severity severityOf(const Rule& rule, const ReportSettings& settings) {
-    const bool isRaised = settings.errorRules.contains(rule.name) ||
-                          (settings.isAllError && rule.severity == Severity::Warning);
-    return isRaised ? Severity::Error : rule.severity;
-}
-
-auto orderOf(const ReportedFinding& finding) {
-    const ReportedSpot& spot = finding.spot;
-    return std::tuple(std::string_view(spot.path), std::string_view(spot.entry),
-                      spot.place ? spot.place->offset + 1 : 0, finding.rule->id,
-                      std::string_view(finding.message));
-}
-
-// Tells findings apart that nothing but their order does.
+// Makes the fingerprints of one file's findings. Findings that differ only in their order are
+// numbered.
 class Fingerprints {
 public:
-    std::string make(const Finding& finding, const ReportedSpot& spot) {
+    explicit Fingerprints(const ReportedFile& file) : file_(file) {}
+
+    std::string make(const Finding& finding) {
         Hash hash;
         for (const std::string_view part :
-             {ruleOf(finding.rule).name, std::string_view(spot.path), std::string_view(spot.entry),
+             {finding.rule->name, std::string_view(file_.path), std::string_view(file_.entry),
               std::string_view(finding.identity)})
             hash.add(part);
         const std::size_t number = ++counts_[hash.value()];
@@ -66,68 +53,98 @@ public:
     }
 
 private:
+    const ReportedFile& file_;
     std::unordered_map<std::uint64_t, std::size_t> counts_;
 };
 
-// Takes the strings that the fingerprint does not need.
-ReportedFinding reported(Finding& finding, const PathNames& names, const ReportSettings& settings) {
-    const Rule& rule = ruleOf(finding.rule);
-    ReportedFinding result{&rule,
-                           severityOf(rule, settings),
-                           reported(finding.spot, names),
-                           visibleLine(finding.message),
-                           {},
-                           {}};
-    for (RelatedSpot& related : finding.related)
-        result.related.push_back({reported(related.spot, names), std::move(related.message)});
+ReportedFile reported(const SourceFile& file, const PathNames& names) {
+    return {visibleLine(names.pathOf(file)), visibleLine(fl::i18n::to_string(file.entry))};
+}
+
+Severity severityOf(const Rule& rule, const ReportSettings& settings) {
+    const bool isRaised = settings.errorRules.contains(rule.name) ||
+                          (settings.isAllError && rule.severity == Severity::Warning);
+    return isRaised ? Severity::Error : rule.severity;
+}
+
+std::size_t orderOf(const Location& location) {
+    return location.position ? location.position->offset + 1 : 0;
+}
+
+// By position; then in the order of the rules, which takes longer to find out.
+bool isBefore(const Finding* left, const Finding* right) {
+    const std::size_t leftOrder = orderOf(left->location);
+    const std::size_t rightOrder = orderOf(right->location);
+    if (leftOrder != rightOrder)
+        return leftOrder < rightOrder;
+    return std::pair(indexOf(*left->rule), std::string_view(left->message)) <
+           std::pair(indexOf(*right->rule), std::string_view(right->message));
+}
+
+// Most messages are printable ASCII and need no copy.
+std::string visible(std::string& message) {
+    const auto isPrintable = [](char byte) { return byte >= ' ' && byte <= '~'; };
+    return std::ranges::all_of(message, isPrintable) ? std::move(message) : visibleLine(message);
+}
+
+// Moves the strings out of the finding.
+ReportedFinding reported(Finding& finding, const std::shared_ptr<const ReportedFile>& file,
+                         const PathNames& names, const ReportSettings& settings) {
+    ReportedFinding result{
+        .rule = finding.rule,
+        .severity = severityOf(*finding.rule, settings),
+        .location = {file, finding.location.position, std::move(finding.location.pointer)},
+        .message = visible(finding.message),
+        .fingerprint = {},
+        .related = {}};
+    for (RelatedLocation& related : finding.related)
+        result.related.push_back({{std::make_shared<ReportedFile>(reported(related.file, names)),
+                                   related.location.position, std::move(related.location.pointer)},
+                                  std::move(related.message)});
     return result;
 }
 
 } // namespace
 
-std::string ReportedSpot::text() const {
-    std::string text = path;
-    if (!entry.empty())
-        text += '!' + entry;
-    if (place)
-        text += fmt::format(":{}:{}", place->line, place->column);
+std::string ReportedLocation::text() const {
+    std::string text = file->path;
+    if (!file->entry.empty())
+        text += '!' + file->entry;
+    if (position)
+        text += fmt::format(":{}:{}", position->line, position->column);
     return text;
 }
 
-std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const PathNames& names,
+std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& names,
                                         const ReportSettings& settings) {
-    std::erase_if(findings, [&](const Finding& finding) {
-        return settings.ignoredRules.contains(ruleOf(finding.rule).name);
-    });
-    findPlaces(findings);
-
-    std::vector<std::pair<ReportedFinding, const Finding*>> report;
-    report.reserve(findings.size());
-    for (Finding& finding : findings)
-        report.emplace_back(reported(finding, names, settings), &finding);
-    // Many large entries: only their addresses are moved about.
-    std::vector<std::pair<ReportedFinding, const Finding*>*> order;
-    order.reserve(report.size());
-    for (auto& entry : report)
-        order.push_back(&entry);
-    std::ranges::sort(order, {}, [](const auto* entry) { return orderOf(entry->first); });
-
-    std::vector<ReportedFinding> result;
-    result.reserve(order.size());
-    Fingerprints fingerprints;
-    for (auto* entry : order) {
-        ReportedFinding& finding = entry->first;
-        finding.fingerprint = fingerprints.make(*entry->second, finding.spot);
-        if (!settings.knownFingerprints.contains(finding.fingerprint))
-            result.push_back(std::move(finding));
+    std::map<ReportedFile, std::vector<Finding*>> files;
+    for (auto& [source, found] : findings) {
+        std::vector<Finding*>& list = files[reported(source, names)];
+        for (Finding& finding : found) {
+            if (!settings.ignoredRules.contains(finding.rule->name))
+                list.push_back(&finding);
+        }
     }
-    return result;
+    std::vector<ReportedFinding> report;
+    for (auto& [path, list] : files) {
+        std::ranges::sort(list, isBefore);
+        const auto file = std::make_shared<const ReportedFile>(path);
+        Fingerprints fingerprints(*file);
+        for (Finding* finding : list) {
+            std::string fingerprint = fingerprints.make(*finding);
+            if (settings.knownFingerprints.contains(fingerprint))
+                continue;
+            report.push_back(reported(*finding, file, names, settings));
+            report.back().fingerprint = std::move(fingerprint);
+        }
+    }
+    return report;
 }
 
 Summary summarize(const std::vector<ReportedFinding>& findings) {
-    std::set<std::pair<std::string_view, std::string_view>> files;
+    std::set<ReportedFile> files;
     for (const ReportedFinding& finding : findings)
-        files.emplace(finding.spot.path, finding.spot.entry);
+        files.insert(*finding.location.file);
     const auto count = [&](Severity severity) {
         return static_cast<std::size_t>(
             std::ranges::count(findings, severity, &ReportedFinding::severity));

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "tools/refdoc/check/rules/Finding.hpp"
-#include "tools/refdoc/check/rules/PathNames.hpp"
+#include "tools/refdoc/check/findings/Finding.hpp"
+#include "tools/refdoc/check/findings/PathNames.hpp"
 
+#include <compare>
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -11,43 +13,50 @@
 
 namespace refdoc::check {
 
-/// A place as it is reported.
-struct ReportedSpot {
+/// A file or package entry with findings.
+struct ReportedFile {
     std::string path;  ///< of the file or package; relative below the current folder, with '/'
     std::string entry; ///< of a package; else empty
-    std::optional<TextPlace> place;
+
+    auto operator<=>(const ReportedFile&) const = default;
+};
+
+/// A location as it is reported.
+struct ReportedLocation {
+    std::shared_ptr<const ReportedFile> file; ///< not null; shared by the findings of a file
+    std::optional<TextPlace> position;
     std::optional<std::string> pointer;
 
-    /// "file:line:column", "package!entry:line:column", or without the places.
+    /// Returns "file:line:column" or "package!entry:line:column", without the numbers if there is
+    /// no position.
     std::string text() const;
 };
 
 struct ReportedRelation {
-    ReportedSpot spot;
+    ReportedLocation location;
     std::string message;
 };
 
-/// A finding as it is reported. Texts are well-formed UTF-8 without control characters.
+/// A finding as it is reported. Strings are well-formed UTF-8 without control characters.
 struct ReportedFinding {
     const Rule* rule;
-    Severity severity; ///< the rule's, unless --werror made an error of it
-    ReportedSpot spot;
+    Severity severity; ///< the rule's, or Error because of --werror
+    ReportedLocation location;
     std::string message;
-    std::string fingerprint; ///< the same whatever lines are put before the finding
+    std::string fingerprint; ///< independent of line numbers
     std::vector<ReportedRelation> related;
 };
 
-/// How findings are chosen and weighed. Rules go by their names.
+/// Which findings are reported, and how severe they are. Rules are given by their names.
 struct ReportSettings {
     std::set<std::string, std::less<>> ignoredRules{};
-    std::set<std::string, std::less<>> errorRules{}; ///< their findings count as errors
-    bool isAllError = false;                         ///< all findings but notes count as errors
-    std::set<std::string, std::less<>> knownFingerprints{}; ///< what is not reported again
+    std::set<std::string, std::less<>> errorRules{};        ///< their findings count as errors
+    bool isAllError = false;                                ///< all warnings count as errors
+    std::set<std::string, std::less<>> knownFingerprints{}; ///< findings that are not reported
 };
 
-/// Finds the places of the findings, in one pass over each file that has some, and puts them in the
-/// order of files and places.
-std::vector<ReportedFinding> makeReport(std::vector<Finding> findings, const PathNames& names,
+/// Returns the findings that are reported, sorted by file and position.
+std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& names,
                                         const ReportSettings& settings);
 
 /// The number of findings of each severity, and of files and package entries that have findings.

@@ -1,40 +1,32 @@
 #include "platform/unicode/Transcoding.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <boost/json/serialize.hpp>
 #include <boost/json/value.hpp>
+#include <boost/url/encode.hpp>
+#include <boost/url/rfc/unreserved_chars.hpp>
 #include <fmt/format.h>
 
 namespace refdoc::check {
 
 namespace json = boost::json;
+namespace urls = boost::urls;
 
 namespace {
 
 constexpr std::string_view kSourceRoot = "%SRCROOT%";
 
-bool isUnreserved(char byte) {
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
-           (byte >= '0' && byte <= '9') ||
-           std::string_view("-._~/").find(byte) != std::string::npos;
-}
-
-// A path as a URI reference: what is not plain is escaped, ':' too, lest it look like a scheme.
+// Returns a path as a URI reference. ':' is escaped as well, so that it does not look like the end
+// of a scheme.
 std::string uriOf(std::string_view path) {
-    std::string uri;
-    for (const char byte : path) {
-        if (isUnreserved(byte))
-            uri += byte;
-        else
-            uri += fmt::format("%{:02X}", static_cast<unsigned char>(byte));
-    }
-    return uri;
+    return urls::encode(path, urls::unreserved_chars + '/');
 }
 
 std::string fileUriOf(std::string_view path) {
     if (path.starts_with('/'))
         return "file://" + uriOf(path);
-    // A drive needs a slash before it and keeps its colon.
+    // A drive follows a third slash and keeps its colon.
     return "file:///" + std::string(path.substr(0, 2)) + uriOf(path.substr(2));
 }
 
@@ -42,31 +34,30 @@ json::object textObject(std::string_view text) {
     return {{"text", text}};
 }
 
-json::object artifactOf(const ReportedSpot& spot) {
-    if (std::filesystem::path(platform::toUtf16(spot.path)).is_absolute())
-        return {{"uri", fileUriOf(spot.path)}};
-    return {{"uri", uriOf(spot.path)}, {"uriBaseId", kSourceRoot}};
+json::object artifactOf(std::string_view path) {
+    if (std::filesystem::path(platform::toUtf16(path)).is_absolute())
+        return {{"uri", fileUriOf(path)}};
+    return {{"uri", uriOf(path)}, {"uriBaseId", kSourceRoot}};
 }
 
-json::object locationOf(const ReportedSpot& spot) {
-    json::object physical{{"artifactLocation", artifactOf(spot)}};
-    // Lines are those of the entry, and a package has none.
-    if (spot.place && spot.entry.empty())
-        physical["region"] = {{"startLine", spot.place->line}, {"startColumn", spot.place->column}};
+json::object locationOf(const ReportedLocation& reported) {
+    const auto& [file, position, pointer] = reported;
+    json::object physical{{"artifactLocation", artifactOf(file->path)}};
+    // A line number is that of the entry. A package has no lines.
+    if (position && file->entry.empty())
+        physical["region"] = {{"startLine", position->line}, {"startColumn", position->column}};
     json::object location{{"physicalLocation", std::move(physical)}};
-    if (!spot.entry.empty())
+    if (!file->entry.empty())
         location["logicalLocations"] = {
-            {{"name", spot.entry}, {"fullyQualifiedName", spot.text()}, {"kind", "resource"}}};
+            {{"name", file->entry}, {"fullyQualifiedName", reported.text()}, {"kind", "resource"}}};
     return location;
 }
 
-// Messages are sentences, and name the entry that no region can.
-std::string messageOf(const ReportedSpot& spot, std::string_view message) {
+// Messages are sentences. They name the entry, which a region can't.
+std::string messageOf(const ReportedLocation& location, std::string_view message) {
     std::string text;
-    if (!spot.entry.empty())
-        text = spot.entry +
-               (spot.place ? fmt::format(":{}:{}", spot.place->line, spot.place->column) : "") +
-               ": ";
+    if (!location.file->entry.empty())
+        text = location.text().substr(location.file->path.size() + 1) + ": ";
     text += message;
     if (!text.ends_with('?'))
         text += '.';
@@ -76,16 +67,16 @@ std::string messageOf(const ReportedSpot& spot, std::string_view message) {
 json::object resultOf(const ReportedFinding& finding) {
     json::object result;
     result["ruleId"] = finding.rule->name;
-    result["ruleIndex"] = static_cast<std::size_t>(finding.rule->id);
+    result["ruleIndex"] = indexOf(*finding.rule);
     result["level"] = toWord(finding.severity);
-    result["message"] = textObject(messageOf(finding.spot, finding.message));
-    result["locations"] = json::array{locationOf(finding.spot)};
+    result["message"] = textObject(messageOf(finding.location, finding.message));
+    result["locations"] = json::array{locationOf(finding.location)};
     if (!finding.related.empty()) {
         json::array& related = result["relatedLocations"].emplace_array();
         for (const ReportedRelation& relation : finding.related) {
-            json::object location = locationOf(relation.spot);
+            json::object location = locationOf(relation.location);
             location["id"] = related.size();
-            location["message"] = textObject(messageOf(relation.spot, relation.message));
+            location["message"] = textObject(messageOf(relation.location, relation.message));
             related.push_back(std::move(location));
         }
     }
@@ -93,7 +84,7 @@ json::object resultOf(const ReportedFinding& finding) {
     return result;
 }
 
-// "missing-key" as a name in the form that the standard asks for: "MissingKey".
+// Returns "MissingKey" for "missing-key": the standard requires names in Pascal case.
 std::string pascalName(std::string_view name) {
     std::string result;
     bool isFirst = true;
@@ -107,14 +98,14 @@ std::string pascalName(std::string_view name) {
 
 json::array ruleObjects() {
     json::array objects;
-    for (const Rule& rule : rules()) {
+    for (const Rule* rule : rules()) {
         json::object object;
-        object["id"] = rule.name;
-        object["name"] = pascalName(rule.name);
-        object["shortDescription"] = textObject(fmt::format("{}.", rule.summary));
-        object["fullDescription"] = textObject(rule.explanation);
-        object["help"] = textObject(rule.explanation);
-        object["defaultConfiguration"] = {{"level", toWord(rule.severity)}};
+        object["id"] = rule->name;
+        object["name"] = pascalName(rule->name);
+        object["shortDescription"] = textObject(fmt::format("{}.", rule->summary));
+        object["fullDescription"] = textObject(rule->explanation);
+        object["help"] = textObject(rule->explanation);
+        object["defaultConfiguration"] = {{"level", toWord(rule->severity)}};
         objects.push_back(std::move(object));
     }
     return objects;

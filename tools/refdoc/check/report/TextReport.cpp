@@ -1,4 +1,5 @@
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/terminal/Paint.hpp"
 
 #include <fmt/format.h>
@@ -15,9 +16,9 @@ Paint paintOf(Severity severity) {
     switch (severity) {
     case Severity::Error: return Paint::Alarm;
     case Severity::Warning: return Paint::Caution;
-    case Severity::Note: break;
+    case Severity::Note: return Paint::Dim;
     }
-    return Paint::Dim;
+    return Paint::Plain;
 }
 
 std::string counted(std::size_t count, std::string_view what) {
@@ -42,25 +43,27 @@ std::string textReport(const std::vector<ReportedFinding>& findings, bool color)
     std::string report;
     for (const ReportedFinding& finding : findings) {
         report += fmt::format(
-            "{}: {}: {} {}\n", painted(finding.spot.text(), Paint::Heading, color),
+            "{}: {}: {} {}\n", painted(finding.location.text(), Paint::Heading, color),
             painted(toWord(finding.severity), paintOf(finding.severity), color), finding.message,
             painted(fmt::format("[{}]", finding.rule->name), Paint::Dim, color));
         for (const ReportedRelation& related : finding.related)
-            report += fmt::format("    {}: {}\n", related.spot.text(), related.message);
+            report += fmt::format("    {}: {}\n", related.location.text(), related.message);
     }
     return report + summaryText(summarize(findings));
 }
 
 std::string ruleList(bool color) {
     std::size_t width = 0;
-    for (const Rule& rule : rules())
-        width = std::max(width, rule.name.size());
+    for (const Rule* rule : rules())
+        width = std::max(width, rule->name.size());
     std::string list;
-    for (const Rule& rule : rules())
-        list += fmt::format(
-            "{}{:{}}  {}{:{}}  {}\n", painted(rule.name, Paint::Heading, color), "",
-            width - rule.name.size(), painted(toWord(rule.severity), paintOf(rule.severity), color),
-            "", toWord(Severity::Warning).size() - toWord(rule.severity).size(), rule.summary);
+    for (const Rule* rule : rules()) {
+        const std::string_view severity = toWord(rule->severity);
+        list += fmt::format("{}{:{}}  {}{:{}}  {}\n", painted(rule->name, Paint::Heading, color),
+                            "", width - rule->name.size(),
+                            painted(severity, paintOf(rule->severity), color), "",
+                            toWord(Severity::Warning).size() - severity.size(), rule->summary);
+    }
     return list;
 }
 

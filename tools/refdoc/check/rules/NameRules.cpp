@@ -27,6 +27,42 @@ using Tools = DocResourceParser::ParsingTools;
 
 namespace {
 
+constexpr Rule kExtensionCase{
+    "extension-case", Severity::Error, "the file is ignored because of the case of its extension",
+    "Extensions are case-sensitive: only `json` and, in the lookup folder, `zip` are read. Rename "
+    "the file."};
+
+constexpr Rule kIgnoredFile{
+    "ignored-file", Severity::Warning, "a file that looks like a resource file is ignored",
+    "The name or the first bytes of the file suggest that it should be read, but its name is not "
+    "that of a resource file. Only `NAME.json` and, in the lookup folder, `NAME.zip` are read. "
+    "Rename the file or move it to another folder. Other files are not reported."};
+
+constexpr Rule kUnsupportedLanguage{
+    "unsupported-language", Severity::Warning, "the suffix of the name is not a supported language",
+    "A file is a translation only if its name ends with `_` and a supported language other than "
+    "English, spelt as the application spells it. With any other suffix, including `_en`, the file "
+    "is the English file of a product with that longer name. Rename the file, or list the "
+    "languages in `--langs` or `installation.json`."};
+
+constexpr Rule kPackageLanguage{
+    "package-language", Severity::Error,
+    "the names of a package and of its only entry have different languages",
+    "If a package has one entry, the name of the package decides whether the entry is a "
+    "translation. If only the package has a language suffix, the entry is never read. If only the "
+    "entry has one, it is read as English. Give both names the same suffix."};
+
+constexpr Rule kExtraEntry{
+    "extra-entry", Severity::Warning, "an entry that is not read changes how the package is read",
+    "All entries of a package count, except packaging metadata. Besides the only resource file, "
+    "the package has another entry. The name of the resource file therefore decides its language, "
+    "instead of the name of the package. Remove the other entry."};
+
+constexpr Rule kShadowedFile{
+    "shadowed-file", Severity::Warning, "the file is never read: another folder has the product",
+    "The support-package folder is tried only if the reference root has no usable file of the "
+    "product, in English or in the current language. Remove one of the two files."};
+
 std::u16string lowered(std::u16string_view text) {
     std::u16string lower(text);
     for (char16_t& unit : lower) {
@@ -77,10 +113,6 @@ bool isResourceContent(std::string_view start) {
     return key != start.npos && start[key] == '"';
 }
 
-Finding ignored(RuleId rule, const SourceFile& file, std::string_view reason) {
-    return {rule, {.file = file}, fmt::format("the file is ignored: {}", reason)};
-}
-
 bool isLetters(std::u16string_view text, std::size_t least, std::size_t most) {
     return text.size() >= least && text.size() <= most &&
            std::ranges::all_of(text, [](char16_t unit) {
@@ -97,7 +129,7 @@ bool isLanguageShaped(std::u16string_view text) {
            isLetters(text.substr(separator + 1), 2, 4);
 }
 
-// The longest of the languages but English that the stem ends with; empty when it is English.
+// The longest of the languages other than English that the stem ends with; empty if there is none.
 std::u16string languageOf(std::u16string_view stem, const std::vector<std::u16string>& languages) {
     std::u16string longest;
     for (const std::u16string& language : languages) {
@@ -108,7 +140,7 @@ std::u16string languageOf(std::u16string_view stem, const std::vector<std::u16st
     return longest;
 }
 
-// A language as other systems write it too: "zh-cn" for "zh_CN".
+// A language in the form that its variants have in common: "zh_cn" for "zh-CN" and "zh_CN".
 std::u16string plainForm(std::u16string_view language) {
     std::u16string form = lowered(language);
     std::ranges::replace(form, u'-', Tools::kLocaleSeparator);
@@ -125,7 +157,7 @@ public:
         }
     }
 
-    // What is wrong with the language at the end of a stem.
+    // Returns what is wrong with the language at the end of a stem.
     std::optional<std::string> problemOf(const std::u16string& stem) const {
         if (!languageOf(stem, languages_).empty())
             return std::nullopt;
@@ -141,18 +173,18 @@ private:
     std::optional<std::string> problemOf(const std::u16string& product,
                                          const std::u16string& suffix,
                                          const std::u16string& stem) const {
-        const std::string effect =
-            fmt::format("the file counts as English, of a product \"{}\"", to_string(stem));
+        const std::string effect = fmt::format(
+            "the file is read as the English file of a product \"{}\"", to_string(stem));
         if (plainForm(suffix) == Tools::kEnglishLocale)
-            return fmt::format("English has no suffix, and \"_{}\" is part of the name; {}",
+            return fmt::format("English files have no suffix, so \"_{}\" is part of the name; {}",
                                to_string(suffix), effect);
         for (const std::u16string& language : languages_) {
             if (plainForm(language) == plainForm(suffix))
-                return fmt::format("\"_{}\" is not the supported language \"{}\"; {}",
+                return fmt::format("\"_{}\" differs from the supported language \"{}\"; {}",
                                    to_string(suffix), to_string(language), effect);
         }
         if (isLanguageShaped(suffix) && stems_.contains(product))
-            return fmt::format("\"{}\" is no supported language; {}", to_string(suffix), effect);
+            return fmt::format("\"{}\" is not a supported language; {}", to_string(suffix), effect);
         return std::nullopt;
     }
 
@@ -164,37 +196,64 @@ std::string languageText(const std::u16string& language) {
     return language.empty() ? "English" : fmt::format("\"{}\"", to_string(language));
 }
 
-void addDisagreement(const SourceFile& package, const SourceFile& entry,
-                     const std::vector<std::u16string>& languages, std::vector<Finding>& findings) {
-    const std::u16string packageLanguage = languageOf(stemOf(package), languages);
+void addDisagreement(const SourceFile& entry, const std::vector<std::u16string>& languages,
+                     Findings& findings) {
+    const std::u16string packageLanguage = languageOf(stemOf({.path = entry.path}), languages);
     const std::u16string entryLanguage = languageOf(stemOf(entry), languages);
     if (packageLanguage == entryLanguage)
         return;
-    findings.push_back(
-        {RuleId::PackageLanguage,
-         {.file = entry},
-         fmt::format("the package's name says {}, that of its one entry {}; the entry {}",
-                     languageText(packageLanguage), languageText(entryLanguage),
-                     packageLanguage.empty() ? "counts as English" : "is never read")});
+    findings[entry].push_back(
+        {.rule = &kPackageLanguage,
+         .message = fmt::format("the name of the package says {}, the name of its only entry says "
+                                "{}; the entry is {}",
+                                languageText(packageLanguage), languageText(entryLanguage),
+                                packageLanguage.empty() ? "read as English" : "never read")});
 }
 
-void addExtraEntries(const std::vector<const NamedFile*>& entries, std::vector<Finding>& findings) {
+void addExtraEntries(const std::vector<const NamedFile*>& entries, Findings& findings) {
     const auto isRead = [](const NamedFile* entry) { return !entry->isIgnored; };
     if (std::ranges::count_if(entries, isRead) != 1)
         return;
     const std::string read = to_string((*std::ranges::find_if(entries, isRead))->source.entry);
     for (const NamedFile* entry : entries) {
         if (entry->isIgnored)
-            findings.push_back(
-                {RuleId::ExtraEntry,
-                 {.file = entry->source},
-                 fmt::format("the entry is not read, but counts: the name of \"{}\" decides on its "
-                             "language, and not that of the package",
-                             read)});
+            findings[entry->source].push_back(
+                {.rule = &kExtraEntry,
+                 .message = fmt::format("the entry is not read, but because of it the name of "
+                                        "\"{}\" decides the language, not that of the package",
+                                        read)});
     }
 }
 
+// Why a file that the library ignores may be meant as a resource file; no rule if it is not.
+struct Suspicion {
+    const Rule* rule = nullptr;
+    std::string reason{};
+};
+
+Suspicion suspicionOf(const SourceFile& file, SourceTexts& texts) {
+    const std::u16string name = baseNameOf(file);
+    const std::u16string extension = fl::filesystem::extract_extension(name);
+    if (hasExtensionInOtherCase(extension))
+        return {&kExtensionCase, fmt::format("its extension must be \"{}\", in lower case",
+                                             to_string(lowered(extension)))};
+    if (isPackage(file))
+        return {&kIgnoredFile, "packages are read only in the lookup folder"};
+    if (isNearResourceName(name))
+        return {&kIgnoredFile, "its name is not that of a resource file"};
+    if (isResourceContent(texts.readStart(file)))
+        return {&kIgnoredFile, "its content is that of a resource file, but its name is not"};
+    return {};
+}
+
 } // namespace
+
+std::span<const Rule* const> nameRules() {
+    static constexpr const Rule* kRules[] = {&kExtensionCase,       &kIgnoredFile,
+                                             &kUnsupportedLanguage, &kPackageLanguage,
+                                             &kExtraEntry,          &kShadowedFile};
+    return kRules;
+}
 
 void addLookupFiles(const LoadAccount& account, const std::vector<SourceFile>& sources,
                     std::set<NamedFile>& files) {
@@ -207,12 +266,12 @@ void addLookupFiles(const LoadAccount& account, const std::vector<SourceFile>& s
 
 std::set<NamedFile> listResourceFolder(const std::u16string& folder) {
     std::set<std::u16string> read;
-    // Without a suffix to leave out, these are all files that a product can have.
+    // Without locale suffixes, the list has the files of all languages.
     for (const ProductPathData& file :
          DocResourceParser::getAllProducts(folder, {}, {}).jsonProducts)
         read.insert(file.getFullPath());
     std::set<NamedFile> files;
-    // A folder that can't be read has no files to speak of.
+    // A folder that can't be read has no files to check.
     platform::ignoreFailure([&] {
         fl::filesystem::directory_iterator file(fl::filesystem::make_native_form(folder), u"*");
         for (; file.is_open(); file.increment()) {
@@ -223,45 +282,32 @@ std::set<NamedFile> listResourceFolder(const std::u16string& folder) {
     return files;
 }
 
-void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts,
-                     std::vector<Finding>& findings) {
+void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findings& findings) {
     for (const NamedFile& file : files) {
         if (!file.isIgnored)
             continue;
-        const std::u16string name = baseNameOf(file.source);
-        const std::u16string extension = fl::filesystem::extract_extension(name);
-        if (hasExtensionInOtherCase(extension))
-            findings.push_back(ignored(RuleId::ExtensionCase, file.source,
-                                       fmt::format("its extension has to be \"{}\", in lower case",
-                                                   to_string(lowered(extension)))));
-        else if (isPackage(file.source))
-            findings.push_back(ignored(RuleId::IgnoredFile, file.source,
-                                       "packages are read in the lookup folder only"));
-        else if (isNearResourceName(name))
-            findings.push_back(ignored(RuleId::IgnoredFile, file.source,
-                                       "its name is not that of a resource file"));
-        else if (isResourceContent(texts.readStart(file.source)))
-            findings.push_back(
-                ignored(RuleId::IgnoredFile, file.source,
-                        "its content looks like a resource file's, its name does not"));
+        const Suspicion suspicion = suspicionOf(file.source, texts);
+        if (suspicion.rule)
+            findings[file.source].push_back(
+                {.rule = suspicion.rule,
+                 .message = fmt::format("the file is ignored: {}", suspicion.reason)});
     }
 }
 
 void addLanguageFindings(const std::set<NamedFile>& files,
-                         const std::vector<std::u16string>& languages,
-                         std::vector<Finding>& findings) {
+                         const std::vector<std::u16string>& languages, Findings& findings) {
     const LanguageSuffixes suffixes(files, languages);
     for (const NamedFile& file : files) {
         if (file.isIgnored)
             continue;
-        if (const auto problem = suffixes.problemOf(stemOf(file.source)))
-            findings.push_back({RuleId::UnsupportedLanguage, {.file = file.source}, *problem});
+        if (auto problem = suffixes.problemOf(stemOf(file.source)))
+            findings[file.source].push_back(
+                {.rule = &kUnsupportedLanguage, .message = std::move(*problem)});
     }
 }
 
 void addPackageFindings(const std::set<NamedFile>& files,
-                        const std::vector<std::u16string>& languages,
-                        std::vector<Finding>& findings) {
+                        const std::vector<std::u16string>& languages, Findings& findings) {
     std::map<std::u16string_view, std::vector<const NamedFile*>> packages;
     for (const NamedFile& file : files) {
         if (!file.source.entry.empty())
@@ -269,9 +315,18 @@ void addPackageFindings(const std::set<NamedFile>& files,
     }
     for (const auto& [path, entries] : packages) {
         if (entries.size() == 1)
-            addDisagreement({.path = std::u16string(path)}, entries.front()->source, languages,
-                            findings);
+            addDisagreement(entries.front()->source, languages, findings);
         addExtraEntries(entries, findings);
+    }
+}
+
+void addShadowedFiles(const std::set<NamedFile>& files, const std::set<std::u16string>& considered,
+                      Findings& findings) {
+    for (const NamedFile& file : files) {
+        if (!file.isIgnored && !considered.contains(file.source.path))
+            findings[file.source].push_back(
+                {.rule = &kShadowedFile,
+                 .message = "the file is never read: the reference root has the product"});
     }
 }
 

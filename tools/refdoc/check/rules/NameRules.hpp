@@ -1,48 +1,53 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
-#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/findings/Finding.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace refdoc::check {
 
-// Findings about the names of files and entries.
+// Rules about the names of files and entries.
 
-/// A file or entry that lies where resource files lie.
+std::span<const Rule* const> nameRules();
+
+/// A file or entry in a folder of resource files.
 struct NamedFile {
     SourceFile source;
-    bool isIgnored; ///< the library passed it over because of its name
+    bool isIgnored; ///< the library ignores it because of its name
 
     auto operator<=>(const NamedFile&) const = default;
 };
 
-/// The files and entries that the lookup retrieval of an account considered.
+/// Adds the files and entries that the lookup retrieval of an account considered.
 void addLookupFiles(const reference::docparser::LoadAccount& account,
                     const std::vector<SourceFile>& sources, std::set<NamedFile>& files);
 
-/// The files of a folder of full resources.
+/// Returns the files of a folder of full resources.
 std::set<NamedFile> listResourceFolder(const std::u16string& folder);
 
-/// What is ignored though it looks like a resource file.
-/// \param texts  for a look at the first bytes
-void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts,
-                     std::vector<Finding>& findings);
+/// Adds findings about ignored files that look like resource files.
+/// \param texts  reads the first bytes of files
+void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findings& findings);
 
-/// What looks like a translation and is none.
-/// \param files      of one folder, or entries and files together
-/// \param languages  all that are supported
+/// Adds findings about files that look like translations but are not.
+/// \param files      of one folder, including the entries of its packages
+/// \param languages  all supported languages
 void addLanguageFindings(const std::set<NamedFile>& files,
-                         const std::vector<std::u16string>& languages,
-                         std::vector<Finding>& findings);
+                         const std::vector<std::u16string>& languages, Findings& findings);
 
-/// Packages whose number of entries makes a difference that was hardly meant.
+/// Adds findings about packages whose number of entries changes how they are read.
 /// \param files  with all entries of the packages
 void addPackageFindings(const std::set<NamedFile>& files,
-                        const std::vector<std::u16string>& languages,
-                        std::vector<Finding>& findings);
+                        const std::vector<std::u16string>& languages, Findings& findings);
+
+/// Adds findings about files of the support-package folder that are never read.
+/// \param considered  the paths of all files that the retrievals considered
+void addShadowedFiles(const std::set<NamedFile>& files, const std::set<std::u16string>& considered,
+                      Findings& findings);
 
 } // namespace refdoc::check

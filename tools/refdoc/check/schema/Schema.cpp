@@ -1,7 +1,5 @@
 #include "tools/refdoc/check/schema/Schema.hpp"
 
-#include "tools/refdoc/check/schema/EmbeddedSchemas.hpp"
-
 #include <boost/json/parse.hpp>
 
 #include <algorithm>
@@ -60,7 +58,7 @@ const SchemaNode* Schema::compile(const json::object& source) {
 
 void Schema::fill(SchemaNode& node, const json::object& source) {
     if (const json::value* type = source.if_contains("type"))
-        node.kind = textOf(*type);
+        node.type = textOf(*type);
     if (const json::value* parts = source.if_contains("allOf")) {
         for (const json::value& part : parts->as_array())
             inherit(node, part.at("$ref"));
@@ -105,24 +103,9 @@ void Schema::fillKeywords(SchemaNode& node, const json::object& source) {
 
 void Schema::inherit(SchemaNode& node, const json::value& reference) {
     const SchemaNode& parent = *resolve(reference.as_string());
-    node.kind = parent.kind;
+    node.type = parent.type;
     node.nameRule = parent.nameRule;
     node.members.insert(node.members.end(), parent.members.begin(), parent.members.end());
-}
-
-const Schema& resourceSchema() {
-    static const Schema schema(kResourceSchemaText);
-    return schema;
-}
-
-const Schema& lookupSchema() {
-    static const Schema schema(kLookupSchemaText);
-    return schema;
-}
-
-const Schema& manifestSchema() {
-    static const Schema schema(kManifestSchemaText);
-    return schema;
 }
 
 } // namespace refdoc::check

@@ -11,15 +11,14 @@
 
 namespace refdoc::check {
 
-/// How the library reads a text.
+/// How the library reads a string.
 enum class ReadAs {
     Utf8,
     Ascii, ///< byte by byte
-    Names  ///< as the item says that names are read (NameRule)
+    Names  ///< depending on the item (NameRule)
 };
 
-/// Names are UTF-8 in an object with a list that has an element with this word under this key;
-/// else ASCII.
+/// Names are UTF-8 if `list` has an element whose `key` is `word`, and ASCII otherwise.
 struct NameRule {
     std::string list;
     std::string key;
@@ -34,27 +33,27 @@ struct SchemaMember {
     bool isRequired;
 };
 
-/// What a schema says of one value.
+/// What a schema says about one value.
 struct SchemaNode {
-    std::string kind{}; ///< "object", "array" or "string"; empty: anything goes
+    std::string type{}; ///< "object", "array" or "string"; empty: any type
     std::vector<SchemaMember> members{};
     const SchemaNode* items = nullptr; ///< of an array
-    std::vector<std::string> words{};  ///< of an enumeration, which takes anything
-    std::string defaultWord{};         ///< what other words count as
+    std::vector<std::string> words{};  ///< of an enumeration, whose values may have any type
+    std::string defaultWord{};         ///< how other words are read
     ReadAs readAs = ReadAs::Utf8;
-    bool countsByPresence = false;           ///< the key alone counts, whatever the value
+    bool countsByPresence = false;           ///< the value of the key has no effect
     std::optional<NameRule> nameRule{};      ///< of an item
-    std::string alternativeKey{};            ///< an object with this key ...
-    const SchemaNode* alternative = nullptr; ///< ... is what this says, and nothing else
+    std::string alternativeKey{};            ///< an object with this key
+    const SchemaNode* alternative = nullptr; ///< is described by this node instead
 
     const SchemaMember* find(std::string_view key) const noexcept;
 };
 
-/// A JSON Schema of the project, made ready for walking over documents. It understands what the
-/// schemas in `schema/` use, with the keywords "x-readAs", "x-names" and "x-countsBy".
+/// A JSON Schema of the project, compiled for comparisons with documents. Supports the keywords
+/// that the schemas in `schema/` use, including "x-readAs", "x-names" and "x-countsBy".
 class Schema {
 public:
-    /// \throws std::exception  the text is no schema of that kind
+    /// \throws std::exception  the text is not a schema, or has other keywords
     explicit Schema(std::string_view text);
     Schema(const Schema&) = delete;
     Schema& operator=(const Schema&) = delete;
@@ -75,7 +74,7 @@ private:
     const SchemaNode* root_;
 };
 
-/// The schemas of the three kinds of file, built into the tool.
+/// The schemas of the three types of files, built into the tool.
 const Schema& resourceSchema();
 const Schema& lookupSchema();
 const Schema& manifestSchema();

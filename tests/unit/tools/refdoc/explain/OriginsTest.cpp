@@ -1,5 +1,5 @@
-// Where records come from, held against what the library returns: on the samples and on trees of
-// random files in which each record has a purpose of its own.
+// Compares the origins of records with what the library returns, for the samples and for trees of
+// random files in which each record has a distinct purpose.
 
 #include "tools/refdoc/explain/Origins.hpp"
 
@@ -29,7 +29,7 @@ using namespace refdoc;
 using docparser_tests::ResourceText;
 using docparser_tests::ZipBytes;
 
-// Section, key, href and purpose of each record, in the order of a result.
+// Section, key, href and purpose of each record, in the order of the result.
 using Lines = std::vector<std::u16string>;
 
 template <class Record>
@@ -86,7 +86,7 @@ protected:
         applyOptions(options);
     }
 
-    // The origins of the lookup index, once they are what the library returns.
+    // Returns the origins of the lookup index, after comparing them with the result of the library.
     std::vector<SectionOrigins> expectIndexExplained() {
         account_ = {};
         Lines expected;
@@ -115,7 +115,7 @@ protected:
         return origins;
     }
 
-    // The text at each place must be that of the record.
+    // The text at each position must be that of the record.
     void expectPlaces(const std::vector<SectionOrigins>& sections) const {
         FileTexts texts(account_);
         for (const SectionOrigins& section : sections) {
@@ -142,7 +142,7 @@ private:
     }
 };
 
-TEST_F(OriginsTest, AreThoseOfEveryRecordOfTheSamples) {
+TEST_F(OriginsTest, CoverEveryRecordOfSamples) {
     for (const char16_t* language : {u"en", u"de", u"ja"}) {
         use(SAMPLES_FOLDER, language);
         const auto index = expectIndexExplained();
@@ -153,7 +153,7 @@ TEST_F(OriginsTest, AreThoseOfEveryRecordOfTheSamples) {
     }
 }
 
-// Files with few names and hrefs, so that they meet often.
+// Files with few names and hrefs, so that many collide.
 class RandomFiles {
 public:
     explicit RandomFiles(unsigned seed) : random_(seed) {}
@@ -189,7 +189,7 @@ public:
 private:
     void addItems(ResourceText& text, bool isLookup) {
         for (std::size_t rest = below(8); rest > 0; --rest) {
-            // Each record can be told from all others.
+            // Distinguishes each record from all others.
             const std::string purpose = "purpose " + std::to_string(++count_);
             const std::string href(1, static_cast<char>('a' + below(4)));
             text.add(isLookup ? docparser_tests::lookupItem(names_[below(3)], href, purpose)
@@ -207,7 +207,7 @@ private:
 
 class RandomOriginsTest : public OriginsTest, public testing::WithParamInterface<unsigned> {
 protected:
-    // A name by itself is explained as it is among the others.
+    // The origins of a single name must be the same as among all others.
     static void expectPartOf(const std::vector<SectionOrigins>& all, const SectionOrigins& alone,
                              const std::u16string& name) {
         const auto whole = std::ranges::find(all, alone.key, &SectionOrigins::key);
@@ -221,7 +221,7 @@ protected:
     }
 };
 
-TEST_P(RandomOriginsTest, AreThoseOfEveryRecordOfTheIndex) {
+TEST_P(RandomOriginsTest, CoverEveryRecordOfIndex) {
     RandomFiles files(GetParam());
     folder_.write("installation.json", R"({"supportedDocLanguages": ["en", "de", "ja"],
                     "topLevelProducts": [{"shortName": "orchard"}],
@@ -242,7 +242,7 @@ TEST_P(RandomOriginsTest, AreThoseOfEveryRecordOfTheIndex) {
     }
 }
 
-TEST_P(RandomOriginsTest, AreThoseOfEveryItemOfAProduct) {
+TEST_P(RandomOriginsTest, CoverEveryItemOfProduct) {
     RandomFiles files(GetParam());
     folder_.write("installation.json",
                   R"({"supportedDocLanguages": ["en", "de"], "supportPackageRoot": "packages"})");
@@ -259,7 +259,7 @@ TEST_P(RandomOriginsTest, AreThoseOfEveryItemOfAProduct) {
     }
 }
 
-TEST_P(RandomOriginsTest, NoRecordOfAFileThatIsReadIsForgotten) {
+TEST_P(RandomOriginsTest, CoverEveryRecordOfEachFile) {
     RandomFiles files(GetParam());
     for (std::size_t rest = 4; rest > 0; --rest)
         addLookup(files.fileName(), files.text(/*isLookup=*/true));

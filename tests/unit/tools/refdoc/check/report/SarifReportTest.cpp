@@ -1,11 +1,14 @@
 #include "tests/support/NativeText.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <utility>
 
 namespace refdoc_tests {
 namespace {
@@ -16,10 +19,14 @@ using namespace refdoc::check;
 TEST(SarifReportTest, PathsAreEscaped) {
     const std::string drive = docparser_tests::textOf(std::filesystem::current_path().root_name());
     const std::string root = (drive.empty() ? "file://" : "file:///") + drive;
-    const Rule& rule = rules().front();
+    const Rule& rule = *rules().front();
+    const auto locationOf = [](std::string path) {
+        return ReportedLocation{
+            std::make_shared<const ReportedFile>(ReportedFile{std::move(path), ""}), {}, {}};
+    };
     const std::string report =
-        sarifReport({{&rule, rule.severity, {"a b/ä:c.json", "", {}, {}}, "m", "0", {}},
-                     {&rule, rule.severity, {drive + "/x y.json", "", {}, {}}, "m", "1", {}}},
+        sarifReport({{&rule, rule.severity, locationOf("a b/ä:c.json"), "m", "0", {}},
+                     {&rule, rule.severity, locationOf(drive + "/x y.json"), "m", "1", {}}},
                     "/base folder");
     const json::value run = json::parse(report).at_pointer("/runs/0");
     EXPECT_EQ(run.at_pointer("/results/0/locations/0/physicalLocation/artifactLocation"),

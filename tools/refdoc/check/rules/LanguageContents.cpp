@@ -1,13 +1,13 @@
-#include "tools/refdoc/check/rules/LanguageRun.hpp"
+#include "tools/refdoc/check/rules/LanguageContents.hpp"
 
 #include "docparser/DocParserException.hpp"
-#include "docparser/DocResourceParser.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 
 namespace refdoc::check {
@@ -40,27 +40,21 @@ FullSection sectionOf(const DocResource<RefItem>& resource) {
     return section;
 }
 
-void addLookups(const ResourceMap<RefItemLookup>& resources, bool isInstalled, LanguageRun& run) {
-    for (const auto& [key, resource] : resources) {
-        LookupSection section{
-            resource.header.getProduct(), resource.header.getHelpLocation(), isInstalled, {}};
-        for (const auto& [name, records] : resource.items) {
-            for (const RefItemLookup& record : records)
-                section.records.push_back({name, record.getHref()});
-        }
-        run.lookups.insert_or_assign(key, std::move(section));
-    }
+void moveLookups(ResourceMap<RefItemLookup>& resources, bool isInstalled,
+                 LanguageContents& contents) {
+    for (auto& [key, resource] : resources)
+        contents.lookups.insert_or_assign(key, LookupSection{isInstalled, std::move(resource)});
 }
 
-void retrieveProduct(const std::u16string& product, LanguageRun& run) {
+void retrieveProduct(const std::u16string& product, LanguageContents& contents) {
     std::optional<ResourceMap<RefItem>> resources;
     try {
         resources = DocResourceParser::getResourceFile(product);
     } catch (const DocParserException&) {
-        return; // The account tells why.
+        return; // The account has the reason.
     }
     for (const auto& [key, resource] : *resources)
-        run.products[product].emplace(key, sectionOf(resource));
+        contents.products[product].emplace(key, sectionOf(resource));
 }
 
 } // namespace
@@ -72,22 +66,22 @@ void addFullProducts(const std::vector<std::u16string>& languages, ProductNames&
     }
 }
 
-LanguageRun runLanguage(const std::u16string& language, ProductNames& names,
-                        const std::function<void()>& step) {
+LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
+                                  const std::function<void()>& step) {
     const LanguageGuard current(language);
-    LanguageRun run{language, {}, {}, {}};
-    const LoadAccount::Scope scope(run.account);
-    const auto lookups = DocResourceParser::getResourceLookupFiles();
-    addLookups(lookups.installed, /*isInstalled=*/true, run);
-    addLookups(lookups.notInstalled, /*isInstalled=*/false, run);
+    LanguageContents contents;
+    const LoadAccount::Scope scope(contents.account);
+    auto lookups = DocResourceParser::getResourceLookupFiles();
+    moveLookups(lookups.installed, /*isInstalled=*/true, contents);
+    moveLookups(lookups.notInstalled, /*isInstalled=*/false, contents);
     step();
-    for (const auto& [key, section] : run.lookups)
-        names.insert(section.product);
+    for (const auto& [key, section] : contents.lookups)
+        names.insert(section.resource.header.getProduct());
     for (const std::u16string& product : names) {
-        retrieveProduct(product, run);
+        retrieveProduct(product, contents);
         step();
     }
-    return run;
+    return contents;
 }
 
 } // namespace refdoc::check

@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/schema/SchemaWalker.hpp"
+#include "tools/refdoc/check/rules/SchemaRules.hpp"
 
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/i18n/Converter.hpp"
@@ -15,11 +15,44 @@ namespace refdoc::check {
 namespace json = boost::json;
 
 using fl::i18n::to_string;
+using reference::docparser::FileAccount;
 using reference::docparser::pointerToken;
 
 namespace {
 
-std::string_view kindOf(const json::value& value) {
+constexpr Rule kMissingKey{
+    "missing-key", Severity::Error, "a required key is missing",
+    "If one object lacks a required key, the whole file is dropped. Add the key; its value may be "
+    "an empty string."};
+
+constexpr Rule kWrongKind{
+    "wrong-kind", Severity::Error, "a value has the wrong type",
+    "If one value has the wrong type, such as a number instead of a string, the whole file is "
+    "dropped. Only enumeration words and `deprecated` may have any type. Correct the value."};
+
+constexpr Rule kUnknownKey{
+    "unknown-key", Severity::Warning, "the key has no meaning in this object",
+    "Unknown keys are ignored, so a misspelt key counts as absent. Keys are case-sensitive. In an "
+    "object with the key `namevaluepairs`, all other keys are ignored. Correct or remove the key."};
+
+constexpr Rule kUnknownWord{
+    "unknown-word", Severity::Warning, "the enumeration has no such word",
+    "A word that its enumeration does not have, or a value that is not a string, is read as the "
+    "default of the enumeration. Words are case-sensitive. Correct the word."};
+
+constexpr Rule kNotAscii{
+    "not-ascii", Severity::Warning, "a string that is read as ASCII has other characters",
+    "Identifiers and links are read byte by byte, and each byte becomes one character. Other "
+    "characters are therefore garbled, and a link to them is broken. Write them as percent escapes "
+    "in links. Names of inputs and properties may have any characters if the item has an entity "
+    "with the type \"component\"."};
+
+constexpr Rule kDeprecatedFalse{
+    "deprecated-false", Severity::Warning, "\"deprecated\": false marks the record as deprecated",
+    "If the key `deprecated` is present, the record is deprecated, whatever the value of the key. "
+    "Remove the key from records that are not deprecated."};
+
+std::string_view typeOf(const json::value& value) {
     switch (value.kind()) {
     case json::kind::object: return "an object";
     case json::kind::array: return "an array";
@@ -28,17 +61,17 @@ std::string_view kindOf(const json::value& value) {
     case json::kind::null: return "null";
     case json::kind::int64:
     case json::kind::uint64:
-    case json::kind::double_: break;
+    case json::kind::double_: return "a number";
     }
-    return "a number";
+    return {};
 }
 
-std::string_view kindOf(std::string_view schemaType) {
+std::string_view typeOf(std::string_view schemaType) {
     return schemaType == "string" ? "a string" : schemaType == "array" ? "an array" : "an object";
 }
 
-bool isOfKind(const json::value& value, std::string_view schemaType) {
-    return schemaType.empty() || kindOf(value) == kindOf(schemaType);
+bool isOfType(const json::value& value, std::string_view schemaType) {
+    return schemaType.empty() || typeOf(value) == typeOf(schemaType);
 }
 
 bool isAscii(std::string_view text) {
@@ -52,7 +85,7 @@ std::string_view firstBeyondAscii(std::string_view text) {
     return {first, std::find_if_not(first, text.end(), isBeyond)};
 }
 
-// What people would call an element of an array by; empty when it has nothing of the kind.
+// What identifies an element of an array for its author; empty if nothing does.
 std::string nameOf(const json::value& element) {
     const json::object* object = element.if_object();
     if (!object)
@@ -75,13 +108,20 @@ struct Step {
 
 class Walker {
 public:
-    explicit Walker(std::vector<ContentFinding>& findings) : findings_(findings) {}
+    explicit Walker(std::vector<Finding>& findings) : findings_(findings) {}
 
+    // Returns whether the file is dropped.
+    bool run(const json::value& document, const SchemaNode& root) {
+        walk(document, root, ReadAs::Utf8);
+        return isDropped_;
+    }
+
+private:
     void walk(const json::value& value, const SchemaNode& node, ReadAs readAs) {
-        if (!isOfKind(value, node.kind))
-            return add(RuleId::WrongKind, /*isAtKey=*/false,
+        if (!isOfType(value, node.type))
+            return add(kWrongKind, /*isAtKey=*/false,
                        fmt::format("expected {}, found {}; the whole file is dropped",
-                                   kindOf(node.kind), kindOf(value)));
+                                   typeOf(node.type), typeOf(value)));
         if (!node.words.empty())
             return checkWord(value, node);
         if (node.countsByPresence)
@@ -94,7 +134,6 @@ public:
             walkObject(*object, node);
     }
 
-private:
     void walkElements(const json::array& elements, const SchemaNode& node) {
         if (!node.items)
             return;
@@ -122,8 +161,8 @@ private:
 
     void walkMembers(const json::object& object, const SchemaNode& node) {
         steps_.push_back({});
-        // Files mostly write the keys in the schema's order, so the search goes on behind the last
-        // hit.
+        // Most files have the keys in the schema's order, so the search continues after the last
+        // match.
         std::size_t next = 0;
         for (const json::key_value_pair& pair : object) {
             const std::string_view key = pair.key();
@@ -153,7 +192,7 @@ private:
     void checkRequired(const json::object& object, const SchemaNode& node) {
         for (const SchemaMember& member : node.members) {
             if (member.isRequired && !object.contains(member.key))
-                add(RuleId::MissingKey, /*isAtKey=*/false,
+                add(kMissingKey, /*isAtKey=*/false,
                     fmt::format("the required key \"{}\" is missing; the whole file is dropped",
                                 member.key),
                     member.key);
@@ -163,31 +202,32 @@ private:
     void checkWord(const json::value& value, const SchemaNode& node) {
         const json::string* word = value.if_string();
         if (!word)
-            return add(
-                RuleId::UnknownWord, /*isAtKey=*/false,
-                fmt::format("{} is no word and counts as \"{}\"", kindOf(value), node.defaultWord));
+            return add(kUnknownWord, /*isAtKey=*/false,
+                       fmt::format("expected a word, found {}; read as the default \"{}\"",
+                                   typeOf(value), node.defaultWord));
         if (std::ranges::find(node.words, std::string_view(*word)) == node.words.end())
-            add(RuleId::UnknownWord, /*isAtKey=*/false,
-                fmt::format("unknown word \"{}\" counts as \"{}\"{}", std::string_view(*word),
-                            node.defaultWord, didYouMean(*word, node.words)));
+            add(kUnknownWord, /*isAtKey=*/false,
+                fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
+                            std::string_view(*word), node.defaultWord,
+                            didYouMean(*word, node.words)));
     }
 
     void checkPresence(const json::value& value) {
         if (const bool* flag = value.if_bool(); flag && !*flag)
-            add(RuleId::DeprecatedFalse, /*isAtKey=*/true,
-                fmt::format("\"{}\": false counts as true; the key alone decides",
-                            steps_.back().key));
+            add(kDeprecatedFalse, /*isAtKey=*/true,
+                fmt::format("\"{}\": false has the same effect as true", steps_.back().key));
     }
 
     void checkText(std::string_view text, ReadAs readAs) {
-        const bool isBytes = readAs == ReadAs::Ascii || (readAs == ReadAs::Names && !namesAreUtf8_);
-        if (!isBytes || isAscii(text))
+        const bool isAsciiRead =
+            readAs == ReadAs::Ascii || (readAs == ReadAs::Names && !namesAreUtf8_);
+        if (!isAsciiRead || isAscii(text))
             return;
         const std::string_view beyond = firstBeyondAscii(text);
         const fl::i18n::codecvt_ascii_to_ustring ascii(/*strict=*/false);
         const std::u16string garbled = ascii.convert(beyond.data(), beyond.size());
-        add(RuleId::NotAscii, /*isAtKey=*/false,
-            fmt::format("the text is read as ASCII, and \"{}\" becomes \"{}\"", beyond,
+        add(kNotAscii, /*isAtKey=*/false,
+            fmt::format("the string is read as ASCII: \"{}\" becomes \"{}\"", beyond,
                         to_string(garbled)));
     }
 
@@ -195,12 +235,11 @@ private:
         std::vector<std::string> known;
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
-        add(RuleId::UnknownKey, /*isAtKey=*/true,
-            fmt::format("the key \"{}\" has no meaning here and is ignored{}", key,
-                        didYouMean(key, known)));
+        add(kUnknownKey, /*isAtKey=*/true,
+            fmt::format("unknown key \"{}\", ignored{}", key, didYouMean(key, known)));
     }
 
-    void add(RuleId rule, bool isAtKey, std::string message, std::string_view detail = {}) {
+    void add(const Rule& rule, bool isAtKey, std::string message, std::string_view detail = {}) {
         std::string pointer;
         std::string identity;
         for (const Step& step : steps_) {
@@ -209,21 +248,36 @@ private:
             identity += '/' + name;
         }
         identity.append("/").append(detail);
-        findings_.push_back(
-            {rule, std::move(pointer), isAtKey, std::move(message), std::move(identity)});
+        isDropped_ |= rule.severity == Severity::Error;
+        findings_.push_back({.rule = &rule,
+                             .location = {.pointer = std::move(pointer), .isAtKey = isAtKey},
+                             .message = std::move(message),
+                             .identity = std::move(identity)});
     }
 
-    std::vector<ContentFinding>& findings_;
+    std::vector<Finding>& findings_;
     std::vector<Step> steps_;
     bool namesAreUtf8_ = false;
+    bool isDropped_ = false;
 };
 
 } // namespace
 
-std::vector<ContentFinding> walkDocument(const Schema& schema, const json::value& document) {
-    std::vector<ContentFinding> findings;
-    Walker(findings).walk(document, schema.root(), ReadAs::Utf8);
-    return findings;
+std::span<const Rule* const> schemaRules() {
+    static constexpr const Rule* kRules[] = {&kMissingKey,  &kWrongKind, &kUnknownKey,
+                                             &kUnknownWord, &kNotAscii,  &kDeprecatedFalse};
+    return kRules;
+}
+
+bool addSchemaFindings(const Schema& schema, const json::value& document,
+                       std::vector<Finding>& findings) {
+    return Walker(findings).run(document, schema.root());
+}
+
+Finding droppedFile(const FileAccount& account) {
+    return {.rule = &kWrongKind,
+            .location = {.pointer = account.pointer, .position = account.place},
+            .message = fmt::format("{}; the whole file is dropped", account.reason)};
 }
 
 } // namespace refdoc::check

@@ -1,27 +1,27 @@
 #pragma once
 
-#include "tools/refdoc/check/rules/Finding.hpp"
+#include "tools/refdoc/check/findings/Finding.hpp"
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <unordered_map>
 
 namespace refdoc::check {
 
-/// How paths are written in findings: relative to a folder when they lie below it, with '/'. One
-/// thread at a time.
+/// How paths are written in findings: with '/', and relative to a folder if they are below it.
 class PathNames {
 public:
-    /// \param base  the folder, absolute; usually the current one
+    /// \param base  the folder, absolute
     explicit PathNames(std::filesystem::path base) : base_(std::move(base)) {}
 
-    /// What lies below `from` is written as if it lay below `to`.
+    /// Writes the paths of files in the folder `from` as if they were in `to`.
     void rename(std::filesystem::path from, std::filesystem::path to);
 
-    /// The path of the file or package, in UTF-8.
+    /// Returns the path of the file or package, in UTF-8.
     const std::string& pathOf(const SourceFile& file) const;
 
-    /// "file", or "package!entry".
+    /// Returns "file" or "package!entry".
     std::string nameOf(const SourceFile& file) const;
 
     const std::filesystem::path& base() const noexcept { return base_; }
@@ -30,9 +30,8 @@ private:
     std::string makePath(const std::u16string& file) const;
 
     std::filesystem::path base_;
-    std::filesystem::path from_;
-    std::filesystem::path to_;
-    mutable std::unordered_map<std::u16string, std::string> known_; // many findings name few files
+    std::map<std::filesystem::path, std::filesystem::path> renamed_;
+    mutable std::unordered_map<std::u16string, std::string> known_; // few files have many findings
 };
 
 } // namespace refdoc::check

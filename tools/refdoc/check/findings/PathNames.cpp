@@ -1,4 +1,4 @@
-#include "tools/refdoc/check/rules/PathNames.hpp"
+#include "tools/refdoc/check/findings/PathNames.hpp"
 
 #include "platform/i18n/Converter.hpp"
 
@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The path from `folder` to `path`; empty when it does not lie below it.
+// Returns the path from `folder` to `path`; empty if it is not below the folder.
 fs::path below(const fs::path& path, const fs::path& folder) {
     fs::path relative = path.lexically_relative(folder);
     return relative.empty() || *relative.begin() == ".." ? fs::path() : relative;
@@ -19,9 +19,7 @@ fs::path below(const fs::path& path, const fs::path& folder) {
 } // namespace
 
 void PathNames::rename(fs::path from, fs::path to) {
-    from_ = std::move(from);
-    to_ = std::move(to);
-    known_.clear();
+    renamed_.insert_or_assign(std::move(from), std::move(to));
 }
 
 const std::string& PathNames::pathOf(const SourceFile& file) const {
@@ -32,10 +30,8 @@ const std::string& PathNames::pathOf(const SourceFile& file) const {
 
 std::string PathNames::makePath(const std::u16string& file) const {
     fs::path path = fs::path(file).lexically_normal();
-    if (!from_.empty()) {
-        if (const fs::path renamed = below(path, from_); !renamed.empty())
-            path = to_ / renamed;
-    }
+    if (const auto renamed = renamed_.find(path.parent_path()); renamed != renamed_.end())
+        path = renamed->second / path.filename();
     if (path.is_absolute()) {
         if (fs::path relative = below(path, base_); !relative.empty())
             path = std::move(relative);

@@ -1,0 +1,199 @@
+#include "tests/system/refdoc/check/RuleExamples.hpp"
+
+namespace refdoc_tests {
+
+namespace {
+
+const std::string kResources = "help/docCatalog/referenceapi/";
+const std::string kLookups = "help/docCatalog/referenceapi_lookup/";
+const std::string kSupport = "packages/help/docCatalog/referenceapi/";
+
+const std::string kItem = R"({"href": "graft.html", "refpurpose": "Join"})";
+const std::string kRecord = R"({"name": "graft", "href": "graft.html", "refpurpose": "Join"})";
+
+// A section with its header on the first line and its items on lines of their own.
+std::string sectionOf(const std::string& key, const std::string& items = {},
+                      const std::string& more = {}) {
+    return R"({"productName": "", "baseCode": "b", "helpFolder": ")" + key +
+           R"(", "helpLocation": "help", "refItems": [)" +
+           (items.empty() ? "" : "\n" + items + "\n") + "]" + more + "}";
+}
+
+std::string supportPackage(const std::string& baseCode) {
+    return R"({"productName": "", "baseCode": ")" + baseCode +
+           R"(", "helpFolder": "k", "helpLocation": "k", "refItems": []})";
+}
+
+} // namespace
+
+const std::vector<RuleExample>& ruleExamples() {
+    static const std::
+        vector<RuleExample>
+            examples =
+                {{"malformed-json",
+                  {{kResources + "Orchard.json", "{\"productName\": \"\",\n \"baseCode\" \"b\"}"}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:13: error: invalid JSON: syntax error; the whole file is dropped [malformed-json])"},
+
+                 {"byte-order-mark",
+                  {{kResources + "Orchard.json", sectionOf("orchard"), Form::ByteOrderMark}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:1:1: error: the file begins with a byte-order mark; the whole file is dropped [byte-order-mark])"},
+
+                 {"nesting-too-deep",
+                  {{kResources + "Orchard.json",
+                    "{\"unknown\":\n" + std::string(32, '[') + std::string(32, ']') + "}"}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:32: error: values are nested deeper than 32 levels; the whole file is dropped [nesting-too-deep])"},
+
+                 {"missing-key",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": "graft.html"})")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:1: error: the required key "refpurpose" is missing; the whole file is dropped [missing-key])"},
+
+                 {"wrong-kind",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": 7, "refpurpose": "Join"})")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:10: error: expected a string, found a number; the whole file is dropped [wrong-kind])"},
+
+                 {"unknown-key",
+                  {{kResources + "Orchard.json",
+                    sectionOf(
+                        "orchard",
+                        R"({"href": "graft.html", "refpurpose": "Join", "introducd": "1.0"})")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:46: warning: unknown key "introducd", ignored; did you mean "introduced"? [unknown-key])"},
+
+                 {"unknown-word",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
+ "refentity": [{"name": "graft", "type": "functon"}]})")},
+                   {kLookups + "Orchard.json", sectionOf("orchard", kRecord)}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:3:42: warning: unknown word "functon", read as the default "function"; did you mean "function"? [unknown-word])"},
+
+                 {"not-ascii",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": "grä.html", "refpurpose": "Join"})")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:10: warning: the string is read as ASCII: "ä" becomes "Ã¤" [not-ascii])"},
+
+                 {"deprecated-false",
+                  {{kResources + "Orchard.json", sectionOf("orchard", kItem)},
+                   {kLookups + "Orchard.json",
+                    sectionOf(
+                        "orchard",
+                        R"({"name": "graft", "href": "graft.html", "refpurpose": "Join", "deprecated": false})")}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.json:2:63: warning: "deprecated": false has the same effect as true [deprecated-false])"},
+
+                 {"repeated-section-key",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", {},
+                              ", \"supportPackages\": [\n" + supportPackage("kit") + ",\n" +
+                                  supportPackage("kit") + "]")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:3:33: error: the section is dropped: an earlier section of the file has the key "kit" [repeated-section-key]
+    help/docCatalog/referenceapi/Orchard.json:2:33: the section that is kept)"},
+
+                 {"base-code-is-help-folder",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", {},
+                              ", \"supportPackages\": [\n" + supportPackage("orchard") + "]")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:33: error: the section is dropped: its base code "orchard" is the help folder of the main section [base-code-is-help-folder]
+    help/docCatalog/referenceapi/Orchard.json:1:52: the section that is kept)"},
+
+                 {"unreadable-file",
+                  {{kLookups + "Orchard.json", {}, Form::Unopenable}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.json: error: the file is a link to a file that does not exist [unreadable-file])"},
+
+                 {"not-a-file",
+                  {{kResources + "Orchard.json", {}, Form::Folder}},
+                  R"(help/docCatalog/referenceapi/Orchard.json: error: a folder, pipe or device has the name of a resource file [not-a-file])"},
+
+                 {"over-limit",
+                  {{kResources + "Orchard.json", {}, Form::OverLimit}},
+                  R"(help/docCatalog/referenceapi/Orchard.json: error: the file is not read: larger than the limit of 1073741824 bytes [over-limit])"},
+
+                 {"unreadable-package",
+                  {{kLookups + "Orchard.zip", "not a package"}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.zip: error: the package can't be opened and is skipped: Not a zip archive [unreadable-package])"},
+
+                 {"unreadable-entry",
+                  {{kLookups + "Orchard.zip!Orchard.json", sectionOf("orchard"), Form::Encrypted}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.zip!Orchard.json: error: the entry can't be read: it is encrypted [unreadable-entry])"},
+
+                 {"extension-case",
+                  {{kResources + "Orchard.JSON", sectionOf("orchard")}},
+                  R"(help/docCatalog/referenceapi/Orchard.JSON: error: the file is ignored: its extension must be "json", in lower case [extension-case])"},
+
+                 {"ignored-file",
+                  {{kResources + "Orchard.json.bak", sectionOf("orchard")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json.bak: warning: the file is ignored: its name is not that of a resource file [ignored-file])"},
+
+                 {"unsupported-language",
+                  {{"installation.json", R"({"supportedDocLanguages": ["en", "de"]})"},
+                   {kResources + "Orchard.json", sectionOf("orchard")},
+                   {kResources + "Orchard_fr.json", sectionOf("orchard")}},
+                  R"(help/docCatalog/referenceapi/Orchard_fr.json: warning: "fr" is not a supported language; the file is read as the English file of a product "Orchard_fr" [unsupported-language])"},
+
+                 {"package-language",
+                  {{"installation.json", R"({"supportedDocLanguages": ["en", "de"]})"},
+                   {kLookups + "Orchard_de.zip!Orchard.json", sectionOf("orchard")}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard_de.zip!Orchard.json: error: the name of the package says "de", the name of its only entry says English; the entry is never read [package-language])"},
+
+                 {"extra-entry",
+                  {{kResources + "Orchard.json", sectionOf("orchard")},
+                   {kLookups + "Orchard.zip!Orchard.json", sectionOf("orchard")},
+                   {kLookups + "Orchard.zip!readme.txt", "Read me"}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.zip!readme.txt: warning: the entry is not read, but because of it the name of "Orchard.json" decides the language, not that of the package [extra-entry])"},
+
+                 {"shadowed-file",
+                  {{"installation.json", R"({"supportPackageRoot": "packages"})"},
+                   {kResources + "Orchard.json", sectionOf("orchard")},
+                   {kSupport + "Orchard.json", sectionOf("orchard")}},
+                  R"(packages/help/docCatalog/referenceapi/Orchard.json: warning: the file is never read: the reference root has the product [shadowed-file])"},
+
+                 {"dropped-record",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard",
+                              kItem + ",\n" + R"({"href": "join.html", "refpurpose": "Join"})")},
+                   {kLookups + "Orchard.zip!Orchard.json", sectionOf("orchard", kRecord)},
+                   {kLookups + "Orchard.json", sectionOf("orchard",
+                                                         R"({"name": "graft", "href": "join.html", "refpurpose": "Join"})")}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.json:2:1: warning: the record "graft" with the link "join.html" is lost in the merge: help/docCatalog/referenceapi_lookup/Orchard.zip!Orchard.json has at least as many records of the name [dropped-record]
+    help/docCatalog/referenceapi_lookup/Orchard.zip!Orchard.json:2:1: the record that is kept)"},
+
+                 {"hidden-record",
+                  {{"installation.json", R"({"supportedDocLanguages": ["en", "de"]})"},
+                   {kResources + "Orchard.json",
+                    sectionOf("orchard",
+                              kItem + ",\n" + R"({"href": "join.html", "refpurpose": "Join"})")},
+                   {kLookups + "Orchard.json",
+                    sectionOf("orchard",
+                              R"({"name": "graft", "href": "join.html", "refpurpose": "Join"})")},
+                   {kLookups + "Orchard_de.json", sectionOf("orchard", kRecord)}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard_de.json:2:1: warning: the translation hides the record "graft" with the link "join.html" of help/docCatalog/referenceapi_lookup/Orchard.json because it has at least as many records of the name [hidden-record]
+    help/docCatalog/referenceapi_lookup/Orchard.json:2:1: the hidden record)"},
+
+                 {"lookup-without-page",
+                  {{kResources + "Orchard.json", sectionOf("orchard")},
+                   {kLookups + "Orchard.json", sectionOf("orchard", kRecord)}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.json:2:1: warning: no item of the product "Orchard" has the link "graft.html" of the record "graft" [lookup-without-page])"},
+
+                 {"page-without-lookup",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
+ "refentity": [{"name": "graft"}]})")},
+                   {kLookups + "Orchard.json", sectionOf("orchard")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:2:1: note: no lookup record has the link "graft.html": the item can't be found by name [page-without-lookup])"},
+
+                 {"broken-link",
+                  {{kResources + "Orchard.json",
+                    sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
+ "seealso": [{"url": "nowhere.html", "name": "Nowhere"}]})")}},
+                  R"(help/docCatalog/referenceapi/Orchard.json:3:22: warning: no product has an item with the link "nowhere.html" [broken-link])"},
+
+                 {"lookup-without-resources",
+                  {{kLookups + "Orchard.json", sectionOf("orchard", kRecord)}},
+                  R"(help/docCatalog/referenceapi_lookup/Orchard.json:1:1: warning: the product "Orchard" has no full resources [lookup-without-resources])"},
+
+                 {"installed-without-documentation",
+                  {{"installation.json", R"({"topLevelProducts": [{"shortName": "orchard"}]})"}},
+                  R"(installation.json:1:37: warning: the installed product "orchard" has neither lookup records nor full resources [installed-without-documentation])"}};
+    return examples;
+}
+
+} // namespace refdoc_tests

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/check/findings/Finding.hpp"
+#include "tools/refdoc/check/findings/PendingFindings.hpp"
+#include "tools/refdoc/check/rules/MergeRules.hpp"
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace refdoc::check {
+
+// Rules about the text of a file: whether it is JSON, and, through SchemaRules, what the JSON
+// holds.
+
+std::span<const Rule* const> contentRules();
+
+/// Checks a file that the library has read. Parses its text once, for all purposes.
+/// \param pending  reports what is pending about the file's records
+/// \param losses   reads the records that it compares
+/// \param findings the findings about this file so far; receives more, and the positions of all
+void checkContent(const reference::docparser::FileAccount& account, const SourceFile& file,
+                  std::string_view text, PendingFindings& pending, MergeLosses& losses,
+                  std::vector<Finding>& findings);
+
+/// Returns the findings about the text of an installation manifest; none if the text is empty,
+/// because a manifest is optional.
+std::vector<Finding> checkManifest(std::string_view text);
+
+} // namespace refdoc::check
