@@ -19,8 +19,8 @@ public:
     std::u16string u16() const { return path().u16string(); }
 
     /// Writes a file with exactly these bytes, replaces an existing one, and creates its folders.
-    /// \param relative  the path below this folder; a std::u16string serves for names beyond ASCII
-    /// \returns the absolute path of the file
+    /// \param relative  path below this folder; a std::u16string for names beyond ASCII
+    /// \returns         the absolute path of the file
     /// \throws std::runtime_error  the bytes could not be written
     std::filesystem::path write(const std::filesystem::path& relative,
                                 std::string_view bytes) const {
