@@ -1,9 +1,9 @@
 # docparser_bundled_platform(TARGET [EXCEPT FOLDER...])
 #
-# For an application with a platform target of its own (DOCPARSER_PLATFORM): links docparser::seam to
+# For an application with its own platform target (DOCPARSER_PLATFORM). Links docparser::seam to
 # TARGET and compiles the bundled application libraries into it, except the folders of platform/ that
-# the application replaces. The application defines what the headers of those folders declare; a header
-# of its own replaces the bundled one if it has the same path in an include folder of TARGET.
+# the application replaces. The application defines what the headers of those folders declare. Its own
+# header replaces a bundled one if it has the same path in an include folder of TARGET.
 function(docparser_bundled_platform target)
     cmake_parse_arguments(PARSE_ARGV 1 BUNDLED "" "" "EXCEPT")
     get_target_property(folder docparser_bundled_objects SOURCE_DIR)
@@ -20,7 +20,7 @@ function(docparser_bundled_platform target)
     list(TRANSFORM files PREPEND ${folder}/)
     target_sources(${target} PRIVATE ${files})
 
-    # As docparser_bundled_objects; TARGET exports what has the export macro.
+    # The settings of docparser_bundled_objects; TARGET exports what is marked with the export macro.
     get_target_property(libraries docparser_bundled_objects LINK_LIBRARIES)
     get_target_property(definitions docparser_bundled_objects COMPILE_DEFINITIONS)
     target_compile_definitions(${target} PRIVATE ${definitions})

@@ -1,4 +1,4 @@
-# Run by CPack on what it is about to pack: Debian wants manual pages compressed, without a time in them.
+# CPack runs this before it packs: Debian requires compressed manual pages, without time stamps.
 file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/*.[1-9])
 list(FILTER pages INCLUDE REGEX "/share/man/man[1-9]/[^/]+$")
 foreach(page IN LISTS pages)

@@ -1,8 +1,9 @@
-# `cpack -G DEB` makes three Debian packages, one a component: libdocparser1, libdocparser-dev, refdoc.
-# They belong under /usr, with the libraries where the linker looks: the preset `package` says so.
+# `cpack -G DEB` makes three Debian packages, one for each component: libdocparser1, libdocparser-dev and
+# refdoc. They install below /usr, with the libraries in the linker's folder, as the preset `package`
+# specifies.
 
 set(DOCPARSER_MAINTAINER "docparser authors <maintainers@docparser.invalid>" CACHE STRING
-    "Whom the Debian packages name as their maintainer")
+    "Maintainer of the Debian packages")
 
 find_program(GZIP_PROGRAM gzip)
 if(NOT GZIP_PROGRAM)
@@ -44,9 +45,8 @@ debian_documents(${library_package} libraries)
 debian_documents(libdocparser-dev development)
 debian_documents(refdoc refdoc)
 
-# Which package a program needs that is linked with the libraries, and that the loader's cache is out
-# of date once they are there. CPack could write the first, but with a release number in it, and knows
-# nothing of the second.
+# The shlibs file names the package that programs linked with the libraries need. CPack would include a
+# release number in it. The trigger updates the loader's cache, which CPack does not support.
 file(WRITE ${debian_folder}/shlibs
     "libdocparser ${PROJECT_VERSION_MAJOR} ${library_package} (>= ${PROJECT_VERSION})\n"
     "libdocparser_platform ${PROJECT_VERSION_MAJOR} ${library_package} (>= ${PROJECT_VERSION})\n")
@@ -54,7 +54,7 @@ file(WRITE ${debian_folder}/triggers "activate-noawait ldconfig\n")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT ${DOCPARSER_MAINTAINER})
-# Each package has a summary of its own.
+# Each package has its own summary.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -70,9 +70,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
     ${PROJECT_BINARY_DIR}/platform ${PROJECT_BINARY_DIR}/docparser)
 set(exact_library "${library_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
-set(what_it_is "docparser tells a help system what reference documentation the installed
-products provide: for each function, class or other item its purpose,
-syntaxes, arguments, examples and links, and an index of all names.")
+set(what_it_is "docparser provides a help system with the reference documentation of the
+installed products: the purpose, syntax, arguments, examples and links of
+each function, class or other item, and an index of all names.")
 
 set(CPACK_DEBIAN_LIBRARIES_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIBRARIES_PACKAGE_SECTION libs)
@@ -82,12 +82,12 @@ set(CPACK_DEBIAN_LIBRARIES_PACKAGE_CONTROL_EXTRA
 set(CPACK_COMPONENT_LIBRARIES_DESCRIPTION "reference documentation of installed products
 ${what_it_is}
 
-This package has the shared libraries.")
+This package contains the shared libraries.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libdocparser-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-# The public headers name types of Boost.JSON and Boost.Exception. Boost.Log is for a program that
-# wants to see the library's messages.
+# The public headers use types of Boost.JSON and Boost.Exception. Boost.Log is for programs that
+# receive the library's messages.
 string(REGEX MATCH "^[0-9]+\\.[0-9]+" boost_release ${boost_json_VERSION})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${exact_library}, libboost-json${boost_release}-dev, libboost${boost_release}-dev")
@@ -95,17 +95,17 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "libboost-log${boost_release}-dev"
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "reference documentation of installed products - development
 ${what_it_is}
 
-This package has what it takes to build programs against the libraries:
-headers, a CMake package, pkg-config files, and JSON Schemas of the files
-that are read.")
+This package contains the files that are needed to build programs with the
+libraries: headers, a CMake package, pkg-config files, and JSON Schemas of
+the resource files.")
 
 set(CPACK_DEBIAN_REFDOC_PACKAGE_NAME refdoc)
 set(CPACK_DEBIAN_REFDOC_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_REFDOC_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_REFDOC_PACKAGE_DEPENDS ${exact_library})
 set(CPACK_COMPONENT_REFDOC_DESCRIPTION "show reference documentation of installed products
-refdoc shows what reference documentation the installed products provide:
-the full records of a product, the index of all names, and what was found
-where. It prints for people or as JSON.")
+refdoc shows the reference documentation of the installed products: the
+full records of a product, the index of all names, and where each record
+comes from. The output is for people or in JSON.")
 
 include(CPack)

@@ -1,8 +1,8 @@
 # docparser_room_includes(FOLDER PATH...)
 #
-# Declares what the headers and sources directly in FOLDER may include, besides each other and the
-# standard library: the files and folders PATH, as #include spells them. The tests rooms.* compare the
-# declaration with the #include lines.
+# Declares what the headers and sources directly in FOLDER may include, in addition to each other and the
+# standard library: the files and folders PATH, as spelled in #include lines. The tests rooms.* compare
+# the declaration with the #include lines.
 function(docparser_room_includes folder)
     set_property(GLOBAL APPEND PROPERTY DOCPARSER_ROOMS ${folder})
     set_property(GLOBAL PROPERTY DOCPARSER_INCLUDES_OF_${folder} ${ARGN})
@@ -10,8 +10,8 @@ endfunction()
 
 # docparser_room(NAME SOURCES FILE... MAY_INCLUDE PATH... [FOLDER FOLDER])
 #
-# Makes an object library, docparser_NAME, of a room: one folder of the library, by default
-# docparser/NAME. MAY_INCLUDE is what docparser_room_includes() takes. The shared library and the unit
+# Adds an object library, docparser_NAME, for a room: one folder of the library, by default
+# docparser/NAME. MAY_INCLUDE is passed to docparser_room_includes(). The shared library and the unit
 # tests link the same objects, so the tests can call functions that are not exported.
 function(docparser_room name)
     cmake_parse_arguments(ROOM "" "FOLDER" "SOURCES;MAY_INCLUDE" ${ARGN})
@@ -36,15 +36,15 @@ endfunction()
 # refdoc_room(NAME SOURCES FILE... MAY_INCLUDE PATH...)
 #
 # Adds the sources of a room of the tool, the folder tools/refdoc/NAME, to refdoc_parts. MAY_INCLUDE is
-# what docparser_room_includes() takes. A room may include only rooms that were declared before it, so
-# the includes of the rooms form no cycle.
+# passed to docparser_room_includes(). A room may include only rooms that are declared before it, so the
+# rooms cannot include each other in a cycle.
 function(refdoc_room name)
     cmake_parse_arguments(ROOM "" "" "SOURCES;MAY_INCLUDE" ${ARGN})
     get_property(declared GLOBAL PROPERTY DOCPARSER_ROOMS)
     foreach(path IN LISTS ROOM_MAY_INCLUDE)
         if(path MATCHES "^tools/refdoc" AND NOT path IN_LIST declared)
             message(FATAL_ERROR
-                "tools/refdoc/${name} may not include ${path}: it is not declared before")
+                "tools/refdoc/${name} may not include ${path}, which is not declared before it")
         endif()
     endforeach()
     docparser_room_includes(tools/refdoc/${name} ${ROOM_MAY_INCLUDE})

@@ -1,14 +1,14 @@
 # docparser_export_names(TARGET NAMESPACES ... [TYPES ...])
 #
-# Lets nothing leave a shared library but what lies in its namespaces. Visible templates of Boost and of
-# the standard library stay inside, where visibility settings alone would let them out: they are no part
-# of the interface. TYPES are the foreign classes by whose type information a program catches the
-# library's exceptions. Linkers that cannot be told do without, and so does Windows, where a DLL exports
-# what the export macro marks and nothing else.
+# Limits the exports of a shared library to its own namespaces. Visibility settings alone would also
+# export template instances of Boost and of the standard library, which are not part of the interface.
+# TYPES are classes of other libraries whose type information programs need to catch the library's
+# exceptions. Has no effect with linkers that do not support version scripts, or on Windows, where a DLL
+# exports only what is marked with the export macro.
 
 include(CheckLinkerFlag)
 
-# The name of a namespace or a class as the compilers write it into a symbol: a::bc is 1a2bc.
+# The mangled name of a namespace or class in a symbol: a::bc is 1a2bc.
 function(docparser_mangle name result)
     string(REPLACE "::" ";" parts ${name})
     set(mangled "")

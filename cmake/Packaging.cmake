@@ -1,9 +1,9 @@
-# What `cmake --install` lays down: libraries, public headers under their repository paths, the tool,
+# `cmake --install` installs the libraries, the public headers under their repository paths, the tool,
 # the JSON Schemas, a CMake package and pkg-config files. The installed tree can be moved as a whole.
 #
-# Each file belongs to a component, which `cmake --install --component` lays down alone:
-#   libraries    what a program needs to run
-#   development  what a program needs to be built
+# Each file belongs to a component, which `cmake --install --component` installs separately:
+#   libraries    the files that programs need to run
+#   development  the files that programs need to be built
 #   refdoc       the tool
 #   licences     the copyright notice
 

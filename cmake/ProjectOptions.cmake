@@ -9,18 +9,18 @@ if(MSVC)
 else()
     target_compile_options(docparser_options INTERFACE
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow
-        # GCC 12 takes the unused part of a short string that is moved for uninitialised memory.
+        # GCC 12 mistakes the unused part of a moved short string for uninitialised memory.
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
         $<$<BOOL:${DOCPARSER_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()
 
-# All symbols are found when a library is loaded: else the first call of a process looks each up on
-# its way, which made it a sixth longer.
+# Symbols are resolved when a library is loaded. Otherwise the first call of a process resolves them,
+# which made it a sixth slower.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     target_link_options(docparser_options INTERFACE LINKER:-z,now)
 endif()
 
-# Windows's header defines macros min and max, and declares far more than is needed.
+# By default, windows.h defines the macros min and max, and declares far more than is needed.
 if(WIN32)
     target_compile_definitions(docparser_options INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE)
 endif()
@@ -32,7 +32,7 @@ if(DOCPARSER_SANITIZERS)
 endif()
 
 if(DOCPARSER_COVERAGE)
-    # The counts of threads that run at once add up.
+    # Concurrent threads must not lose counts.
     target_compile_options(docparser_options INTERFACE --coverage -fprofile-update=atomic)
     target_link_options(docparser_options INTERFACE --coverage)
 endif()

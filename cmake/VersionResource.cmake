@@ -1,7 +1,7 @@
 # docparser_version_resource(TARGET DESCRIPTION)
 #
-# Windows shows name, description and version of a program or DLL from a resource in the file. Other
-# systems have no such thing.
+# Adds the resource from which Windows shows the name, description and version of a program or DLL. Has
+# no effect on other systems.
 function(docparser_version_resource target description)
     if(NOT WIN32)
         return()
@@ -17,6 +17,6 @@ function(docparser_version_resource target description)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/VersionResource.rc.in ${resource} @ONLY)
     target_sources(${target} PRIVATE ${resource})
-    # Settings of the C++ compiler mean nothing to the resource compiler.
+    # The resource compiler does not understand the options of the C++ compiler.
     set_source_files_properties(${resource} PROPERTIES LANGUAGE RC)
 endfunction()

@@ -1,12 +1,12 @@
-# What `cpack -G ZIP` packs for Windows: refdoc with every DLL that it needs and that Windows lacks.
+# `cpack -G ZIP` packs refdoc for Windows, with every DLL that it needs and that Windows lacks.
 
-# DLLs of Windows, the only ones that a program may need and the package leaves out.
+# The DLLs of Windows itself. The package contains all other DLLs that refdoc needs.
 set(system_dlls
     advapi32 api-ms-win-core-synch-l1-2-0 bcrypt kernel32 msvcrt ole32 shell32 user32 ws2_32)
 list(JOIN system_dlls "|" system_dlls)
 
 install(CODE "
-    set(ENV{LC_ALL} C) # CMake parses what objdump prints
+    set(ENV{LC_ALL} C) # CMake parses the output of objdump
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND \"${CMAKE_OBJDUMP}\")

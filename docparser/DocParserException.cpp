@@ -10,7 +10,7 @@ DocParserException::DocParserException(std::u16string productName)
 DocParserException::~DocParserException() noexcept = default;
 
 const char* DocParserException::what() const noexcept {
-    // Callers compare this text, so its first word stays as it is.
+    // Callers compare this string, so it must not change.
     return "resource::docparser::DocParserException";
 }
 

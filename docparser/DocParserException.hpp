@@ -10,7 +10,7 @@ namespace reference::docparser {
 /// Thrown if no folder has a usable resource file of a product.
 ///
 /// It can be caught as its own type, IInternalException, IException, boost::exception or
-/// boost::exception_detail::clone_base, and travels through boost::exception_ptr. It does not
+/// boost::exception_detail::clone_base, and can be stored in a boost::exception_ptr. It does not
 /// derive from std::exception.
 class DOCPARSER_EXPORT DocParserException : public foundation::core::except::IInternalException {
 public:

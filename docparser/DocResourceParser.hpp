@@ -24,19 +24,19 @@ namespace reference::docparser {
 static_assert(BOOST_VERSION / 100 == DOCPARSER_BOOST_VERSION / 100,
               "docparser was built with another release of Boost");
 
-/// Tells what reference documentation the installed products provide: the library's entrance.
+/// Reads the reference documentation of products. This class is the library's public interface.
 ///
 /// Every operation may be called from any thread at any time, runs on its caller's thread and
-/// keeps no reference to what it returns. Apart from the settings below nothing is cached: each
+/// keeps no reference to its result. Apart from the settings below, nothing is cached: each
 /// retrieval reads and parses its files anew and releases their memory when it returns. No lock is
 /// held while files are read or parsed. Operations that allocate may throw std::bad_alloc.
 ///
-/// All strings are UTF-16. Folders are spelled as the system spells paths; they are joined as
-/// strings, and nothing is normalised.
+/// All strings are UTF-16. Paths use the notation of the system. They are joined as strings and
+/// never normalised.
 ///
-/// A file that is missing, malformed or not a regular file contributes nothing and hides nothing
-/// else. The diagnostic channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp)
-/// names each file before it is read, and the files that could not be read. To learn what became of
+/// A file that is missing, malformed or not a regular file is skipped and never hides another file.
+/// The diagnostic channel "referenceApi::docparser" (see platform/log/DiagnosticLogger.hpp) reports
+/// each file before it is read, and each file that could not be read. To find out what became of
 /// each file, see docparser/account/LoadAccount.hpp.
 class DOCPARSER_EXPORT DocResourceParser {
 public:
@@ -61,16 +61,17 @@ public:
     /// Returns the lookup index of all products in the lookup folder of the current roots, in the
     /// current documentation language with English as the fallback.
     ///
-    /// Zip packages are read before plain files. If sections have the same key, they are merged
-    /// and the first one wins, except that a translation goes on top of what is there. Every file
-    /// in the folder is read: an application that looks up names often keeps the result.
+    /// Zip packages are read before plain files. Sections with the same key are merged. The first
+    /// one takes precedence, except that a translation takes precedence over the sections before
+    /// it. Every file in the folder is read on each call, so an application that looks up names
+    /// often should keep the result.
     /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps if there
     ///           are no files
     /// \throws whatever the language service throws
     static ParsingResults<ResourceMap<property::RefItemLookup>> getResourceLookupFiles();
 
-    /// Returns the product files that lie directly in a folder: names that end in exactly ".json"
-    /// or ".zip". Translations into languages other than the current one are left out.
+    /// Returns the product files directly in a folder: those whose names end in exactly ".json" or
+    /// ".zip". Translations into languages other than the current one are left out.
     /// \param root                 the folder; missing or empty means no files
     /// \param localeSuffixes       the suffixes that mark a translated file, such as "_de"
     /// \param currentLocaleSuffix  the suffix of the translated files to keep
@@ -81,31 +82,33 @@ public:
                                        const std::vector<std::u16string>& localeSuffixes,
                                        const std::u16string& currentLocaleSuffix);
 
-    /// Returns the installed top-level products, never null: the catalogue's, which is asked on
-    /// each call under a lock, or those of setTestProducts(). Hold the pointer while you walk it.
+    /// Returns the installed top-level products, never null: those of setTestProducts(), or else
+    /// those of the catalogue, which is queried on each call under a lock. Keep the pointer while
+    /// you iterate.
     /// \throws whatever the catalogue throws
     static std::shared_ptr<const std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>>
     getTopLevelProducts();
 
     /// Returns whether a top-level product has this short name, compared as UTF-8 bytes, or a
-    /// hardware support package has this name. Asks the catalogue on each call; linear in its size.
+    /// hardware support package has this name. Queries the catalogue on each call. Cost: linear in
+    /// the number of products.
     /// \throws whatever the catalogue or the support-package root reader throws
     static bool isProductInstalled(const std::u16string& name);
 
-    /// Returns the installed hardware support packages, never null. The answer is cached until the
-    /// caches are cleared; a query that fails yields an empty set.
+    /// Returns the installed hardware support packages, never null. The result is cached until the
+    /// caches are cleared. If the query fails, the set is empty.
     /// \throws whatever the support-package root reader throws
     static std::shared_ptr<const std::unordered_set<std::u16string>> getHardwareSupportPackages();
 
     /// Returns the folder of the support packages' resource files, never null: "help", "docCatalog"
     /// and "referenceapi" below the support-package root, or the folder of setSupportPackageRoot()
-    /// as it was given. The answer is cached until the caches are cleared. Takes no lock.
+    /// unchanged. The result is cached until the caches are cleared. Takes no lock.
     /// \throws whatever the support-package root reader throws
     static std::shared_ptr<const std::u16string> getSupportPackageRoot();
 
-    /// Makes exactly the products and support packages of these names count as installed, until
-    /// restoreDefaultSettings(). clearSupportPackageCaches() and setSupportPackageRoot() undo it
-    /// for the support packages only. Other threads see both changes or none.
+    /// Makes exactly these products and support packages count as installed until
+    /// restoreDefaultSettings() is called. clearSupportPackageCaches() and setSupportPackageRoot()
+    /// undo it for the support packages only. Other threads see both changes or none.
     static void setTestProducts(const std::vector<std::u16string>& topLevelNames,
                                 const std::vector<std::u16string>& supportPackageNames);
 

@@ -92,8 +92,8 @@ void Settings::setTestProducts(const std::vector<std::u16string>& topLevelNames,
 }
 
 void Settings::restoreDefaults() {
-    // All at once: waiting for a package query while holding the first two would keep the query
-    // itself from reading the roots.
+    // Acquired together: a package query holds the third lock and may read the roots, so it must
+    // never wait for a thread that holds the first two.
     const std::scoped_lock lock(settingsMutex_, productsMutex_, supportPackageMutex_);
     currentRoots_ = makeRoots(defaultReferenceRoot());
     topLevelProductsProvider_ = getCatalogueProducts;

@@ -11,17 +11,16 @@
 
 namespace reference::docparser {
 
-/// The process-wide settings: the folders of resource files, and what counts as installed.
+/// The process-wide settings: the folders of resource files, and which products and support
+/// packages count as installed.
 ///
 /// Values are replaced, never changed in place: callers get a shared snapshot that never changes.
-/// Locks are held while values are exchanged and while the application's services are asked what
-/// is installed, never while resource files are read. Operations that need several locks acquire
-/// them together, with the back-off of std::lock, so that none waits for a lock while it holds
-/// another.
+/// Locks are held while values are exchanged and while the application's services determine what is
+/// installed, never while resource files are read. Operations that need several locks acquire them
+/// together, with the back-off of std::lock, so that none waits for a lock while it holds another.
 ///
-/// A service that calls back into the operation that asks it deadlocks. Every service may read and
-/// set the reference roots and read resource files; the catalogue may also ask for the support
-/// packages.
+/// A service that calls the operation that called it deadlocks. Every service may read and set the
+/// reference roots and read resource files; the catalogue may also ask for the support packages.
 class Settings {
 public:
     /// Returns the settings of the process; they are constructed when the library is loaded, or by
@@ -31,10 +30,10 @@ public:
     std::shared_ptr<const ReferenceRoots> getReferenceRoots();
     void setReferenceRoot(std::u16string root);
 
-    /// \throws std::bad_function_call never in practice; whatever the catalogue throws
+    /// \throws whatever the catalogue throws
     std::shared_ptr<const TopLevelProducts> getTopLevelProducts();
 
-    /// Returns the cached folder, or asks the support-package root reader. Takes no lock.
+    /// Returns the cached folder, or queries the support-package root reader. Takes no lock.
     std::shared_ptr<const std::u16string> getSupportPackageFolder();
     void setSupportPackageFolder(std::u16string folder);
 
@@ -50,7 +49,7 @@ private:
 
     Settings();
 
-    // Empties both caches; the caller holds supportPackageMutex_.
+    // Clears both caches; the caller holds supportPackageMutex_.
     void dropSupportPackages();
 
     std::mutex settingsMutex_; // guards currentRoots_

@@ -7,8 +7,8 @@ namespace platform {
 
 /// Runs a step whose failure the caller handles as a value.
 ///
-/// No exception of the step passes; a comment at the call says why that is right. The cancellation
-/// of the thread, which unwinds like an exception on some systems, is not a failure and does pass.
+/// Catches every exception of the step; a comment at the call says why that is right. Does not stop
+/// the cancellation of the thread, which unwinds like an exception on some systems.
 /// \param step  called once, without arguments
 /// \returns     the exception that the step threw; null if it returned
 template <class Step>

@@ -10,9 +10,9 @@ namespace platform {
 
 namespace {
 
-// Constructed on first use, because the static initialisers of other libraries may ask already.
+// Constructed on first use, because static initialisers of other libraries may already need it.
 struct Current {
-    std::mutex mutex; // guards services; never held while the services are asked
+    std::mutex mutex; // guards services; never held while a service is called
     std::shared_ptr<const HostServices> services = defaultHostServices();
 };
 

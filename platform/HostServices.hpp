@@ -10,13 +10,13 @@
 
 namespace platform {
 
-/// What only the host application knows: its folder, language, installed products and support
-/// packages.
+/// Provides what only the host application knows: its folder, language, installed products and
+/// support packages.
 ///
 /// Each function is called whenever its answer is needed, on any thread and on several at a time.
 /// An implementation is thread-safe and caches answers that take long to find. Some functions are
-/// called while the caller holds a lock: an implementation that called the same operation of the
-/// library would deadlock. It may throw; the header of each operation says what happens then.
+/// called while the caller holds a lock: an implementation that calls the same operation of the
+/// library deadlocks. It may throw; the header of each operation says what happens then.
 ///
 /// All strings are UTF-16, except those of the products, which are UTF-8.
 class DOCPARSER_SEAM_EXPORT HostServices {
@@ -24,7 +24,7 @@ public:
     virtual ~HostServices();
 
     /// Returns the folder that the application is installed in. fl::filesystem::get_install_path()
-    /// always asks the default services for it.
+    /// always asks the default services.
     virtual std::u16string installPath() const = 0;
 
     /// Returns the language that documentation is shown in, spelled as in file names: "en", "ja",
@@ -36,17 +36,17 @@ public:
     virtual std::vector<std::u16string> supportedDocLanguages() const = 0;
 
     /// Returns the installed products at the top level of the documentation. Called often, so an
-    /// implementation should make the objects once and copy only the pointers. Null pointers are
+    /// implementation should create the objects once and copy only the pointers. Null pointers are
     /// ignored.
     virtual std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
     installedTopLevelDocProducts() const = 0;
 
     /// Returns the folder that support packages are installed in; empty if there is none. The
-    /// folder need not exist, and a separator at its end is ignored. The library caches the answer.
+    /// folder need not exist, and a separator at its end is ignored. The library caches the result.
     virtual std::u16string supportPackageRoot() const = 0;
 
     /// Returns the section keys of the hardware support packages that are installed under a
-    /// support-package root. The library caches the answer; an exception counts as no packages.
+    /// support-package root. The library caches the result; an exception counts as no packages.
     /// \param root  the folder, without a separator at its end
     virtual std::unordered_set<std::u16string>
     installedHardwareSupportPackages(const std::u16string& root) const = 0;

@@ -80,8 +80,8 @@ struct Node {
     }
 };
 
-// The families of an application's own catalogue may need more than a name; the manifest has none
-// then.
+// If the families of an application's own catalogue need more than a name, the manifest provides
+// none.
 template <class Family>
 void appendFamily(std::vector<Family>& families, std::string name) {
     if constexpr (std::is_constructible_v<Family, std::string>)
@@ -160,7 +160,7 @@ std::string readWhole(const NativePath& path) {
     return text;
 }
 
-// A link to nothing counts as missing; anything else that cannot be read is a failure.
+// A dangling link counts as missing; anything else that cannot be read is a failure.
 bool isMissing(const std::filesystem::path& path) {
     std::error_code unknown;
     return std::filesystem::status(path, unknown).type() == std::filesystem::file_type::not_found;
@@ -210,7 +210,7 @@ InstallationManifest::Content::read(const std::u16string& installFolder) {
         const json::value root = parseJson(readWhole(file));
         content->take(Node{root, ""}, installFolder);
     } catch (const std::bad_alloc&) {
-        throw; // the file is not at fault
+        throw; // not the fault of the file
     } catch (const std::exception& failure) {
         throw std::runtime_error(toUtf8(path) + ": " + failure.what());
     }

@@ -11,9 +11,9 @@
 
 namespace platform {
 
-/// Host services that read their answers from `installation.json` in an install folder.
+/// Host services that are described by `installation.json` in an install folder.
 ///
-/// The file holds one JSON object. All keys are optional; unknown keys are ignored:
+/// The file is one JSON object. All keys are optional; unknown keys are ignored:
 ///
 /// | key                       | type             | default         |
 /// |---------------------------|------------------|-----------------|
@@ -29,12 +29,12 @@ namespace platform {
 /// occurs twice in an object, the last one is used.
 ///
 /// Without the file, English is the only language and nothing is installed. The file is read once,
-/// at the first question; each call returns the same product objects. While the file is malformed,
-/// unreadable or larger than ReadLimits::fileBytes, every question except installPath() reads it
-/// again and throws std::runtime_error, which names the file and the line and column, or the key.
+/// by the first call; each call returns the same product objects. While the file is malformed,
+/// unreadable or larger than ReadLimits::fileBytes, every call except installPath() reads it again
+/// and throws std::runtime_error, which names the file and the line and column, or the key.
 class DOCPARSER_SEAM_EXPORT InstallationManifest final : public HostServices {
 public:
-    /// \param installFolder  the folder of the manifest; not accessed before the first question
+    /// \param installFolder  the folder of the manifest; not accessed before the first call
     explicit InstallationManifest(std::u16string installFolder);
     ~InstallationManifest() override;
 

@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    // A column is passed where the byte after it starts another code point, or the text ends.
+    // A column ends where the next byte starts another code point, or where the text ends.
     void passColumns(std::size_t end) noexcept {
         const auto isContinuation = [](char byte) {
             return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;

@@ -7,13 +7,14 @@
 
 namespace platform {
 
-/// How many bytes of one source the process reads into memory, so that no file can exhaust it.
+/// The most bytes that the process reads into memory from one source, so that no file can exhaust
+/// the memory.
 ///
-/// Whatever states a size beyond a limit is refused at once. Sizes within the limits are not
-/// trusted: the bytes that are read count as well. A refused read fails like one for which there is
-/// not enough memory, before the memory is allocated.
+/// A source that states a size beyond a limit is rejected at once. Stated sizes within the limits
+/// are not trusted: the bytes that are read are counted as well. A rejected read fails in the same
+/// way as one that runs out of memory, but before any memory is allocated.
 struct ReadLimits {
-    /// A file that is read whole.
+    /// A file that is read completely.
     std::uint64_t fileBytes = std::uint64_t{1} << 30;
     /// An entry of a package, decompressed.
     std::uint64_t entryBytes = std::uint64_t{1} << 30;

@@ -51,7 +51,7 @@ void AccountRecorder::record(Step step) noexcept {
     try {
         step();
     } catch (...) {
-        // A recording that cannot be held must not disturb the retrieval.
+        // A failure to record must not affect the retrieval.
         account_.isComplete = false;
     }
 }
@@ -74,7 +74,7 @@ void AccountRecorder::appendTo(LoadAccount& target) noexcept {
     target.isComplete = target.isComplete && account_.isComplete;
 }
 
-// Until the file is concluded, nothing of it is used.
+// The file counts as failed until it is concluded, in case the recording ends early.
 FileAccount& AccountRecorder::addFile(FileRole role, const std::u16string& name) {
     FileAccount file{.role = role, .fate = Fate::Failed};
     if (open_.empty()) {
@@ -189,7 +189,8 @@ void AccountRecorder::recordDropped(const std::u16string& name, const LookupReco
                                     const LookupRecords& source, std::size_t index) noexcept {
     record([&] {
         const std::u16string& href = source[index].getHref();
-        // It lost to the record of its href; without one, to the records of the name.
+        // It lost to the record with the same href or, if there is none, to the records of its
+        // name.
         const std::optional<std::size_t> sameHref = targetHrefs_.find(name, target, href);
         placedSection().records.push_back(
             {.name = name,

@@ -21,7 +21,8 @@ namespace reference::docparser {
 /// and the account is not complete.
 class AccountRecorder final : public RetrievalObserver {
 public:
-    /// Appends the recording to an account, with its indices adapted. Call it once, at the end.
+    /// Appends the recorded files to an account and adjusts their indices. Call it once, at the
+    /// end.
     void appendTo(LoadAccount& target) noexcept;
 
     void fileSkipped(const std::u16string& folder, const std::u16string& name,
@@ -80,9 +81,9 @@ private:
     SectionAccount& placedSection() { return current().sections[placedSection_]; }
 
     LoadAccount account_;
-    std::vector<OpenFile> open_; // the current file last, before it its package
+    std::vector<OpenFile> open_; // the current file is last, after its package
     std::map<std::pair<bool, std::u16string>, Section> sections_; // of the result, by isInstalled
-    // The sections of the last combination.
+    // The sections that were combined last.
     std::size_t placedSection_ = 0; // its index in the current file
     Section* target_ = nullptr;
     Section source_;

@@ -17,14 +17,14 @@ namespace reference::docparser {
 
 namespace {
 
-// What has the name on the disk; nothing is opened.
+// Returns the type of the file at a path without opening it.
 std::filesystem::file_type typeOf(const std::u16string& path) {
     std::error_code error;
     return std::filesystem::status(platform::toNativePath(path), error).type();
 }
 
-// The part that all failures share.
-// \param unknown  the fate of an exception that says nothing about the file
+// Handles the exceptions that mean the same for all failures.
+// \param unknown  the fate for exceptions that do not concern the file
 FailureReason reasonOfException(const std::exception_ptr& failure, Fate unknown) {
     try {
         std::rethrow_exception(failure);

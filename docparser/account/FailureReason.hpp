@@ -8,7 +8,7 @@
 
 namespace reference::docparser {
 
-// Turns exceptions into what an account says of a file.
+// Translates exceptions into the fate and reason that an account reports for a file.
 
 /// Why a file is not used; the fields are those of FileAccount.
 struct FailureReason {
@@ -18,12 +18,13 @@ struct FailureReason {
     std::optional<TextPlace> place{};
 };
 
-/// Returns why a file or package could not be opened: Missing, NotRegular, or as `failure` says.
+/// Returns why a file or package could not be opened: Missing, NotRegular, or the fate that
+/// `failure` implies.
 /// \param failure  null if the file could not be opened and nothing was thrown
 FailureReason reasonOfOpening(const std::u16string& path, const std::exception_ptr& failure);
 
-/// Returns why a file could not be read completely: Unreadable, OverLimit, or Failed if memory was
-/// short.
+/// Returns why a file could not be read completely: Unreadable, OverLimit, or Failed if memory ran
+/// out.
 /// \param failure  not null
 FailureReason reasonOfReading(const std::exception_ptr& failure);
 
@@ -33,8 +34,8 @@ FailureReason reasonOfReading(const std::exception_ptr& failure);
 /// \param text     the file's string
 FailureReason reasonOfUse(const std::exception_ptr& failure, const std::string& text);
 
-/// Puts a reason into the account of a file. Nothing of a malformed file is used, so that its
-/// sections go.
+/// Copies a reason into the account of a file. Removes the sections of a malformed file, because
+/// nothing of it is used.
 void applyReason(FailureReason reason, FileAccount& file);
 
 } // namespace reference::docparser

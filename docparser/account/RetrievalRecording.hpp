@@ -8,7 +8,7 @@
 
 namespace reference::docparser {
 
-/// The observer of one call of a retrieval: it records for the account in force on the thread, and
+/// The observer of one call of a retrieval: it records for the current account of the thread and
 /// appends the recording when the call ends. Without an account it does nothing.
 class RetrievalRecording {
 public:

@@ -32,7 +32,8 @@ SupportPackages findHardwareSupportPackages(const std::u16string& folder) {
         root = fl::filesystem::remove_filename(root);
 
     SupportPackages packages;
-    // A failing query costs the host its support packages, but not its documentation.
+    // If the query fails, no support package counts as installed, but the documentation is still
+    // read.
     platform::ignoreFailure([&] {
         packages = install::product_impl::utils::getInstalledHardwareSupportPackages(root.string());
     });

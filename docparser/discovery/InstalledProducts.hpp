@@ -9,8 +9,8 @@
 
 namespace reference::docparser {
 
-// What the application's services report about installed products and support packages. Nothing is
-// cached here.
+// Queries the application's services for installed products and support packages. Nothing is cached
+// here.
 
 using TopLevelProducts = std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>;
 using SupportPackages = std::unordered_set<std::u16string>;
@@ -25,7 +25,7 @@ std::shared_ptr<const TopLevelProducts> getCatalogueProducts();
 std::u16string findSupportPackageFolder();
 
 /// Returns the hardware support packages installed below the root of a support-package folder.
-/// \param folder  the folder of the resource files; the query gets it without its last three levels
+/// \param folder  the folder of the resource files, three levels below the root
 /// \returns       empty if the query fails
 SupportPackages findHardwareSupportPackages(const std::u16string& folder);
 

@@ -13,14 +13,13 @@ namespace reference::docparser {
 class DOCPARSER_EXPORT ProductData {
 public:
     /// \param name              the stem of the file name, with its locale suffix: "P_ja"
-    /// \param nonEnglishLocale  whether the stem ends with the suffix of a language other than
-    /// English
+    /// \param nonEnglishLocale  whether the name is that of a translation
     ProductData(std::u16string name, bool nonEnglishLocale)
         : name_(std::move(name)), nonEnglishLocale_(nonEnglishLocale) {}
 
     /// Returns the stem of the file name, with its locale suffix.
     const std::u16string& getName() const noexcept { return name_; }
-    /// Returns whether the file is a translation, which only its name decides.
+    /// Returns whether the file is a translation, as determined by its name.
     bool isNonEnglishLocale() const noexcept { return nonEnglishLocale_; }
 
 private:
@@ -31,7 +30,7 @@ private:
 /// A product file in a folder.
 class DOCPARSER_EXPORT ProductPathData : public ProductData {
 public:
-    /// \param fullPath  the file's path, as the walk over its folder reports it
+    /// \param fullPath  the file's path, as reported by the directory iterator
     ProductPathData(std::u16string name, bool nonEnglishLocale, std::u16string fullPath)
         : ProductData(std::move(name), nonEnglishLocale), fullPath_(std::move(fullPath)) {}
 

@@ -14,7 +14,8 @@ ProductLists findProducts(const std::u16string& root,
                           const std::vector<std::u16string>& localeSuffixes,
                           const std::u16string& currentLocaleSuffix, RetrievalObserver& observer) {
     ProductLists products;
-    // A folder that disappears or cannot be read ends the walk; what was found before is useful.
+    // A folder that disappears or cannot be read ends the iteration; the files found so far are
+    // returned.
     platform::ignoreFailure([&] {
         if (root.empty())
             return;

@@ -8,8 +8,8 @@
 
 namespace reference::docparser {
 
-/// Returns the product files that lie directly in a folder; see
-/// DocResourceParser::getAllProducts(). Never throws.
+/// Returns the product files directly in a folder; see DocResourceParser::getAllProducts(). Never
+/// throws.
 ProductLists findProducts(const std::u16string& root,
                           const std::vector<std::u16string>& localeSuffixes,
                           const std::u16string& currentLocaleSuffix, RetrievalObserver& observer);

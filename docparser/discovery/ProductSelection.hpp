@@ -9,10 +9,10 @@
 
 namespace reference::docparser {
 
-/// What a file name says about a file of a folder, or an entry of a package.
+/// What the name of a file or package entry says about it.
 struct ProductSelection {
     std::optional<Fate> skipped{};   ///< why the file is not read; empty if it is
-    std::u16string stem{};           ///< the product's name; of a file with another extension empty
+    std::u16string stem{};           ///< the product's name; empty for other extensions
     bool isNonEnglishLocale = false; ///< whether the file is a translation
 };
 
@@ -21,7 +21,7 @@ struct ProductSelection {
 /// \param name                 the file name in native form
 /// \param localeSuffixes       the suffixes that mark a translation; an empty one marks every stem
 /// \param currentLocaleSuffix  the suffix of the translations to read
-/// \param isTranslation        whether the file is a translation, if that is known otherwise
+/// \param isTranslation        whether the file is a translation; if absent, the name decides
 ProductSelection selectProduct(const fl::filesystem::path& name,
                                const std::vector<std::u16string>& localeSuffixes,
                                const std::u16string& currentLocaleSuffix,

@@ -21,7 +21,7 @@ void announceReading(const std::u16string& subject) {
     writeDiagnostic(kTraceSeverity, "Reading file: ", subject);
 }
 
-// The application's path library decides what it throws for a path that cannot name a file.
+// What is thrown for a path that cannot name a file depends on the application's path library.
 fl::filesystem::ifstream openFile(const std::u16string& path, RetrievalObserver& observer) {
     try {
         return {fl::filesystem::make_native_access_form_with_cleanup_i18n(path),
@@ -38,7 +38,7 @@ void readWhole(fl::filesystem::ifstream& stream, std::string& content) {
     const std::uint64_t limit = platform::readLimits().fileBytes;
     if (size > 0 && static_cast<std::uint64_t>(size) > limit)
         throw platform::LimitError("larger than the limit of " + std::to_string(limit) + " bytes");
-    // An unknown size is negative and fails here, as more than a string can hold.
+    // An unknown size is negative. The cast makes it larger than any string, so resize() throws.
     content.resize(static_cast<std::size_t>(size));
     stream.seekg(0, std::ios::beg);
     stream.read(content.data(), size);
@@ -55,7 +55,7 @@ std::optional<std::string> openAndReadFile(const std::u16string& path,
         return std::nullopt;
     }
     std::string content;
-    // The caller needs no exception: the parser refuses what was not read.
+    // Nothing is thrown: the parser rejects a string that was not read completely.
     if (const auto failure = platform::failureOf([&] { readWhole(stream, content); })) {
         observer.readFailed(failure);
         writeDiagnostic(kProblemSeverity, "Problem reading JSON file: ", path);
@@ -70,10 +70,10 @@ std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& o
 std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer) {
     announceReading(product.getName());
     std::string content;
-    // The caller needs no exception: the parser refuses the empty string.
+    // Nothing is thrown: the parser rejects the empty string.
     const auto failure = platform::failureOf([&] {
         std::ostringstream stream;
-        // A failed allocation is reported as such rather than as a stream that does not take bytes.
+        // Reports a failed allocation as such and not as a failed write.
         stream.exceptions(std::ios::badbit);
         {
             const auto source = product.getFileSystemManager().getFileContentSource(

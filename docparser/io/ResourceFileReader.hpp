@@ -12,9 +12,9 @@ namespace reference::docparser {
 // Reads one resource file completely. The bytes are returned as they are stored: a byte-order mark
 // and CR LF stay, and nothing is decoded.
 //
-// What cannot be read is an empty string, which the parser refuses, so that the caller tries the
-// next location; the reason goes to the observer. Each call logs "Reading file: " at severity 16
-// before it touches the file. No lock is held while a file is read.
+// Content that cannot be read is an empty string, which the parser rejects, so that the caller
+// tries the next location. The reason goes to the observer. Each call logs "Reading file: " at
+// severity 16 before it touches the file. No lock is held while a file is read.
 
 /// Reads a file, with one allocation of the file's size and one read.
 ///
@@ -32,16 +32,16 @@ std::string openAndReadFile(const ProductPathData& product, RetrievalObserver& o
 
 /// Reads the entry of a product in an open package.
 ///
-/// An entry that cannot be delivered completely, because it is damaged, encrypted or larger than
-/// platform::readLimits() allows, is an empty string. It is logged as "Error reading file: " and
-/// the product's name, at severity 16.
+/// An entry that cannot be read completely, because it is damaged, encrypted or larger than
+/// platform::readLimits() allows, yields an empty string. It is logged as "Error reading file: "
+/// and the product's name, at severity 16.
 std::string openAndReadFile(const ProductZipData& product, RetrievalObserver& observer);
 
 /// Returns the path of a product's file, for the observer.
 const std::u16string& fileNameOf(const ProductPathData& product);
 
-/// Returns the name of a product's entry, for the observer: with its folders if the package library
-/// tells them, else the base name.
+/// Returns the name of a product's entry, for the observer: including its folders if the package
+/// library provides them, otherwise the base name.
 const std::u16string& fileNameOf(const ProductZipData& product);
 
 } // namespace reference::docparser

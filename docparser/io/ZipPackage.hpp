@@ -14,8 +14,8 @@ namespace reference::docparser {
 
 /// Returns an entry's name including its folders.
 ///
-/// The application's package library only has to know the base name, which is all that decides
-/// about an entry; if it knows no other, the base name stands for the whole name.
+/// An application's package library need only provide the base name, because nothing else decides
+/// how an entry is used. If it provides no full name, this is the base name.
 template <class Entry>
 const std::u16string& entryNameOf(const Entry& entry) {
     if constexpr (requires { entry.getName(); })
@@ -24,7 +24,7 @@ const std::u16string& entryNameOf(const Entry& entry) {
         return entry.getBaseName();
 }
 
-/// A zip package, open for reading during the object's life.
+/// A zip package, open for reading during the object's lifetime.
 class ZipPackage {
 public:
     /// \param zipFile   the package's path
@@ -38,8 +38,8 @@ public:
     /// Returns the package's product files in the package's order; each is valid while the package
     /// is open.
     ///
-    /// Entries are chosen by their base names, like files in a folder. The one entry of a package
-    /// is a translation exactly if the package is, whatever the entry is called.
+    /// Entries are selected by their base names, like files in a folder. If a package has only one
+    /// entry, that entry is a translation exactly if the package is, whatever its own name.
     /// \param isNonEnglishLocale   whether the package's own name is that of a translation
     /// \param localeSuffixes       the suffixes that mark a translation
     /// \param currentLocaleSuffix  the suffix of the translations to keep

@@ -13,7 +13,8 @@ namespace json = boost::json;
 
 namespace {
 
-// Nearly every translated text has a character beyond ASCII this early, and few English ones have.
+// Nearly every translated file has a non-ASCII character within this many bytes; few English files
+// do.
 constexpr std::size_t kBytesOfStart = 1024;
 
 bool isAscii(std::string_view text) noexcept {

@@ -26,7 +26,7 @@ struct DOCPARSER_EXPORT RefEntityType {
         Constant,
         Operator,
         Command,
-        Component, ///< its inputs and properties may have names beyond ASCII
+        Component, ///< its inputs and properties may have non-ASCII names
         App,
         Module,
         Keyword
@@ -42,7 +42,7 @@ struct DOCPARSER_EXPORT RefEntityType {
     static std::string_view enumToString(Value value);
 };
 
-/// How a syntax is called.
+/// The type of a calling form.
 struct DOCPARSER_EXPORT SyntaxType {
     /// In the order of the format.
     enum Value : int { Function, Command, Constructor, Operator };

@@ -13,7 +13,7 @@ namespace json = boost::json;
 namespace {
 
 // Appends the path from `value` to `place` to the pointer, or returns false and leaves the pointer
-// unchanged. The parser limits the nesting of documents and so this recursion.
+// unchanged. The parser limits the nesting depth of documents, and with it this recursion.
 bool findPlace(const json::value& value, const void* place, std::string& pointer) {
     if (place == &value || place == value.if_object())
         return true;

@@ -10,8 +10,8 @@ namespace reference::docparser {
 /// Reports that a parsed document violates the resource format: a required key is missing, or a
 /// value has the wrong type.
 ///
-/// The error only remembers the address of the value. The owner of the document calls locate() to
-/// turn it into a JSON pointer, so that readers need not keep track of their position.
+/// The error stores only the address of the value. The owner of the document calls locate() to turn
+/// it into a JSON pointer, so that readers need not keep track of their position.
 class FormatError : public std::exception {
 public:
     /// \param place   the invalid JSON value or object; only its address is used

@@ -8,7 +8,7 @@ namespace reference::property {
 /// The header of a resource file, or of one section of its "supportPackages".
 class HeaderInfo {
 public:
-    /// Takes every field: six strings of the file, and the product name that the caller asked for.
+    /// Takes every field: six strings of the file, and the requested product name.
     HeaderInfo(std::u16string schema, std::u16string schemaVersion, std::u16string productName,
                std::u16string baseCode, std::u16string helpFolder, std::u16string helpLocation,
                std::u16string product)
@@ -32,7 +32,7 @@ public:
     const std::u16string& getHelpFolder() const noexcept { return helpFolder_; }
     /// The location of the product's pages.
     const std::u16string& getHelpLocation() const noexcept { return helpLocation_; }
-    /// The product name that the caller asked for; not a string of the file.
+    /// The product name that the caller requested; not a string of the file.
     const std::u16string& getProduct() const noexcept { return product_; }
 
     bool operator==(const HeaderInfo&) const = default;

@@ -12,10 +12,8 @@ namespace reference::docparser {
 ///
 /// "productName", "baseCode", "helpFolder" and "helpLocation" are required; "schema" and
 /// "schemaVersion" are empty if they are absent. Other keys are ignored.
-/// \param product  the product name that the caller asked for, copied into the header
-/// \throws FormatError  `section` is not an object, a required key is missing, or the value of a
-/// key
-///                      is not a string
+/// \param product  the requested product name, copied into the header
+/// \throws FormatError  `section` is not an object, or a key is missing or not a string
 property::HeaderInfo getHeaderInfo(const boost::json::value& section,
                                    const std::u16string& product);
 

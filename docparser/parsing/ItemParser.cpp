@@ -23,7 +23,7 @@ RefItem readItem(const Item& item, const std::u16string& href) {
     std::u16string refPurpose = item.text<"refpurpose">(Utf8);
     RefEntities refEntities = readRefEntities(item.value<"refentity">());
     const StringParsingType nameType = refEntities.hasComponent ? Utf8 : Ascii;
-    // The braces evaluate from left to right, so the first error of the file is the one reported.
+    // Braces guarantee evaluation from left to right, so that the first error is the one reported.
     return {href,
             std::move(refEntities.entities),
             item.optionalText<"packagename">(Ascii),

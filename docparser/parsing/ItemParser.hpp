@@ -13,7 +13,7 @@ namespace reference::docparser {
 ///
 /// The key of an item is its href. Items with the same href are in file order.
 /// \param section  the file's root, or an element of its "supportPackages"
-/// \param product  the product name that the caller asked for
+/// \param product  the requested product name
 /// \throws FormatError  the section violates the format; the caller must skip the whole file
 DocResource<property::RefItem> parseRefItemSection(const boost::json::value& section,
                                                    const std::u16string& product);

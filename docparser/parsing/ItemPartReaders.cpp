@@ -26,7 +26,7 @@ std::u16string makeLink(const std::u16string& href, std::u16string_view separato
 using Argument = Members<
     Keys<"name", "purpose", "value", "htmlid", "defaultvalue", "syntaxtype", "namevaluepairs">>;
 
-// A group of inputs, or an element that only holds such groups under "namevaluepairs".
+// A group of inputs, or an element that only contains such groups under "namevaluepairs".
 using GroupOfInputs = Members<Keys<"title", "inputs", "namevaluepairs">>;
 
 ObjectInfo readObjectInfo(const Argument& argument, const std::u16string& href,

@@ -9,7 +9,7 @@
 namespace reference::docparser {
 
 // One reader for each array or object of a reference item. Each takes the value of the item's key,
-// which is null if the item does not have it. A null array gives no records, a null thumbnail an
+// which is null if the item does not have it. A null array yields no records, a null thumbnail an
 // empty one. Records are in file order.
 //
 //   href      the item's href; links to its parts start with it

@@ -13,9 +13,9 @@ constexpr std::uint64_t repeat(std::uint64_t byte) {
     return byte * 0x0101010101010101;
 }
 
-// Whether all eight bytes of a word are in 1..126. Bit 7 of a byte is set by adding 1 if the byte
-// is 127, and by adding 127 unless it is 0. A carry into the next byte needs a byte with bit 7,
-// which the word itself shows.
+// Whether all eight bytes of a word are in 1..126. Adding 1 to a byte sets its bit 7 if the byte is
+// 127; adding 127 sets it unless the byte is 0. Only a byte that already has bit 7 can carry into
+// the next one, and the word itself shows such a byte.
 constexpr bool isPlainWord(std::uint64_t word) {
     const std::uint64_t isTooLarge = word | (word + repeat(1));
     const std::uint64_t isNotZero = word + repeat(127);
@@ -26,7 +26,7 @@ constexpr bool isPlainByte(char byte) {
     return byte >= 1 && byte <= 126;
 }
 
-// Whether all bytes are in 1..126, in one pass up to the first word or byte that is not.
+// Whether all bytes are in 1..126. Stops at the first word or byte that is not.
 bool isPlain(std::string_view bytes) noexcept {
     for (std::uint64_t word; bytes.size() >= sizeof word; bytes.remove_prefix(sizeof word)) {
         std::memcpy(&word, bytes.data(), sizeof word);

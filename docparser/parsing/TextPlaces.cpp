@@ -16,7 +16,7 @@ namespace json = boost::json;
 
 namespace {
 
-// The pointers that lead to a value or to a value within it, as a tree of their tokens.
+// The JSON pointers to a value and to the values inside it, as a tree of reference tokens.
 struct Wanted {
     std::map<std::string, Wanted, std::less<>> children;
     std::vector<std::size_t> pointers; // indices of the pointers that end here
@@ -55,8 +55,8 @@ Wanted collectWanted(const std::vector<std::string>& pointers) {
     return root;
 }
 
-// Walks through a JSON text and records the places of the wanted values. It does not validate the
-// text, but never reads past its end. The recursion is only as deep as the longest pointer.
+// Walks through a JSON text and records the positions of the wanted values. It does not validate
+// the text, but never reads past its end. The recursion is only as deep as the longest pointer.
 class ValueFinder {
 public:
     ValueFinder(std::string_view text, std::vector<std::optional<ValuePlace>>& places)
@@ -64,7 +64,7 @@ public:
 
     void walk(const Wanted& wanted, const std::optional<TextPlace>& key) {
         skipSpace();
-        // The last of equal keys counts: discard what was found under an earlier one.
+        // If a key is repeated, the last one counts: discard what an earlier one yielded.
         wanted.forget(places_);
         for (const std::size_t pointer : wanted.pointers)
             places_[pointer] = ValuePlace{placeOf(at_), key};
@@ -147,7 +147,7 @@ private:
         for (std::size_t escape = findEscape(quote); escape != text_.npos;
              escape = findEscape(quote)) {
             at_ = escape + 2;
-            if (at_ > quote) // it was the escaped character
+            if (at_ > quote) // the quotation mark was escaped
                 quote = text_.find('"', at_);
         }
         at_ = quote < text_.size() ? quote + 1 : text_.size();

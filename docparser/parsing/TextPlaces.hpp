@@ -11,14 +11,13 @@
 
 namespace reference::docparser {
 
-// Positions in the text of a resource file, for messages about it. They are found only when a
-// message needs them, because the parsed document does not have them.
+// Finds positions in a resource file for messages about it. The parsed document does not record
+// them, so they are searched for only when a message needs them.
 
 /// The position of a value in a JSON text.
 struct ValuePlace {
-    TextPlace value; ///< the first character of the value
-    std::optional<TextPlace>
-        key; ///< the quotation mark before its key; empty unless it is a member
+    TextPlace value;              ///< the first character of the value
+    std::optional<TextPlace> key; ///< the quotation mark before its key; empty unless a member
 
     bool operator==(const ValuePlace&) const = default;
 };
@@ -40,7 +39,7 @@ DOCPARSER_EXPORT TextPlace placeOfOffset(std::string_view text, std::size_t offs
 
 /// Finds values of a JSON text by their JSON pointers (RFC 6901), in one pass over the text.
 ///
-/// Of equal keys the last one counts, as it does for the parser.
+/// If an object repeats a key, the last one counts, as it does for the parser.
 /// \param text      valid JSON; for any other text the results are unspecified
 /// \param pointers  "" is the document itself
 /// \returns         the position for each pointer, in order; empty if there is no such value

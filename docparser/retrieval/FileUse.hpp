@@ -7,10 +7,10 @@
 
 namespace reference::docparser {
 
-/// Reads and uses one file, and drops the failure: a damaged file counts as missing, so that the
-/// caller goes on with the next file or location.
+/// Processes one file and ignores a failure: a damaged file counts as missing, and the caller
+/// continues with the next file or location.
 /// \param role, name, isTranslation  see RetrievalObserver::fileConsidered()
-/// \param use  called once, without arguments; what it did before it threw stays
+/// \param use  called once, without arguments; what it did before it threw is kept
 template <class Use>
 void useFile(FileRole role, const std::u16string& name, bool isTranslation,
              RetrievalObserver& observer, Use&& use) {

@@ -17,7 +17,7 @@ namespace {
 
 using LookupSection = LookupMap::mapped_type;
 
-// What all readers of one retrieval share.
+// The arguments and settings that all steps of one retrieval share.
 struct LookupReadContext {
     ParseLookupText parseLookupText;
     IsInstalled isInstalled;
@@ -25,7 +25,7 @@ struct LookupReadContext {
     std::u16string localeSuffix;                  // "_" and the current language, "en" included
 };
 
-// The name that a product's file is parsed for: a translation goes by the name of its product.
+// Returns the product name of a file: its stem, without the locale suffix of a translation.
 std::u16string ownName(const ProductData& product, const std::u16string& localeSuffix) {
     const std::u16string& name = product.getName();
     return product.isNonEnglishLocale() ? name.substr(0, name.find(localeSuffix)) : name;
@@ -49,7 +49,7 @@ void addSection(const std::u16string& key, LookupSection& section, bool isTransl
     mergeLookupItems(known.items, section.items, observer);
 }
 
-// Reads products of any type that openAndReadFile() takes into the result.
+// Adds products to the result; `Product` is any type that openAndReadFile() accepts.
 template <class Product>
 void readLookups(const std::vector<Product>& products, const LookupReadContext& context,
                  LookupResults& result, RetrievalObserver& observer) {

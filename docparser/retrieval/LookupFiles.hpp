@@ -24,10 +24,10 @@ using IsInstalled = std::function<bool(const std::u16string& key)>;
 /// each in the order of the folder.
 ///
 /// A section goes into the map that `isInstalled` chooses for its key. If the map has a section
-/// with the key, the two are merged as mergeLookupItems() describes; a translation first trades
-/// places with the section that is there, header and items, so that it ends up on top. A product
-/// that cannot be read or parsed is left out; if `isInstalled` throws, the remaining sections of
-/// the product are left out. Nothing is logged for either.
+/// with the key, the two are merged as mergeLookupItems() describes; a translation is first swapped
+/// with the existing section, header and items, so that it takes precedence. A product that cannot
+/// be read or parsed is skipped; if `isInstalled` throws, the remaining sections of the product are
+/// skipped. Nothing is logged for either.
 /// \param lookupFolder  if empty, the result is empty and no host service is asked
 /// \throws whatever the language service throws
 LookupResults collectLookupFiles(const std::u16string& lookupFolder,

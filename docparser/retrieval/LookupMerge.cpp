@@ -24,7 +24,7 @@ void moveNewNames(Items& target, Items& source, RetrievalObserver& observer) {
 
 void appendNewHrefs(const std::u16string& name, std::vector<RefItemLookup>& target,
                     const std::vector<RefItemLookup>& source, RetrievalObserver& observer) {
-    // The reserve keeps the records in place, so that the views of their hrefs stay valid.
+    // Reserving memory keeps the records in place, so that the views of their hrefs stay valid.
     target.reserve(target.size() + source.size());
     std::unordered_set<std::u16string_view> hrefs;
     for (const RefItemLookup& record : target)

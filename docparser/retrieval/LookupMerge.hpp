@@ -10,8 +10,8 @@ namespace reference::docparser {
 ///
 /// A name that `target` lacks is moved over with all its records. For a name that both have,
 /// source records are appended only if `target` has fewer records of the name than `source`:
-/// those whose href no record of `target` has at that moment.
-/// Cost: O(n log n) in the names, linear in the records of a name.
+/// namely those whose href no record of `target` has yet. Cost: O(n log n) in the names, linear in
+/// the records of a name.
 /// \param source  keeps the names that both have, with all their records
 void mergeLookupItems(DocResource<property::RefItemLookup>::Items& target,
                       DocResource<property::RefItemLookup>::Items& source,

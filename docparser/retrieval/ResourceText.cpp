@@ -51,7 +51,7 @@ ResourceMap<T> parseResourceText(std::string text, const std::u16string& product
     observer.fileRead(text);
     json::monotonic_resource arena(kFirstBlockBytes);
     const json::value root = parseDocument(text, arena);
-    // The document has copies of its strings. Assigning an empty string would keep the memory.
+    // The document has copies of its strings. clear() would not release the memory.
     std::string().swap(text);
     try {
         return readSections(root, product, parseSection, observer);

@@ -9,7 +9,7 @@
 
 namespace reference::docparser {
 
-// Constants of file names and folders. They are constant expressions, so that they are ready before
+// Constants for file and folder names. They are constant expressions, so they can be used before
 // any static initialiser runs.
 
 inline constexpr char16_t kPathSeparator = fl::filesystem::PATHNAME_SEPARATOR;

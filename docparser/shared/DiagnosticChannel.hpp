@@ -11,8 +11,8 @@ inline constexpr int kTraceSeverity = 16;
 inline constexpr int kProblemSeverity = 512;
 
 /// Writes `prefix` followed by `subject` to the library's one diagnostic channel,
-/// "referenceApi::docparser". Nothing is formed if the severity is disabled or the logging core
-/// does not want the record. Any thread may call, also before static initialisers have run.
+/// "referenceApi::docparser". Nothing is formatted if the severity is disabled or the logging core
+/// rejects the record. Any thread may call this function, even before static initialisers have run.
 /// \param prefix   ASCII
 /// \param subject  written as UTF-8
 /// \throws whatever the logging core or a sink throws for an enabled severity

@@ -4,14 +4,14 @@ namespace reference::docparser {
 
 /// What became of a file or package entry that a retrieval considered. Each has exactly one fate.
 enum class Fate {
-    Used,            ///< read; its sections are in the result, none of them was combined
+    Used,            ///< read; its sections are in the result, and none was combined
     Overlay,         ///< read; at least one of its sections replaced one with the same key
     Merged,          ///< read; at least one of its sections was added to one with the same key
     SkippedLanguage, ///< not read: a translation into a language other than the current one
     SkippedName,     ///< not read: its name is not that of a product file
     Missing,         ///< there is no such file, or the process is not allowed to see it
     Unreadable,      ///< the file exists but cannot be opened or read completely
-    NotRegular,      ///< a folder, pipe, socket or device has the name
+    NotRegular,      ///< the name belongs to a folder, pipe, socket or device
     Malformed, ///< read, but invalid JSON or not in the resource format; nothing of it is used
     OverLimit, ///< larger than platform::readLimits() allows
     Failed     ///< not the fault of the file: out of memory, or a host service failed

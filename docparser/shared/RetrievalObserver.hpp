@@ -16,9 +16,9 @@ namespace reference::docparser {
 /// Observes what a retrieval decides about files, sections and records.
 ///
 /// Each event is reported in the statement that makes the decision. The defaults do nothing, so a
-/// plain RetrievalObserver serves a retrieval that is not observed. An observer never changes a
-/// retrieval: no event throws or returns anything. Arguments are valid during the call; the name
-/// and the target's records of a merge stay in place until the next name or section.
+/// plain RetrievalObserver can be passed to a retrieval that nobody observes. An observer never
+/// changes a retrieval: no event throws or returns anything. Arguments are valid during the call;
+/// in a merge, the name and the target's records stay in place until the next name or section.
 ///
 /// Files nest: the entries of a package are considered and concluded between the fileConsidered()
 /// and fileConcluded() of the package. The other events concern the innermost file that has been
@@ -45,7 +45,7 @@ public:
     /// \param cause  null if the file could not be opened and no reason is known
     virtual void readFailed(const std::exception_ptr& /*cause*/) noexcept {}
 
-    /// The string of the current file, before it is parsed.
+    /// The current file has been read and is about to be parsed.
     virtual void fileRead(const std::string& /*json*/) noexcept {}
 
     /// The parser has read a section of the current file. Sections come in file order, the main
@@ -55,11 +55,11 @@ public:
 
     /// A section of the current file becomes part of the result.
     /// \param fate         New, Overlay or Merged; the record events that follow belong to it
-    /// \param isInstalled  of lookups: whether the section's product is installed
+    /// \param isInstalled  for lookups: whether the section's product is installed
     virtual void sectionPlaced(const std::u16string& /*key*/, SectionFate /*fate*/,
                                bool /*isInstalled*/) noexcept {}
 
-    /// An English item loses to the items that the translation has for the href.
+    /// An English item is dropped because the translation has items with its href.
     virtual void itemReplaced(const std::u16string& /*href*/) noexcept {}
 
     /// All source records of a name are added to a target section that lacks the name.

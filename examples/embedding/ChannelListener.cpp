@@ -21,7 +21,7 @@ using foundation::log::kSeverityTrace;
 namespace {
 
 struct Backend : logging::sinks::basic_sink_backend<logging::sinks::synchronized_feeding> {
-    // Called on the thread that reads, one line at a time: the frontend holds its lock meanwhile.
+    // Called on the reading thread, one record at a time, while the frontend holds its lock.
     void consume(const logging::record_view& record) {
         const std::string text =
             logging::extract_or_default<std::string>("Message", record, std::string());
@@ -43,12 +43,12 @@ struct ChannelListener::Sink {
 };
 
 ChannelListener::ChannelListener() : sink_(std::make_unique<Sink>()) {
-    // Other parts of an application log to the same core.
+    // Other parts of the application may log to the same core.
     sink_->frontend->set_filter(logging::expressions::attr<std::string>("Channel") ==
                                 "referenceApi::docparser");
     logging::core::get()->add_sink(sink_->frontend);
 
-    // Last, for lines without a sink would go to standard output.
+    // Last, because records without a sink would be written to standard output.
     foundation::log::setSeverityMask(kSeverityTrace | kSeverityProblem);
 }
 

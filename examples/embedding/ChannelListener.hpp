@@ -4,7 +4,7 @@
 #include <memory>
 
 /// Listens to the library's diagnostic channel from construction to destruction: counts the files
-/// that are read, and writes a line to standard error for each problem.
+/// that are tried, and writes a line to standard error for each problem.
 class ChannelListener {
 public:
     ChannelListener();
@@ -12,7 +12,7 @@ public:
     ChannelListener(const ChannelListener&) = delete;
     ChannelListener& operator=(const ChannelListener&) = delete;
 
-    /// How many files and package entries have been looked at so far. Any thread may ask.
+    /// Returns the number of files and package entries tried so far. Any thread may call.
     std::size_t filesTried() const;
 
 private:

@@ -6,7 +6,7 @@ namespace {
 
 using docproduct::TopLevelDocProduct;
 
-// The short name is what the library compares; the other texts are for the application.
+// The library uses only the short name; the other strings are for the application.
 std::shared_ptr<const TopLevelDocProduct> makeProduct(const std::string& shortName) {
     return std::make_shared<const TopLevelDocProduct>(
         /*displayName=*/"", /*helpLocation=*/"", shortName, /*baseCode=*/"", /*altShortName=*/"",
@@ -18,7 +18,7 @@ std::shared_ptr<const TopLevelDocProduct> makeProduct(const std::string& shortNa
 ReadingRoomHost::ReadingRoomHost(std::u16string installFolder, std::u16string language)
     : installFolder_(std::move(installFolder)),
       language_(std::move(language)),
-      // Made once: the library asks often, and copying pointers is cheap.
+      // Created once: the library queries them often, and copying pointers is cheap.
       products_{makeProduct("orchard"), makeProduct("cellar")} {}
 
 std::u16string ReadingRoomHost::installPath() const {

@@ -7,11 +7,11 @@
 #include <unordered_set>
 #include <vector>
 
-/// What the reading room tells the library. Nothing changes after construction, so any thread may
-/// ask at any time.
+/// The host services of the reading room. Immutable after construction, so any thread may call at
+/// any time.
 class ReadingRoomHost final : public platform::HostServices {
 public:
-    /// \param installFolder  holds "help" and "supportpackages"
+    /// \param installFolder  contains "help" and "supportpackages"
     /// \param language       the language to read in: "en", "de" or "ja"
     ReadingRoomHost(std::u16string installFolder, std::u16string language);
 

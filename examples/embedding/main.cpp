@@ -1,4 +1,4 @@
-// Shows products as an application does that knows by itself what is installed:
+// Shows products, as an application does that has its own host services:
 // reading_room INSTALL-FOLDER LANGUAGE PRODUCT...
 
 #include <docparser/DocParserException.hpp>
@@ -44,7 +44,7 @@ std::size_t countItems(const ResourceMap<T>& resources) {
     return count;
 }
 
-// Begins to read each product on a thread of its own: every operation may run beside any other.
+// Starts reading each product on its own thread: all operations may run concurrently.
 std::vector<std::future<Resources>> readAll(const std::vector<std::u16string>& products) {
     std::vector<std::future<Resources>> readers;
     for (const std::u16string& product : products)
@@ -61,13 +61,13 @@ void show(const Resources& resources) {
     }
 }
 
-// Shows what the reader brings; false when the product has no documentation.
+// Shows the result of a reader; returns false if the product has no documentation.
 bool showProduct(std::future<Resources>& reader) {
     try {
         show(reader.get());
         return true;
     } catch (const DocParserException& missing) {
-        std::cerr << "no documentation of " << to_string(missing.getProductName()) << '\n';
+        std::cerr << "no documentation for " << to_string(missing.getProductName()) << '\n';
         return false;
     }
 }
@@ -76,7 +76,7 @@ bool run(const std::u16string& installFolder, const std::u16string& language,
          const std::vector<std::u16string>& products) {
     const ChannelListener listener;
     platform::setHostServices(std::make_shared<ReadingRoomHost>(installFolder, language));
-    // The root is a fact of the installation and does not follow the host: it is set by itself.
+    // The default reference root does not depend on the host services, so it is set separately.
     DocResourceParser::setReferenceRoot(installFolder + u"/help");
 
     auto index = std::async(std::launch::async, DocResourceParser::getResourceLookupFiles);

@@ -1,5 +1,5 @@
-// The documentation language service of an application that speaks the language of the desktop.
-// It stands in for platform/language: the same header, other answers.
+// The documentation language service of an application that uses the language of the desktop. It
+// replaces the implementation in platform/language and keeps its header.
 
 #include <platform/HostServices.hpp>
 #include <platform/i18n/Converter.hpp>
@@ -14,7 +14,7 @@
 namespace doclanguage {
 namespace {
 
-// The first of the variables that name the language of messages and is not empty: "de_DE.UTF-8".
+// Returns the first non-empty variable that selects the language of messages: "de_DE.UTF-8".
 std::string_view desktopLocale() {
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         const char* value = std::getenv(name);

@@ -1,4 +1,4 @@
-// Prints what an item is for, in the language of the desktop:
+// Prints the purpose of an item in the language of the desktop:
 // desktop_reader INSTALL-FOLDER PRODUCT HREF
 
 #include <docparser/DocParserException.hpp>
@@ -18,7 +18,7 @@ using fl::i18n::to_ustring;
 using reference::docparser::DocParserException;
 using reference::docparser::DocResourceParser;
 
-// Prints the purposes of the items of an href; false when the product has none.
+// Prints the purposes of the items with an href; returns false if the product has no such item.
 bool showItem(const std::u16string& product, const std::u16string& href) {
     bool found = false;
     for (const auto& [key, resource] : DocResourceParser::getResourceFile(product)) {
@@ -45,7 +45,7 @@ int main(int argc, char* argv[]) {
         DocResourceParser::setReferenceRoot(installFolder + u"/help");
         return showItem(to_ustring(argv[2]), to_ustring(argv[3])) ? 0 : 1;
     } catch (const DocParserException& missing) {
-        std::cerr << "no documentation of " << to_string(missing.getProductName()) << '\n';
+        std::cerr << "no documentation for " << to_string(missing.getProductName()) << '\n';
         return 1;
     } catch (const std::exception& failure) {
         std::cerr << "desktop_reader: " << failure.what() << '\n';

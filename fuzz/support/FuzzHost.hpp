@@ -6,8 +6,8 @@
 
 namespace docparser_fuzz {
 
-/// A host of one installed product, "orchard", of one support package, "kit", and of a language
-/// that the input chooses.
+/// A host with one installed product, "orchard", one support package, "kit", and a language that
+/// the input chooses.
 class FuzzHost : public platform::HostServices {
 public:
     explicit FuzzHost(std::u16string language, std::u16string packageRoot);

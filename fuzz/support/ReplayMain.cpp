@@ -1,5 +1,5 @@
-// Runs a target over inputs that lie in files, with any compiler: the arguments are files and
-// folders of files. The process ends at the first promise that is broken.
+// Runs a target on inputs from files, with any compiler. The arguments are files and folders of
+// files. The process aborts at the first broken promise.
 
 #include "fuzz/support/Target.hpp"
 
@@ -18,7 +18,7 @@ namespace {
 std::string readInput(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream)
-        throw std::runtime_error(file.string() + " cannot be read");
+        throw std::runtime_error("cannot read " + file.string());
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
@@ -33,12 +33,12 @@ std::vector<std::filesystem::path> filesBelow(const std::filesystem::path& place
     return files;
 }
 
-// How many inputs there were.
+// Returns the number of inputs.
 std::size_t replay(const std::vector<std::string>& places) {
     std::size_t count = 0;
     for (const std::string& place : places) {
         for (const std::filesystem::path& file : filesBelow(place)) {
-            std::cout << file.string() << std::endl; // the last line names what ends the process
+            std::cout << file.string() << std::endl; // the last line names the input that failed
             const std::string input = readInput(file);
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()),
                                    input.size());

@@ -4,8 +4,8 @@
 
 namespace docparser_fuzz {
 
-/// Ends the process, naming the promise, when it is broken: what a fuzzer takes for a finding and
-/// ctest for a failure.
+/// If a promise is broken, prints it and aborts, which a fuzzer reports as a finding and ctest as a
+/// failure.
 void require(bool isKept, std::string_view promise) noexcept;
 
 } // namespace docparser_fuzz

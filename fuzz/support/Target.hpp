@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 
-/// What each target defines: runs the library on one input and ends the process when the library
-/// breaks a promise. The name and the types are libFuzzer's.
-/// \returns  0, always
+/// Runs the library on one input and aborts if the library breaks a promise. Each target defines
+/// this function; libFuzzer fixes its name and types. \returns  always 0
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);

@@ -1,4 +1,4 @@
-// Any bytes as a JSON text: parsed as Boost.JSON parses them with its default options.
+// Parses arbitrary bytes as JSON and compares the result with that of Boost.JSON's default options.
 
 #include "docparser/parsing/DocumentParser.hpp"
 #include "fuzz/support/Require.hpp"
@@ -14,7 +14,7 @@ namespace {
 
 namespace json = boost::json;
 
-// A document, or the error that takes its place. Documents are compared as text, because a number
+// A document or an error. Documents are compared in serialised form, because a number
 // such as -0e+9991 is read as NaN, which is not equal to itself.
 struct Outcome {
     std::string document;
@@ -48,7 +48,7 @@ void requireSameOutcome(const std::string& text) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const std::string text(bytes, bytes + size);
     requireSameOutcome(text);
-    // As a later part of a translated file, and as the end of one.
+    // As a later part of a translated file, and as its end.
     requireSameOutcome("[\"\xC3\xA9\"," + text + "]");
     requireSameOutcome("[\"\xC3\xA9\", \"" + text);
     return 0;

@@ -1,4 +1,4 @@
-// Any bytes as the text of a lookup file, and the merge of what is read with itself.
+// Reads arbitrary bytes as a lookup file, and merges two of its sections.
 
 #include "docparser/parsing/LookupParser.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
@@ -15,7 +15,7 @@ namespace {
 using reference::property::RefItemLookup;
 using Items = reference::docparser::DocResource<RefItemLookup>::Items;
 
-// What the merge of two sections comes to by its rule, at quadratic cost.
+// A simple reference implementation of the merge, at quadratic cost.
 Items mergeByRule(Items target, const Items& source) {
     for (const auto& [name, records] : source) {
         const auto [entry, isNew] = target.try_emplace(name, records);
@@ -39,13 +39,14 @@ void mergeSections(const std::string& text) {
         sections = parseResourceText<RefItemLookup>(text, u"Orchard", parseRefItemLookupSection,
                                                     unobserved);
     } catch (const std::exception&) {
-        return; // requireReadOrRefused() has seen to it.
+        return; // requireReadOrRefused() has checked the failure
     }
     Items target = sections.begin()->second.items;
     Items source = sections.rbegin()->second.items;
     const Items expected = mergeByRule(target, source);
     mergeLookupItems(target, source, unobserved);
-    docparser_fuzz::require(target == expected, "a merge goes by its rule");
+    docparser_fuzz::require(target == expected,
+                            "a merge equals that of the reference implementation");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-// Any UTF-16 text as the name of a product, of a file, of a folder and of a locale's suffix. The
-// input is UTF-16, low byte first; its first unit says how long the language is that follows it,
-// and what is left is the name.
+// Uses arbitrary UTF-16 strings as names of products, files and folders, and as locale suffixes.
+// The input is UTF-16, low byte first. Its first unit is the length of the language that follows;
+// the rest is the name.
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
@@ -23,7 +23,7 @@ namespace {
 using docparser_fuzz::require;
 using reference::docparser::DocResourceParser;
 
-/// The input's parts.
+/// The parts of an input.
 struct Names {
     std::u16string language;
     std::u16string product;
@@ -39,7 +39,7 @@ Names split(const std::uint8_t* bytes, std::size_t size) {
     return {units.substr(1, length), units.substr(1 + length)};
 }
 
-/// An installation of a few files, made once.
+/// An installation with a few files, created once.
 struct Installation {
     Installation() {
         const std::string text = docparser_tests::resourceText("orchard", {{"a.html", "A"}});
@@ -62,12 +62,12 @@ const Installation& installation() {
 void checkProduct(const std::u16string& product) {
     try {
         const auto resources = DocResourceParser::getResourceFile(product);
-        require(!resources.empty(), "a product that is found has a section");
+        require(!resources.empty(), "an existing product has a section");
         require(resources.begin()->second.header.getProduct() == product,
-                "a header has the product's name to the code unit");
+                "a header has exactly the requested name");
     } catch (const reference::docparser::DocParserException& exception) {
         require(exception.getProductName() == product,
-                "the exception has the product's name to the code unit");
+                "the exception has exactly the requested name");
     }
 }
 
@@ -77,15 +77,16 @@ void checkFileName(const std::u16string& name) {
     const std::u16string stem = extract_stem(name);
     const std::u16string last = path(name).filename().string();
     require(last == stem || last == stem + u'.' + extension || last == u"." || last == u"..",
-            "a file name is its stem and its extension");
+            "a file name consists of its stem and extension");
     require(std::none_of(stem.begin(), stem.end(), platform::isPathSeparator),
             "a stem has no separator");
     require(reference::docparser::isValidFilename(name) ==
                 (extension == u"json" || extension == u"zip"),
-            "a product file is told by its extension");
+            "only the extension makes a file a product file");
     require((path(u"folder") / name).string() == u"folder/" + name,
             "a component never replaces the folder");
-    require(name.starts_with(remove_filename(name).string()), "a parent folder starts the path");
+    require(name.starts_with(remove_filename(name).string()),
+            "a path starts with its parent folder");
 }
 
 void checkStem(const std::u16string& stem, const std::u16string& suffix) {
@@ -105,7 +106,7 @@ void checkFolder(const std::u16string& folder, const std::u16string& suffix) {
         installation().root() + u"/docCatalog/referenceapi", {suffix}, suffix);
     for (const auto& product : products.jsonProducts)
         require(product.getFullPath().ends_with(u'/' + product.getName() + u".json"),
-                "a product's path ends with its file's name");
+                "the path of a product ends with its file name");
 }
 
 } // namespace
@@ -121,6 +122,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     checkFolder(names.product, u'_' + names.language);
     require(DocResourceParser::isProductInstalled(names.product) ==
                 (names.product == u"orchard" || names.product == u"kit"),
-            "a product is installed by its exact name");
+            "a product is installed exactly if its name is listed");
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as the text of a full resource file.
+// Reads arbitrary bytes as a full resource file.
 
 #include "docparser/parsing/ItemParser.hpp"
 #include "fuzz/support/ResourceTextRules.hpp"

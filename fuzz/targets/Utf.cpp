@@ -1,4 +1,4 @@
-// Any bytes as UTF-8 and as UTF-16, converted by the library and by ICU.
+// Converts arbitrary bytes as UTF-8 and as UTF-16 with the library and with ICU.
 
 #include "fuzz/support/Require.hpp"
 #include "fuzz/support/Target.hpp"
@@ -41,13 +41,13 @@ std::string encodedByIcu(const std::u16string& text, bool& isWellFormed) {
     return bytes;
 }
 
-// What the converter makes of the bytes, or the fact that it refuses them.
+// Returns whether the converter accepts the bytes; if so, requires the expected result.
 template <class Converter>
 bool isConverted(const Converter& converter, const std::string& bytes,
                  const std::u16string& expected) {
     try {
         require(converter.convert(bytes.data(), bytes.size()) == expected,
-                "a strict converter decodes as a lenient one does");
+                "a strict converter decodes as a lenient one");
         return true;
     } catch (const std::range_error&) {
         return false;
@@ -56,16 +56,17 @@ bool isConverted(const Converter& converter, const std::string& bytes,
 
 void checkUtf8(const std::string& bytes) {
     const std::u16string decoded = fl::i18n::to_ustring(bytes);
-    require(decoded == decodedByIcu(bytes), "UTF-8 is decoded as ICU does");
+    require(decoded == decodedByIcu(bytes), "UTF-8 is decoded as by ICU");
     const fl::i18n::codecvt_string_to_ustring lenient("utf8", true);
-    require(lenient.convert(bytes.data(), bytes.size()) == decoded, "all decoders are one");
+    require(lenient.convert(bytes.data(), bytes.size()) == decoded, "all decoders agree");
 
     const bool isWellFormed = isWellFormedByIcu(bytes);
-    require(platform::isWellFormedUtf8(bytes) == isWellFormed, "well-formed is what ICU takes");
+    require(platform::isWellFormedUtf8(bytes) == isWellFormed,
+            "the same UTF-8 is well-formed as for ICU");
     const fl::i18n::codecvt_string_to_ustring strict("utf8", false);
     require(isConverted(strict, bytes, decoded) == isWellFormed,
-            "a strict decoder refuses what is ill-formed and nothing else");
-    require(platform::isWellFormedUtf16(decoded), "what is decoded is well-formed");
+            "a strict decoder rejects only ill-formed strings");
+    require(platform::isWellFormedUtf16(decoded), "decoded strings are well-formed");
     if (isWellFormed)
         require(fl::i18n::to_string(decoded) == bytes, "well-formed text comes back the same");
 }
@@ -80,16 +81,17 @@ void checkAscii(const std::string& bytes) {
     const fl::i18n::codecvt_ascii_to_ustring lenient(false);
     require(lenient.convert(bytes.data(), bytes.size()) == widened, "bytes are widened");
     const fl::i18n::codecvt_ascii_to_ustring strict(true);
-    require(isConverted(strict, bytes, widened) == isAscii, "a strict widener takes ASCII alone");
+    require(isConverted(strict, bytes, widened) == isAscii, "a strict widener accepts only ASCII");
 }
 
 void checkUtf16(const std::u16string& text) {
     bool isWellFormed = false;
     const std::string expected = encodedByIcu(text, isWellFormed);
     const std::string encoded = fl::i18n::to_string(text);
-    require(encoded == expected, "UTF-16 is encoded as ICU does");
-    require(platform::isWellFormedUtf16(text) == isWellFormed, "surrogates are paired as in ICU");
-    require(platform::isWellFormedUtf8(encoded), "what is encoded is well-formed");
+    require(encoded == expected, "UTF-16 is encoded as by ICU");
+    require(platform::isWellFormedUtf16(text) == isWellFormed,
+            "the same UTF-16 is well-formed as for ICU");
+    require(platform::isWellFormedUtf8(encoded), "encoded strings are well-formed");
     if (isWellFormed)
         require(fl::i18n::to_ustring(encoded) == text, "well-formed text comes back the same");
 }
@@ -97,7 +99,7 @@ void checkUtf16(const std::u16string& text) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    // A copy of exactly this length, so that a byte read too many is seen.
+    // A copy of exactly this length, so that reading past its end is detected.
     const std::string text(bytes, bytes + size);
     checkUtf8(text);
     checkAscii(text);

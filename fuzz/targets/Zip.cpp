@@ -1,4 +1,4 @@
-// Any bytes as a zip package: opened and read through by the package library, then read as the only
+// Opens arbitrary bytes as a zip package and reads all its entries, then reads it as the only
 // lookup package of an installation.
 
 #include "docparser/DocResourceParser.hpp"
@@ -30,7 +30,7 @@ using reference::docparser::DocResourceParser;
 constexpr std::uint64_t kEntryBytes = 4 << 20;
 constexpr std::uint64_t kPackageBytes = 8 << 20;
 
-/// What a package delivers: for each leaf its text, or nothing when it is refused.
+/// The content of each leaf of a package; empty for a leaf that is refused.
 using Contents = std::vector<std::optional<std::string>>;
 
 std::optional<std::string> readLeaf(opc::qorservices::FileSystemManager& manager,
@@ -59,7 +59,7 @@ Contents readPackage(const std::u16string& path) {
         for (const auto& leaf : manager.getAllLeafs())
             contents.push_back(readLeaf(manager, leaf));
     } catch (const opc::PackageError&) {
-        require(contents.empty(), "a package is refused when it is opened, not halfway");
+        require(contents.empty(), "a package is refused when it is opened, not later");
     }
     return contents;
 }
@@ -70,11 +70,11 @@ void checkPackage(const std::u16string& path) {
     for (const std::optional<std::string>& text : contents) {
         if (!text)
             continue;
-        require(text->size() <= kEntryBytes, "no entry is longer than its limit");
+        require(text->size() <= kEntryBytes, "no entry exceeds its limit");
         total += text->size();
     }
-    require(total <= kPackageBytes, "no package delivers more than its limit");
-    require(contents == readPackage(path), "a package is read the same each time");
+    require(total <= kPackageBytes, "no package exceeds its limit");
+    require(contents == readPackage(path), "a package has the same content each time");
 }
 
 } // namespace
@@ -91,6 +91,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     checkPackage(folder.write("docCatalog/referenceapi_lookup/X.zip", package).u16string());
     const auto lookups = DocResourceParser::getResourceLookupFiles();
     require(lookups == DocResourceParser::getResourceLookupFiles(),
-            "lookups are read the same each time");
+            "lookups are the same each time");
     return 0;
 }

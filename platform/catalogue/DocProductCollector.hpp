@@ -11,7 +11,7 @@ namespace docproduct {
 /// The installed products, as the catalogue returns them.
 using TopLevelDocProducts = std::vector<std::shared_ptr<const TopLevelDocProduct>>;
 
-/// The catalogue of the installed products. Keeps none itself; each call asks the host application.
+/// The catalogue of the installed products. It stores none; each call asks the host application.
 class DOCPARSER_PLATFORM_EXPORT DocProductCache {
 public:
     /// Returns the products that the host application reports, in its order, without null pointers.

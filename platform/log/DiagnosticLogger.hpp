@@ -15,7 +15,7 @@ inline constexpr int kSeverityTrace = 16;
 /// Severity of records about problems that a developer or administrator should look into.
 inline constexpr int kSeverityProblem = 512;
 
-/// Sets the severities that every logger of the process lets through, as the bits of `mask`.
+/// Enables the severities whose bits are set in `mask`, for every logger of the process.
 ///
 /// The mask is 0 at the start, because Boost.Log writes to standard output in a program that has
 /// not set up any sinks. Takes no lock; any thread may call at any time.
@@ -31,7 +31,7 @@ DOCPARSER_PLATFORM_EXPORT std::uint32_t severityMask() noexcept;
 template <class CharT>
 class basic_diagnostic_logger;
 
-/// The logger of channels that are named in UTF-8; there is no other.
+/// The logger of channels that are named in UTF-8, the only specialisation.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_diagnostic_logger<char> {
 public:
@@ -41,15 +41,15 @@ public:
     basic_diagnostic_logger(const basic_diagnostic_logger&) = delete;
     basic_diagnostic_logger& operator=(const basic_diagnostic_logger&) = delete;
 
-    /// Returns the severities that are let through. The caller tests them before it opens a record:
-    /// mask, severity and 0x7fff must share a bit. A plain read without a lock.
+    /// Returns the enabled severities. The caller tests them before it opens a record: mask,
+    /// severity and 0x7fff must have a bit in common. A plain read without a lock.
     std::uint32_t mask() const noexcept;
 
     /// Opens a record for the caller to fill and to push to the core.
     ///
-    /// Holds the logger's own lock while it sets the severity of the calling thread and asks the
-    /// core. A caller links Boost.Log, like everyone who works with its records.
-    /// \returns  false in a condition if the core does not want the record
+    /// Holds the logger's own lock while it sets the severity of the calling thread and calls the
+    /// core. The caller must link Boost.Log.
+    /// \returns  a record that converts to false if the core rejects it
     /// \throws   whatever the core or one of its filters throws
     boost::log::record open_record(int severity);
 

@@ -9,7 +9,7 @@ namespace opc {
 
 /// What happens to the stored bytes of an entry when they are read.
 enum class TransformMode {
-    Decoded = 1 ///< they are decompressed and checked: the result is the file that was packed
+    Decoded = 1 ///< decompressed and checked: the result is the file that was packed
 };
 
 /// Bytes that are read once, from the first to the last. One thread at a time.
@@ -44,8 +44,7 @@ public:
     /// Returns a new stream over the content, at its first byte. Several streams may be read in
     /// turn, and a stream may outlive the source.
     /// \throws PackageError          the entry is encrypted, compressed by an unknown method, or
-    /// not
-    ///                               where the package says
+    ///                               not at the position that the package states
     /// \throws platform::LimitError  the package states a size beyond platform::readLimits();
     ///                               nothing has been decompressed
     virtual std::unique_ptr<InputStream> openInputStream() = 0;

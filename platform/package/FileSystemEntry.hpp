@@ -21,10 +21,11 @@ class FileSystemManager;
 /// it may be absolute, contain ".." or equal the name of another entry.
 class DOCPARSER_PLATFORM_EXPORT FileSystemEntry {
 public:
-    /// The name without its folders: what follows the last '/' or '\'. May be empty.
+    /// Returns the name without its folders: what follows the last '/' or '\'. May be empty.
     const std::u16string& getBaseName() const noexcept { return baseName_; }
 
-    /// The name as stored in the package, folders included, with a space in place of each NUL.
+    /// Returns the name as stored in the package, folders included, with each NUL replaced by a
+    /// space.
     ///
     /// Well-formed UTF-8 is decoded as UTF-8, flagged as such or not. Other names are decoded as
     /// CP437, unless the package flags them as UTF-8: then U+FFFD replaces each ill-formed

@@ -10,10 +10,8 @@ namespace opc {
 /// The file operations that packages are opened with. One selector serves any number of packages.
 class DOCPARSER_PLATFORM_EXPORT FileSystemOpsSelector {
 public:
-    /// \param storage  where the files are; the selector shares the storage system and does not
-    /// keep
-    ///                 a reference to the argument
-    /// \throws std::invalid_argument  the reference is null
+    /// \param storage  opens the files; the selector shares its ownership
+    /// \throws std::invalid_argument  `storage` is null
     explicit FileSystemOpsSelector(
         storage::microservicestoragesystem::StorageSystemReference storage);
 

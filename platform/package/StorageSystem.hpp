@@ -8,7 +8,7 @@
 
 namespace storage::microservicestoragesystem {
 
-/// The files of this machine, as the package library opens them. Thread-safe.
+/// Opens the files of this machine for the package library. Thread-safe.
 class DOCPARSER_PLATFORM_EXPORT StorageSystem {
 public:
     /// Opens a regular file; never blocks and never opens anything else (see RegularFile).

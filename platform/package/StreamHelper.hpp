@@ -15,13 +15,13 @@ public:
 
     /// Copies the rest of the input to the output.
     ///
-    /// Every failure is thrown, so a caller that ignores the result never takes a part of the
-    /// content for the whole. To receive the exception of a failed allocation, let the output throw
-    /// on std::ios::badbit.
+    /// Every failure is thrown, so a caller that ignores the result never mistakes partial content
+    /// for all of it. To receive the exception of a failed allocation, let the output throw on
+    /// std::ios::badbit.
     /// \returns true
-    /// \throws PackageError            the input fails, or the output does not take the bytes
+    /// \throws PackageError            the input fails, or the output does not accept the bytes
     /// \throws platform::LimitError    the input exceeds a limit
-    /// \throws std::ios_base::failure  the output does not take the bytes and is set to throw
+    /// \throws std::ios_base::failure  the output does not accept the bytes and is set to throw
     static bool copyStreamToStream(InputStream& input, std::ostream& output);
 };
 

@@ -8,7 +8,7 @@
 
 namespace fl::filesystem {
 
-/// What others may do with a file while it is open here.
+/// What others may do with a file while it is open.
 enum class share_mode {
     deny_none ///< read, write and remove it
 };
@@ -21,7 +21,7 @@ enum class share_mode {
 template <class CharT>
 class basic_ifstream;
 
-/// The stream of bytes; there is no other.
+/// The stream of bytes, the only specialisation.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_ifstream<char> : public std::istream {
 public:

@@ -12,19 +12,19 @@ namespace fl::filesystem {
 /// Separates the components of a path on this system: '/', or '\' on Windows.
 inline constexpr char16_t PATHNAME_SEPARATOR = platform::kPathSeparator;
 
-/// A path as a string: it is never normalised, and the disk is never asked.
+/// A path as a string: it is never normalised, and the disk is never accessed.
 template <class CharT>
 class basic_path;
 
-/// A path in UTF-16; there is no other. A value; strings convert to paths implicitly.
+/// A path in UTF-16, the only specialisation. Strings convert to paths implicitly.
 template <>
 class DOCPARSER_PLATFORM_EXPORT basic_path<char16_t> {
 public:
     /// The empty path.
     basic_path() = default;
-    /// A path of a string, which is taken as it is.
+    /// The path with this string, unchanged.
     basic_path(std::u16string text) : text_(std::move(text)) {}
-    /// A path of a string that ends at its first NUL.
+    /// The path with this NUL-terminated string, unchanged.
     basic_path(const char16_t* text) : text_(text) {}
 
     /// Returns the path as a string.
@@ -63,8 +63,8 @@ DOCPARSER_PLATFORM_EXPORT path remove_filename(const path& file);
 DOCPARSER_PLATFORM_EXPORT path make_native_form(path file, bool isName = false);
 
 /// Returns the path in the form that the system's calls take, as platform::toNativePath() does.
-/// \throws std::system_error  the path holds NUL (errc::invalid_argument), or an unpaired surrogate
-///                            where paths are bytes (errc::illegal_byte_sequence)
+/// \throws std::system_error  the path contains NUL (errc::invalid_argument), or an unpaired
+///                            surrogate where paths are bytes (errc::illegal_byte_sequence)
 DOCPARSER_PLATFORM_EXPORT platform::NativePath
 make_native_access_form_with_cleanup_i18n(const path& file);
 

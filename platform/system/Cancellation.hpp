@@ -4,11 +4,11 @@
 
 namespace platform {
 
-/// Defers the cancellation of the calling thread during its life; a cancellation that is requested
-/// meanwhile takes effect at a later cancellation point.
+/// Defers the cancellation of the calling thread during the object's lifetime; a cancellation that
+/// is requested meanwhile takes effect at a later cancellation point.
 ///
-/// For code that cannot be unwound: the closing of a file in a destructor, and the stack frames of
-/// a library written in C, which would leak its memory.
+/// For code that must not be unwound: a destructor that closes a file, and the stack frames of a
+/// library written in C, which would leak its memory.
 class DOCPARSER_SEAM_EXPORT CancellationHold {
 public:
     CancellationHold() noexcept;

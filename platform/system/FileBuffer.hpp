@@ -10,7 +10,7 @@
 
 namespace platform {
 
-/// Reads a regular file without a buffer of its own, so that one read() of a stream is one read of
+/// Reads a regular file without its own buffer, so that one read() of a stream is one read of
 /// the file, straight into the caller's memory.
 class DOCPARSER_SEAM_EXPORT FileBuffer : public std::streambuf {
 public:

@@ -10,12 +10,12 @@ namespace platform {
 
 /// A folder that is being listed; it is closed with the object.
 ///
-/// Takes the place of std::filesystem::directory_iterator, which ends the process when an
-/// allocation fails (GCC).
+/// Replaces std::filesystem::directory_iterator, which in GCC's library terminates the process if
+/// an allocation fails.
 class DOCPARSER_SEAM_EXPORT Folder {
 public:
     /// Opens a folder.
-    /// \returns  empty if there is no such folder, it may not be read, or the path holds NUL
+    /// \returns  empty if there is no such folder, it may not be read, or the path contains NUL
     static std::optional<Folder> open(const NativePath& folder) noexcept;
 
     /// Returns the next name in the system's own order, without "." and ".."; empty after the last.

@@ -12,7 +12,7 @@ namespace platform {
 
 namespace {
 
-// Windows delivers the first name with the search itself.
+// Windows returns the first name when the search is opened.
 struct Search {
     HANDLE handle = INVALID_HANDLE_VALUE;
     WIN32_FIND_DATAW entry = {};
@@ -29,7 +29,7 @@ void Folder::Close::operator()(void* handle) const noexcept {
 }
 
 std::optional<Folder> Folder::open(const NativePath& folder) noexcept try {
-    // With the pattern appended, an empty path would be the root of the current drive.
+    // An empty path with the pattern appended would mean the root of the current drive.
     if (folder.empty() || isDeviceOrStream(folder))
         return std::nullopt;
     auto* const search = new Search;

@@ -11,7 +11,7 @@ rootOfInstalledTree(const std::filesystem::path& libraryFolder,
     const std::filesystem::path normal = relativeFolder.lexically_normal();
     for (auto step = normal.end(); step != normal.begin();) {
         --step;
-        // A separator at the end makes an empty last step; "." is the normal form of an empty path.
+        // Skips the empty step after a trailing separator, and ".", the form of an empty path.
         if (step->empty() || *step == ".")
             continue;
         if (*step != root.filename())

@@ -12,7 +12,8 @@ namespace platform {
 /// moved; otherwise, in a build tree for example, the prefix that the library was built for.
 std::u16string installationPrefix();
 
-/// Returns the root of the installed tree whose libraries lie in a folder, without asking the disk.
+/// Returns the root of the installed tree that has its libraries in a folder. Does not access the
+/// disk.
 /// \param libraryFolder   the folder of the library, absolute and without a separator at its end
 /// \param relativeFolder  where an installed tree has its libraries: "lib", "lib/x86_64-linux-gnu"
 /// \returns  `libraryFolder` without `relativeFolder` at its end; empty if it does not end so, or

@@ -10,7 +10,7 @@ namespace {
 // The loader identifies this library by the address of any of its objects.
 constexpr char kAnchor = 0;
 
-// The folder of this library; empty if the loader does not report it.
+// Returns the folder of this library; empty if the loader does not report it.
 std::filesystem::path ownFolder() {
     Dl_info info = {};
     if (::dladdr(&kAnchor, &info) == 0 || info.dli_fname == nullptr)

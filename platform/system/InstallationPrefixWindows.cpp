@@ -12,7 +12,7 @@ namespace {
 // The loader identifies this library by the address of any of its objects.
 constexpr char kAnchor = 0;
 
-// The folder of this library; empty if the loader does not report it.
+// Returns the folder of this library; empty if the loader does not report it.
 std::filesystem::path ownFolder() {
     HMODULE self = nullptr;
     if (!::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
@@ -20,7 +20,7 @@ std::filesystem::path ownFolder() {
                               reinterpret_cast<const wchar_t*>(&kAnchor), &self))
         return {};
     std::wstring file(MAX_PATH, L'\0');
-    // A path that does not fit is cut off, and its length is then that of the buffer.
+    // If a path does not fit, it is truncated and the reported length is that of the buffer.
     for (;;) {
         const DWORD length =
             ::GetModuleFileNameW(self, file.data(), static_cast<DWORD>(file.size()));

@@ -29,7 +29,7 @@ DOCPARSER_SEAM_EXPORT std::u16string joinPath(std::u16string_view folder,
 using NativePath = std::filesystem::path::string_type;
 
 /// Converts a path to the form that the system's calls take.
-/// \throws std::system_error  the path holds NUL (errc::invalid_argument), which would make the
+/// \throws std::system_error  the path contains NUL (errc::invalid_argument), which would make the
 ///                            system use another path, or an unpaired surrogate where paths are
 ///                            bytes (errc::illegal_byte_sequence)
 DOCPARSER_SEAM_EXPORT NativePath toNativePath(std::u16string_view path);

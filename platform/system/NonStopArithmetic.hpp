@@ -4,11 +4,11 @@
 
 namespace platform {
 
-/// Switches off the floating-point traps of the calling thread during its life and restores traps
-/// and flags afterwards.
+/// Disables the floating-point traps of the calling thread during the object's lifetime and
+/// restores traps and flags afterwards.
 ///
 /// For code that converts numbers from files: a number that is too large overflows to infinity,
-/// which ends the process if the host application has enabled the trap.
+/// which terminates the process if the host application has enabled the trap.
 class NonStopArithmetic {
 public:
     NonStopArithmetic() noexcept { std::feholdexcept(&before_); }

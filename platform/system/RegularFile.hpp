@@ -16,7 +16,7 @@ enum class FileType {
     Other ///< a folder, pipe, socket or device; a link counts as its target
 };
 
-/// Returns what a path leads to. Opens nothing and never blocks; a path that holds NUL leads to
+/// Returns what a path leads to. Opens nothing and never blocks; a path that contains NUL leads to
 /// nothing.
 DOCPARSER_SEAM_EXPORT FileType fileTypeOf(const NativePath& file) noexcept;
 
@@ -28,7 +28,8 @@ DOCPARSER_SEAM_EXPORT FileType fileTypeOf(const NativePath& file) noexcept;
 class DOCPARSER_SEAM_EXPORT RegularFile {
 public:
     /// Opens a file.
-    /// \returns  empty if there is no such regular file, it may not be read, or the path holds NUL
+    /// \returns  empty if there is no such regular file, it may not be read, or the path contains
+    ///           NUL
     static std::optional<RegularFile> open(const NativePath& file) noexcept;
 
     /// Takes the file over; `other` may then only be destroyed or assigned to.

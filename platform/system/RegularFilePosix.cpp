@@ -56,10 +56,10 @@ FileType fileTypeOf(const NativePath& file) noexcept {
 }
 
 std::optional<RegularFile> RegularFile::open(const NativePath& file) noexcept {
-    // This function cannot be unwound; the first read is a cancellation point.
+    // A noexcept function must not be unwound; the first read is a cancellation point.
     const CancellationHold hold;
-    // Opening a device may have side effects, so the type is checked before, and again after in
-    // case the path has been given to another file meanwhile.
+    // Opening a device may have side effects, so the type is checked before opening, and again
+    // after it in case the path now leads to another file.
     if (fileTypeOf(file) != FileType::Regular)
         return std::nullopt;
     const int opened = openDescriptor(file.c_str());
@@ -82,7 +82,7 @@ RegularFile& RegularFile::operator=(RegularFile&& other) noexcept {
 RegularFile::~RegularFile() {
     if (handle_ == kNoHandle)
         return;
-    // A destructor cannot be unwound: a cancellation here would end the process.
+    // A destructor must not be unwound: a cancellation here would terminate the process.
     const CancellationHold hold;
     ::close(descriptor(handle_));
 }

@@ -27,7 +27,7 @@ HANDLE asHandle(std::intptr_t handle) noexcept {
     throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), what);
 }
 
-// What CreateFileW returns for an existing file or folder.
+// Opens an existing file or folder and returns its handle as CreateFileW() does.
 std::intptr_t openExisting(const NativePath& path, DWORD access, DWORD flags) noexcept {
     return reinterpret_cast<std::intptr_t>(::CreateFileW(path.c_str(), access, kShareEverything,
                                                          nullptr, OPEN_EXISTING, flags, nullptr));
@@ -47,7 +47,7 @@ FileType typeOf(std::intptr_t handle) noexcept {
 FileType fileTypeOf(const NativePath& file) noexcept {
     if (isDeviceOrStream(file))
         return FileType::Missing;
-    // Without access rights, a handle only examines the file; the flag admits folders.
+    // A handle without access rights can only examine the file; the flag allows folders.
     const std::intptr_t handle = openExisting(file, 0, FILE_FLAG_BACKUP_SEMANTICS);
     if (handle == kNoHandle)
         return FileType::Missing;

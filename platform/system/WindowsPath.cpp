@@ -29,7 +29,8 @@ constexpr bool isSeparator(wchar_t unit) noexcept {
     return unit == L'/' || unit == L'\\';
 }
 
-// Takes the text up to the next separator, and that separator, off the path.
+// Removes the component before the next separator, and that separator, from the path and returns
+// the component.
 std::wstring_view takeComponent(std::wstring_view& path) noexcept {
     const auto separator = std::ranges::find_if(path, isSeparator);
     const auto length = static_cast<std::size_t>(separator - path.begin());
@@ -38,7 +39,7 @@ std::wstring_view takeComponent(std::wstring_view& path) noexcept {
     return component;
 }
 
-// Windows compares the name up to its first dot and disregards spaces before that.
+// Windows compares the name up to its first dot and ignores spaces before the dot.
 bool isDeviceName(std::wstring_view name) noexcept {
     name = name.substr(0, name.find(L'.'));
     name = name.substr(0, name.find_last_not_of(L' ') + 1);
@@ -57,8 +58,8 @@ bool startsWithTwoSeparators(std::wstring_view path) noexcept {
     return path.size() >= 2 && isSeparator(path[0]) && isSeparator(path[1]);
 }
 
-// Takes a drive or the name of a server and share off a path that begins with two separators.
-// Returns false if it leads to no disk.
+// Removes a drive or the names of a server and share from a path that begins with two separators.
+// Returns false if the path does not lead to a disk.
 bool takeServer(std::wstring_view& path) noexcept {
     path.remove_prefix(2);
     std::wstring_view server = takeComponent(path);
@@ -83,7 +84,7 @@ bool isDrivePath(std::wstring_view path) noexcept {
     return path.size() >= 3 && path[1] == L':' && path[2] == L'\\';
 }
 
-// The absolute form of a path; empty if Windows cannot tell it.
+// Returns the absolute form of a path; empty if Windows does not provide it.
 std::wstring absolutePath(const std::wstring& path) {
     std::wstring full(::GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
     const auto capacity = static_cast<DWORD>(full.size());

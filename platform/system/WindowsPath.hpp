@@ -9,8 +9,8 @@ namespace platform {
 /// (`CON`, `folder\NUL.txt`, `\\.\COM1`), a pipe or mailslot of a server, or an alternate stream of
 /// a file (`P.json:notes`). Opening those may block or have side effects.
 ///
-/// A path that holds NUL counts too, because Windows would read it only up to the NUL. Looks at the
-/// path alone and never asks the disk.
+/// A path that contains NUL counts too, because Windows would read it only up to the NUL. Does not
+/// access the disk.
 bool isDeviceOrStream(std::wstring_view path) noexcept;
 
 /// Returns a path that Windows accepts whatever its length.

@@ -21,7 +21,7 @@ namespace platform {
 /// \returns        false if the command could not be run; then nothing has been shown
 DOCPARSER_SEAM_EXPORT bool showThroughPager(const std::string& command, std::string_view text);
 
-/// Returns whether the folders of PATH hold a program.
+/// Returns whether a program is in one of the folders of PATH.
 /// \param name  file name without a folder
 DOCPARSER_SEAM_EXPORT bool isProgramInstalled(const std::string& name);
 

@@ -20,7 +20,7 @@ namespace {
 constexpr int kCommandNotRun = 126;   // exit status of a shell: found, but not executable
 constexpr int kCommandNotFound = 127; // exit status of a shell
 
-// Ignores a signal during its life.
+// Ignores a signal during the object's lifetime.
 class IgnoredSignal {
 public:
     explicit IgnoredSignal(int number) : number_(number) {

@@ -25,7 +25,7 @@ BOOL WINAPI takeInterrupt(DWORD event) {
     return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
 }
 
-// Keeps keys that interrupt programs from ending this process during its life; the pager still
+// Keeps keys such as Ctrl+C from ending this process during the object's lifetime; the pager still
 // receives them.
 class InterruptsTaken {
 public:
@@ -35,7 +35,7 @@ public:
     InterruptsTaken& operator=(const InterruptsTaken&) = delete;
 };
 
-// Sets LESS for the programs that this process starts during its life, unless it is set already.
+// Sets LESS, unless it is set already, for the programs started during the object's lifetime.
 class LessOptions {
 public:
     LessOptions() : isOurs_(!::_wgetenv(L"LESS")) {

@@ -10,8 +10,8 @@ namespace platform {
 
 /// Returns the arguments of this process in UTF-8, without the name of the program.
 /// \param argumentCount  as main() gets it
-/// \param arguments      as main() gets them; Windows has lost characters of those, so its own
-///                       command line is read instead
+/// \param arguments      as main() gets them; not used on Windows, where they have lost characters
+///                       and the command line of the system is read instead
 DOCPARSER_SEAM_EXPORT std::vector<std::string> argumentsInUtf8(int argumentCount,
                                                                char* arguments[]);
 
@@ -19,11 +19,11 @@ DOCPARSER_SEAM_EXPORT std::vector<std::string> argumentsInUtf8(int argumentCount
 /// \param name  ASCII
 DOCPARSER_SEAM_EXPORT std::optional<std::string> environmentVariable(const std::string& name);
 
-/// Lets standard output and standard error take UTF-8 during its life.
+/// Lets standard output and standard error accept UTF-8 during the object's lifetime.
 ///
 /// Bytes pass as they are, without a carriage return before each line feed. A console of Windows
 /// shows UTF-8 and obeys the escape sequences for colours; afterwards its settings are restored.
-/// Where all this is a matter of course, nothing happens.
+/// Does nothing on systems that behave like this anyway.
 class DOCPARSER_SEAM_EXPORT Utf8Output {
 public:
     Utf8Output() noexcept;

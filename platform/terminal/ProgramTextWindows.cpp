@@ -66,7 +66,7 @@ Utf8Output::Utf8Output() noexcept
 }
 
 Utf8Output::~Utf8Output() {
-    // What is still in the streams' buffers belongs to the code page of this object.
+    // The bytes still in the streams' buffers must be shown in the code page of this object.
     std::fflush(stdout);
     std::fflush(stderr);
     restoreMode(STD_OUTPUT_HANDLE, outputMode_);

@@ -61,7 +61,7 @@ std::size_t widenAsciiStart(std::string_view text, char16_t* out) noexcept {
     const std::size_t length = text.size();
     std::size_t done = 0;
     for (; length - done >= 8; done += 8) {
-        // Widening all eight, though not all may count, saves a loop over single bytes.
+        // Widening all eight, even if only some are ASCII, saves a loop over single bytes.
         std::uint64_t word;
         std::memcpy(&word, bytes + done, sizeof word);
         std::transform(bytes + done, bytes + done + 8, out + done, widen);
@@ -93,11 +93,11 @@ std::size_t decode(std::string_view text, char16_t* const begin) noexcept {
 // UTF-8 is validated in blocks. The fixed size lets the compiler process many bytes at once.
 constexpr std::size_t kBlockBytes = 64;
 
-// A byte is valid or not because of itself and of the three bytes before it.
+// The validity of a byte depends on itself and on the three bytes before it.
 constexpr std::size_t kBytesBefore = 3;
 
-// Returns whether no well-formed text has these bytes one after the other. Nothing branches, so
-// that the compiler can compare many bytes at once.
+// Returns whether this sequence of bytes never occurs in well-formed text. There are no branches,
+// so that the compiler can compare many bytes at once.
 constexpr bool isIllFormedAt(const char* at) noexcept {
     const auto byte = static_cast<std::uint8_t>(at[0]);
     const auto previous = static_cast<std::uint8_t>(at[-1]);
@@ -128,8 +128,8 @@ bool isAsciiBlock(const char* block) noexcept {
     return allBits < 0x80;
 }
 
-// Validates a block at the start or at the end of a text. NUL stands for what the block lacks: it
-// may not follow an incomplete sequence.
+// Validates a block at the start or at the end of a text. The missing bytes of the block are NUL,
+// which is invalid after an incomplete sequence.
 bool isWellFormedEdge(std::string_view before, std::string_view bytes) noexcept {
     std::array<char, kBytesBefore + kBlockBytes> padded{};
     std::ranges::copy_backward(before, padded.begin() + kBytesBefore);

@@ -16,7 +16,7 @@ struct DecodedSequence {
 /// What a lead byte requires of the sequence that it starts. The range of the second byte excludes
 /// overlong forms, surrogates and values above U+10FFFF; later bytes may be any of 80..BF.
 struct Utf8Lead {
-    std::size_t length; ///< of the sequence in bytes; 0: no sequence starts with this byte
+    std::size_t length; ///< of the sequence in bytes; 0 if no sequence starts with this byte
     std::uint8_t payload;
     std::uint8_t secondMin;
     std::uint8_t secondMax;
@@ -44,8 +44,8 @@ constexpr Utf8Lead classifyUtf8Lead(std::uint8_t byte) noexcept {
     return {0, 0, 0, 0};
 }
 
-/// Decodes the sequence at the start of a string. Inline, because this is the inner loop of reading
-/// any language but English.
+/// Decodes the sequence at the start of a string. Inline, because languages other than English
+/// spend much of their reading time here.
 ///
 /// An ill-formed sequence is maximal: the longest prefix of a well-formed sequence, and at least
 /// one byte. E3 41 is the ill-formed sequence E3, followed by an A.
@@ -56,7 +56,7 @@ constexpr DecodedSequence decodeUtf8(std::string_view text) noexcept {
     const auto isTrail = [&](std::size_t i) { return (byteAt(i) & 0xC0) == 0x80; };
     const auto payloadOf = [&](std::size_t i) { return static_cast<char32_t>(byteAt(i) & 0x3F); };
 
-    // Most characters beyond ASCII have two or three bytes; these two cases need fewer comparisons.
+    // Most non-ASCII characters have two or three bytes; these two cases need fewer comparisons.
     if (byteAt(0) >= 0xC2 && byteAt(0) <= 0xDF && text.size() > 1 && isTrail(1))
         return {static_cast<char32_t>(byteAt(0) & 0x1F) << 6 | payloadOf(1), 2, true};
     if ((byteAt(0) & 0xF0) == 0xE0 && text.size() > 2 && isTrail(1) && isTrail(2)) {

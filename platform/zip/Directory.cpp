@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// The records of a directory: how they start, and the length of their fixed part.
+// The signatures of the records of a directory, and the lengths of their fixed parts.
 constexpr std::string_view kEntryMagic = "PK\1\2"sv;
 constexpr std::size_t kEntryLength = 46;
 constexpr std::string_view kEndMagic = "PK\5\6"sv;
@@ -32,7 +32,7 @@ std::uint64_t numberAt(std::string_view bytes, std::size_t offset, std::size_t l
     return number;
 }
 
-/// The name in the extra field for UTF-8 names, after its version and checksum.
+/// Returns the name in the extra field for UTF-8 names, after its version and checksum.
 std::string_view unicodeNameIn(std::string_view extraFields) noexcept {
     constexpr std::uint64_t kUnicodePathId = 0x7075;
     constexpr std::size_t kNameOffset = 4 + 5;
@@ -45,7 +45,7 @@ std::string_view unicodeNameIn(std::string_view extraFields) noexcept {
     return {};
 }
 
-/// Reads bytes that must start with `magic`; false if the file has others there or ends before.
+/// Reads bytes that must start with `magic`; returns false if they do not, or if the file ends.
 bool readRecord(PackageFile& file, std::uint64_t offset, std::string_view magic,
                 std::span<char> record) {
     return file.read(offset, record.data(), record.size()) == record.size() &&
@@ -60,7 +60,7 @@ std::optional<DirectoryLocation> zip64Location(PackageFile& file, std::string_vi
     return DirectoryLocation{numberAt(record, 48, 8), numberAt(record, 40, 8)};
 }
 
-/// The location that the end record at `position` of the file's tail gives.
+/// Returns the location that the end record at `position` of the file's tail states.
 std::optional<DirectoryLocation> locationFrom(PackageFile& file, std::string_view tail,
                                               std::size_t position) {
     if (position >= kZip64LocatorLength) {

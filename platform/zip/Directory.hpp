@@ -10,7 +10,7 @@
 
 namespace platform::zip {
 
-/// Where a file has the directory of its package.
+/// The location of a package's directory in its file.
 struct DirectoryLocation {
     std::uint64_t offset; ///< from the start of the file
     std::uint64_t length; ///< in bytes
@@ -18,11 +18,11 @@ struct DirectoryLocation {
     bool operator==(const DirectoryLocation&) const = default;
 };
 
-/// Finds the directory of a package: every location that one of its end records gives, without
-/// repetition, if the file has a directory record there and enough bytes.
+/// Finds the possible locations of a package's directory. Each is stated by an end record, and the
+/// file has a directory record and enough bytes there. Duplicates are removed.
 ///
-/// A sound package has one such location. A package comment can hold the bytes of an end record, so
-/// several ends may have to be tried, in this order.
+/// A valid package has one such location. A package comment can contain the bytes of an end record,
+/// so several locations may have to be tried, in this order.
 /// \throws std::system_error     the file cannot be read
 /// \throws platform::LimitError  see PackageFile::read()
 std::vector<DirectoryLocation> findDirectories(PackageFile& file);
@@ -50,7 +50,7 @@ public:
     /// record.
     std::optional<DirectoryRecord> next() noexcept;
 
-    /// Whether every byte of the directory belongs to a record that next() has returned.
+    /// Returns whether every byte of the directory belongs to a record that next() has returned.
     bool isAtEnd() const noexcept { return position_ == directory_.size(); }
 
 private:

@@ -16,15 +16,15 @@ namespace platform::zip {
 
 namespace {
 
-// How much time libzip may spend on names with equal hashes, as the number of names that it visits
-// in its hash table. Names that were not made to collide take one or two visits each.
+// Limits the time that libzip spends on names with equal hashes, as the number of names that it
+// visits in its hash table. Names that were not made to collide take one or two visits each.
 constexpr std::uint64_t kAffordableVisits = std::uint64_t{1} << 25;
 
-// In a table of more names most visits miss the caches of the processor and count several times.
+// In a larger table most visits miss the caches of the processor, so each counts several times.
 constexpr std::size_t kNamesInCache = std::size_t{1} << 15;
 constexpr std::uint64_t kCostOfCacheMiss = 4;
 
-// A visit with an equal hash compares the names: as many bytes cost one more visit.
+// A visit with an equal hash compares the names; comparing this many bytes counts as another visit.
 constexpr std::size_t kBytesPerVisit = 64;
 
 // A directory of this length has too few entries to need more visits than that: n entries take at
@@ -73,7 +73,7 @@ private:
     std::uint32_t value_ = 5381;
 };
 
-/// A name as the hash table of libzip has it.
+/// A name as libzip stores it in its hash table.
 struct IndexedName {
     std::uint32_t hash;
     std::string_view bytes;
@@ -95,9 +95,8 @@ IndexedName indexedCp437Name(std::string_view bytes) noexcept {
     return {hash.value(), bytes};
 }
 
-/// Every form of the names under which libzip may index the entries of a directory. Which one it
-/// takes depends on flags, checksums and guesses; the others do no harm, since names rarely
-/// collide.
+/// Returns every form of a name under which libzip may index an entry of a directory. libzip
+/// chooses one by flags, checksums and guesses; the others do no harm, since names rarely collide.
 std::vector<IndexedName> indexedNames(std::string_view directory) {
     const auto isPlain = [](char byte) { return byte >= ' ' && byte < '\x7F'; };
     std::vector<IndexedName> names;
@@ -112,8 +111,8 @@ std::vector<IndexedName> indexedNames(std::string_view directory) {
     return names;
 }
 
-/// How many visits libzip needs to put names into its hash table. The count stops once it exceeds
-/// `affordableVisits`. The table has no more buckets than that of libzip.
+/// Returns how many visits libzip needs to put names into its hash table. Stops counting once the
+/// result exceeds `affordableVisits`. The table here has no more buckets than that of libzip.
 std::uint64_t visitsToIndex(const std::vector<IndexedName>& names, std::uint64_t affordableVisits) {
     constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
     const std::uint64_t cost = names.size() <= kNamesInCache ? 1 : kCostOfCacheMiss;

@@ -10,7 +10,7 @@ namespace platform::zip {
 ///
 /// libzip reads a directory of any length, and indexes its names in a hash table whose hash
 /// function is public: names with equal hashes make it compare each name with all others.
-/// \param directoryBytes  the longest directory that is accepted
+/// \param directoryBytes  the length of the longest directory that is accepted
 /// \throws std::runtime_error  too many names have equal hashes
 /// \throws std::system_error   the file cannot be read
 /// \throws LimitError          the directory is too long

@@ -17,8 +17,8 @@ bool Inflater::inflate(std::span<const char> packed, std::span<char> content,
         decompressor_.reset(libdeflate_alloc_decompressor());
     if (!decompressor_)
         throw std::bad_alloc();
-    // Without a variable for the content's length, one that differs from the buffer's is an error.
     std::size_t length = 0;
+    // With the null pointer, libdeflate rejects content that does not fill the buffer exactly.
     const libdeflate_result result = libdeflate_deflate_decompress_ex(
         decompressor_.get(), packed.data(), packed.size(), content.data(), content.size(), &length,
         /*actual_out_nbytes_ret=*/nullptr);

@@ -8,15 +8,15 @@ struct libdeflate_decompressor;
 
 namespace platform::zip {
 
-/// Inflates entries whose bytes are all in memory, in one step each; faster than libzip, which
-/// inflates a stream. One thread at a time.
+/// Inflates entries that are completely in memory, each in one step. This is faster than libzip,
+/// which inflates a stream. One thread at a time.
 class Inflater {
 public:
     /// Inflates a deflate stream that has no header.
     /// \param packed    the stream, without any bytes after it
-    /// \param content   receives the content; its size is that of the whole content
-    /// \param checksum  the CRC-32 of the content
-    /// \returns  whether all three agree; if not, `content` has unspecified bytes
+    /// \param content   receives the content; its size is the expected size of the whole content
+    /// \param checksum  the expected CRC-32 of the content
+    /// \returns  whether the content has this size and checksum; if not, its bytes are unspecified
     bool inflate(std::span<const char> packed, std::span<char> content, std::uint32_t checksum);
 
 private:

@@ -9,14 +9,14 @@
 
 namespace platform::zip {
 
-/// The bytes of a package's file, read through a buffer of one block, since a directory is read a
-/// few bytes at a time. One thread at a time.
+/// Reads a package's file through a buffer of one block, because a directory is read a few bytes at
+/// a time. One thread at a time.
 class PackageFile {
 public:
     /// \throws std::system_error  the system does not report the file's size
     explicit PackageFile(RegularFile file);
 
-    /// The size of the file when it was opened, in bytes.
+    /// Returns the size of the file when it was opened, in bytes.
     std::uint64_t size() const noexcept { return size_; }
 
     /// Reads `length` bytes at `offset`, fewer if the file ends before.
@@ -25,7 +25,7 @@ public:
     /// \throws platform::LimitError  the allowance is used up
     std::size_t read(std::uint64_t offset, char* buffer, std::size_t length);
 
-    /// Sets how many bytes all further reads together may ask for. Unlimited at first.
+    /// Limits how many bytes all further reads together may request. Unlimited at first.
     void setAllowance(std::uint64_t bytes) noexcept { allowance_ = bytes; }
 
     static constexpr std::uint64_t kUnlimited = std::numeric_limits<std::uint64_t>::max();

@@ -12,7 +12,7 @@ namespace platform::zip {
 
 namespace {
 
-// Enough for the records that lead to a directory, even if the tail of a file is full of them.
+// Enough for all records that point to a directory, even if the tail of a file is full of them.
 constexpr std::uint64_t kEndRecordBytes = std::uint64_t{512} << 10;
 
 // Larger entries are rare, and libzip does not hold their whole content in memory.
@@ -58,8 +58,8 @@ void ZipArchive::readDirectory() {
     try {
         archive_ = openArchive({});
     } catch (const std::runtime_error&) {
-        // A single ill-formed name may be the reason; findFlaggedEntries() explains how to open the
-        // package then.
+        // A single ill-formed name may be the reason; findFlaggedEntries() explains how to open
+        // such a package.
         hidden_ = flaggedEntries();
         if (hidden_.empty())
             throw;
@@ -92,7 +92,7 @@ ZipHandle ZipArchive::openArchive(const std::vector<FlaggedEntry>& hidden) {
 std::vector<FlaggedEntry> ZipArchive::flaggedEntries() {
     std::vector<FlaggedEntry> flagged;
     allowReadingDirectory();
-    // A package whose directory cannot be read stays refused, for the reason that libzip gave.
+    // If the directory cannot be read, the package is refused for the reason that libzip gave.
     ignoreFailure([&] { flagged = findFlaggedEntries(source_.file()); });
     return flagged;
 }
@@ -153,7 +153,7 @@ std::unique_ptr<char[]> ZipArchive::readSmallEntry(std::uint64_t index,
         return result;
     const auto packedSize = static_cast<std::size_t>(description.comp_size);
     const auto size = static_cast<std::size_t>(description.size);
-    // A failure is not reported: libzip reads the entry next, and if it fails too, says why.
+    // The failure is ignored: libzip reads the entry next and reports why if it fails too.
     ignoreFailure([&] {
         const std::unique_ptr<char[]> packed = readPacked(index, packedSize);
         if (!packed)
@@ -170,7 +170,7 @@ std::unique_ptr<char[]> ZipArchive::readPacked(std::uint64_t index, std::size_t 
     const ZipFileHandle entry(zip_fopen_index(archive_.get(), index, ZIP_FL_COMPRESSED));
     if (entry && zip_fread(entry.get(), packed.get(), length) == static_cast<zip_int64_t>(length))
         return packed;
-    source_.takeReadFailure(); // or entryFailure() would report it for a later failure
+    source_.takeReadFailure(); // otherwise entryFailure() would report it for a later failure
     return nullptr;
 }
 

@@ -51,7 +51,7 @@ std::size_t ZipEntryStream::read(char* buffer, std::size_t length) {
 
     letCancellationPass();
     const std::uint64_t affordable = affordableBytes();
-    // Asking for one byte beyond the limit tells an entry that ends there from a longer one.
+    // Requesting one byte beyond the limit shows whether the entry ends at the limit.
     const std::uint64_t asked = affordable < length ? affordable + 1 : length;
     const zip_int64_t answer = copyNext(buffer, asked);
     if (answer < 0)

@@ -28,7 +28,7 @@ private:
     std::uint64_t affordableBytes() const noexcept;
     bool isOpen() const noexcept { return content_ || entry_; }
     void close() noexcept;
-    /// Copies the next bytes; returns what zip_fread() does.
+    /// Copies the next bytes; the result is that of zip_fread().
     zip_int64_t copyNext(char* buffer, std::uint64_t length);
     void finish();
     template <class Error = ZipError>
@@ -40,7 +40,8 @@ private:
     std::uint64_t index_;
     ReadLimits limits_;
     zip_stat_t description_;
-    // One of the two, as ZipArchive::readSmallEntry() decides; none at the end and after a failure.
+    // One of the two, as ZipArchive::readSmallEntry() decides; neither at the end or after a
+    // failure.
     std::unique_ptr<char[]> content_;
     ZipFileHandle entry_;
     std::uint64_t deliveredBytes_ = 0;

@@ -21,7 +21,7 @@ ZipHandle ZipSource::openArchive(ZipErrorInfo& error, const std::vector<FlaggedE
     hidden_ = &hidden;
     ZipHandle archive(zip_open_from_source(source.get(), ZIP_RDONLY, error.get()));
     hidden_ = nullptr;
-    // An opened archive owns the source; after a failure the handle still does.
+    // An open archive owns the source; after a failure, the handle still owns it.
     if (archive)
         static_cast<void>(source.release());
     return archive;

@@ -31,7 +31,7 @@ public:
     ZipHandle openArchive(ZipErrorInfo& error, const std::vector<FlaggedEntry>& hidden);
 
     /// Returns and clears the exception of the last failed read; null if no read has failed since
-    /// the last call. libzip itself reports no more than that a read failed.
+    /// the last call. libzip itself reports only that a read failed.
     std::exception_ptr takeReadFailure() noexcept { return std::exchange(readFailure_, nullptr); }
 
 private:

@@ -1,10 +1,10 @@
-"""Checks sources by the rules of Microsoft's compiler, as far as that goes without its headers.
+"""Checks sources against the rules of Microsoft's compiler, as far as possible without its headers.
 
     check_msvc.py BUILD-FOLDER FOLDER...
 
-Clang takes the sources of the folders for its Windows target with Microsoft's ABI: exported classes,
-tables and member functions follow its rules. Extensions of GNU and Microsoft are errors. The headers
-of the system and of the standard library are MinGW-w64's.
+Clang compiles the sources in the folders for Windows with Microsoft's ABI, whose rules then apply to
+exported classes, tables and member functions. Extensions of GNU and Microsoft are errors. The headers
+of the system and of the standard library are those of MinGW-w64.
 """
 
 import concurrent.futures
@@ -18,10 +18,10 @@ import sys
 TRIPLET = "x86_64-w64-mingw32"
 RULES = [
     "clang++-14", "--target=x86_64-pc-windows-msvc", "-fsyntax-only", "-std=c++20",
-    # The attributes of exported names are Microsoft's; everything else is standard.
+    # Only the attributes of exported names are Microsoft's; everything else is standard C++.
     "-fms-extensions", "-fno-ms-compatibility",
     "-Wall", "-Wextra", "-pedantic-errors", "-Wgnu", "-Wmicrosoft", "-Werror",
-    # What MinGW-w64's headers need to be told with another compiler than theirs.
+    # The headers of MinGW-w64 need these definitions with another compiler than GCC.
     "-U_MSC_VER", "-D__MINGW32__", "-D__MINGW64__", "-D__SEH__", "-D__declspec=__declspec",
     "-nostdinc++",
 ]
@@ -38,7 +38,7 @@ def check(entry, folders):
     settings = [word for word in words if word.startswith(("-D", "-I"))]
     settings += [option for pair in zip(words, words[1:]) if pair[0] == "-isystem" for option in pair]
     system = [f"-isystem{folder}" for folder in folders]
-    # After the libraries, as the compiler has it itself.
+    # After the libraries, in the order of the compiler itself.
     last = [f"-isystem/usr/{TRIPLET}/include"]
     run = subprocess.run(RULES + system + settings + last + [entry["file"]],
                          cwd=entry["directory"], capture_output=True, text=True)

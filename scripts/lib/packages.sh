@@ -1,4 +1,4 @@
-# The Debian 12 packages that the project is built from; sourced by setup.sh.
+# The Debian 12 packages that the project needs; sourced by setup.sh.
 
 # For the libraries and refdoc.
 build_packages=(
@@ -14,7 +14,7 @@ build_packages=(
     libutf8proc-dev
 )
 
-# For the tests and benchmarks, besides.
+# Also for the tests and benchmarks.
 test_packages=(
     libgtest-dev
     libgmock-dev
@@ -29,26 +29,26 @@ test_packages=(
     fish
 )
 
-# For the documentation, besides. The tests build it too: a page of the wrong shape is a failure.
+# Also for the documentation. The tests build it too, and fail if a page has warnings.
 docs_packages=(
     doxygen
     graphviz
     python3
 )
 
-# To count what the tests run, besides.
+# Also for scripts/coverage.
 coverage_packages=(
     gcovr
 )
 
-# For the fuzzers, besides.
+# Also for the fuzzers.
 fuzz_packages=(
     clang-14
     libclang-rt-14-dev
 )
 
-# For scripts/test-windows, besides: the compiler, the libraries that are built for Windows by Debian
-# or are headers alone, and what runs the programs.
+# Also for scripts/test-windows: the compiler, the libraries that Debian builds for Windows or that are
+# header-only, and the programs that run the tests.
 windows_packages=(
     g++-mingw-w64-x86-64-posix
     libz-mingw-w64-dev
@@ -64,14 +64,14 @@ windows_packages=(
     python3
 )
 
-# For scripts/package, besides: what makes Debian packages and looks at them.
+# Also for scripts/package: tools that build and check Debian packages.
 packaging_packages=(
     dpkg-dev
     file
     lintian
 )
 
-# For scripts/abi, besides.
+# Also for scripts/abi.
 abi_packages=(
     abigail-tools
     binutils

@@ -1,4 +1,4 @@
-# What the scripts share: the project's folder, packages, configuring and building. Sourced by them.
+# Functions that all scripts share, for packages, configuring and building; sourced by the scripts.
 
 set -euo pipefail
 project_folder=$(CDPATH='' cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -26,10 +26,10 @@ apt_install() {
         --no-install-recommends "$@"
 }
 
-# Installs those of the packages that are missing; touches nothing when there are none.
+# Installs the packages that are missing, if any.
 install_packages() {
     if ! command -v apt-get >/dev/null; then
-        say "No apt-get here: the equivalents of these Debian packages are needed: $*"
+        say "apt-get is missing; install the equivalents of these Debian packages: $*"
         return
     fi
     local package missing=()
@@ -37,17 +37,17 @@ install_packages() {
         is_installed "$package" || missing+=("$package")
     done
     if [ ${#missing[@]} -eq 0 ]; then
-        say "All Debian packages are there"
+        say "All Debian packages are installed"
         return
     fi
     if [ "$(id -u)" -ne 0 ] && ! command -v sudo >/dev/null; then
-        echo "there is no sudo; run as root: apt-get install ${missing[*]}" >&2
+        echo "sudo is missing; run as root: apt-get install ${missing[*]}" >&2
         exit 1
     fi
     say "Installing Debian packages: ${missing[*]}"
     local log
     log=$(mktemp)
-    # The package lists of a new machine are missing or old; then the first attempt fails.
+    # The first attempt fails if the package lists of the machine are missing or old.
     if ! apt_install "${missing[@]}" >"$log" 2>&1; then
         say "Updating the package lists first"
         if ! { as_root apt-get update --quiet=2 && apt_install "${missing[@]}"; } >"$log" 2>&1; then
@@ -68,8 +68,8 @@ build_preset() {
     fi
     say "Configuring build/$preset"
     cmake --preset "$preset" --log-level=WARNING
-    say "Building build/$preset; the first time takes a few minutes"
-    # A terminal shows one line of progress; elsewhere it would be a line a file.
+    say "Building build/$preset; the first build takes a few minutes"
+    # A terminal shows progress in one line; other outputs would get one line for each file.
     local quiet=()
     [ -t 1 ] || quiet=(-- --quiet)
     cmake --build --preset "$preset" "$@" "${quiet[@]}"

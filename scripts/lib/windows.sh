@@ -1,4 +1,5 @@
-# What the build for Windows needs besides Debian's binary packages; sourced after setup.sh.
+# Builds the libraries that the Windows build needs and Debian's binary packages lack. Sourced after
+# setup.sh.
 
 # The libraries are built from Debian's source packages once, into a cache folder outside the source
 # tree. Its name changes with the compiler and with this file.
@@ -43,7 +44,7 @@ unpack() {
 
 # cross_build SOURCE PREFIX CMAKE-OPTION... [-- TARGET...]
 #
-# Builds a CMake project for Windows beside its sources; without targets it is installed as well.
+# Builds a CMake project for Windows next to its sources, and installs it unless targets are given.
 cross_build() {
     local log=$1.log
     if ! run_cross_build "$@" >"$log" 2>&1; then
@@ -74,7 +75,8 @@ run_cross_build() {
 
 # write_boost_package PREFIX NAME [NAME-OF-ANOTHER]
 #
-# A CMake package of one Boost library; programs that use its headers call the other one as well.
+# Writes the CMake package of a Boost library. Programs that use it also link the other library,
+# because its headers call that one.
 write_boost_package() {
     local folder=$1/lib/cmake/boost_$2-1.81.0
     mkdir -p "$folder"
@@ -155,7 +157,7 @@ build_utf8proc() {
     cross_build "$source" "$prefix" -DBUILD_SHARED_LIBS=OFF -DUTF8PROC_ENABLE_TESTING=OFF
 }
 
-# Libraries of headers alone are the same on every system.
+# Header-only libraries are the same on every system.
 copy_headers() {
     local prefix=$1
     cp --recursive /usr/include/valijson "$prefix/include/"
@@ -170,7 +172,7 @@ copy_compiler_dlls() {
     done
 }
 
-# The licences of all that goes into the ZIP package.
+# Copies the licences of everything in the ZIP package.
 copy_licences() {
     local prefix=$1 source=$2 package
     mkdir -p "$prefix/licences"

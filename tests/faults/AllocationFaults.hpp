@@ -6,19 +6,19 @@
 
 namespace docparser_tests {
 
-/// Whether allocations fail in shared libraries too, or only in the code of the program.
+/// Whether faults reach shared libraries, or only code linked into the program.
 #ifdef _WIN32
 inline constexpr bool kReachesLibraries = false;
 #else
 inline constexpr bool kReachesLibraries = true;
 #endif
 
-/// Makes allocations of the calling thread fail, and counts the others, while it lives. Other
-/// threads are left alone.
+/// Counts the allocations of the calling thread during its life, and makes some of them fail. Other
+/// threads are not affected. A thread may have only one object at a time.
 ///
-/// On Linux: malloc, calloc, realloc and operator new, also if the C library calls them. On
-/// Windows: operator new in the code that is linked into the program, not in DLLs. A program that
-/// links this has those functions replaced. One object a thread at a time.
+/// A program that links this file replaces these functions: on Linux malloc, calloc, realloc and
+/// operator new, including calls from shared libraries; on Windows operator new in the code that is
+/// linked into the program, but not in DLLs.
 class AllocationFaults {
 public:
     AllocationFaults(std::size_t first, Repetition repetition) noexcept;
@@ -28,19 +28,19 @@ public:
 
     std::size_t failures() const noexcept;
 
-    /// How many allocations were asked for, those that failed included.
+    /// The number of allocations requested under the last object, including those that failed.
     static std::size_t calls() noexcept;
 };
 
-/// Who asked for memory. libzip is told apart because it has leaks of its own where memory is
-/// short, which nobody can mend from outside.
+/// The code that requested memory. libzip is counted separately because it leaks when an allocation
+/// fails.
 enum class Allocator { Libzip, AnyOther };
 
-/// Of the allocations that were made under any AllocationFaults, how many have not been returned,
-/// by whichever thread. Not counted on Windows, where the result is 0.
+/// The number of allocations made under any AllocationFaults that no thread has freed. Always 0 on
+/// Windows, where they are not counted.
 std::size_t liveAllocations(Allocator allocator) noexcept;
 
-/// Makes as if no allocation were live, so that a leak is counted once.
+/// Resets the count of live allocations, so that a leak is reported only once.
 void forgetLiveAllocations() noexcept;
 
 } // namespace docparser_tests

@@ -10,8 +10,8 @@
 #include <cstdlib>
 #include <string_view>
 
-// What the functions replaced here do: a sanitizer's version where there is one, else that of the
-// C library.
+// The original functions: those of a sanitizer if the build has one, otherwise those of the C
+// library.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -27,8 +27,9 @@ namespace docparser_tests {
 
 namespace {
 
-// Addresses of live allocations: a hash table with linear probing in static memory, since it can't
-// allocate. Far larger than what one operation of a test allocates at a time.
+// Addresses of live allocations, in a hash table with linear probing. It is in static memory
+// because it cannot allocate, and has room for far more allocations than any operation under test
+// makes.
 class AddressSet {
 public:
     void insert(const void* address) noexcept {
@@ -83,7 +84,7 @@ private:
     }
     static std::size_t next(std::size_t slot) noexcept { return (slot + 1) % kSlots; }
 
-    // Empties a slot, and moves those behind it up that would no longer be found.
+    // Empties a slot and moves up the following addresses that a lookup would no longer find.
     void close(std::size_t hole) noexcept {
         for (std::size_t slot = next(hole); slots_[slot]; slot = next(slot)) {
             const std::size_t distance = (slot - home(slots_[slot])) % kSlots;
@@ -105,7 +106,7 @@ constinit AddressSet liveOfLibzip;
 constinit thread_local CallSchedule schedule;
 constinit thread_local bool isArmed = false;
 
-// Whether the allocation that is asked for now is to fail.
+// Counts the current allocation and returns whether it must fail.
 bool fails() noexcept {
     if (!isArmed || !schedule.nextFails())
         return false;
@@ -113,7 +114,7 @@ bool fails() noexcept {
     return true;
 }
 
-// Where the code of libzip lies.
+// The addresses of the code of libzip.
 struct CodeRange {
     std::uintptr_t begin = 0;
     std::uintptr_t end = 0;
@@ -145,7 +146,7 @@ const CodeRange& libzip() noexcept {
     return range;
 }
 
-// \param caller  the code that asked for the memory
+// \param caller  the code that requested the memory
 void* account(void* memory, const void* caller) noexcept {
     if (isArmed && memory)
         (libzip().contains(caller) ? liveOfLibzip : live).insert(memory);
@@ -173,7 +174,7 @@ void release(void* memory) noexcept {
 } // namespace
 
 AllocationFaults::AllocationFaults(std::size_t first, Repetition repetition) noexcept {
-    libzip(); // found before it is looked for
+    libzip(); // the search itself must not run under faults
     schedule = CallSchedule(first, repetition);
     isArmed = true;
 }
@@ -217,7 +218,7 @@ using docparser_tests::release;
 
 extern "C" {
 
-// Asked by the leak sanitizer: what libzip leaks is not its business either.
+// The leak sanitizer calls this. It must not report leaks of libzip either.
 const char* __lsan_default_suppressions() {
     return "leak:libzip.so";
 }
@@ -237,7 +238,7 @@ void* calloc(std::size_t count, std::size_t size) noexcept {
 void* realloc(void* memory, std::size_t size) noexcept {
     if (fails())
         return nullptr;
-    // The old address is another's as soon as it has been given back.
+    // Another thread may receive the old address as soon as it is freed.
     forget(memory);
     return account(__interceptor_realloc ? __interceptor_realloc(memory, size)
                                          : __libc_realloc(memory, size),

@@ -29,7 +29,8 @@ std::size_t AllocationFaults::calls() noexcept {
     return schedule.calls();
 }
 
-// DLLs return memory that this program took, and the other way round: only the run on Linux counts.
+// DLLs free memory that the program allocated, and vice versa, so only the Linux build counts
+// allocations.
 std::size_t liveAllocations(Allocator) noexcept {
     return 0;
 }

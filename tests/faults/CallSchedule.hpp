@@ -4,22 +4,21 @@
 
 namespace docparser_tests {
 
-/// Which calls of those that are counted fail: the `first`, counted from 1, and what Repetition
-/// adds to it.
+/// Which calls fail, relative to the first failing call. Calls are numbered from 1.
 enum class Repetition {
-    Once,       ///< the first alone
-    FromThenOn, ///< the first and all after it
-    EverySecond ///< the first, the third and so on: each call that fails succeeds when repeated
+    Once,       ///< only the first
+    FromThenOn, ///< the first and all later calls
+    EverySecond ///< the first, third, fifth and so on, so that retrying a failed call succeeds
 };
 
-/// Counts calls and tells which of them fail. Allocates nothing.
+/// Counts calls and decides which of them fail. Allocates nothing.
 class CallSchedule {
 public:
     constexpr CallSchedule() = default;
     constexpr CallSchedule(std::size_t first, Repetition repetition)
         : first_(first), repetition_(repetition) {}
 
-    /// Counts one call; true when it is to fail.
+    /// Counts a call and returns whether it must fail.
     bool nextFails() noexcept {
         ++calls_;
         const bool fails = isDue();

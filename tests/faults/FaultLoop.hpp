@@ -20,27 +20,27 @@ enum class Ending { Result, BadAlloc, DocParserException, OtherException };
 
 template <class Result>
 struct Outcome {
-    std::optional<Result> result; ///< set when the ending is Ending::Result
+    std::optional<Result> result; ///< set if the ending is Ending::Result
     Ending ending = Ending::OtherException;
 };
 
-/// An operation of the library, and what holds for it under faults.
+/// An operation of the library, and the checks of its outcome under faults.
 template <class Result>
 struct Operation {
-    /// Sets the stage, without faults; before each run.
+    /// Runs before each run of the operation, without faults.
     std::function<void()> prepare;
-    /// The operation. What it returns belongs to no cache.
+    /// The operation. No cache may own its result.
     std::function<Result()> act;
-    /// Looks at the outcome and at what the library says next, without faults.
+    /// Checks the outcome and the state of the library after it, without faults.
     std::function<void(const Outcome<Result>&)> judge;
-    /// Puts back, without faults, what may stay behind; after each run.
+    /// Undoes lasting effects of the operation. Runs after each run, without faults.
     std::function<void()> restore;
 };
 
 /// libzip 1.7 leaks part of an entry's source if an allocation fails while it creates the source.
 inline constexpr std::size_t kMostLeakedByLibzip = 1;
 
-/// Runs an operation and sorts what it throws. Allocates nothing of its own.
+/// Runs an operation and classifies what it throws. Allocates nothing itself.
 template <class Result>
 Outcome<Result> attempt(const std::function<Result()>& act) noexcept {
     Outcome<Result> outcome;
@@ -57,11 +57,11 @@ Outcome<Result> attempt(const std::function<Result()>& act) noexcept {
     return outcome;
 }
 
-/// Runs an operation once under a fault and checks everything: the outcome is one that `judge`
-/// accepts, the next call is answered right, and on another thread, so that no lock is held, and in
-/// the end nothing is leaked and no file left open.
-/// \param arm  arm() returns the fault, which is in force while it lives
-/// \returns    false when nothing had failed: the operation has run to its end
+/// Runs an operation once under a fault. Expects that `judge` accepts the outcome, that the next
+/// call on another thread returns the expected result, which proves that no lock is held, and that
+/// no memory is leaked and no file left open.
+/// \param arm  arm() returns the fault, which is active during its life
+/// \returns    false if no call failed, so the operation ran to its end
 template <class Result, class Arm>
 bool runUnderFault(const Operation<Result>& operation, const Result& expected, Arm arm) {
     operation.prepare();
@@ -91,10 +91,10 @@ bool runUnderFault(const Operation<Result>& operation, const Result& expected, A
     return hasFailed;
 }
 
-/// Lets the first call of a kind fail, then the second, until the operation runs without meeting
-/// the fault. What is made once for the process is made before.
+/// Makes the first call of a type fail, then the second, and so on until the operation completes
+/// without a failure. A first run without faults initialises what the process creates only once.
 /// \param arm  arm(k) returns the fault of the k-th call
-/// \returns    how many runs met the fault
+/// \returns    the number of runs with a failure
 template <class Result, class Arm>
 std::size_t failEachCall(const Operation<Result>& operation, Arm arm) {
     operation.prepare();
@@ -103,7 +103,7 @@ std::size_t failEachCall(const Operation<Result>& operation, Arm arm) {
     std::size_t nth = 1;
     while (runUnderFault(operation, expected, [&] { return arm(nth); })) {
         if (testing::Test::HasFailure()) {
-            ADD_FAILURE() << "with call " << nth << " failing";
+            ADD_FAILURE() << "when call " << nth << " fails";
             break;
         }
         ++nth;
@@ -111,8 +111,8 @@ std::size_t failEachCall(const Operation<Result>& operation, Arm arm) {
     return nth - 1;
 }
 
-/// Lets each allocation of an operation fail, once and from then on.
-/// \returns  how many runs met a failure
+/// Makes each allocation of an operation fail: first that one alone, then also all later ones.
+/// \returns  the number of runs with a failure
 template <class Result>
 std::size_t failEachAllocation(const Operation<Result>& operation) {
     std::size_t runs = 0;

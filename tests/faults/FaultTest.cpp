@@ -21,7 +21,7 @@ ResourceText englishText() {
         ResourceText("meadow").add(item("mow/in/june.html", "Cut the grass below the trees")));
 }
 
-// The section "willow" comes last in the order of the keys, so the overlay puts it in last.
+// The key "willow" sorts last, so the overlay inserts its section last.
 ResourceText translatedText(bool hasOwnSection) {
     ResourceText text("orchard");
     text.add(item("prune/old/trees.html", "修剪去年長出的枝條"));
@@ -45,7 +45,7 @@ ResourceText lookupText(std::string_view helpFolder, std::string_view own,
     return text;
 }
 
-// The lookup texts in this order: two plain files, two entries of one package, one of another.
+// The texts of two plain files, of two entries of one package and of one entry of another.
 std::vector<std::string> lookupTexts() {
     ResourceText plain = lookupText("orchard", "graft trees", "Join a scion to a rootstock");
     plain.add(lookupItem("shared name", "another/page.html", "A second record of the same name"));
@@ -61,12 +61,12 @@ const std::vector<std::string> kLookupNames = {"Orchard.json", "Orchard" + kSuff
                                                "Tools.json", "Tools" + kSuffix + ".json",
                                                "Robots.json"};
 
-ZipEntryBytes entry(std::size_t place, const std::string& text, std::uint16_t method) {
-    return {.name = "help/" + kLookupNames[place], .content = text, .method = method};
+ZipEntryBytes entry(std::size_t index, const std::string& text, std::uint16_t method) {
+    return {.name = "help/" + kLookupNames[index], .content = text, .method = method};
 }
 
-// The entry in a folder whose name begins with bytes that are no UTF-8: they are CP437 unless the
-// flags tell otherwise.
+// Puts the entry into a folder whose name starts with bytes that are not valid UTF-8. They are
+// CP437 unless the flags declare UTF-8.
 ZipEntryBytes oddlyNamed(ZipEntryBytes entry, const std::string& bytes, std::uint16_t flags) {
     entry.name = bytes + entry.name;
     entry.flags = flags;
@@ -74,12 +74,12 @@ ZipEntryBytes oddlyNamed(ZipEntryBytes entry, const std::string& bytes, std::uin
 }
 
 const std::string kNoUtf8 = "B\x84ume ";
-// Libraries that look at the pattern of the bytes alone take it for UTF-8: a surrogate.
+// An encoded surrogate. Libraries that check only the bit pattern accept it as UTF-8.
 const std::string kNearlyUtf8 = "\xED\xA0\x80 ";
 
 using LookupSection = DocResource<RefItemLookup>;
 
-// Calls visit(key, section) for the sections of a result, installed or not, until it returns true.
+// Whether visit(entry) returns true for one of the sections, installed or not.
 template <class Visit>
 bool anySection(const Lookups& lookups, Visit visit) {
     return std::ranges::any_of(lookups.installed, visit) ||
@@ -177,9 +177,9 @@ std::vector<Lookups> FaultTest::partialLookups() const {
     const std::vector<std::string> whole = lookupTexts();
     for (unsigned damaged = 0; damaged < 1U << whole.size(); ++damaged) {
         std::vector<std::string> texts = whole;
-        for (std::size_t place = 0; place < texts.size(); ++place) {
-            if ((damaged >> place & 1U) != 0)
-                texts[place].clear();
+        for (std::size_t index = 0; index < texts.size(); ++index) {
+            if ((damaged >> index & 1U) != 0)
+                texts[index].clear();
         }
         writeLookups(texts);
         results.push_back(DocResourceParser::getResourceLookupFiles());
@@ -191,9 +191,9 @@ std::vector<Lookups> FaultTest::partialLookups() const {
 std::vector<Lookups> FaultTest::separateLookups() const {
     std::vector<Lookups> results;
     const std::vector<std::string> texts = lookupTexts();
-    for (std::size_t place = 0; place < texts.size(); ++place) {
-        const std::string name = "alone" + std::to_string(place);
-        folder.write(name + "/docCatalog/referenceapi_lookup/" + kLookupNames[place], texts[place]);
+    for (std::size_t index = 0; index < texts.size(); ++index) {
+        const std::string name = "alone" + std::to_string(index);
+        folder.write(name + "/docCatalog/referenceapi_lookup/" + kLookupNames[index], texts[index]);
         DocResourceParser::setReferenceRoot((folder.path() / name).u16string());
         results.push_back(DocResourceParser::getResourceLookupFiles());
     }

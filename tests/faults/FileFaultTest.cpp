@@ -16,7 +16,7 @@ constexpr std::array kAllCalls = {FileCall::Open, FileCall::Status,     FileCall
                                   FileCall::Seek, FileCall::OpenFolder, FileCall::ReadFolder,
                                   FileCall::Close};
 
-// Fails file calls and keeps account of the allocations meanwhile.
+// Makes file calls fail and counts live allocations at the same time.
 class AccountedFileFaults {
 public:
     AccountedFileFaults(FileCall call, int error, std::size_t first, Repetition repetition)
@@ -33,19 +33,19 @@ class FileFaultTest : public FaultTest {
 protected:
     ~FileFaultTest() override { EXPECT_EQ(wrongCloses(), 0U) << "something was closed twice"; }
 
-    // Lets each call of one kind fail in this way.
+    // Makes each call of one type fail in this way.
     template <class Result>
     static std::size_t failEach(const Operation<Result>& operation, FileCall call, int error,
                                 Repetition repetition) {
         SCOPED_TRACE(testing::Message()
-                     << "kind of call " << static_cast<int>(call) << ", error " << error
+                     << "type of call " << static_cast<int>(call) << ", error " << error
                      << ", repetition " << static_cast<int>(repetition));
         return failEachCall(operation, [&](std::size_t nth) {
             return AccountedFileFaults(call, error, nth, repetition);
         });
     }
 
-    // Lets each call of each kind fail for good reasons, once and from then on.
+    // Makes each call of each type fail with realistic errors, alone and with all later calls.
     template <class Result>
     static void failEachFileCall(const Operation<Result>& operation) {
         for (const FileCall call : kAllCalls) {
@@ -56,7 +56,7 @@ protected:
         }
     }
 
-    // Interrupts each call, and cuts each read short. Neither is a failure: the result is whole.
+    // Interrupts each call and shortens each read. Neither is a failure, so the result is complete.
     template <class Result>
     static std::size_t interruptEachFileCall(Operation<Result> operation) {
         operation.prepare();
@@ -114,7 +114,7 @@ protected:
         return operation<std::u16string>(
             [this] { return platform::InstallationManifest(folder.u16()).supportPackageRoot(); },
             [this](const Outcome<std::u16string>& outcome) {
-                // A manifest that is missing names no folder; any other failure is reported.
+                // A missing manifest names no folder; any other failure is reported.
                 if (outcome.ending != Ending::OtherException) {
                     ASSERT_EQ(outcome.ending, Ending::Result);
                     EXPECT_THAT(*outcome.result, AnyOf(u"", folder.u16() + u"/support packages"));
@@ -123,44 +123,44 @@ protected:
     }
 };
 
-TEST_F(FileFaultTest, ResourcesAreWholeOrLackTheFilesThatCouldNotBeRead) {
+TEST_F(FileFaultTest, ResourcesAreCompleteOrLackOnlyUnreadableFiles) {
     failEachFileCall(readResources(kProduct, partialResources()));
 }
 
-TEST_F(FileFaultTest, ResourcesOfASupportPackageAreWholeOrNotFound) {
+TEST_F(FileFaultTest, SupportPackageResourcesAreCompleteOrNotFound) {
     failEachFileCall(
         readResources(kSupportProduct, {DocResourceParser::getResourceFile(kSupportProduct)}));
 }
 
-TEST_F(FileFaultTest, LookupsLackWholeFilesAndEntries) {
+TEST_F(FileFaultTest, LookupsLackOnlyEntireFilesAndEntries) {
     failEachFileCall(readLookups());
 }
 
-TEST_F(FileFaultTest, ProductListsHoldWhatWasFoundBefore) {
+TEST_F(FileFaultTest, ProductListsKeepWhatWasFoundBeforeTheFailure) {
     failEachFileCall(listProducts());
 }
 
-TEST_F(FileFaultTest, AnInstallationManifestIsReadWholeOrNotAtAll) {
+TEST_F(FileFaultTest, InstallationManifestIsReadCompletelyOrNotAtAll) {
     failEachFileCall(readManifest());
 }
 
-TEST_F(FileFaultTest, ResourcesAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, ResourcesAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readResources(kProduct, {})), 10U);
 }
 
-TEST_F(FileFaultTest, LookupsAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, LookupsAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readLookups()), 30U);
 }
 
-TEST_F(FileFaultTest, ProductListsAreWholeWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, ProductListsAreCompleteDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(listProducts()), 5U);
 }
 
-TEST_F(FileFaultTest, AnInstallationManifestIsReadWhenCallsAreInterrupted) {
+TEST_F(FileFaultTest, InstallationManifestIsReadDespiteInterruptedCalls) {
     EXPECT_GT(interruptEachFileCall(readManifest()), 3U);
 }
 
-TEST_F(FileFaultTest, EachKindOfCallThatTheLibraryMakesIsMet) {
+TEST_F(FileFaultTest, FaultsReachEveryTypeOfCallThatTheLibraryMakes) {
     for (const FileCall call : {FileCall::Open, FileCall::Status, FileCall::Read,
                                 FileCall::OpenFolder, FileCall::ReadFolder, FileCall::Close}) {
         const FileFaults counting(call, EIO, 0, Repetition::Once);
@@ -169,7 +169,7 @@ TEST_F(FileFaultTest, EachKindOfCallThatTheLibraryMakesIsMet) {
     }
 }
 
-// Reads that fail while memory has ended; tells in the end whether memory was asked for in vain.
+// Makes reads and allocations fail. The destructor reports whether an allocation has failed.
 class ReadsAndMemoryFail {
 public:
     ReadsAndMemoryFail(std::size_t read, std::size_t allocation, bool& memoryHasFailed)
@@ -188,7 +188,7 @@ private:
     bool& memoryHasFailed_;
 };
 
-TEST_F(FileFaultTest, LookupsSurviveReadsThatFailWhileMemoryHasEnded) {
+TEST_F(FileFaultTest, LookupsSurviveReadFailuresWhenOutOfMemory) {
     const auto reading =
         operation<Lookups>([] { return DocResourceParser::getResourceLookupFiles(); },
                            [parts = separateLookups()](const Outcome<Lookups>& outcome) {

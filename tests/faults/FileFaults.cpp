@@ -28,7 +28,7 @@ constinit thread_local Armed armed;
 constinit thread_local std::array<std::size_t, kFileCalls> counts{};
 constinit std::atomic<std::size_t> badCloses{0};
 
-// Whether the call that is made now is to fail; errno is the error's then.
+// Counts the current call and returns whether it must fail; sets errno if so.
 bool fails(FileCall call) noexcept {
     if (!armed.isArmed || armed.call != call)
         return false;
@@ -39,7 +39,7 @@ bool fails(FileCall call) noexcept {
     return true;
 }
 
-// The length to read, or nothing when the read is to fail.
+// Reduces the length if the read must be short. Returns false if the read must fail.
 bool shorten(std::size_t& length) noexcept {
     if (!fails(FileCall::Read))
         return true;
@@ -49,7 +49,7 @@ bool shorten(std::size_t& length) noexcept {
     return true;
 }
 
-// The function of this name in the libraries behind the program.
+// The original function, from the shared libraries of the program.
 template <class Function>
 Function* next(const char* name) noexcept {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
@@ -61,7 +61,7 @@ int noteClose(int result) noexcept {
     return result != 0 || fails(FileCall::Close) ? -1 : 0;
 }
 
-// The third argument of the calls that open a file; those that make none pass none.
+// The third argument of a call that opens a file. Callers pass it only to create a file.
 mode_t modeOf(int flags, va_list arguments) noexcept {
     return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
 }

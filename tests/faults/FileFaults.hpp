@@ -6,7 +6,7 @@
 
 namespace docparser_tests {
 
-/// The kinds of calls into the system that fail together.
+/// Groups of system calls that fail together.
 enum class FileCall {
     Open,       ///< open, openat, fopen
     Status,     ///< stat, fstat
@@ -14,20 +14,20 @@ enum class FileCall {
     Seek,       ///< lseek
     OpenFolder, ///< opendir, fdopendir
     ReadFolder, ///< readdir
-    Close       ///< close, closedir: what they close is closed all the same
+    Close       ///< close, closedir; they close even if they report a failure
 };
 inline constexpr std::size_t kFileCalls = 7;
 
-/// In place of an error number: the read gives half of what was asked for.
+/// Use instead of an error number: the read returns at most half of the requested bytes.
 inline constexpr int kShortRead = 0;
 
-/// Makes file calls of one kind fail on the calling thread while it lives. Other threads are left
-/// alone.
+/// Makes file calls of one type fail on the calling thread during its life. Other threads are not
+/// affected. A thread may have only one object at a time.
 ///
-/// A program that links this has those functions replaced. One object a thread at a time.
+/// A program that links this file replaces the functions that FileCall lists.
 class FileFaults {
 public:
-    /// \param error  what errno becomes, or kShortRead
+    /// \param error  the value for errno, or kShortRead
     FileFaults(FileCall call, int error, std::size_t first, Repetition repetition) noexcept;
     ~FileFaults();
     FileFaults(const FileFaults&) = delete;
@@ -36,10 +36,11 @@ public:
     std::size_t failures() const noexcept;
 };
 
-/// How many calls of a kind the calling thread has made under the last FileFaults of that kind.
+/// The number of calls of a type that the calling thread made under its last FileFaults of that
+/// type.
 std::size_t countedCalls(FileCall call) noexcept;
 
-/// How often, in any thread, something was closed that was not open.
+/// How often any thread closed a descriptor that was not open.
 std::size_t wrongCloses() noexcept;
 
 } // namespace docparser_tests

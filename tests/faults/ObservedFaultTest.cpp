@@ -22,10 +22,10 @@ namespace {
 
 using reference::docparser::LoadAccount;
 
-// The number of a call that no operation comes to.
+// Greater than the number of calls of any operation.
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
-// The log as one string, which takes no memory while faults are in force.
+// The log as one string with enough capacity that it never allocates under faults.
 class LogString {
 public:
     LogString()
@@ -57,7 +57,7 @@ private:
     boost::shared_ptr<Frontend> frontend_;
 };
 
-// Everything that a caller, a log sink and the host see of one call.
+// Everything that a caller, a log sink and the host observe of one call.
 template <class Result>
 struct Seen {
     std::optional<Result> result;
@@ -76,8 +76,8 @@ struct Seen {
 
 class ObservedFaultTest : public FaultTest {
 protected:
-    // Runs the operation with the first call failing, then with the second, until none fails, and
-    // returns what differs from a run without a fault, runs in a row that look alike as one.
+    // Runs the operation with its first call failing, then with its second, until no call fails.
+    // Returns the observations that differ from a run without faults, consecutive equal ones once.
     template <class Result, class Arm>
     std::vector<Seen<Result>> failEach(const std::function<Result()>& act, Arm arm) {
         const auto attemptAct = [&](auto&& fault) {
@@ -105,8 +105,8 @@ protected:
         }
     }
 
-    // A fault in the library's own calls has the same effect with and without an account, and one
-    // in the account's calls has none.
+    // A fault has the same effect with and without an account, and a fault in a call that only the
+    // account makes has none.
     template <class Result, class Arm>
     void expectSameWithAndWithoutScope(const std::function<Result()>& act, Arm arm) {
         const std::function<Result()> recorded = [&] {
@@ -114,7 +114,7 @@ protected:
             const LoadAccount::Scope scope(account);
             return act();
         };
-        // What the process makes only once is made before.
+        // Initialises what the process creates only once.
         reset();
         static_cast<void>(attempt(recorded));
         const auto without = failEach<Result>(act, arm);
@@ -160,27 +160,27 @@ private:
     LogString log_;
 };
 
-TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverAllocationFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeResourcesWhicheverAllocationFails) {
     failEachAllocationBothWays(readResources);
     failEachAllocationBothWays(readSupportResources);
 }
 
-TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverAllocationFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverAllocationFails) {
     failEachAllocationBothWays(readLookups);
 }
 
-TEST_F(ObservedFaultTest, ResourcesEndTheSameWhicheverFileCallFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeResourcesWhicheverFileCallFails) {
     const auto calls = {FileCall::Open, FileCall::Status, FileCall::Read};
     failEachFileCallBothWays(readResources, calls);
     failEachFileCallBothWays(readSupportResources, calls);
 }
 
-TEST_F(ObservedFaultTest, LookupsEndTheSameWhicheverFileCallFails) {
+TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverFileCallFails) {
     failEachFileCallBothWays(readLookups, {FileCall::Open, FileCall::Status, FileCall::Read,
                                            FileCall::OpenFolder, FileCall::ReadFolder});
 }
 
-TEST_F(ObservedFaultTest, AnAccountThatCannotBeHeldSaysSoAndCostsNoRecords) {
+TEST_F(ObservedFaultTest, AccountOutOfMemoryIsMarkedIncompleteAndLosesNoRecords) {
     const auto accountOf = [&](LoadAccount& account) {
         const LoadAccount::Scope scope(account);
         return DocResourceParser::getResourceLookupFiles();
@@ -200,7 +200,7 @@ TEST_F(ObservedFaultTest, AnAccountThatCannotBeHeldSaysSoAndCostsNoRecords) {
             hasFailed = faults.failures() > 0;
         }
         incomplete += account.isComplete ? 0 : 1;
-        // Of the allocations that fail, those of the recording cost the account alone.
+        // A failed allocation of the recorder affects only the account.
         if (!account.isComplete) {
             EXPECT_EQ(outcome.result, expected) << "allocation " << nth;
         }

@@ -12,7 +12,7 @@ using reference::docparser::ReferenceRoots;
 using SupportPackages = std::unordered_set<std::u16string>;
 using Products = std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>;
 
-// What a setting is about to be changed to; so long that it takes memory of its own.
+// The new value of a setting, too long for small-string storage.
 const std::u16string kOtherFolder = u"/another/folder/of/the/same/kind";
 
 std::vector<std::string> shortNames(const Products& products) {
@@ -24,7 +24,7 @@ std::vector<std::string> shortNames(const Products& products) {
 
 class SettingsAllocationFaultTest : public FaultTest {
 protected:
-    // An operation that ends with its result or with std::bad_alloc, and answers right at once.
+    // An operation that returns its result or throws std::bad_alloc. The next call must succeed.
     template <class Result>
     Operation<Result> asking(std::function<Result()> act) const {
         const Result expected = act();
@@ -32,12 +32,12 @@ protected:
             if (outcome.ending != Ending::BadAlloc) {
                 EXPECT_EQ(outcome.result, expected);
             }
-            EXPECT_EQ(act(), expected) << "at once";
+            EXPECT_EQ(act(), expected) << "the next call";
         });
     }
 
-    // An operation that changes a setting, or throws std::bad_alloc and changes nothing.
-    // \param value  the setting, read before and after
+    // An operation that changes a setting, or throws std::bad_alloc and leaves it unchanged.
+    // \param value  returns the setting; called before and after the change
     template <class Value>
     Operation<bool> changing(std::function<void()> change, std::function<Value()> value) const {
         const auto before = std::make_shared<std::optional<Value>>();
@@ -66,27 +66,27 @@ protected:
     }
 };
 
-TEST_F(SettingsAllocationFaultTest, TheOldReferenceRootStaysWhenTheNewOneCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesReferenceRootUnchanged) {
     const auto setting = changing<std::shared_ptr<const ReferenceRoots>>(
         [] { DocResourceParser::setReferenceRoot(kOtherFolder); },
         DocResourceParser::getReferenceRoots);
     EXPECT_GT(failEachAllocation(setting), 3U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheOldSupportFolderStaysWhenTheNewOneCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesSupportFolderUnchanged) {
     const auto setting = changing<std::shared_ptr<const std::u16string>>(
         [] { DocResourceParser::setSupportPackageRoot(kOtherFolder); },
         DocResourceParser::getSupportPackageRoot);
     EXPECT_GT(failEachAllocation(setting), 1U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheOldSettingsStayWhenTheDefaultsCannotBeHeld) {
+TEST_F(SettingsAllocationFaultTest, FailedRestoreOfDefaultsLeavesSettingsUnchanged) {
     const auto setting = changing<std::shared_ptr<const ReferenceRoots>>(
         DocResourceParser::restoreDefaultSettings, DocResourceParser::getReferenceRoots);
     EXPECT_GT(failEachAllocation(setting), 3U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TestProductsThatCannotBeHeldChangeNothing) {
+TEST_F(SettingsAllocationFaultTest, FailedAllocationLeavesPackagesUnchangedAndProductsOldOrNew) {
     const std::vector<std::u16string> names = {u"first test product", u"second test product"};
     const std::vector<std::u16string> packageNames = {u"first test package",
                                                       u"second test package"};
@@ -122,38 +122,38 @@ TEST_F(SettingsAllocationFaultTest, TestProductsThatCannotBeHeldChangeNothing) {
         reset();
     };
     const std::size_t failed = failEachAllocation(setting);
-    // The records come first; with the names of the packages failing they are in force already.
+    // The products are set before the packages, so a failure in between changes only the products.
     EXPECT_GT(unchanged, 0U);
     EXPECT_GT(halfChanged, 0U);
     EXPECT_EQ(unchanged + halfChanged, failed);
 }
 
-TEST_F(SettingsAllocationFaultTest, ClearingTheCachesTakesNoMemory) {
+TEST_F(SettingsAllocationFaultTest, ClearingTheCachesAllocatesNothing) {
     DocResourceParser::getHardwareSupportPackages();
     const AllocationFaults faults(1, Repetition::FromThenOn);
     DocResourceParser::clearSupportPackageCaches();
     EXPECT_EQ(faults.failures(), 0U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheRootsAreHandedOutWithoutMemory) {
+TEST_F(SettingsAllocationFaultTest, GettingTheRootsAllocatesNothing) {
     const AllocationFaults faults(1, Repetition::FromThenOn);
     const std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
     EXPECT_EQ(faults.failures(), 0U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TopLevelProductsAreAllThereOrNotAnswered) {
+TEST_F(SettingsAllocationFaultTest, TopLevelProductsAreCompleteOrThrowBadAlloc) {
     const auto products =
         asking<Products>([] { return *DocResourceParser::getTopLevelProducts(); });
     EXPECT_GT(failEachAllocation(products), 2U);
 }
 
-TEST_F(SettingsAllocationFaultTest, TheSupportFolderIsRightOrNotAnswered) {
+TEST_F(SettingsAllocationFaultTest, SupportFolderIsCorrectOrThrowsBadAlloc) {
     const auto folders =
         asking<std::u16string>([] { return *DocResourceParser::getSupportPackageRoot(); });
     EXPECT_GT(failEachAllocation(folders), 2U);
 }
 
-TEST_F(SettingsAllocationFaultTest, AFailedPackageQueryCountsAsNoPackagesUntilTheCachesAreCleared) {
+TEST_F(SettingsAllocationFaultTest, FailedPackageQueryCountsAsNoPackagesUntilCachesAreCleared) {
     bool wasEmpty = false;
     const auto packages = operation<SupportPackages>(
         [] { return *DocResourceParser::getHardwareSupportPackages(); },
@@ -173,7 +173,7 @@ TEST_F(SettingsAllocationFaultTest, AFailedPackageQueryCountsAsNoPackagesUntilTh
     EXPECT_TRUE(wasEmpty);
 }
 
-TEST_F(SettingsAllocationFaultTest, AProductCountsAsInstalledRightOrNotAtAll) {
+TEST_F(SettingsAllocationFaultTest, TopLevelProductQueriesAreCorrectOrThrowBadAlloc) {
     const std::vector<std::u16string> names = {u"orchard", kSupportPackage, u"no such product"};
     const auto isInstalled = operation<std::vector<bool>>(
         [&] {
@@ -192,7 +192,7 @@ TEST_F(SettingsAllocationFaultTest, AProductCountsAsInstalledRightOrNotAtAll) {
     EXPECT_GT(failEachAllocation(isInstalled), 10U);
 }
 
-TEST_F(SettingsAllocationFaultTest, AnInstallationManifestIsReadWholeOrNotAtAll) {
+TEST_F(SettingsAllocationFaultTest, InstallationManifestIsReadCompletelyOrNotAtAll) {
     folder.write("installation.json",
                  R"({"docLanguage": "a long language", "supportPackageRoot": "support packages",
                      "hardwareSupportPackages": ["robot toolkit", "another toolkit"],

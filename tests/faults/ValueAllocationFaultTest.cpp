@@ -17,7 +17,7 @@ const std::u16string kLongName = u"A product with a long name";
 
 class ValueAllocationFaultTest : public FaultTest {
 protected:
-    // An operation that ends with its result or with std::bad_alloc.
+    // An operation that returns its result or throws std::bad_alloc.
     template <class Result>
     Operation<Result> making(std::function<Result()> act) const {
         const Result expected = act();
@@ -29,7 +29,7 @@ protected:
     }
 };
 
-TEST_F(ValueAllocationFaultTest, AClonedExceptionIsWholeOrNotMade) {
+TEST_F(ValueAllocationFaultTest, ClonedExceptionIsCompleteOrBadAlloc) {
     const DocParserException original(kLongName);
     const auto cloning = making<std::u16string>([&] {
         const std::unique_ptr<const boost::exception_detail::clone_base> copy(original.clone());
@@ -38,7 +38,7 @@ TEST_F(ValueAllocationFaultTest, AClonedExceptionIsWholeOrNotMade) {
     EXPECT_GT(failEachAllocation(cloning), 2U);
 }
 
-TEST_F(ValueAllocationFaultTest, ARethrownExceptionIsWholeOrBadAlloc) {
+TEST_F(ValueAllocationFaultTest, RethrownExceptionIsCompleteOrBadAlloc) {
     const DocParserException original(kLongName);
     const auto rethrowing = making<std::u16string>([&] {
         std::u16string name;
@@ -52,7 +52,7 @@ TEST_F(ValueAllocationFaultTest, ARethrownExceptionIsWholeOrBadAlloc) {
     EXPECT_GT(failEachAllocation(rethrowing), 2U);
 }
 
-TEST_F(ValueAllocationFaultTest, AnExceptionTravelsInAPointerOfBoostWholeOrAsBadAlloc) {
+TEST_F(ValueAllocationFaultTest, BoostExceptionPtrHoldsTheExceptionOrBadAlloc) {
     const auto travelling = making<std::u16string>([]() -> std::u16string {
         boost::exception_ptr pointer;
         try {
@@ -69,7 +69,7 @@ TEST_F(ValueAllocationFaultTest, AnExceptionTravelsInAPointerOfBoostWholeOrAsBad
     EXPECT_GT(failEachAllocation(travelling), 4U);
 }
 
-TEST_F(ValueAllocationFaultTest, AnExceptionTravelsInAPointerOfTheStandardWholeOrAsBadAlloc) {
+TEST_F(ValueAllocationFaultTest, StdExceptionPtrHoldsTheExceptionOrBadAlloc) {
     const auto travelling = making<std::u16string>([]() -> std::u16string {
         std::exception_ptr pointer;
         try {
@@ -86,7 +86,7 @@ TEST_F(ValueAllocationFaultTest, AnExceptionTravelsInAPointerOfTheStandardWholeO
     EXPECT_GT(failEachAllocation(travelling), 2U);
 }
 
-TEST_F(ValueAllocationFaultTest, ParsingToolsAnswerRightOrNotAtAll) {
+TEST_F(ValueAllocationFaultTest, ParsingToolsReturnCorrectResultsOrThrowBadAlloc) {
     const boost::json::value document = boost::json::parse(
         R"({"name": "枝條 and a long rest of the text", "list": ["one", "two"],
             "productName": "product name", "baseCode": "base code of it",
@@ -106,7 +106,7 @@ TEST_F(ValueAllocationFaultTest, ParsingToolsAnswerRightOrNotAtAll) {
     EXPECT_GT(failEachAllocation(asking), kReachesLibraries ? 20U : 15U);
 }
 
-TEST_F(ValueAllocationFaultTest, AToolThatRefusesAValueFailsTheSameWithoutMemory) {
+TEST_F(ValueAllocationFaultTest, RefusedValueThrowsItsErrorOrBadAlloc) {
     const boost::json::value number(7);
     const auto refusing = making<bool>([&] {
         try {

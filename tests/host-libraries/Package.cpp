@@ -1,4 +1,4 @@
-// The package library, over libzip.
+// The package library, based on libzip.
 
 #include "platform/ReadLimits.hpp"
 #include "platform/i18n/Converter.hpp"
@@ -38,7 +38,7 @@ public:
     }
     std::string entryName(std::uint64_t index) const { return zip_get_name(handle(), index, 0); }
 
-    std::uint64_t deliveredBytes = 0; // of all entries together
+    std::uint64_t deliveredBytes = 0; // total of all entries
 
 private:
     // The length of the directory if its entries have no comments or extra fields.
@@ -125,7 +125,7 @@ private:
     std::uint64_t index_;
 };
 
-// Whether the entry is a file, and not a folder or a description of the package.
+// Whether the entry is a file rather than a folder or packaging metadata.
 bool isLeaf(const std::u16string& name) {
     return !name.ends_with(u'/') && name != u"[Content_Types].xml" && !name.ends_with(u".rels");
 }

@@ -33,8 +33,8 @@ std::u16string codecvt_ascii_to_ustring::convert(const char* text, std::size_t l
 
 std::string to_string(const std::u16string& text) {
     std::string result;
-    // Surrogates are converted in pairs or by themselves, because the conversion of a high
-    // surrogate takes the next code unit whatever it is.
+    // Surrogates are converted in pairs or one by one, because the conversion of a high surrogate
+    // consumes the next code unit even if it is not a low surrogate.
     for (const char16_t* unit = text.data(); unit != text.data() + text.size();) {
         const bool isPair = (unit[0] & 0xFC00) == 0xD800 && (unit[1] & 0xFC00) == 0xDC00;
         const char16_t* const end = unit + (isPair ? 2 : 1);

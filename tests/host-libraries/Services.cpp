@@ -1,4 +1,4 @@
-// The services that answer from platform::hostServices(), and the bases of the exceptions.
+// The services that forward to platform::hostServices(), and the base classes of the exceptions.
 
 #include "platform/HostServices.hpp"
 #include "platform/catalogue/DocProductCollector.hpp"

@@ -9,7 +9,7 @@
 namespace docparser_tests {
 namespace {
 
-// Packages and lookup files that are damaged at every place, beside what must not suffer from it.
+// Packages and lookup files damaged at every position, next to files that must not be affected.
 class ChangedPackageTest : public SystemTest {
 protected:
     using Items = DocResource<RefItemLookup>::Items;
@@ -36,13 +36,13 @@ protected:
         return zip.build();
     }
 
-    // Some file systems write a file out at once when it replaces what it held before.
+    // Some file systems write a file to disk at once if its content is replaced.
     void replaceLookup(const std::string& file, const std::string& bytes) const {
         std::filesystem::remove(lookupPath(file));
         addLookup(file, bytes);
     }
 
-    // Reads all lookups; each section is whole, and its key one of the two.
+    // Reads all lookups and expects only the two known sections, each complete.
     static Lookups readWholeSections() {
         Lookups lookups = DocResourceParser::getResourceLookupFiles();
         for (const auto& [key, section] : lookups.notInstalled) {
@@ -53,25 +53,25 @@ protected:
     }
 };
 
-TEST_F(ChangedPackageTest, NoChangeOfAStoredTextPassesTheChecksum) {
+TEST_F(ChangedPackageTest, ChecksumDetectsEveryChangedByteOfAStoredEntry) {
     const std::string package = packageOf({entry("orchard", kStored), entry("cellar", kDeflated)});
     const std::string text = textOf("orchard");
     const std::size_t start = package.find(text);
     ASSERT_NE(start, std::string::npos);
-    for (std::size_t place = start; place < start + text.size(); ++place) {
-        // Case and digits: changes that would leave the text JSON.
+    for (std::size_t offset = start; offset < start + text.size(); ++offset) {
+        // Changes of letter case and digits, after which the text would still be valid JSON.
         for (const int bits : {0x01, 0x20}) {
             std::string changed = package;
-            changed[place] = static_cast<char>(changed[place] ^ bits);
+            changed[offset] = static_cast<char>(changed[offset] ^ bits);
             replaceLookup("Changed.zip", changed);
             const Lookups lookups = readWholeSections();
-            ASSERT_EQ(lookups.notInstalled.count(u"orchard"), 0U) << place;
-            ASSERT_EQ(lookups.notInstalled.count(u"cellar"), 1U) << place;
+            ASSERT_EQ(lookups.notInstalled.count(u"orchard"), 0U) << offset;
+            ASSERT_EQ(lookups.notInstalled.count(u"cellar"), 1U) << offset;
         }
     }
 }
 
-TEST_F(ChangedPackageTest, AWrongChecksumIsFoundWhicheverWayTheTextIsPacked) {
+TEST_F(ChangedPackageTest, WrongChecksumIsDetectedWithEveryMethod) {
     for (const std::uint16_t method : {kStored, kDeflated}) {
         ZipEntryBytes wrong = entry("orchard", method);
         wrong.crc = crcOf(wrong.content) ^ 1U;
@@ -82,21 +82,21 @@ TEST_F(ChangedPackageTest, AWrongChecksumIsFoundWhicheverWayTheTextIsPacked) {
     }
 }
 
-TEST_F(ChangedPackageTest, NoByteOfAPackageMakesAFalseRecord) {
+TEST_F(ChangedPackageTest, NoChangedByteOfAPackageYieldsAFalseRecord) {
     replaceLookup("Cellar.json", textOf("cellar"));
     const std::string package = packageOf({entry("orchard", kDeflated), entry("cellar", kStored)});
-    for (std::size_t place = 0; place < package.size(); ++place) {
+    for (std::size_t offset = 0; offset < package.size(); ++offset) {
         for (const int bits : {0x01, 0x40, 0xFF}) {
-            SCOPED_TRACE(place);
+            SCOPED_TRACE(offset);
             std::string changed = package;
-            changed[place] = static_cast<char>(changed[place] ^ bits);
+            changed[offset] = static_cast<char>(changed[offset] ^ bits);
             replaceLookup("Changed.zip", changed);
             ASSERT_EQ(readWholeSections().notInstalled.count(u"cellar"), 1U);
         }
     }
 }
 
-TEST_F(ChangedPackageTest, ACutPackageCostsNoOtherFile) {
+TEST_F(ChangedPackageTest, TruncatedPackageAffectsNoOtherFile) {
     replaceLookup("Cellar.json", textOf("cellar"));
     const std::string package = packageOf({entry("orchard", kDeflated)});
     for (std::size_t length = 0; length < package.size(); ++length) {
@@ -107,7 +107,7 @@ TEST_F(ChangedPackageTest, ACutPackageCostsNoOtherFile) {
     }
 }
 
-TEST_F(ChangedPackageTest, ACutLookupFileCostsNoOtherFile) {
+TEST_F(ChangedPackageTest, TruncatedLookupFileAffectsNoOtherFile) {
     replaceLookup("Cellar.json", textOf("cellar"));
     const std::string text = textOf("orchard");
     for (std::size_t length = 0; length < text.size(); ++length) {
@@ -118,22 +118,22 @@ TEST_F(ChangedPackageTest, ACutLookupFileCostsNoOtherFile) {
     }
 }
 
-TEST_F(ChangedPackageTest, AChangedLookupFileCostsNoOtherFile) {
+TEST_F(ChangedPackageTest, ChangedLookupFileAffectsNoOtherFile) {
     replaceLookup("Cellar.zip", packageOf({entry("cellar", kDeflated)}));
     const std::string text = textOf("orchard");
-    for (std::size_t place = 0; place < text.size(); ++place) {
+    for (std::size_t offset = 0; offset < text.size(); ++offset) {
         for (const int bits : {0x01, 0x20, 0x80}) {
             std::string changed = text;
-            changed[place] = static_cast<char>(changed[place] ^ bits);
+            changed[offset] = static_cast<char>(changed[offset] ^ bits);
             replaceLookup("Orchard.json", changed);
             const Lookups lookups = DocResourceParser::getResourceLookupFiles();
             ASSERT_EQ(lookups.notInstalled.at(u"cellar").items, itemsOf(u"cellar"))
-                << place << ' ' << bits;
+                << offset << ' ' << bits;
         }
     }
 }
 
-TEST_F(ChangedPackageTest, AFileCutAndRewrittenMeanwhileIsReadWholeOrNotAtAll) {
+TEST_F(ChangedPackageTest, FileRewrittenDuringReadsIsReadCompletelyOrNotAtAll) {
     ZipEntryBytes large = entry("orchard", kStored);
     large.content += std::string(200'000, ' '); // takes several reads
     const std::string package = packageOf({large, entry("cellar", kDeflated)});

@@ -15,21 +15,21 @@ namespace docparser_tests {
 
 namespace {
 
-constexpr std::size_t kPlaceBytes = 4096;
+constexpr std::size_t kBufferBytes = 4096;
 constexpr unsigned kSanitizedSlowness = 10;
 
 /// Memory that the child writes and the parent reads.
-class SharedPlace {
+class SharedBuffer {
 public:
-    SharedPlace()
-        : bytes_(::mmap(nullptr, kPlaceBytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
+    SharedBuffer()
+        : bytes_(::mmap(nullptr, kBufferBytes, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS,
                         -1, 0)) {
         if (bytes_ == MAP_FAILED)
             throw std::system_error(errno, std::generic_category(), "mmap");
     }
-    ~SharedPlace() { ::munmap(bytes_, kPlaceBytes); }
-    SharedPlace(const SharedPlace&) = delete;
-    SharedPlace& operator=(const SharedPlace&) = delete;
+    ~SharedBuffer() { ::munmap(bytes_, kBufferBytes); }
+    SharedBuffer(const SharedBuffer&) = delete;
+    SharedBuffer& operator=(const SharedBuffer&) = delete;
 
     char* text() const { return static_cast<char*>(bytes_); }
 
@@ -51,37 +51,37 @@ void limitMemory(std::uint64_t bytes) {
         progress.at("the start");
         step(progress);
     } catch (const std::exception& error) {
-        ADD_FAILURE() << "the step throws " << error.what();
+        ADD_FAILURE() << "the step threw " << error.what();
     } catch (...) {
-        ADD_FAILURE() << "the step throws";
+        ADD_FAILURE() << "the step threw";
     }
     std::fflush(nullptr);
-    // What the parent has to do at its exit is not the child's.
+    // The exit handlers belong to the parent.
     ::_exit(testing::Test::HasFailure() ? 1 : 0);
 }
 
 } // namespace
 
 void Progress::at(std::string_view what) {
-    const std::size_t length = std::min(what.size(), kPlaceBytes - 1);
-    std::copy_n(what.data(), length, place_);
-    place_[length] = '\0';
+    const std::size_t length = std::min(what.size(), kBufferBytes - 1);
+    std::copy_n(what.data(), length, buffer_);
+    buffer_[length] = '\0';
     ::alarm(seconds_);
 }
 
 void runInChild(const ChildLimits& limits, const std::function<void(Progress&)>& step) {
-    const SharedPlace place;
+    const SharedBuffer current;
     const unsigned seconds = limits.seconds * (kIsSanitized ? kSanitizedSlowness : 1);
     std::fflush(nullptr);
     const pid_t child = ::fork();
-    ASSERT_GE(child, 0) << "no child process could be made";
+    ASSERT_GE(child, 0) << "cannot create a child process";
     if (child == 0)
-        runStep(limits, Progress(place.text(), seconds), step);
+        runStep(limits, Progress(current.text(), seconds), step);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_FALSE(WIFSIGNALED(status))
-        << "ended by signal " << WTERMSIG(status) << " at " << place.text();
-    EXPECT_EQ(status, 0) << "failed at " << place.text();
+        << "ended by signal " << WTERMSIG(status) << " at " << current.text();
+    EXPECT_EQ(status, 0) << "failed at " << current.text();
 }
 
 } // namespace docparser_tests

@@ -6,34 +6,35 @@
 
 namespace docparser_tests {
 
-/// What a child process may use.
+/// The resources of a child process.
 struct ChildLimits {
-    /// Address space, in bytes. Not enforced in a build with sanitizers, which reserve far more.
+    /// Size of the address space. Not enforced in a build with sanitizers, which reserve far more.
     std::uint64_t memoryBytes = std::uint64_t{2} << 30;
-    /// Time for the step, and for what follows each call of Progress::at().
+    /// Time limit. Each call of Progress::at() starts it again.
     unsigned seconds = 10;
 };
 
-/// How a step in a child process says where it is.
+/// Reports the progress of a step from a child process to its parent.
 class Progress {
 public:
-    explicit Progress(char* place, unsigned seconds) : place_(place), seconds_(seconds) {}
+    explicit Progress(char* buffer, unsigned seconds) : buffer_(buffer), seconds_(seconds) {}
 
-    /// Names what is done next and starts its time.
+    /// Names the next part of the step and restarts the time limit.
     void at(std::string_view what);
 
 private:
-    char* place_;
+    char* buffer_;
     unsigned seconds_;
 };
 
-/// Runs a step in a child process and fails the test when the step fails an expectation, throws,
-/// ends the process or runs out of time; the message has what Progress::at() named last.
+/// Runs a step in a child process. Fails the test if the step fails an expectation, throws, ends
+/// the process or exceeds the time limit; the message contains the last name passed to
+/// Progress::at().
 ///
-/// No other thread may run in the process that calls.
+/// The calling process must have no other threads.
 void runInChild(const ChildLimits& limits, const std::function<void(Progress&)>& step);
 
-/// Whether this build has sanitizers, which take many times the memory and the time.
+/// Whether this build has sanitizers, which need many times the memory and time.
 #ifdef DOCPARSER_SANITIZED
 inline constexpr bool kIsSanitized = true;
 #else

@@ -16,8 +16,7 @@
 namespace docparser_tests {
 namespace {
 
-// Files that others found worth keeping, in a folder beside the checkout. None of them is a
-// resource file, whatever it is taken for.
+// The folder of further test inputs. None of its files is a valid resource file of any type.
 class CollectionTest : public SystemTest, public testing::WithParamInterface<std::string> {
 protected:
     static std::filesystem::path collection() { return DOCPARSER_TESTDATA; }
@@ -38,9 +37,9 @@ protected:
         return result;
     }
 
-    // Offers the bytes in each place that the library reads from.
+    // Writes the bytes to each location that the library reads, and expects that nothing is found.
     void expectNothingOf(const std::string& bytes) const {
-        // Some file systems write a file out at once when it replaces what it held before.
+        // Some file systems write a file to disk at once if its content is replaced.
         for (const std::string& file :
              {apiPath("X.json"), supportPath("X.json"), lookupPath("X.json"), lookupPath("X.zip")})
             std::filesystem::remove(file);
@@ -53,7 +52,7 @@ protected:
     }
 };
 
-TEST_P(CollectionTest, NoFileIsAResourceInAnyPlace) {
+TEST_P(CollectionTest, NoFileIsReadAsAResourceFromAnyLocation) {
     setLanguage(u"de");
     const std::vector<std::filesystem::path> inputs = files();
     ASSERT_FALSE(inputs.empty());
@@ -71,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Folders, CollectionTest, testing::Values("json", "zip",
 
 class NaughtyNameTest : public SystemTest {};
 
-TEST_F(NaughtyNameTest, EachIsANameThatComesBackWithTheException) {
+TEST_F(NaughtyNameTest, ExceptionCarriesEachName) {
     const std::filesystem::path strings =
         std::filesystem::path(DOCPARSER_TESTDATA) / "utf/naughty-strings/blns.json";
     std::ifstream stream(strings, std::ios::binary);

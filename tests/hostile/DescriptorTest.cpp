@@ -17,7 +17,7 @@
 namespace docparser_tests {
 namespace {
 
-// The descriptors of a process: when there are none left, and who else gets the library's.
+// Running out of descriptors, and descriptors that other programs could inherit.
 class DescriptorTest : public SystemTest {
 protected:
     DescriptorTest() {
@@ -28,7 +28,7 @@ protected:
         addLookup("Packed.zip", zip.build());
     }
 
-    // What a program that this process starts has open.
+    // The descriptors of a program that this process starts, as `ls -l` prints them.
     static std::string openFilesOfAProgram() {
         const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(
             ::popen("ls -l /proc/self/fd", "re"), ::pclose);
@@ -37,7 +37,7 @@ protected:
         std::array<char, 4096> part{};
         while (const std::size_t count = std::fread(part.data(), 1, part.size(), output.get()))
             text.append(part.data(), count);
-        EXPECT_NE(text.find("->"), std::string::npos) << "nothing is listed";
+        EXPECT_NE(text.find("->"), std::string::npos) << "ls listed no descriptors";
         return text;
     }
 
@@ -51,9 +51,9 @@ protected:
     }
 };
 
-#ifndef DOCPARSER_SANITIZED // a sanitizer opens pipes, to find out which memory it may look at
+#ifndef DOCPARSER_SANITIZED // a sanitizer opens pipes to check whether memory is accessible
 
-// Lets the process open no further file.
+// Prevents the process from opening more files.
 void allowNoFurtherFile() {
     rlimit limit{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
@@ -72,7 +72,7 @@ void allowFilesAgain() {
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
 }
 
-TEST_F(DescriptorTest, WithoutAnyLeftFilesAreMissingAndAfterwardsThereAgain) {
+TEST_F(DescriptorTest, FilesAreMissingOnlyWhileNoDescriptorIsLeft) {
     runInChild({}, [](Progress&) {
         expectAllFound();
         const auto lookupFolder = DocResourceParser::getReferenceRoots()->lookupFolder;
@@ -91,7 +91,7 @@ TEST_F(DescriptorTest, WithoutAnyLeftFilesAreMissingAndAfterwardsThereAgain) {
 
 #endif
 
-TEST_F(DescriptorTest, AProgramThatIsStartedWhileAPackageIsOpenDoesNotInheritIt) {
+TEST_F(DescriptorTest, ProgramStartedWhileAPackageIsOpenDoesNotInheritIt) {
     std::vector<std::string> seen;
     host->onProducts = [&seen] { seen.push_back(openFilesOfAProgram()); };
     expectAllFound();
@@ -100,7 +100,7 @@ TEST_F(DescriptorTest, AProgramThatIsStartedWhileAPackageIsOpenDoesNotInheritIt)
         expectNoneOfTheFolder(openFiles);
 }
 
-TEST_F(DescriptorTest, ProgramsThatAreStartedDuringReadsInheritNoneOfTheFiles) {
+TEST_F(DescriptorTest, ProgramsStartedDuringReadsInheritNoFiles) {
     std::atomic<bool> isDone = false;
     std::vector<std::thread> readers;
     for (int reader = 0; reader < 2; ++reader)

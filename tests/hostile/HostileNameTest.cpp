@@ -8,8 +8,8 @@
 namespace docparser_tests {
 namespace {
 
-// Names of products and languages that no file has, whatever is logged. findResources() fails the
-// test when the exception carries another name than the one that was asked for.
+// Product and language names that no file has. findResources() fails the test if the exception
+// carries a name other than the requested one.
 class HostileNameTest : public SystemTest {
 protected:
     static constexpr std::uint32_t kMasks[] = {0, 16, 512, 0x7fff};
@@ -39,18 +39,18 @@ protected:
     }
 };
 
-TEST_F(HostileNameTest, EachComesBackWithTheExceptionWhateverIsLogged) {
+TEST_F(HostileNameTest, ExceptionCarriesEachNameWithEveryMask) {
     for (const std::uint32_t mask : kMasks) {
         const LogCapture log(mask);
         for (const std::u16string& name : names())
             EXPECT_EQ(findResources(name), std::nullopt) << fl::i18n::to_string(name);
-        // Both folders are looked into before the exception is announced, each with one line.
+        // One record for each of the two folders, and one for the exception.
         const std::size_t lines = (mask & 16 ? 2U : 0U) + (mask & 512 ? 1U : 0U);
         EXPECT_EQ(log.lines().size(), lines * names().size()) << mask;
     }
 }
 
-TEST_F(HostileNameTest, ANameIsOneLineOfTheLogAsItStands) {
+TEST_F(HostileNameTest, NameIsLoggedUnchangedInOneRecord) {
     const LogCapture log(512);
     for (const std::u16string& name : names()) {
         findResources(name);
@@ -61,14 +61,14 @@ TEST_F(HostileNameTest, ANameIsOneLineOfTheLogAsItStands) {
     EXPECT_EQ(log.messages().size(), names().size());
 }
 
-TEST_F(HostileNameTest, AHundredMegabytesEndInTheException) {
+TEST_F(HostileNameTest, ExceptionCarriesAHundredMegabyteName) {
     std::u16string name;
     name.resize(50'000'000, u'x');
-    // Compared apart from GoogleTest, which would show both names.
+    // Not EXPECT_EQ, which would print the name.
     EXPECT_TRUE(findResources(name) == std::nullopt);
 }
 
-TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMissing) {
+TEST_F(HostileNameTest, LongestFileNameIsFoundAndALongerOneIsMissing) {
     constexpr std::size_t kLongestName = 255; // bytes, with the extension
     const std::string longest(kLongestName - std::string(".json").size(), 'x');
     addApi(longest + ".json", resourceText("orchard", {}));
@@ -77,12 +77,12 @@ TEST_F(HostileNameTest, TheLongestNameThatAFileCanHaveIsFoundAndALongerOneIsMiss
     EXPECT_EQ(findResources(name)->size(), 1U);
     EXPECT_EQ(findResources(name + u"x"), std::nullopt);
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles().notInstalled.size(), 1U);
-    // The translation's name would be longer still.
+    // The name of the translation would be even longer.
     setLanguage(u"de");
     EXPECT_EQ(findResources(name)->size(), 1U);
 }
 
-TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
+TEST_F(HostileNameTest, RootBeyondTheLongestPathHasNoFiles) {
     std::u16string root = folder.u16();
     for (int level = 0; level < 1000; ++level)
         root += u"/../" + folder.u16().substr(folder.u16().rfind(u'/') + 1);
@@ -92,15 +92,16 @@ TEST_F(HostileNameTest, ARootBeyondTheLongestPathHasNothing) {
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(), Lookups());
 }
 
-TEST_F(HostileNameTest, TwoNamesThatLookAlikeInUtf8AreTwoFiles) {
+TEST_F(HostileNameTest, UnpairedSurrogateDoesNotNameTheFileOfItsReplacement) {
     const std::string text = resourceText("orchard", {});
-    addApi("\xEF\xBF\xBD.json", text); // U+FFFD, what both unpaired surrogates are logged as
+    addApi("\xEF\xBF\xBD.json",
+           text); // U+FFFD, which also replaces unpaired surrogates in messages
     EXPECT_EQ(findResources({char16_t(0xD800)}), std::nullopt);
     EXPECT_EQ(findResources({char16_t(0xD801)}), std::nullopt);
     EXPECT_NE(findResources(u"\uFFFD"), std::nullopt);
 }
 
-TEST_F(HostileNameTest, NoNameIsTakenForAnInstalledProduct) {
+TEST_F(HostileNameTest, HostileNamesAreNotInstalledProducts) {
     host->install({"Orchard"});
     host->packages = {u"Kit"};
     for (const std::u16string& name : names())
@@ -108,7 +109,7 @@ TEST_F(HostileNameTest, NoNameIsTakenForAnInstalledProduct) {
     EXPECT_TRUE(DocResourceParser::isProductInstalled(u"Orchard"));
 }
 
-TEST_F(HostileNameTest, AFolderOfSuchANameHasNoProducts) {
+TEST_F(HostileNameTest, FolderWithAHostileNameHasNoProducts) {
     for (const std::u16string& name : {std::u16string(u"/tmp\0", 5), std::u16string(5000, u'x'),
                                        std::u16string(1, char16_t(0xD800))}) {
         const auto products = DocResourceParser::getAllProducts(name, {u"_de"}, u"_de");
@@ -117,7 +118,7 @@ TEST_F(HostileNameTest, AFolderOfSuchANameHasNoProducts) {
     }
 }
 
-TEST_F(HostileNameTest, ALanguageThatIsNoNameCostsOnlyTheTranslation) {
+TEST_F(HostileNameTest, InvalidLanguageLosesOnlyTheTranslation) {
     addApi("Orchard.json", resourceText("orchard", {{"graft.html", "Join"}}));
     addLookup("Orchard.json", ResourceText("orchard").str());
     const Resources english = *findResources(u"Orchard");

@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint64_t kMebi = 1 << 20;
 constexpr std::uint64_t kGibi = std::uint64_t{1} << 30;
 
-// Files that ask for more memory than there is, read by a process that has little.
+// Files that need more memory than the process has.
 class MemoryTest : public SystemTest {
 protected:
     MemoryTest() { setLanguage(u"de"); }
@@ -32,7 +32,7 @@ protected:
     }
 };
 
-TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
+TEST_F(MemoryTest, FileLargerThanMemoryAffectsNoOtherFile) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     for (const std::uint64_t size : {5 * kGibi, 20 * kGibi}) {
         addSparse("Orchard.json", size);
@@ -47,8 +47,8 @@ TEST_F(MemoryTest, AFileThatFitsInNoMemoryIsAProblemOfThatFileAlone) {
 
 #ifndef DOCPARSER_SANITIZED
 
-// A sanitizer ends the process when it is asked for too much, rather than let it go on.
-TEST_F(MemoryTest, WithoutALimitOnFilesTheMemoryItselfIsTheLimit) {
+// A sanitizer would end the process at an allocation that is too large.
+TEST_F(MemoryTest, WithoutFileLimitOnlyMemoryLimitsFiles) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     addSparse("Orchard.json", 20 * kGibi);
     runInChild({.memoryBytes = 512 * kMebi}, [&](Progress&) {
@@ -77,7 +77,7 @@ TEST_F(MemoryTest, MillionsOfUnknownElementsFitIntoAGibibyte) {
                [&](Progress&) { EXPECT_TRUE(findResources(u"Orchard").has_value()); });
 }
 
-TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
+TEST_F(MemoryTest, MillionsOfInvalidElementsAffectNoOtherFile) {
     addApi("Orchard_de.json", resourceText("orchard", {{"graft.html", "Veredeln"}}));
     for (const std::string key : {"inputs", "inputgroup"}) {
         std::string text = resourceText("orchard", {{"a.html", ""}});
@@ -93,8 +93,8 @@ TEST_F(MemoryTest, MillionsOfElementsThatAreNoRecordsCostTheirFileAlone) {
     }
 }
 
-// Zero bytes in deflated form: one independent block of a mebibyte, as often as it takes, and a
-// stored block of `restBytes`.
+// Deflated zero bytes: an independent block of one mebibyte, repeated, and a stored block of
+// `restBytes`.
 std::string deflatedZeros(std::size_t mebibytes, std::uint16_t restBytes = 0) {
     z_stream stream = {};
     constexpr int kRawWindow = -15;
@@ -123,7 +123,7 @@ std::uint64_t peakMemoryBytes() {
     return static_cast<std::uint64_t>(usage.ru_maxrss) << 10;
 }
 
-TEST_F(MemoryTest, EntryBeyondTheLimitIsRefusedWithoutTheMemoryForIt) {
+TEST_F(MemoryTest, EntryAboveTheLimitIsRefusedWithoutAllocatingIt) {
     struct Case {
         std::string what;
         std::uint64_t statedBytes;
@@ -152,14 +152,14 @@ TEST_F(MemoryTest, EntryBeyondTheLimitIsRefusedWithoutTheMemoryForIt) {
     }
 }
 
-TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
+TEST_F(MemoryTest, EntryThatInflatesBeyondItsSizeAffectsNoOtherEntry) {
     constexpr std::size_t kMebibytes = 3072;
     ZipBytes zip;
     ZipEntryBytes& bomb = zip.entries.emplace_back();
     bomb.name = "Bomb.json";
     bomb.method = kDeflated;
     bomb.packed = deflatedZeros(kMebibytes);
-    bomb.size = 32 * kMebi; // within the limit, and false
+    bomb.size = 32 * kMebi; // wrong, but within the limit
     ZipEntryBytes& good = zip.entries.emplace_back();
     good.name = "Orchard.json";
     good.content = ResourceText("orchard").str();
@@ -174,7 +174,7 @@ TEST_F(MemoryTest, AnEntryThatInflatesWithoutEndCostsItselfAlone) {
     });
 }
 
-TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtTheLimitOfTheirPackage) {
+TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtThePackageLimit) {
     constexpr std::size_t kEntries = 1000;
     constexpr std::size_t kDelivered = 32;
     const std::string zeros(kMebi, '0');
@@ -187,7 +187,7 @@ TEST_F(MemoryTest, EntriesThatShareTheirBytesStopAtTheLimitOfTheirPackage) {
         entry.size = zeros.size();
         entry.packed = i == 0 ? deflated(zeros) : std::string();
         entry.packedSize = zip.entries.front().packed->size();
-        // All of them have the first one's header and bytes.
+        // All entries share the header and the bytes of the first.
         entry.localName = zip.entries.front().name;
         entry.localOffset = 0;
     }

@@ -8,7 +8,7 @@
 namespace docparser_tests {
 namespace {
 
-// Entries of packages that are not what they look like.
+// Package entries with misleading attributes or names.
 class PackageEntryTest : public SystemTest {
 protected:
     static ZipEntryBytes entry(const std::string& name, const std::string& helpFolder) {
@@ -21,7 +21,7 @@ protected:
         addLookup(file, zip.build());
     }
 
-    // The sections that the lookups have, each the only one of a product.
+    // The expected lookups: a section for each help folder, with the product that defines it.
     static Lookups lookupsOf(const std::map<std::u16string, std::u16string>& products) {
         Lookups lookups;
         for (const auto& [helpFolder, product] : products)
@@ -30,23 +30,23 @@ protected:
     }
 };
 
-// Makes the n-th entry of a package what a Unix system takes for a file of this mode.
+// Sets the Unix file mode of the n-th entry of a package.
 std::string withUnixMode(std::string package, int n, std::uint32_t mode) {
     const std::string record("PK\1\2");
-    std::size_t place = package.find(record);
+    std::size_t offset = package.find(record);
     for (int i = 0; i < n; ++i)
-        place = package.find(record, place + 1);
-    package[place + 5] = 3; // made on Unix
-    return package.replace(place + 38, 4, littleEndian(std::uint64_t{mode} << 16, 4));
+        offset = package.find(record, offset + 1);
+    package[offset + 5] = 3; // created on Unix
+    return package.replace(offset + 38, 4, littleEndian(std::uint64_t{mode} << 16, 4));
 }
 
-TEST_F(PackageEntryTest, ASymbolicLinkIsItsOwnTextAndIsNotFollowed) {
+TEST_F(PackageEntryTest, SymbolicLinkIsReadAsContentAndNotFollowed) {
     folder.write("target.json", ResourceText("target").str());
     ZipBytes zip;
     zip.entries = {{.name = "Link.json", .content = (folder.path() / "target.json").string()},
                    entry("Text.json", "text"),
                    entry("Device.json", "device")};
-    // What counts is the text of an entry, whatever its attributes make of it.
+    // Only the content of an entry matters, not its attributes.
     std::string package = withUnixMode(zip.build(), 0, 0120777);
     package = withUnixMode(package, 1, 0120777);
     addLookup("Estate.zip", withUnixMode(package, 2, 0020666));
@@ -54,14 +54,14 @@ TEST_F(PackageEntryTest, ASymbolicLinkIsItsOwnTextAndIsNotFollowed) {
               lookupsOf({{u"text", u"Text"}, {u"device", u"Device"}}));
 }
 
-TEST_F(PackageEntryTest, NamesThatDifferInLetterCaseAloneAreDifferentEntries) {
+TEST_F(PackageEntryTest, NamesThatDifferOnlyInCaseAreDifferentEntries) {
     addPackage("Estate.zip", {entry("Orchard.json", "one"), entry("ORCHARD.json", "two"),
                               entry("orchard.json", "three"), entry("orchard.JSON", "never")});
     EXPECT_EQ(DocResourceParser::getResourceLookupFiles(),
               lookupsOf({{u"one", u"Orchard"}, {u"two", u"ORCHARD"}, {u"three", u"orchard"}}));
 }
 
-TEST_F(PackageEntryTest, ASuffixThatANameRepeatsIsCutAtItsFirstPlace) {
+TEST_F(PackageEntryTest, RepeatedSuffixIsCutAtItsFirstOccurrence) {
     setLanguage(u"de");
     addPackage("Estate.zip", {entry("Orchard_de_de.json", "orchard"), entry("Other.json", "o")});
     addPackage("Alone_de_de.zip", {entry("Alone_de_de.json", "alone")});
@@ -72,7 +72,7 @@ TEST_F(PackageEntryTest, ASuffixThatANameRepeatsIsCutAtItsFirstPlace) {
                                                                       {u"plain", u"Plain"}}));
 }
 
-TEST_F(PackageEntryTest, NamesThatLeadOutOfThePackageReadAndWriteNothingThere) {
+TEST_F(PackageEntryTest, NamesThatLeadOutOfThePackageTouchNoFile) {
     folder.write("outside.json", ResourceText("outside").str());
     const std::string outside = (folder.path() / "outside.json").string();
     addPackage("Estate.zip",

@@ -11,7 +11,7 @@
 namespace docparser_tests {
 namespace {
 
-// Files and folders that the process may not read, read by a user without privileges.
+// Files and folders without permissions, read by an unprivileged user.
 class PermissionTest : public SystemTest {
 protected:
     PermissionTest() {
@@ -29,7 +29,7 @@ protected:
         std::filesystem::permissions(path, std::filesystem::perms::none);
     }
 
-    // Runs a step in a process that no permission is waived for.
+    // Runs a step in a process to which all permissions apply.
     static void runUnprivileged(const std::function<void()>& step) {
         runInChild({}, [&](Progress&) {
             constexpr uid_t kNobody = 65534;
@@ -53,7 +53,7 @@ private:
     std::vector<std::string> locked_;
 };
 
-TEST_F(PermissionTest, AFileThatMayNotBeReadIsAsGoodAsMissing) {
+TEST_F(PermissionTest, UnreadableFileCountsAsMissing) {
     ZipBytes zip;
     zip.entries.push_back({.name = "Packed.json", .content = ResourceText("packed").str()});
     addLookup("Packed.zip", zip.build());
@@ -71,7 +71,7 @@ TEST_F(PermissionTest, AFileThatMayNotBeReadIsAsGoodAsMissing) {
     });
 }
 
-TEST_F(PermissionTest, AFolderThatMayNotBeReadHasNoFiles) {
+TEST_F(PermissionTest, UnreadableFolderHasNoFiles) {
     addApi("Orchard.json", resourceText("secret", {}));
     lock(apiPath(""));
     lock(lookupPath(""));
@@ -83,7 +83,7 @@ TEST_F(PermissionTest, AFolderThatMayNotBeReadHasNoFiles) {
     });
 }
 
-TEST_F(PermissionTest, AFolderThatMayBeReadAndNotEnteredHasNamesAndNoContent) {
+TEST_F(PermissionTest, FolderWithoutSearchPermissionHasNamesButNoContent) {
     const std::string folderPath = lookupPath("");
     lock(folderPath);
     std::filesystem::permissions(folderPath, std::filesystem::perms::owner_read |

@@ -19,7 +19,7 @@ namespace {
 
 volatile std::sig_atomic_t alarms = 0;
 
-// Sends the process a signal every millisecond that interrupts whatever call it is in.
+// Interrupts the process with a signal every millisecond.
 class Interruptions {
 public:
     Interruptions() {
@@ -45,7 +45,7 @@ private:
     struct sigaction before_ = {};
 };
 
-// Makes another locale the one of all streams and of the C library.
+// Changes the global locale of C++ and of the C library during its life.
 class GlobalLocale {
 public:
     explicit GlobalLocale(const std::locale& locale) : before_(std::locale::global(locale)) {}
@@ -57,7 +57,7 @@ private:
     std::locale before_;
 };
 
-// Turns every byte that a stream of the standard library reads or writes into an x.
+// Changes every byte that a stream of the standard library reads or writes to 'x'.
 class XForEveryByte : public std::codecvt<char, char, std::mbstate_t> {
     bool do_always_noconv() const noexcept override { return false; }
     result do_in(std::mbstate_t&, const char* from, const char* fromEnd, const char*& fromNext,
@@ -74,14 +74,14 @@ class XForEveryByte : public std::codecvt<char, char, std::mbstate_t> {
     }
 };
 
-// Numbers in groups of one digit, a comma before their fractions.
+// Formats numbers with groups of one digit and a decimal comma.
 class OtherNumbers : public std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\1"; }
 };
 
-// What the host has set for its whole process or for the calling thread.
+// Settings that the host makes for the whole process or for the calling thread.
 class ProcessStateTest : public SystemTest {
 protected:
     ProcessStateTest() {
@@ -99,7 +99,7 @@ protected:
         addLookup("Packed.zip", zip.build());
     }
 
-    // Numbers under a key that no reader knows, some beyond the range of double.
+    // Numbers for an unknown key, some of them beyond the range of double.
     static inline const std::string kNumbers =
         "[0.1,1e308,1e400,-1e400,1e-400,5e-324,2.2250738585072014e-308,1.7976931348623159e308,"
         "0e400,18446744073709551616,-9223372036854775809," +
@@ -118,14 +118,14 @@ protected:
     }
 };
 
-TEST_F(ProcessStateTest, SignalsThatInterruptCallsChangeNothing) {
+TEST_F(ProcessStateTest, InterruptedCallsChangeNothing) {
     const Interruptions interruptions;
     do
         expectAllFound();
     while (alarms < 50);
 }
 
-TEST_F(ProcessStateTest, AMaskThatBlocksAllSignalsStaysAndChangesNothing) {
+TEST_F(ProcessStateTest, BlockedSignalsStayBlockedAndChangeNothing) {
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
@@ -136,7 +136,7 @@ TEST_F(ProcessStateTest, AMaskThatBlocksAllSignalsStaysAndChangesNothing) {
     EXPECT_EQ(sigismember(&after, SIGALRM), 1) << "the library changed the mask";
 }
 
-TEST_F(ProcessStateTest, ALocaleOfTheHostChangesNeitherTextNorMessages) {
+TEST_F(ProcessStateTest, GlobalLocaleChangesNeitherResultsNorMessages) {
     const auto messages = [] {
         const LogCapture log;
         expectAllFound();
@@ -149,18 +149,18 @@ TEST_F(ProcessStateTest, ALocaleOfTheHostChangesNeitherTextNorMessages) {
     EXPECT_EQ(messages(), inClassicLocale);
 }
 
-TEST_F(ProcessStateTest, ALocaleOfTheCLibraryChangesNothing) {
+TEST_F(ProcessStateTest, LocaleOfTheCLibraryChangesNothing) {
     const std::string before = std::setlocale(LC_ALL, nullptr);
     for (const char* name :
          {"C.UTF-8", "de_DE.UTF-8", "de_DE.ISO-8859-1", "tr_TR.UTF-8", "POSIX"}) {
-        // A system without the locale keeps the one before, which is a case as well.
+        // A system that lacks the locale keeps the previous one, which is a valid case too.
         static_cast<void>(std::setlocale(LC_ALL, name));
         expectAllFound();
     }
     std::setlocale(LC_ALL, before.c_str());
 }
 
-TEST_F(ProcessStateTest, NumbersBeyondTheMachinesRaiseNoTrap) {
+TEST_F(ProcessStateTest, NumbersBeyondDoubleRaiseNoTrap) {
     runInChild({}, [](Progress& progress) {
         for (const int rounding : {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
             progress.at("rounding mode " + std::to_string(rounding));

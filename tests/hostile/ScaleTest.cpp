@@ -15,7 +15,7 @@ class ScaleTest : public SystemTest {
 protected:
     static constexpr std::size_t kMany = 100'000;
 
-    // `prefix`, a number and `suffix`, for each number below kMany, with commas between.
+    // Returns `prefix`, number and `suffix` for each number below kMany, separated by commas.
     static std::string numbered(const std::string& prefix, const std::string& suffix) {
         std::string list;
         for (std::size_t i = 0; i < kMany; ++i)
@@ -23,7 +23,7 @@ protected:
         return list;
     }
 
-    // The text with these elements in its empty array of this key.
+    // Inserts elements into the empty array under a key.
     static std::string withElements(std::string text, const std::string& key,
                                     const std::string& elements) {
         const std::string start = '"' + key + "\":[";
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
+TEST_F(ScaleTest, KeepsAllItemsOfOneHrefInOrder) {
     addApi("Orchard.json", withElements(resourceText("orchard", {}), "refItems",
                                         numbered(R"({"href":"a","refpurpose":")", "\"}")));
     const Resources resources = DocResourceParser::getResourceFile(u"Orchard");
@@ -41,7 +41,7 @@ TEST_F(ScaleTest, ItemsOfOneHrefAreAllKeptInOrder) {
     EXPECT_EQ(items.back().getRefPurpose(), u"99999");
 }
 
-TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
+TEST_F(ScaleTest, ReadsAllBlocksOfNameValuePairs) {
     const std::string item = R"({"href":"a","refpurpose":"","inputs":[)" +
                              numbered(R"({"namevaluepairs":[{"purpose":"","name":")", "\"}]}") +
                              "]}";
@@ -51,7 +51,7 @@ TEST_F(ScaleTest, BlocksOfNameValuePairsAreAllRead) {
     EXPECT_EQ(read.getInputs().size(), kMany);
 }
 
-TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
+TEST_F(ScaleTest, ComparesEachSectionWithACatalogueOfManyProducts) {
     std::vector<std::string> shortNames;
     shortNames.reserve(200);
     for (int i = 0; i < 200; ++i)
@@ -71,7 +71,7 @@ TEST_F(ScaleTest, SectionsAreEachSortedByACatalogueOfManyProducts) {
     EXPECT_EQ(host->count("products"), long{kMany + 1});
 }
 
-TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
+TEST_F(ScaleTest, MergesRecordsOfOneNameFromThreeFiles) {
     const auto records = [](const std::string& hrefStart) {
         return numbered(R"({"name":"n","refpurpose":"","href":")" + hrefStart, "\"}");
     };
@@ -80,7 +80,7 @@ TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
                              .content =
                                  withElements(ResourceText("orchard").str(), "refItems", items)};
     };
-    // Each file has more records than those before it together, so all its records are added.
+    // Each file has more records than all files before it together, so all its records are added.
     ZipBytes zip;
     zip.entries = {file("First.json", records("a")),
                    file("Second.json", records("b") + "," + records("c")),
@@ -97,16 +97,16 @@ TEST_F(ScaleTest, RecordsOfOneNameInThreeFilesAreMerged) {
     }
 }
 
-TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
+TEST_F(ScaleTest, ListsAFolderOfManyFilesForManyLanguages) {
     constexpr std::size_t kLanguages = 1000;
     std::vector<std::u16string> suffixes;
     for (std::size_t i = 0; i < kLanguages; ++i) {
         const std::string number = std::to_string(i);
         suffixes.push_back(u"_x" + std::u16string(number.begin(), number.end()));
     }
-    // A file may have some ten thousand names, and a name is made faster than a file.
+    // Hard links are created faster than files, but a file may have only some ten thousand.
     const std::filesystem::path files[] = {folder.write("even", ""), folder.write("odd", "")};
-    // Each tenth file is a translation, into each language in turn.
+    // Every tenth file is a translation; the languages take turns.
     for (std::size_t i = 0; i < kMany; ++i) {
         std::string name = "p" + std::to_string(i);
         if (i % 10 == 0)
@@ -122,7 +122,7 @@ TEST_F(ScaleTest, AFolderOfManyFilesIsSortedByManyLanguages) {
     EXPECT_TRUE(products.zipProducts.empty());
 }
 
-TEST_F(ScaleTest, PackagesAreOpenOneAtATimeHoweverManyThereAre) {
+TEST_F(ScaleTest, OpensManyPackagesOneAtATime) {
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
                              std::filesystem::directory_iterator());

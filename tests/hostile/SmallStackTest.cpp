@@ -10,7 +10,7 @@
 namespace docparser_tests {
 namespace {
 
-// Calls on a thread whose stack is small. Sanitizers put guards around every local variable.
+// Calls on a thread with a small stack. Sanitizers need more because they guard local variables.
 class SmallStackTest : public SystemTest {
 protected:
     static constexpr std::size_t kStackBytes = kIsSanitized ? 1'048'576 : 65'536;
@@ -30,8 +30,8 @@ protected:
         pthread_attr_destroy(&attributes);
     }
 
-    // A resource file with a key that no reader knows, whose value nests arrays. The file's own
-    // object is the first level of nesting.
+    // A resource file with nested arrays under an unknown key. The object of the file is the first
+    // level of nesting.
     static std::string nested(std::size_t levels) {
         std::string text = resourceText("orchard", {});
         const std::string value = std::string(levels - 1, '[') + std::string(levels - 1, ']');
@@ -39,7 +39,7 @@ protected:
     }
 };
 
-TEST_F(SmallStackTest, NestingCostsNoStack) {
+TEST_F(SmallStackTest, NestedDocumentsNeedLittleStack) {
     addApi("Level32.json", nested(32));
     addApi("Level33.json", nested(33));
     addApi("Brackets.json", std::string(100'000, '['));
@@ -52,8 +52,8 @@ TEST_F(SmallStackTest, NestingCostsNoStack) {
     EXPECT_EQ(isFound, std::vector<bool>({true, false, false, false}));
 }
 
-TEST_F(SmallStackTest, APlaceInADeepDocumentIsFoundOnASmallStack) {
-    // The fault is the last thing, so the search for its pointer walks through all nesting.
+TEST_F(SmallStackTest, LocatesAnErrorInANestedDocument) {
+    // The error comes last, so the search for its pointer passes through all levels.
     std::string text = resourceText("orchard", {});
     const std::string deepest = std::string(31, '[') + std::string(31, ']');
     text.insert(1, "\"unknown\":" + deepest + ",");
@@ -64,7 +64,7 @@ TEST_F(SmallStackTest, APlaceInADeepDocumentIsFoundOnASmallStack) {
     EXPECT_FALSE(isFound);
 }
 
-TEST_F(SmallStackTest, PackagesAreReadOnASmallStack) {
+TEST_F(SmallStackTest, ReadsPackages) {
     ZipBytes zip;
     for (const std::string name : {"orchard", "cellar"}) {
         ZipEntryBytes& entry = zip.entries.emplace_back();

@@ -10,32 +10,32 @@
 namespace docparser_tests {
 namespace {
 
-// A relative reference root, which starts at the current folder of the process when a file is
-// opened. A change of that folder is the whole process's, so each test has a process of its own.
+// A relative reference root is resolved against the current folder when a file is opened. Each test
+// runs in a child process because it changes that folder.
 class WorkingFolderTest : public SystemTest {
 protected:
     WorkingFolderTest() {
-        for (const std::string place : {"here", "there"}) {
-            folder.write(place + "/root/docCatalog/referenceapi/Orchard.json",
-                         resourceText(place, {}));
-            folder.write(place + "/root/docCatalog/referenceapi_lookup/Orchard.json",
-                         ResourceText(place).str());
+        for (const std::string name : {"here", "there"}) {
+            folder.write(name + "/root/docCatalog/referenceapi/Orchard.json",
+                         resourceText(name, {}));
+            folder.write(name + "/root/docCatalog/referenceapi_lookup/Orchard.json",
+                         ResourceText(name).str());
         }
     }
 
-    void enter(const std::string& place) const {
-        ASSERT_EQ(::chdir((folder.path() / place).c_str()), 0);
+    void enter(const std::string& name) const {
+        ASSERT_EQ(::chdir((folder.path() / name).c_str()), 0);
     }
 
-    static Resources resourcesOf(const std::u16string& place) {
-        return {{place, section(place, u"Orchard", {})}};
+    static Resources resourcesOf(const std::u16string& name) {
+        return {{name, section(name, u"Orchard", {})}};
     }
-    static Lookups lookupsOf(const std::u16string& place) {
-        return {{}, {{place, lookupSection(place, u"Orchard", {})}}};
+    static Lookups lookupsOf(const std::u16string& name) {
+        return {{}, {{name, lookupSection(name, u"Orchard", {})}}};
     }
 };
 
-TEST_F(WorkingFolderTest, ARelativeRootStartsAtTheCurrentFolderOfEachCall) {
+TEST_F(WorkingFolderTest, RelativeRootStartsAtTheCurrentFolderOfEachCall) {
     runInChild({}, [this](Progress&) {
         DocResourceParser::setReferenceRoot(u"root");
         enter("here");
@@ -46,7 +46,7 @@ TEST_F(WorkingFolderTest, ARelativeRootStartsAtTheCurrentFolderOfEachCall) {
     });
 }
 
-TEST_F(WorkingFolderTest, AThreadThatChangesTheFolderMeanwhileMixesNoFile) {
+TEST_F(WorkingFolderTest, ThreadThatChangesTheFolderDoesNotMixFiles) {
     runInChild({}, [this](Progress&) {
         DocResourceParser::setReferenceRoot(u"root");
         enter("here");

@@ -23,7 +23,7 @@ namespace {
 
 using plugin::CaughtAs;
 
-// A plug-in that is loaded with its symbols kept to itself, and unloaded with the object.
+// Loads a plug-in with local symbol visibility; the destructor unloads it.
 class Plugin {
 public:
     explicit Plugin(const char* file) : handle_(::dlopen(file, RTLD_NOW | RTLD_LOCAL)) {
@@ -61,7 +61,7 @@ protected:
                              std::filesystem::directory_iterator());
     }
 
-    // How many places of memory the process has mapped.
+    // The number of memory mappings of the process.
     static std::size_t mappings() {
         std::ifstream maps("/proc/self/maps");
         return static_cast<std::size_t>(std::count(std::istreambuf_iterator<char>(maps), {}, '\n'));
@@ -71,7 +71,7 @@ protected:
     const std::string root = folder.path().string();
 };
 
-TEST_F(LinkageTest, AnExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
+TEST_F(LinkageTest, ExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
     const Plugin throwing(THROWING_PLUGIN);
     const Plugin catching(CATCHING_PLUGIN);
     auto* const throwIt = throwing.find<plugin::ThrowForAbsentProduct>("throwForAbsentProduct");
@@ -82,14 +82,14 @@ TEST_F(LinkageTest, AnExceptionIsCaughtAsEachOfItsTypesInAnotherSharedObject) {
         EXPECT_TRUE(catchAs(type, throwIt)) << static_cast<int>(type);
 }
 
-TEST_F(LinkageTest, TwoSharedObjectsHaveTheSameSettings) {
+TEST_F(LinkageTest, SharedObjectsShareTheirSettings) {
     const Plugin one(THROWING_PLUGIN);
     const Plugin other(CATCHING_PLUGIN);
     EXPECT_EQ(one.find<plugin::CountSections>("countSections")(root.c_str()), 2U);
     EXPECT_EQ(other.find<plugin::CountSections>("countSections")(nullptr), 2U);
 }
 
-TEST_F(LinkageTest, TheFirstCallsOfManyThreadsAtOnceAreAllAnswered) {
+TEST_F(LinkageTest, ConcurrentFirstCallsAllSucceed) {
     const Plugin plugin(THROWING_PLUGIN);
     auto* const countSections = plugin.find<plugin::CountSections>("countSections");
     constexpr int kThreads = 8;
@@ -107,7 +107,7 @@ TEST_F(LinkageTest, TheFirstCallsOfManyThreadsAtOnceAreAllAnswered) {
     EXPECT_EQ(answered, kThreads);
 }
 
-TEST_F(LinkageTest, LoadingAndUnloadingOverAndOverLeavesNothing) {
+TEST_F(LinkageTest, RepeatedLoadingAndUnloadingLeaksNothing) {
     const auto useOnce = [this] {
         const Plugin plugin(THROWING_PLUGIN);
         ASSERT_EQ(plugin.find<plugin::CountSections>("countSections")(root.c_str()), 2U);
@@ -119,21 +119,21 @@ TEST_F(LinkageTest, LoadingAndUnloadingOverAndOverLeavesNothing) {
     for (int load = 0; load < 1000; ++load)
         useOnce();
     EXPECT_EQ(openFiles(), filesBefore);
-    // The allocator of the C library may map a place or two more.
+    // The allocator of the C library may add a few mappings.
     EXPECT_LE(mappings(), mappingsBefore + 8);
 }
 
 plugin::CountSections* countAtExit = nullptr;
 const char* rootAtExit = nullptr;
 
-TEST_F(LinkageTest, ACallAtTheExitOfTheProcessIsAnswered) {
+TEST_F(LinkageTest, CallDuringProcessExitSucceeds) {
     EXPECT_EXIT(
         {
             const Plugin plugin(THROWING_PLUGIN);
             countAtExit = plugin.find<plugin::CountSections>("countSections");
             rootAtExit = root.c_str();
             countAtExit(rootAtExit);
-            // Called before the library, which was loaded earlier, comes to its end.
+            // Runs before the exit handlers of the library, which was loaded earlier.
             std::atexit([] { ::_exit(countAtExit(rootAtExit) == 2 ? 0 : 1); });
             std::exit(2);
         },

@@ -1,5 +1,5 @@
-// The application has a Boost.JSON of its own and passes its values to the library, which may have
-// another copy compiled in.
+// An application with its own Boost.JSON passes values to the library, which may embed another
+// copy.
 
 #include "docparser/DocResourceParser.hpp"
 
@@ -20,7 +20,7 @@ using reference::docparser::DocResourceParser;
 using Tools = DocResourceParser::ParsingTools;
 using enum reference::docparser::StringParsingType;
 
-TEST(OwnBoostJson, IsTheSharedLibraryAndNotTheCopyOfTheLibrary) {
+TEST(OwnBoostJson, IsTheSharedLibraryNotTheEmbeddedCopy) {
     using Parse = json::value (*)(json::string_view, json::storage_ptr, const json::parse_options&);
     const Parse parse = &json::parse;
     Dl_info info{};
@@ -28,7 +28,7 @@ TEST(OwnBoostJson, IsTheSharedLibraryAndNotTheCopyOfTheLibrary) {
     EXPECT_THAT(info.dli_fname, testing::HasSubstr("boost_json"));
 }
 
-TEST(OwnBoostJson, HasItsStringsReadAtEveryLength) {
+TEST(OwnBoostJson, StringsOfEveryLengthAreRead) {
     json::monotonic_resource arena;
     for (std::size_t length = 0; length < 100; ++length) {
         const std::string bytes(length, 'x');
@@ -43,8 +43,8 @@ TEST(OwnBoostJson, HasItsStringsReadAtEveryLength) {
     EXPECT_EQ(Tools::getFluString(json::parse(R"("caf\u00E9")"), Utf8), u"caf\u00E9");
 }
 
-// Small objects are searched member by member, large ones by hash.
-TEST(OwnBoostJson, HasItsKeysFoundInObjectsOfEverySize) {
+// Boost.JSON searches small objects linearly and large ones by hash.
+TEST(OwnBoostJson, KeysAreFoundInObjectsOfEverySize) {
     json::object object;
     for (int size = 0; size < 200; ++size) {
         const std::string key = "key" + std::to_string(size);
@@ -59,7 +59,7 @@ TEST(OwnBoostJson, HasItsKeysFoundInObjectsOfEverySize) {
     }
 }
 
-TEST(OwnBoostJson, HasItsArraysAndHeadersRead) {
+TEST(OwnBoostJson, ArraysAndHeadersAreRead) {
     const json::value document = json::parse(R"({"refItems": [1, 2, 3], "productName": "Orchard",
         "baseCode": "OR", "helpFolder": "orchard", "helpLocation": "help"})");
     EXPECT_EQ(&Tools::getJsonArray(document, "refItems"), &document.at("refItems").as_array());
@@ -69,7 +69,7 @@ TEST(OwnBoostJson, HasItsArraysAndHeadersRead) {
     EXPECT_EQ(header.getHelpLocation(), u"help");
 }
 
-TEST(OwnBoostJson, HasItsValuesOfOtherTypesRefused) {
+TEST(OwnBoostJson, ValuesOfOtherTypesAreRefused) {
     for (const char* text : {"null", "true", "1", "-1", "18446744073709551615", "1.5", "[]", "{}"})
         EXPECT_THROW(Tools::getFluString(json::parse(text), Utf8), std::exception) << text;
     for (const char* text : {"null", "1", "\"[]\"", "{}"})

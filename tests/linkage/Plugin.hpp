@@ -1,9 +1,10 @@
 #pragma once
 
-/// What a plug-in that uses the library offers to a program that does not know it. Texts are UTF-8.
+/// The functions of a plug-in that uses the library, for a program that is not linked with it.
+/// Strings are UTF-8.
 namespace docparser_tests::plugin {
 
-/// Asks the library for a product that does not exist, and lets the exception out.
+/// Requests a product that does not exist and lets the exception propagate.
 extern "C" void throwForAbsentProduct();
 using ThrowForAbsentProduct = decltype(throwForAbsentProduct);
 
@@ -16,13 +17,13 @@ enum class CaughtAs {
     CloneBase
 };
 
-/// Calls a function and tells whether a handler of the type gets what it throws, with the name of
-/// the absent product in it. Whatever else it throws passes out.
+/// Calls a function and catches exceptions of the given type. Returns whether it caught one with
+/// the name of the absent product. Other exceptions propagate.
 extern "C" bool catchAs(CaughtAs type, void (*function)());
 using CatchAs = decltype(catchAs);
 
-/// How many sections the product "Orchard" has below a reference root; 0 when it is not found.
-/// Changes no setting when `root` is null.
+/// Returns the number of sections of the product "Orchard", 0 if it is not found. Sets the
+/// reference root to `root` unless that is null.
 extern "C" unsigned long countSections(const char* root);
 using CountSections = decltype(countSections);
 

@@ -1,4 +1,5 @@
-# Builds SOURCE, the quick start, and runs it on REFERENCE_ROOT with nothing but a compiler and what pkg-config says.
+# Builds SOURCE, the quick start, with only a compiler and the flags of pkg-config, and runs it on
+# REFERENCE_ROOT.
 set(ENV{PKG_CONFIG_PATH} ${PKG_CONFIG_FOLDER})
 execute_process(
     COMMAND ${PKG_CONFIG} --cflags --libs docparser

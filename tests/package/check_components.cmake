@@ -1,5 +1,5 @@
-# Installs the build as a whole and by its components, each below SCRATCH, and fails when a file belongs
-# to no component: no package would have it.
+# Installs the build completely and by components, each below SCRATCH. Fails if a file belongs to no
+# component, because no package would contain it.
 function(install_into prefix)
     execute_process(
         COMMAND ${CMAKE_COMMAND} --install ${BUILD_FOLDER}
@@ -17,11 +17,11 @@ endforeach()
 file(GLOB_RECURSE whole RELATIVE ${SCRATCH}/whole ${SCRATCH}/whole/*)
 file(GLOB_RECURSE parts RELATIVE ${SCRATCH}/parts ${SCRATCH}/parts/*)
 if(NOT whole)
-    message(FATAL_ERROR "nothing is installed")
+    message(FATAL_ERROR "no files were installed")
 endif()
 list(REMOVE_ITEM whole ${parts})
 if(whole)
     list(JOIN whole "\n    " whole)
-    message("installed, but in no component:\n    ${whole}\n")
-    message(FATAL_ERROR "an install rule lacks its COMPONENT")
+    message("installed files without a component:\n    ${whole}\n")
+    message(FATAL_ERROR "an install rule has no COMPONENT")
 endif()

@@ -1,4 +1,4 @@
-# Fails if LIBRARY imports a name that matches FORBIDDEN, which it has compiled in.
+# Fails if LIBRARY imports a name that matches FORBIDDEN, although it embeds that code.
 execute_process(
     COMMAND ${NM} --dynamic --undefined-only --demangle --format=just-symbols ${LIBRARY}
     OUTPUT_VARIABLE names
@@ -7,5 +7,5 @@ string(REPLACE "\n" ";" names "${names}")
 list(FILTER names INCLUDE REGEX ${FORBIDDEN})
 if(names)
     list(JOIN names "\n    " names)
-    message(FATAL_ERROR "imported, but also compiled in:\n    ${names}")
+    message(FATAL_ERROR "imported although embedded:\n    ${names}")
 endif()

@@ -1,12 +1,12 @@
-# Fails unless LIBRARY exports the names that the file KEPT lists, and says which are new and which are
-# gone. With UPDATE the file is written anew instead.
+# Fails unless LIBRARY exports exactly the names in the file KEPT, and prints the differences. With
+# UPDATE, replaces the file instead.
 execute_process(
     COMMAND ${NM} --dynamic --defined-only --demangle --format=just-symbols ${LIBRARY}
     OUTPUT_VARIABLE text
     COMMAND_ERROR_IS_FATAL ANY)
 string(STRIP "${text}" text)
 
-# The names of the standard library's strings as one writes them.
+# Abbreviates the names of standard strings to their aliases.
 set(space " ?")
 foreach(character IN ITEMS char char16_t)
     string(REPLACE "char" "" prefix ${character})
@@ -20,7 +20,7 @@ foreach(character IN ITEMS char char16_t)
 endforeach()
 
 string(REPLACE "\n" ";" exported "${text}")
-# A constructor has an entry for each way in which it is called; all bear one name.
+# Removes duplicates: a constructor has several symbols with one demangled name.
 list(REMOVE_DUPLICATES exported)
 list(SORT exported)
 
@@ -31,17 +31,17 @@ if(UPDATE)
 endif()
 
 file(STRINGS ${KEPT} kept)
-set(accidental ${exported})
-list(REMOVE_ITEM accidental ${kept})
-set(lost ${kept})
-list(REMOVE_ITEM lost ${exported})
-if(accidental OR lost)
-    list(JOIN accidental "\n    " accidental)
-    list(JOIN lost "\n    " lost)
+set(additional ${exported})
+list(REMOVE_ITEM additional ${kept})
+set(missing ${kept})
+list(REMOVE_ITEM missing ${exported})
+if(additional OR missing)
+    list(JOIN additional "\n    " additional)
+    list(JOIN missing "\n    " missing)
     cmake_path(GET LIBRARY FILENAME name)
-    message("${name} does not export what ${KEPT} lists\n"
-        "exported by accident:\n    ${accidental}\n"
-        "lost:\n    ${lost}\n"
-        "if this is meant to be: cmake --build ${BUILD_FOLDER} --target update_exports\n")
+    message("${name} does not export exactly the names in ${KEPT}\n"
+        "additional:\n    ${additional}\n"
+        "missing:\n    ${missing}\n"
+        "if this is intended: cmake --build ${BUILD_FOLDER} --target update_exports\n")
     message(FATAL_ERROR "the exported names have changed")
 endif()

@@ -1,4 +1,4 @@
-# Compiles all installed headers: whatever one of them includes is installed too.
+# Compiles all installed headers, to prove that every header they include is installed too.
 file(GLOB_RECURSE headers RELATIVE ${INCLUDE_FOLDER} ${INCLUDE_FOLDER}/*.hpp)
 if(NOT headers)
     message(FATAL_ERROR "no headers below ${INCLUDE_FOLDER}")

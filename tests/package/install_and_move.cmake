@@ -1,5 +1,5 @@
-# Installs the build into STAGED_PREFIX and moves the tree to MOVED_PREFIX: what then works does not
-# hang on the place that it was installed in.
+# Installs the build into STAGED_PREFIX and moves the tree to MOVED_PREFIX, so that the tests prove that
+# the package is relocatable.
 file(REMOVE_RECURSE ${STAGED_PREFIX} ${MOVED_PREFIX})
 execute_process(
     COMMAND ${CMAKE_COMMAND} --install ${BUILD_FOLDER}

@@ -23,14 +23,14 @@ def read_declarations(file):
 
 
 def may_include(folder, paths, header):
-    """Tells whether a file in the folder may include the header."""
+    """Returns whether a file in the folder may include the header."""
     is_own = str(pathlib.PurePosixPath(header).parent) == folder
     is_declared = any(header == path or header.startswith(path + "/") for path in paths)
     return is_own or is_declared or STANDARD_HEADER.fullmatch(header) is not None
 
 
 def files_of(folder):
-    """Returns the sources and headers that lie directly in a folder, sorted."""
+    """Returns the sources and headers directly in a folder, sorted."""
     return sorted(file for file in folder.iterdir() if file.suffix in (".hpp", ".cpp"))
 
 

@@ -24,7 +24,7 @@ using testing::ElementsAre;
 
 const std::u16string kSamples = fl::i18n::to_ustring(SAMPLES_FOLDER);
 
-// The samples' own answers, but for the language.
+// Answers from the manifest of the samples, except for the language.
 class SampleHost final : public platform::HostServices {
 public:
     explicit SampleHost(std::u16string language) : language_(std::move(language)) {}
@@ -82,7 +82,7 @@ TEST_P(SamplesTest, EveryProductIsFound) {
     EXPECT_GE(count, 50U);
 }
 
-TEST_P(SamplesTest, TheIndexIsSplitByWhatTheManifestSays) {
+TEST_P(SamplesTest, ManifestDecidesWhichSectionsAreInstalled) {
     const LogCapture log;
     const auto lookups = DocResourceParser::getResourceLookupFiles();
     EXPECT_EQ(keysOf(lookups.installed),
@@ -91,12 +91,12 @@ TEST_P(SamplesTest, TheIndexIsSplitByWhatTheManifestSays) {
     if (std::u16string(GetParam()) == u"de")
         notInstalled.insert(u"sortenliste");
     EXPECT_EQ(keysOf(lookups.notInstalled), notInstalled);
-    // Each file and entry that is opened can be used.
+    // No file or entry causes a failure.
     for (const std::string& message : log.messages())
         EXPECT_THAT(message, testing::StartsWith("Reading file: "));
 }
 
-TEST_P(SamplesTest, ThePackageAndThePlainFileOfCellarAreMerged) {
+TEST_P(SamplesTest, PackageAndPlainFileOfCellarAreMerged) {
     const auto lookups = DocResourceParser::getResourceLookupFiles();
     const auto& items = lookups.installed.at(u"cellar").items;
     EXPECT_EQ(items.at(u"batch").size(), 2U);
@@ -105,7 +105,7 @@ TEST_P(SamplesTest, ThePackageAndThePlainFileOfCellarAreMerged) {
     EXPECT_EQ(items.at(u"volume").size(), 1U);
 }
 
-// Everything that a caller and a log sink see of all retrievals.
+// Everything that a caller and a log sink observe of all retrievals.
 auto retrieveEverything() {
     const LogCapture log;
     std::vector<decltype(DocResourceParser::getResourceFile(u""))> resources;
@@ -115,7 +115,7 @@ auto retrieveEverything() {
     return std::tuple(std::move(resources), std::move(lookups), log.lines());
 }
 
-TEST_P(SamplesTest, AnAccountChangesNoResultAndNoLine) {
+TEST_P(SamplesTest, AccountChangesNeitherResultsNorLog) {
     const auto unobserved = retrieveEverything();
     LoadAccount account;
     const LoadAccount::Scope scope(account);

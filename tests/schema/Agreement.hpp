@@ -11,24 +11,23 @@
 
 namespace docparser_tests {
 
-/// Writes the text of the one file that a test reads again and again.
-///
-/// The file is a new one each time: a file that is cut and filled anew is written through to the
-/// disk by some file systems, which takes longer than all the rest.
+/// Writes a file that a test reads repeatedly. Removes the old file first, because some file
+/// systems write a file to disk at once if its content is replaced.
 void writeAnew(const TemporaryFolder& folder, const std::string& name, const std::string& text);
 
-/// Compares a schema's verdicts with those of what reads the files.
+/// Checks that a schema and a reader accept the same documents.
 class Agreement {
 public:
-    /// \param schema   the schema's file
-    /// \param isRead   whether the reader accepts a file of this text
+    /// \param schema   file name of the schema
+    /// \param isRead   whether the reader accepts a file with this text
     Agreement(const std::string& schema, std::function<bool(const std::string& text)> isRead);
 
-    /// Fails the test when the two differ about the document.
+    /// Fails the test if only one of schema and reader accepts the document.
+    /// \param change  describes the document in the failure message
     void check(const boost::json::value& document, const std::string& change);
 
-    /// Fails the test unless at least so many documents were accepted and as many refused: an
-    /// agreement about documents of one sort would prove little.
+    /// Fails the test unless at least `atLeast` documents were accepted and as many refused.
+    /// Agreement only on valid or only on invalid documents would prove little.
     void expectBothVerdicts(std::size_t atLeast) const;
 
 private:

@@ -1,6 +1,6 @@
 #include "tests/schema/DamagedDocuments.hpp"
 
-#include "tests/support/JsonPlaces.hpp"
+#include "tests/support/JsonValues.hpp"
 
 #include <cstddef>
 #include <iterator>
@@ -15,7 +15,7 @@ namespace {
 
 using Visit = std::function<void(const json::value&, const std::string&)>;
 
-// The pointer of what holds the value, and the value's key or number in it.
+// The pointer of the parent, and the key or index of the value in it.
 std::pair<std::string, std::string> split(const std::string& pointer) {
     const std::size_t end = pointer.rfind('/');
     return {pointer.substr(0, end), pointer.substr(end + 1)};
@@ -30,13 +30,13 @@ void removeFrom(json::value& document, const std::string& pointer) {
         holder.as_object().erase(key);
 }
 
-std::vector<std::string> placesOf(const json::value& document) {
+std::vector<std::string> pointersOf(const json::value& document) {
     std::set<std::string> pointers;
     addPointers(document, "", pointers);
     return {pointers.begin(), pointers.end()};
 }
 
-// An element or a member more.
+// Adds an element or a member.
 void addTo(json::value& holder, const std::string& key, const json::value& value) {
     if (json::array* array = holder.if_array())
         array->push_back(value);
@@ -48,7 +48,7 @@ bool holdsOthers(const json::value& value) {
     return value.is_array() || value.is_object();
 }
 
-void visitPlace(const json::value& good, const std::string& pointer, const Visit& visit) {
+void visitPosition(const json::value& good, const std::string& pointer, const Visit& visit) {
     const auto visitAs = [&](const json::value& document, const char* change,
                              const std::string& type) {
         visit(document, std::string(pointer).append(change).append(type));
@@ -72,20 +72,20 @@ const std::string& anyOf(const std::vector<std::string>& texts, std::mt19937& ra
 }
 
 void damageOnce(json::value& document, std::mt19937& random) {
-    const std::vector<std::string> places = placesOf(document);
-    if (places.empty())
+    const std::vector<std::string> pointers = pointersOf(document);
+    if (pointers.empty())
         return;
-    const std::string& pointer = anyOf(places, random);
-    // A copy, for its place may be part of what changes.
-    const json::value other = document.at_pointer(anyOf(places, random));
-    json::value& place = document.at_pointer(pointer);
+    const std::string& pointer = anyOf(pointers, random);
+    // A copy, because the change may affect the original.
+    const json::value other = document.at_pointer(anyOf(pointers, random));
+    json::value& target = document.at_pointer(pointer);
     switch (random() % 4) {
     case 0: removeFrom(document, pointer); break;
-    case 1: place = everyType()[random() % everyType().size()].first; break;
-    case 2: place = other; break;
+    case 1: target = everyType()[random() % everyType().size()].first; break;
+    case 2: target = other; break;
     default:
-        if (holdsOthers(place))
-            addTo(place, split(anyOf(places, random)).second, other);
+        if (holdsOthers(target))
+            addTo(target, split(anyOf(pointers, random)).second, other);
     }
 }
 
@@ -93,9 +93,9 @@ void damageOnce(json::value& document, std::mt19937& random) {
 
 void forEachDamage(const json::value& good, const Visit& visit) {
     visit(good, "unchanged");
-    visitPlace(good, "", visit);
-    for (const std::string& pointer : placesOf(good)) {
-        visitPlace(good, pointer, visit);
+    visitPosition(good, "", visit);
+    for (const std::string& pointer : pointersOf(good)) {
+        visitPosition(good, pointer, visit);
         json::value document = good;
         removeFrom(document, pointer);
         visit(document, pointer + " is missing");

@@ -1,4 +1,4 @@
-// The schema of the installation manifest against the class that reads it.
+// Compares the schema of the installation manifest with the class that reads manifests.
 
 #include "platform/InstallationManifest.hpp"
 #include "tests/schema/Agreement.hpp"

@@ -1,11 +1,11 @@
-// The schemas of both resource formats against the library, which reads the files.
+// Compares the schemas of both resource formats with the library.
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/account/LoadAccount.hpp"
 #include "tests/schema/Agreement.hpp"
 #include "tests/schema/DamagedDocuments.hpp"
-#include "tests/support/JsonPlaces.hpp"
+#include "tests/support/JsonValues.hpp"
 #include "tests/unit/docparser/retrieval/FullFormat.hpp"
 #include "tests/unit/docparser/retrieval/LookupFormat.hpp"
 
@@ -39,7 +39,7 @@ struct LookupFile {
     static constexpr const char* kSchema = "referenceapi_lookup.schema.json";
     static constexpr const char* kName = "docCatalog/referenceapi_lookup/X.json";
 
-    // A file that is read contributes its main section at least.
+    // A file that is read contributes at least its main section.
     static bool isRead() {
         const auto results = DocResourceParser::getResourceLookupFiles();
         return !results.installed.empty() || !results.notInstalled.empty();
@@ -57,7 +57,7 @@ protected:
     }
     ~ResourceAgreement() override { DocResourceParser::restoreDefaultSettings(); }
 
-    // What the library returns, which must be what its account says.
+    // Whether the library reads the text. Its account must agree.
     bool isRead(const std::string& text) const {
         writeAnew(root_, File::kName, text);
         LoadAccount account;
@@ -81,7 +81,7 @@ TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnEveryDocumentWithOneDamage)
     this->agreement_.expectBothVerdicts(100);
 }
 
-TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnKeysThatAreNotReadWhereTheyStand) {
+TYPED_TEST(ResourceAgreement, SchemaAndLibraryAgreeOnIgnoredKeys) {
     for (const std::string& pointer : TestFixture::Format::unread()) {
         for (const auto& [value, type] : everyType()) {
             boost::json::value document = TestFixture::Format::sample();

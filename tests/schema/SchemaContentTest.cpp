@@ -1,4 +1,4 @@
-// What an editor gets from the schemas: every key described, with examples and the known words.
+// Tests what editors show from the schemas: descriptions, examples and the words of enumerations.
 
 #include "docparser/parsing/Enumerations.hpp"
 #include "tests/support/Schema.hpp"
@@ -18,7 +18,7 @@ namespace {
 namespace json = boost::json;
 using namespace reference::property;
 
-// A key of a schema with what the schema says of its value.
+// Receives a key of a schema and the subschema of its value.
 using VisitKey = std::function<void(const std::string& key, const json::object& described)>;
 
 const json::object& resolved(const json::value& schema, const json::value& part) {
@@ -78,10 +78,10 @@ TEST_P(SchemaContent, EveryKeyHasADescription) {
     EXPECT_GT(count, 5U);
 }
 
-TEST_P(SchemaContent, EveryTextHasExamplesOfItsKind) {
+TEST_P(SchemaContent, EveryStringHasStringExamples) {
     forEachKey(schema_, [&](const std::string& key, const json::object& described) {
-        const json::value* kind = described.if_contains("type");
-        if (!kind || *kind != "string")
+        const json::value* type = described.if_contains("type");
+        if (!type || *type != "string")
             return;
         const json::value* examples = described.if_contains("examples");
         ASSERT_TRUE(examples && !examples->as_array().empty()) << key;
@@ -90,7 +90,7 @@ TEST_P(SchemaContent, EveryTextHasExamplesOfItsKind) {
     });
 }
 
-TEST_P(SchemaContent, NamesTheDraftThatTheTestsValidateBy) {
+TEST_P(SchemaContent, NamesTheDraftThatTheTestsValidateAgainst) {
     EXPECT_EQ(schema_.text().at("$schema"), "http://json-schema.org/draft-07/schema#");
 }
 
@@ -108,18 +108,18 @@ void expectTheKeysOf(const char* file) {
     std::set<std::string> described;
     forEachKey(Schema(file),
                [&](const std::string& key, const json::object&) { described.insert(key); });
-    described.erase("$schema"); // a word of the file to its editor
+    described.erase("$schema"); // only for editors
     std::set<std::string> read;
     addKeysOf(Format::sample(), read);
     EXPECT_EQ(described, read);
 }
 
-TEST(SchemaKeys, AreThoseThatTheFormatsHave) {
+TEST(SchemaKeys, AreTheKeysOfTheFormats) {
     expectTheKeysOf<FullFormat>("referenceapi.schema.json");
     expectTheKeysOf<LookupFormat>("referenceapi_lookup.schema.json");
 }
 
-// The words of an enumeration, in the order of their numbers.
+// The words of an enumeration, ordered by their numbers.
 template <class Enumeration>
 std::vector<std::string> wordsOf() {
     std::vector<std::string> words;
@@ -145,7 +145,7 @@ void expectTheWordsOf(const char* file, const std::string& definition) {
               Enumeration::enumToString(Enumeration::getDefaultValue()));
 }
 
-TEST(SchemaWords, AreThoseThatTheEnumerationsHave) {
+TEST(SchemaWords, AreTheWordsOfTheEnumerations) {
     for (const char* file : {"referenceapi.schema.json", "referenceapi_lookup.schema.json"}) {
         expectTheWordsOf<RefEntityType>(file, "refEntityType");
         expectTheWordsOf<FunctionType>(file, "functionType");

@@ -44,7 +44,7 @@ void ProgressWatch::watch() {
         for (std::size_t thread = 0; thread < threadCount_; ++thread) {
             const std::uint64_t now = count(thread);
             if (now == before[thread] && !progress_[thread].isAtEnd) {
-                std::fprintf(stderr, "thread %zu has not come forward from step %llu\n", thread,
+                std::fprintf(stderr, "thread %zu made no progress after step %llu\n", thread,
                              static_cast<unsigned long long>(now));
                 std::abort();
             }

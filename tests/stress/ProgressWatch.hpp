@@ -10,9 +10,8 @@
 
 namespace docparser_tests {
 
-/// Counts what each of several threads has done, and ends the process when one of them has not
-/// come forward for a minute: it waits for something that never comes, and nothing can interrupt
-/// it.
+/// Counts the steps of several threads and aborts the process if one of them makes no progress for
+/// a minute, because a deadlocked thread cannot be interrupted. Thread-safe.
 class ProgressWatch {
 public:
     explicit ProgressWatch(std::size_t threadCount);
@@ -20,10 +19,10 @@ public:
     ProgressWatch(const ProgressWatch&) = delete;
     ProgressWatch& operator=(const ProgressWatch&) = delete;
 
-    /// The thread of this number has done a step, or has nothing more to do when `isAtEnd`.
+    /// Counts a step of a thread or, if `isAtEnd`, records that the thread has finished.
     void step(std::size_t thread, bool isAtEnd = false) noexcept;
 
-    /// How many steps a thread has done.
+    /// Returns the number of steps of a thread.
     std::uint64_t count(std::size_t thread) const noexcept;
 
 private:
@@ -39,7 +38,7 @@ private:
     std::mutex mutex_; // guards isDone_
     std::condition_variable changed_;
     bool isDone_ = false;
-    std::thread watcher_; // last, since it uses the others
+    std::thread watcher_; // last because it uses the other members
 };
 
 } // namespace docparser_tests

@@ -9,8 +9,8 @@
 
 namespace docparser_tests {
 
-/// A host in German that has one product, "hostproduct", and one support package, "hostkit", and
-/// keeps no account of what it is asked.
+/// A German host with one product, "hostproduct", and one support package, "hostkit". Unlike
+/// FakeHost it does not record questions. Thread-safe.
 class StressHost : public platform::HostServices {
 public:
     explicit StressHost(std::u16string packageRoot);

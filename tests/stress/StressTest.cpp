@@ -24,18 +24,18 @@ namespace {
 constexpr std::size_t kThreads = 8;
 constexpr int kRoots = 3;
 
-// How long to go on, in seconds: one unless the environment says otherwise.
+// The duration of the test: DOCPARSER_STRESS_SECONDS, or one second by default.
 double stressSeconds() {
-    const char* const told = std::getenv("DOCPARSER_STRESS_SECONDS");
-    return told ? std::strtod(told, nullptr) : 1;
+    const char* const seconds = std::getenv("DOCPARSER_STRESS_SECONDS");
+    return seconds ? std::strtod(seconds, nullptr) : 1;
 }
 
 std::u16string wide(const std::string& text) {
     return {text.begin(), text.end()};
 }
 
-// Several reference roots and support folders with data of their own, each under its name: what a
-// call returns shows which of them it has read.
+// Several reference roots and support folders. The data of each contains its name, so every result
+// shows which of them the call has read.
 class StressTest : public SystemTest {
 protected:
     using Random = std::minstd_rand;
@@ -55,7 +55,7 @@ protected:
         changeRoot(random_);
     }
 
-    // --- the data
+    // --- data
 
     void writeProduct(const std::string& below, const std::string& product,
                       const std::string& name) const {
@@ -95,7 +95,7 @@ protected:
         return lookups;
     }
 
-    // --- the settings
+    // --- settings
 
     void changeRoot(Random& random) {
         DocResourceParser::setReferenceRoot(folder.u16() + u"/" +
@@ -106,7 +106,7 @@ protected:
                                                  (random() % 2 ? u"/kits0" : u"/kits1"));
     }
     void changeTestProducts(Random& random) {
-        // The same number in both lists.
+        // Both lists have the same number, so that the operations can compare them.
         const std::u16string number = wide(std::to_string(random() % 1000));
         DocResourceParser::setTestProducts({u"product" + number}, {u"kit" + number});
     }
@@ -123,56 +123,56 @@ protected:
         foundation::log::setSeverityMask(random() % 4 == 0 ? 528 : 0);
     }
 
-    // --- the operations, each with what must hold for its result
+    // --- operations, each with checks of its result
 
     void readResources(Random&) {
         const std::optional<Resources> found = findResources(u"P");
-        // Between the defaults and the next root there is none.
+        // restoreDefaults() briefly sets a root without the product.
         expect(!found || std::ranges::any_of(rootNames_,
                                              [&](const std::u16string& name) {
                                                  return *found == resourcesOf(name, u"P");
                                              }),
-               "resources of two roots at once");
+               "resources mix two roots");
     }
     void readSupportResources(Random&) {
         const std::optional<Resources> found = findResources(u"K");
         expect(found &&
                    (*found == resourcesOf(u"kits0", u"K") ||
                     *found == resourcesOf(u"kits1", u"K") || *found == resourcesOf(u"kits2", u"K")),
-               "resources of no support folder, or of two");
+               "resources are missing or mix two support folders");
     }
     void readLookups(Random&) {
         Lookups found = DocResourceParser::getResourceLookupFiles();
         found.notInstalled.merge(found.installed);
-        expect(found.installed.empty(), "a section that is installed and is not");
+        expect(found.installed.empty(), "a section is both installed and not installed");
         expect(found.notInstalled.empty() || std::ranges::any_of(rootNames_,
                                                                  [&](const std::u16string& name) {
                                                                      return found.notInstalled ==
                                                                             lookupsOf(name);
                                                                  }),
-               "lookups of two roots at once");
+               "lookups mix two roots");
     }
     void readRoots(Random&) {
         const auto roots = DocResourceParser::getReferenceRoots();
         expect(roots->referenceApiFolder == roots->root + native(u"/docCatalog/referenceapi") &&
                    roots->lookupFolder == roots->root + native(u"/docCatalog/referenceapi_lookup"),
-               "roots that do not belong together");
+               "folders of different roots");
     }
     void readSupportFolder(Random&) {
         const std::u16string found = *DocResourceParser::getSupportPackageRoot();
         expect(found == folder.u16() + u"/kits0" || found == folder.u16() + u"/kits1" ||
                    portable(found) ==
                        portable(folder.u16()) + u"/support/help/docCatalog/referenceapi",
-               "a support folder of nobody");
+               "unknown support folder");
     }
     void listProducts(Random&) {
         const auto roots = DocResourceParser::getReferenceRoots();
         const auto products =
             DocResourceParser::getAllProducts(roots->lookupFolder, {u"_de"}, u"_de");
-        expect(products.jsonProducts.size() == products.zipProducts.size(), "half a listing");
+        expect(products.jsonProducts.size() == products.zipProducts.size(), "incomplete listing");
     }
     void askForProducts(Random& random) {
-        expect(!DocResourceParser::isProductInstalled(u"never"), "a product of nobody");
+        expect(!DocResourceParser::isProductInstalled(u"never"), "an unknown product is installed");
         static_cast<void>(DocResourceParser::isProductInstalled(
             u"product" + wide(std::to_string(random() % 1000))));
     }
@@ -191,8 +191,8 @@ protected:
         return products.front()->getShortName() != "hostproduct";
     }
 
-    // Test products come with the packages of the same call: as long as the packages are the same
-    // object, no product of another call is seen.
+    // One call sets test products and packages together. While the packages are the same object,
+    // the products must be those of the same call.
     void readProductsBetweenPackages(Random&) {
         const auto before = DocResourceParser::getHardwareSupportPackages();
         const auto products = DocResourceParser::getTopLevelProducts();
@@ -200,9 +200,10 @@ protected:
         if (before != after || !isOfTest(*before))
             return;
         ++pairsSeen_;
-        expect(numberOf(*products) == numberOf(*before), "packages without their products");
+        expect(numberOf(*products) == numberOf(*before),
+               "products and packages of different calls");
     }
-    // Packages may be dropped alone; what is there in their place then is the host's.
+    // clearCaches() drops only the packages; they are then replaced by those of the host.
     void readPackagesBetweenProducts(Random&) {
         const auto before = DocResourceParser::getTopLevelProducts();
         const auto packages = DocResourceParser::getHardwareSupportPackages();
@@ -210,10 +211,11 @@ protected:
         if (before != after || !isOfTest(*before) || !isOfTest(*packages))
             return;
         ++pairsSeen_;
-        expect(numberOf(*packages) == numberOf(*before), "products without their packages");
+        expect(numberOf(*packages) == numberOf(*before),
+               "packages and products of different calls");
     }
 
-    // --- the run
+    // --- run
 
     struct Step {
         const char* name;
@@ -244,10 +246,10 @@ protected:
         ObservedThread observedThread;
         Random random(static_cast<unsigned>(thread + 1));
         while (std::chrono::steady_clock::now() < end && !HasFailure()) {
-            const std::size_t place = random() % std::size(kSteps);
-            (this->*kSteps[place].run)(random);
+            const std::size_t index = random() % std::size(kSteps);
+            (this->*kSteps[index].run)(random);
             observedThread.forget();
-            ++counts_[place];
+            ++counts_[index];
             progress.step(thread);
         }
         progress.step(thread, /*isAtEnd=*/true);
@@ -273,12 +275,12 @@ protected:
 
     void printCounts() const {
         std::uint64_t sum = 0;
-        for (std::size_t place = 0; place < std::size(kSteps); ++place) {
-            std::cout << kSteps[place].name << ": " << counts_[place] << '\n';
-            sum += counts_[place];
+        for (std::size_t index = 0; index < std::size(kSteps); ++index) {
+            std::cout << kSteps[index].name << ": " << counts_[index] << '\n';
+            sum += counts_[index];
         }
         std::cout << "pairs of products and packages compared: " << pairsSeen_
-                  << "\nlines of the log: " << lines_ << "\nsteps in all: " << sum << '\n';
+                  << "\nlog records: " << lines_ << "\ntotal steps: " << sum << '\n';
     }
 
     void expect(bool holds, const char* what) {
@@ -296,14 +298,14 @@ private:
     std::atomic<std::uint64_t> pairsSeen_ = 0;
 };
 
-TEST_F(StressTest, EveryCallSeesOneStateOfTheSettingsAndEveryThreadComesForward) {
+TEST_F(StressTest, EveryCallSeesOneStateOfTheSettingsAndEveryThreadProgresses) {
     {
         const LogCallback log([this](const std::string& message) {
             ++lines_;
-            // Between the defaults and the next root, P is not to be found.
+            // restoreDefaults() briefly sets a root without the product P.
             expect(message.starts_with("Reading file: ") ||
                        message == "DocParserException thrown in getResourceFile for product: P",
-                   "a line about a failure");
+                   "a failure was logged");
         });
         run(stressSeconds());
     }

@@ -7,7 +7,7 @@
 
 namespace docparser_tests {
 
-/// Runs an operation on a thread of its own.
+/// Runs an operation on a new thread.
 /// \returns  whether the thread was cancelled before the operation returned
 inline bool isCancelledIn(const std::function<void()>& operation) {
     struct Call {

@@ -6,10 +6,11 @@
 
 namespace docparser_tests {
 
-/// Calls a function for each record of the log during its life, on the thread that logs and without
-/// a lock, so the function may log, throw or wait; several threads may be in it at once.
+/// Calls a function for each log record during its life, on the logging thread and without a lock.
+/// The function may log, throw or wait. Several threads may call it at once.
 ///
-/// It lets the lines of the library through (severity mask 528); the destructor sets the mask to 0.
+/// Sets the severity mask to 528, which lets all messages of the library pass. The destructor sets
+/// it to 0.
 class LogCallback {
 public:
     using Function = std::function<void(const std::string& message)>;

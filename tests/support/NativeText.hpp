@@ -9,7 +9,7 @@
 
 namespace docparser_tests {
 
-/// The text with the separator of this system in place of each '/': what the library joins.
+/// Replaces each '/' with the native separator, as the library joins paths.
 inline std::u16string native(std::u16string text) {
     std::ranges::replace(text, u'/', platform::kPathSeparator);
     return text;
@@ -20,7 +20,7 @@ inline std::string native(std::string text) {
     return text;
 }
 
-/// The text with '/' in place of each separator of this system.
+/// Replaces each native separator with '/'.
 inline std::u16string portable(std::u16string text) {
     std::ranges::replace(text, platform::kPathSeparator, u'/');
     return text;
@@ -30,12 +30,12 @@ inline std::string portable(std::string text) {
     return text;
 }
 
-/// The path of a UTF-8 text; on POSIX the bytes may be any.
+/// Converts UTF-8 to a path. On POSIX any bytes are allowed.
 inline std::filesystem::path pathOf(std::string_view text) {
     return std::u8string(text.begin(), text.end());
 }
 
-/// The path as UTF-8 text.
+/// Converts a path to UTF-8.
 inline std::string textOf(const std::filesystem::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};

@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
-/// A TEST_F of what only POSIX has: links that anyone may make, names of any bytes, names that
-/// differ in case alone. Windows compiles it and does not run it; docs/windows.md has the list.
+/// A TEST_F that needs POSIX, for example for symbolic links without privileges, names of arbitrary
+/// bytes or names that differ only in case. Windows compiles but does not run it; docs/windows.md
+/// lists these tests.
 #ifdef _WIN32
 #define POSIX_TEST_F(fixture, name)                                                                \
     class fixture##_##name : public fixture {                                                      \

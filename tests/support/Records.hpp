@@ -8,7 +8,7 @@
 
 namespace docparser_tests {
 
-/// The fields of a RefItem by name, by default as if the file had none of the optional keys:
+/// The fields of a RefItem by name. The defaults are those of a file without the optional keys:
 ///
 ///     const RefItem item = makeRefItem({.href = u"graft.html", .refPurpose = u"Join trees"});
 struct RefItemFields {

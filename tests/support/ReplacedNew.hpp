@@ -4,8 +4,8 @@
 
 namespace docparser_tests {
 
-/// What operator new and operator delete do in a program that compiles ReplacedNew.cpp, in all
-/// forms except the over-aligned ones. The program defines both functions.
+/// ReplacedNew.cpp implements operator new and operator delete, except their over-aligned forms, by
+/// these two functions. A program that compiles it must define both.
 /// \returns  memory of at least `size` bytes; null if the allocation fails
 void* allocateForNew(std::size_t size) noexcept;
 /// \param memory  from allocateForNew(), or null

@@ -11,14 +11,14 @@
 
 namespace docparser_tests {
 
-/// One element of "refItems" of a full resource file: the keys that the format requires.
+/// An element of "refItems" of a full resource file, with only the required keys.
 /// \param href        ASCII
 /// \param refPurpose  UTF-8
 inline boost::json::object item(std::string_view href, std::string_view refPurpose) {
     return {{"href", href}, {"refpurpose", refPurpose}};
 }
 
-/// One element of "refItems" of a lookup file: the keys that the format requires.
+/// An element of "refItems" of a lookup file, with only the required keys.
 inline boost::json::object lookupItem(std::string_view name, std::string_view href,
                                       std::string_view refPurpose) {
     return {{"name", name}, {"href", href}, {"refpurpose", refPurpose}};
@@ -26,9 +26,9 @@ inline boost::json::object lookupItem(std::string_view name, std::string_view hr
 
 /// Builds the JSON text of a resource file, or of a section of its "supportPackages".
 ///
-/// The texts of its header derive from the help folder, so that headers of different sections
-/// differ: help folder "orchard" has product name "orchard name", base code "orchard code" and
-/// help location "orchard/help".
+/// The other strings of the header are derived from the help folder, so that different sections
+/// have different headers: for help folder "orchard" the product name is "orchard name", the base
+/// code "orchard code" and the help location "orchard/help".
 class ResourceText {
 public:
     explicit ResourceText(std::string_view helpFolder) {
@@ -40,7 +40,7 @@ public:
         root_["refItems"] = boost::json::array();
     }
 
-    /// Sets a key of the section itself, in place of what is there.
+    /// Sets a key of the section and replaces any existing value.
     ResourceText& set(std::string_view key, boost::json::value value) {
         root_[key] = std::move(value);
         return *this;
@@ -61,14 +61,14 @@ public:
         return *this;
     }
 
-    /// The text as a file holds it.
+    /// The text of the file.
     std::string str() const { return boost::json::serialize(root_); }
 
 private:
     boost::json::object root_;
 };
 
-/// The text of a full resource file of some items, each an href and a purpose.
+/// The text of a full resource file with these items, each an href and a purpose.
 inline std::string
 resourceText(std::string_view helpFolder,
              const std::vector<std::pair<std::string_view, std::string_view>>& hrefsAndPurposes) {

@@ -8,21 +8,19 @@
 
 namespace docparser_tests {
 
-/// One of the JSON Schemas in the folder `schema/`, as a validator understands it.
+/// A validator for one of the JSON Schemas in the folder `schema/`.
 class Schema {
 public:
-    /// \param name        the schema's file
-    /// \param definition  one of its definitions, which alone documents are validated by; empty:
-    /// the
-    ///                    whole schema
-    /// \throws std::exception  there is no such file or definition, or the file is not a schema
+    /// \param name        file name of the schema
+    /// \param definition  the definition to validate against; empty for the whole schema
+    /// \throws std::exception  the file or definition is missing, or the file is not a schema
     explicit Schema(const std::string& name, const std::string& definition = {});
     ~Schema();
 
     /// The schema itself.
     const boost::json::value& text() const noexcept { return text_; }
 
-    /// What the document breaks, a line for each; empty for a valid document.
+    /// Returns the violations of the schema, one per line; empty for a valid document.
     std::string problemsOf(const boost::json::value& document) const;
 
     bool accepts(const boost::json::value& document) const;
@@ -34,8 +32,8 @@ private:
     std::unique_ptr<const Parsed> parsed_;
 };
 
-/// The document in a JSON file.
-/// \throws std::exception  there is no such file, or it holds no JSON
+/// Reads a JSON file.
+/// \throws std::exception  the file is missing or is not valid JSON
 boost::json::value readJson(const std::filesystem::path& file);
 
 } // namespace docparser_tests

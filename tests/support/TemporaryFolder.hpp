@@ -1,45 +1,30 @@
 #pragma once
 
-#include <atomic>
-#include <chrono>
+#include "platform/system/TemporaryFolder.hpp"
+
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 namespace docparser_tests {
 
-/// A new, empty folder in the system's folder for temporary files; it goes with the object,
-/// whatever lies in it by then.
-///
-/// No other object or process has the same folder, so tests that run side by side do not meet.
-class TemporaryFolder {
+/// A temporary folder of a test, and the files that the test writes into it.
+class TemporaryFolder : public platform::TemporaryFolder {
 public:
-    /// \throws std::filesystem::filesystem_error  the folder could not be made
-    TemporaryFolder() : path_(makeUnique()) {}
-    ~TemporaryFolder() {
-        std::error_code left;
-        std::filesystem::remove_all(path_, left);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    TemporaryFolder() : platform::TemporaryFolder("docparser-test-") {}
 
-    /// The folder, absolute and without a separator at its end.
-    const std::filesystem::path& path() const noexcept { return path_; }
+    /// Returns the folder in UTF-16.
+    std::u16string u16() const { return path().u16string(); }
 
-    /// The folder as UTF-16 text.
-    std::u16string u16() const { return path_.u16string(); }
-
-    /// Writes a file of exactly these bytes, in place of one that is there, and makes the folders
-    /// above it.
-    /// \param relative  where below this folder; a std::u16string serves for names beyond ASCII
-    /// \returns         the whole path of the file
+    /// Writes a file with exactly these bytes, replaces an existing one, and creates its folders.
+    /// \param relative  path below this folder; a std::u16string for names beyond ASCII
+    /// \returns         the absolute path of the file
     /// \throws std::runtime_error  the bytes could not be written
     std::filesystem::path write(const std::filesystem::path& relative,
                                 std::string_view bytes) const {
-        const std::filesystem::path file = path_ / relative;
+        const std::filesystem::path file = path() / relative;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream stream(file, std::ios::binary | std::ios::trunc);
         stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -48,23 +33,6 @@ public:
             throw std::runtime_error("could not write " + file.string());
         return file;
     }
-
-private:
-    static std::filesystem::path makeUnique() {
-        static std::atomic<unsigned> counter{0};
-        const std::filesystem::path parent =
-            std::filesystem::canonical(std::filesystem::temp_directory_path());
-        for (;;) {
-            const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-            const std::string name =
-                "docparser-test-" + std::to_string(now) + '-' + std::to_string(counter++);
-            // A name that another process took meanwhile is not made, and the next one is tried.
-            if (std::filesystem::create_directory(parent / name))
-                return parent / name;
-        }
-    }
-
-    std::filesystem::path path_;
 };
 
 } // namespace docparser_tests

@@ -9,8 +9,8 @@
 
 namespace docparser_tests {
 
-/// A name that a folder lists and that cannot be opened while the object lives: a link that leads
-/// nowhere or, on Windows, a file that this process does not share.
+/// Creates a directory entry that cannot be opened during the life of the object: a dangling link
+/// or, on Windows, a file that this object keeps open without sharing.
 class UnopenableFile {
 public:
 #ifdef _WIN32

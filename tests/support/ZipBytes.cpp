@@ -14,7 +14,7 @@ using namespace std::string_literals;
 constexpr std::uint16_t kZip64Field = 0x0001;
 constexpr std::uint64_t kInZip64Field = 0xFFFFFFFF;
 
-/// The bytes and numbers of one entry, overrides applied.
+/// The bytes and numbers of one entry after all overrides.
 struct PackedEntry {
     const ZipEntryBytes& entry;
     std::string packed;
@@ -97,11 +97,11 @@ std::string directoryRecord(const PackedEntry& packed) {
 }
 
 std::string zip64End(std::uint64_t count, std::uint64_t size, std::uint64_t offset,
-                     std::uint64_t place) {
+                     std::uint64_t endOffset) {
     return "PK\6\6" + littleEndian(44, 8) + littleEndian(45, 2) + littleEndian(45, 2) +
            littleEndian(0, 4 + 4) + littleEndian(count, 8) + littleEndian(count, 8) +
            littleEndian(size, 8) + littleEndian(offset, 8) + "PK\6\7" + littleEndian(0, 4) +
-           littleEndian(place, 8) + littleEndian(1, 4);
+           littleEndian(endOffset, 8) + littleEndian(1, 4);
 }
 
 } // namespace

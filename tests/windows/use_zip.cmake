@@ -1,4 +1,4 @@
-# Makes the ZIP package, unpacks it and runs refdoc from it, with no DLLs but those in the package.
+# Builds the ZIP package, unpacks it and runs refdoc with only the DLLs of the package.
 
 file(REMOVE_RECURSE ${SCRATCH})
 file(MAKE_DIRECTORY ${SCRATCH})
@@ -14,7 +14,7 @@ file(GLOB program ${SCRATCH}/unpacked/*/bin/refdoc.exe)
 
 list(FILTER WINE EXCLUDE REGEX "^WINEPATH=")
 
-# Runs refdoc and compares what it prints with a regular expression.
+# Runs refdoc and matches its output against a regular expression.
 function(expect_output expression)
     execute_process(COMMAND ${WINE} ${program} ${ARGN}
         OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
@@ -26,7 +26,7 @@ endfunction()
 expect_output("^refdoc ${EXPECTED_VERSION}\n" --version)
 expect_output("\"product\": \"Orchard\"" --install Z:${SAMPLES} show Orchard --json)
 
-# Wine cannot make a junction, but shows a link of the build machine as the folder behind it.
+# Wine cannot create a junction, but it follows symbolic links of the build machine.
 file(CREATE_LINK ${SAMPLES} ${SCRATCH}/junction SYMBOLIC)
 expect_output("\"product\": \"Orchard\"" --install Z:${SCRATCH}/junction show Orchard --json)
 expect_output("\"installed\"" --install Z:${SCRATCH}/junction lookup --json)

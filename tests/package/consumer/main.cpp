@@ -1,5 +1,5 @@
-// Uses the installed library as an application does: its own host services, a reference root on
-// disk, a record, a product that is not there. Says what went wrong and exits with 1, if anything.
+// Uses the installed library as an application does: with its own host services, a reference root
+// on disk, a record and a missing product. Prints the first failure and exits with 1.
 
 #include <docparser/DocParserException.hpp>
 #include <docparser/DocResourceParser.hpp>
@@ -27,7 +27,7 @@ void expect(bool holds, std::string_view expectation) {
         throw std::runtime_error("not so: " + std::string(expectation));
 }
 
-// An application in German that is installed in one folder.
+// A German application that is installed in one folder.
 class GermanHost final : public platform::HostServices {
 public:
     explicit GermanHost(std::u16string folder) : folder_(std::move(folder)) {}
@@ -50,7 +50,7 @@ private:
     std::u16string folder_;
 };
 
-// A folder of its own under the temporary directory, gone at the end.
+// Creates a folder in the temporary directory; the destructor removes it.
 class TemporaryFolder {
 public:
     TemporaryFolder() {

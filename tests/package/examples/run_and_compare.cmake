@@ -1,7 +1,7 @@
 # cmake -D EXPECTED=FILE [-D STATUS=N] [-D ERRORS=TEXT] -P run_and_compare.cmake -- PROGRAM ARGUMENT...
 #
-# Runs a program; fails unless it exits with STATUS (0), prints what EXPECTED holds and writes ERRORS
-# (nothing) to standard error.
+# Runs a program. Fails unless it exits with STATUS (default 0), prints the content of EXPECTED and
+# writes ERRORS (default nothing) to stderr.
 set(command "")
 set(isCommand FALSE)
 math(EXPR last "${CMAKE_ARGC} - 1")
@@ -22,11 +22,11 @@ execute_process(COMMAND ${command}
     RESULT_VARIABLE status)
 file(READ ${EXPECTED} expected)
 if(NOT status EQUAL STATUS)
-    message(FATAL_ERROR "the program ended with ${status}: ${errors}")
+    message(FATAL_ERROR "the program exited with ${status}: ${errors}")
 endif()
 if(NOT output STREQUAL expected)
-    message(FATAL_ERROR "the program printed:\n${output}and not what ${EXPECTED} holds")
+    message(FATAL_ERROR "the program printed:\n${output}instead of the content of ${EXPECTED}")
 endif()
 if(NOT errors STREQUAL "${ERRORS}")
-    message(FATAL_ERROR "the program wrote to standard error:\n${errors}")
+    message(FATAL_ERROR "the program wrote to stderr:\n${errors}")
 endif()

@@ -4,16 +4,16 @@
 
 namespace docparser_tests {
 
-/// Counts what the current thread has allocated with operator new since the object was created.
+/// Counts the allocations of the current thread by operator new since the object was created.
 ///
-/// The test program replaces operator new, so allocations in shared libraries are counted as well.
-/// Memory that has been freed stays counted.
+/// Includes allocations in shared libraries, because the test program replaces operator new.
+/// Freeing memory does not reduce the counts.
 class AllocationCount {
 public:
     AllocationCount() noexcept;
 
     std::size_t requests() const noexcept; ///< number of allocations
-    std::size_t bytes() const noexcept;    ///< size of all allocations together
+    std::size_t bytes() const noexcept;    ///< total size of the allocations
     /// Size of the largest allocation. Valid only for the object that was created last.
     std::size_t largestBytes() const noexcept;
 

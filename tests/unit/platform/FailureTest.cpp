@@ -63,7 +63,7 @@ void* waitInAStep(void* pipeEnd) {
     return nullptr;
 }
 
-TEST(FailureTest, LetsACancellationOfTheThreadPass) {
+TEST(FailureTest, LetsThreadCancellationThrough) {
     int ends[2] = {-1, -1};
     ASSERT_EQ(::pipe(ends), 0);
     pthread_t thread = {};

@@ -71,7 +71,7 @@ TEST_F(HostServicesTest, AreTheDefaultOnesUntilTheHostSetsItsOwn) {
         << "in a build tree, the prefix that the library was built for";
 }
 
-TEST_F(HostServicesTest, AreThoseSetLastUntilNullRestoresTheDefault) {
+TEST_F(HostServicesTest, AreTheLastOnesSetUntilNullRestoresTheDefault) {
     const auto first = std::make_shared<const FixedHost>();
     const auto second = std::make_shared<const FixedHost>();
     setHostServices(first);
@@ -89,11 +89,11 @@ TEST_F(HostServicesTest, AreReleasedWhenReplaced) {
     EXPECT_FALSE(watched.expired());
     const std::shared_ptr<const HostServices> inUse = hostServices();
     setHostServices(nullptr);
-    EXPECT_EQ(inUse->docLanguage(), u"de") << "a caller keeps the services that it asked for";
+    EXPECT_EQ(inUse->docLanguage(), u"de") << "a caller keeps the services that it requested";
     EXPECT_EQ(watched.use_count(), 1);
 }
 
-// Restores the default services during an answer.
+// Restores the default services while it answers a question.
 class ReplacedHost final : public FixedHost {
 public:
     explicit ReplacedHost(bool& isDestroyed) : isDestroyed_(isDestroyed) {}
@@ -116,7 +116,7 @@ TEST_F(HostServicesTest, CanBeReplacedDuringTheirOwnAnswer) {
     EXPECT_EQ(hostServices(), defaultHostServices());
 }
 
-// Asks for the current services in its destructor.
+// Requests the current services in its destructor.
 class AskingHost final : public FixedHost {
 public:
     explicit AskingHost(std::shared_ptr<const HostServices>& seen) : seen_(seen) {}
@@ -151,7 +151,7 @@ TEST_F(HostServicesTest, CanBeReplacedWhileOtherThreadsAsk) {
     EXPECT_EQ(hostServices()->docLanguage(), u"ja");
 }
 
-TEST_F(HostServicesTest, AreAskedByTheLanguageServiceAtEachCall) {
+TEST_F(HostServicesTest, AreAskedByTheLanguageServiceOnEachCall) {
     const doclanguage::DocLanguage& service = doclanguage::DocLanguage::getInstance();
     EXPECT_EQ(&service, &doclanguage::DocLanguage::getInstance());
     setHostServices(std::make_shared<const FixedHost>(u"zh_CN"));

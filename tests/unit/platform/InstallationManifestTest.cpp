@@ -41,7 +41,7 @@ protected:
 
     string file() const { return docparser_tests::textOf(folder_.path() / "installation.json"); }
 
-    // Returns the message of the exception for a manifest of this text.
+    // Returns the message of the exception for a manifest with this text.
     string failureOf(std::string_view text) {
         write(text);
         return failure();
@@ -75,7 +75,7 @@ TEST_F(InstallationManifestTest, HasOnlyEnglishAndNothingInstalledWithoutAFile) 
     EXPECT_EQ(manifest().installPath(), folder_.u16());
 }
 
-TEST_F(InstallationManifestTest, IgnoresUnknownKeysAndNeedsNone) {
+TEST_F(InstallationManifestTest, IgnoresUnknownKeysAndRequiresNone) {
     write("{}");
     expectNothingInstalled(manifest());
     write(R"({"schemaVersion": 7, "DocLanguage": "de", "topLevelProducts": []})");
@@ -231,7 +231,7 @@ TEST_F(InstallationManifestTest, ReportsIllFormedText) {
     EXPECT_THAT(failureOf(string(100'000, '[')), testing::StartsWith(file() + ": line 1, column "));
 }
 
-TEST_F(InstallationManifestTest, FailsEveryQuestionExceptTheInstallFolderWhileTheFileIsMalformed) {
+TEST_F(InstallationManifestTest, MalformedFileFailsEveryQuestionExceptTheInstallFolder) {
     write("{");
     const InstallationManifest manifest(folder_.u16());
     EXPECT_EQ(manifest.installPath(), folder_.u16());
@@ -295,7 +295,7 @@ TEST_F(InstallationManifestTest, ReportsAnInstallFolderThatIsNotAPath) {
 #endif
 }
 
-TEST_F(InstallationManifestTest, ReturnsTheSameProductsAtEachCall) {
+TEST_F(InstallationManifestTest, ReturnsTheSameProductsOnEachCall) {
     write(R"({"topLevelProducts": [{"shortName": "orchard"}, {"shortName": "garden"}]})");
     const InstallationManifest manifest(folder_.u16());
     const auto products = manifest.installedTopLevelDocProducts();
@@ -320,7 +320,7 @@ TEST_F(InstallationManifestTest, ReadsTheFileAgainAfterAFailure) {
     EXPECT_THROW(manifest.docLanguage(), std::runtime_error);
     EXPECT_THROW(manifest.installedTopLevelDocProducts(), std::runtime_error);
     write(R"({"topLevelProducts": [{"shortName": "garden"}]})");
-    EXPECT_EQ(manifest.docLanguage(), u"en") << "nothing of the damaged file is kept";
+    EXPECT_EQ(manifest.docLanguage(), u"en") << "the damaged file has no effect";
     ASSERT_EQ(manifest.installedTopLevelDocProducts().size(), 1u);
     EXPECT_EQ(manifest.installedTopLevelDocProducts().at(0)->getShortName(), "garden");
 }

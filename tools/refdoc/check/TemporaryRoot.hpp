@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/system/TemporaryFolder.hpp"
+
 #include <filesystem>
 
 namespace refdoc::check {
@@ -14,17 +16,14 @@ public:
     /// \param file  absolute
     /// \throws std::filesystem::filesystem_error  the root could not be created
     TemporaryRoot(const std::filesystem::path& file, Folder folder);
-    ~TemporaryRoot();
-    TemporaryRoot(const TemporaryRoot&) = delete;
-    TemporaryRoot& operator=(const TemporaryRoot&) = delete;
 
-    const std::filesystem::path& path() const noexcept { return path_; }
+    const std::filesystem::path& path() const noexcept { return root_.path(); }
 
     /// The folder of the file, below the root.
     const std::filesystem::path& folder() const noexcept { return folder_; }
 
 private:
-    std::filesystem::path path_;
+    platform::TemporaryFolder root_;
     std::filesystem::path folder_;
 };
 

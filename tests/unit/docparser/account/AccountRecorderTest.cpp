@@ -52,7 +52,7 @@ protected:
 
 static_assert(std::is_nothrow_default_constructible_v<AccountRecorder>);
 
-TEST_F(AccountRecorderTest, RecordsAFileThatIsNotConcludedAsFailed) {
+TEST_F(AccountRecorderTest, RecordsAnUnfinishedFileAsFailed) {
     recorder.fileConsidered(FileRole::Lookup, u"P.json", true);
     EXPECT_THAT(recorded().files, ElementsAre(FileAccount{.role = FileRole::Lookup,
                                                           .path = u"P.json",
@@ -60,7 +60,7 @@ TEST_F(AccountRecorderTest, RecordsAFileThatIsNotConcludedAsFailed) {
                                                           .fate = Fate::Failed}));
 }
 
-TEST_F(AccountRecorderTest, BlamesTheReadForWhatFollowsIt) {
+TEST_F(AccountRecorderTest, KeepsReasonOfFailedReadOverLaterFailure) {
     recorder.fileConsidered(FileRole::Lookup, u"P.json", false);
     recorder.readFailed(std::make_exception_ptr(std::bad_alloc()));
     recorder.fileConcluded(std::make_exception_ptr(std::runtime_error("invalid JSON")));
@@ -97,7 +97,7 @@ TEST_F(AccountRecorderTest, NamesTheEntriesOfAPackage) {
                         .fate = Fate::SkippedLanguage}));
 }
 
-// Three files of one name: the third goes on top of what the first two have.
+// Three files with records of one name: the third is an overlay on the merge of the first two.
 TEST_F(AccountRecorderTest, FollowsRecordsThroughSeveralCombinations) {
     const std::u16string name = u"n";
     const std::vector<RefItemLookup> first = {recordOf(u"a")};
@@ -141,7 +141,7 @@ TEST_F(AccountRecorderTest, SortsRecordsByName) {
                 ElementsAre(Field(&RecordAccount::name, u"a"), Field(&RecordAccount::name, u"b")));
 }
 
-TEST_F(AccountRecorderTest, AdaptsIndicesToTheAccountThatItIsAppendedTo) {
+TEST_F(AccountRecorderTest, AdjustsIndicesToTheTargetAccount) {
     read(u"0", u"k", SectionFate::New);
     conclude();
     read(u"1", u"k", SectionFate::Overlay);
@@ -162,7 +162,7 @@ TEST(RetrievalRecording, ObservesNothingWithoutAScope) {
     EXPECT_EQ(&recording.observer(), &unobserved);
 }
 
-TEST(RetrievalRecording, AppendsToTheAccountThatWasInForceAtItsStart) {
+TEST(RetrievalRecording, AppendsToTheAccountActiveAtItsStart) {
     LoadAccount outer;
     LoadAccount inner;
     const LoadAccount::Scope scope(outer);

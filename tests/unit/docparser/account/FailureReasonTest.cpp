@@ -45,7 +45,7 @@ TEST(ReasonOfReading, BlamesTheFileUnlessMemoryIsShort) {
     EXPECT_EQ(reading(exception), FateAndReason(Fate::Unreadable, exception.what()));
 }
 
-TEST(ReasonOfOpening, TellsWhatHasTheName) {
+TEST(ReasonOfOpening, DistinguishesFoldersMissingFilesAndOpenFailures) {
     const docparser_tests::TemporaryFolder folder;
     const std::u16string file = folder.write("P.json", "{}").u16string();
     const auto opening = [](const std::u16string& path) {
@@ -64,7 +64,7 @@ TEST(ReasonOfOpening, CallsAPathThatCannotNameAFileMissing) {
     EXPECT_FALSE(reason.reason.empty());
 }
 
-TEST(ReasonOfUse, BlamesNoFileForWhatIsNotItsFault) {
+TEST(ReasonOfUse, DoesNotBlameTheFileForOtherFailures) {
     EXPECT_EQ(use(std::bad_alloc()), FateAndReason(Fate::Failed, "out of memory"));
     EXPECT_EQ(use(std::runtime_error("closed")), FateAndReason(Fate::Failed, "closed"));
     const std::system_error noLock(std::make_error_code(std::errc::operation_not_permitted));
@@ -98,7 +98,7 @@ TEST(ReasonOfUse, PointsToInvalidJson) {
     }
 }
 
-TEST(ApplyReason, TakesTheSectionsOfAMalformedFileOnly) {
+TEST(ApplyReason, RemovesOnlyTheSectionsOfAMalformedFile) {
     const std::vector<SectionAccount> sections = {{.key = u"orchard"}};
     FileAccount malformed{.sections = sections};
     applyReason({.fate = Fate::Malformed, .reason = "bad", .pointer = "/x"}, malformed);

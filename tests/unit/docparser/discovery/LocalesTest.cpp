@@ -21,7 +21,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Tools = DocResourceParser::ParsingTools;
 
-// A host that knows languages and nothing else.
+// A host that answers only questions about languages.
 class LanguageHost : public platform::HostServices {
 public:
     LanguageHost(std::u16string current, std::vector<std::u16string> supported)
@@ -104,7 +104,7 @@ TEST_F(Locales, AsksTheServiceOnEachCall) {
     EXPECT_THAT(Tools::getSupportedDocLocales(), ElementsAre(u"_de"));
 }
 
-TEST_F(Locales, LetsFailuresOfTheServiceReachTheCaller) {
+TEST_F(Locales, PassesServiceExceptionsToTheCaller) {
     platform::setHostServices(std::make_shared<SpeechlessHost>());
     EXPECT_THROW(Tools::getCurrentLocale(), std::domain_error);
     EXPECT_THROW(Tools::getSupportedDocLocales(), std::domain_error);

@@ -27,7 +27,7 @@ TEST(ProductData, KeepsNameAndFlag) {
     EXPECT_EQ(translated.getName(), u"P_ja");
     EXPECT_TRUE(translated.isNonEnglishLocale());
 
-    // Nothing is computed: the caller decides, whatever the name looks like.
+    // The flag is not derived from the name.
     const ProductData english(u"P_ja", false);
     EXPECT_EQ(english.getName(), u"P_ja");
     EXPECT_FALSE(english.isNonEnglishLocale());

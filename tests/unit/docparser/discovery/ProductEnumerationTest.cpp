@@ -47,7 +47,7 @@ protected:
     TemporaryFolder folder_;
 };
 
-// A folder of two products with translations, and what is no product.
+// A folder with two products, their translations, and files that are not products.
 class TwoProducts : public ProductEnumeration {
 protected:
     TwoProducts() {

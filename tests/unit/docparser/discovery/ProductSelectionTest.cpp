@@ -59,7 +59,7 @@ TEST(IsValidFilename, DoesNotLookAtTheDisk) {
     EXPECT_TRUE(isValidFilename(folder.u16() + u"/missing.json"));
 }
 
-// What becomes of a file: "read", "read as translation", "other language" or "other name".
+// The decision as a string: "read", "read as translation", "other language" or "other name".
 std::string outcomeOf(const ProductSelection& selection) {
     if (selection.skipped)
         return *selection.skipped == Fate::SkippedLanguage ? "other language" : "other name";
@@ -101,14 +101,14 @@ TEST(SelectProduct, DecidesByTheEndOfTheStem) {
     }
 }
 
-TEST(SelectProduct, BelievesWhatIsKnownRatherThanTheStem) {
+TEST(SelectProduct, PrefersTheGivenLocaleFlagToTheStem) {
     const std::vector<std::u16string> suffixes = {u"_ja"};
     EXPECT_EQ(outcomeOf(selectProduct(u"P_ja.json", suffixes, u"_de", false)), "read");
     EXPECT_EQ(outcomeOf(selectProduct(u"P.json", suffixes, u"_ja", true)), "other language");
     EXPECT_EQ(outcomeOf(selectProduct(u"P_ja.json", {}, u"_ja", true)), "read as translation");
 }
 
-TEST(SelectProduct, LooksAtTheNameFirst) {
+TEST(SelectProduct, ChecksTheNameFirst) {
     EXPECT_EQ(outcomeOf(selectProduct(u"P_ja.txt", {u"_ja"}, u"_de")), "other name");
 }
 

@@ -19,7 +19,7 @@ using docparser_tests::isCancelledIn;
 using docparser_tests::TemporaryFolder;
 using docparser_tests::ZipBytes;
 
-// The bundled libraries read in such a way that a cancelled thread ends before or while it reads.
+// The bundled libraries read with calls that are cancellation points.
 class CancelledReading : public testing::Test {
 protected:
     static std::ptrdiff_t openFiles() {
@@ -30,7 +30,7 @@ protected:
     const TemporaryFolder folder;
 };
 
-TEST_F(CancelledReading, ThreadEndsInTheReadingOfAFile) {
+TEST_F(CancelledReading, ThreadEndsWhileReadingAFile) {
     const std::u16string path = folder.write("Orchard.json", "{}").u16string();
     const auto openBefore = openFiles();
     EXPECT_TRUE(isCancelledIn([&] {
@@ -40,7 +40,7 @@ TEST_F(CancelledReading, ThreadEndsInTheReadingOfAFile) {
     EXPECT_EQ(openFiles(), openBefore);
 }
 
-TEST_F(CancelledReading, ThreadEndsInTheReadingOfAnEntry) {
+TEST_F(CancelledReading, ThreadEndsWhileReadingAnEntry) {
     ZipBytes zip;
     zip.entries = {{.name = "Orchard.json", .content = "{}", .method = docparser_tests::kDeflated}};
     const std::u16string path = folder.write("Package.zip", zip.build()).u16string();

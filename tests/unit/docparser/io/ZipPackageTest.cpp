@@ -7,7 +7,7 @@
 namespace reference::docparser {
 namespace {
 
-// Entries of package libraries that know the folders of an entry, and that do not.
+// Entries of a package library that provides the folders of an entry, and of one that does not.
 struct EntryWithFolders {
     const std::u16string& getName() const { return name; }
     const std::u16string& getBaseName() const { return baseName; }

@@ -31,8 +31,8 @@ Outcome parsedByDefault(const std::string& text) {
     return outcome;
 }
 
-// Fillings before a case, so that it lies in the validated part, behind it, or behind text that the
-// parser validates.
+// Prefixes that place a case inside the prevalidated part of the text, after it, or after text that
+// the parser itself validates.
 std::vector<std::string> textsWith(const std::string& array) {
     std::vector<std::string> texts;
     for (const std::string start : {"", "\xC3\xA9"}) {
@@ -42,7 +42,7 @@ std::vector<std::string> textsWith(const std::string& array) {
     return texts;
 }
 
-// Sequences that are ill-formed in any place.
+// Sequences that are ill-formed in every context.
 const std::vector<std::string> kIllFormed = {"\x80",
                                              "\xBF",
                                              "\xC0\xAF",
@@ -68,7 +68,7 @@ TEST(ParseDocument, ReturnsTheDocumentInTheArena) {
     EXPECT_EQ(document.storage().get(), &arena);
 }
 
-TEST(ParseDocument, AcceptsWellFormedTextInEveryPlace) {
+TEST(ParseDocument, AcceptsWellFormedTextInEveryPosition) {
     for (const std::string sequence :
          {"x", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
           "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
@@ -105,7 +105,7 @@ TEST(ParseDocument, ReportsEveryOtherErrorAsTheDefaultOptionsDo) {
     EXPECT_EQ(parsed(""), parsedByDefault(""));
 }
 
-TEST(ParseDocument, KeepsTheLimitOnNesting) {
+TEST(ParseDocument, EnforcesTheLimitOnNesting) {
     const auto nested = [](std::size_t depth) {
         return "[\"\xC3\xA9\", " + std::string(depth - 1, '[') + std::string(depth, ']');
     };

@@ -16,7 +16,7 @@ using namespace reference::property;
 using testing::HasSubstr;
 using testing::ThrowsMessage;
 
-// The words of an enumeration; their positions are the numbers of its values.
+// The words of an enumeration, ordered by the numbers of their values.
 template <class E>
 std::vector<std::string_view> words();
 
@@ -53,7 +53,7 @@ TYPED_TEST(Enumeration, MapsWordsToNumbersAndBack) {
     }
 }
 
-TYPED_TEST(Enumeration, HasItsFirstWordAsDefault) {
+TYPED_TEST(Enumeration, DefaultsToItsFirstWord) {
     EXPECT_EQ(TypeParam::getDefaultValue(), 0);
 }
 

@@ -104,7 +104,7 @@ TEST(ItemParser, FillsEachFieldFromItsKey) {
     EXPECT_THAT(section.items, ElementsAre(Pair(u"t.html", ElementsAre(expected))));
 }
 
-// How the name "é" of an item's input, of an input in its group and of its property was read.
+// How the name "é" was read in an input of an item, in a grouped input and in a property.
 std::string namesOf(const RefItem& item) {
     const auto read = [](const std::u16string& name) {
         return name == u"\u00E9" ? "decoded " : name == u"\u00C3\u00A9" ? "widened " : "wrong ";

@@ -104,7 +104,7 @@ TEST(ItemPartReaders, ReplaceAnInputByItsNameValuePairs) {
                             input(u"d", false), input(u"e", true)));
 }
 
-TEST(ItemPartReaders, DropAnInputWithAnEmptyListOfPairs) {
+TEST(ItemPartReaders, RemoveAnInputWithAnEmptyListOfPairs) {
     const json::value inputs = json::parse(
         R"([{"name": "a", "purpose": "", "namevaluepairs": []}, {"name": "b", "purpose": ""}])");
     EXPECT_THAT(readInputs(&inputs, kHref, Ascii), ElementsAre(input(u"b", false)));

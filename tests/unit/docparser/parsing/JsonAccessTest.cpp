@@ -2,7 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/parsing/FormatError.hpp"
-#include "tests/support/JsonPlaces.hpp"
+#include "tests/support/JsonValues.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gmock/gmock.h>

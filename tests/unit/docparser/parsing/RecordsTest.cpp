@@ -1,5 +1,4 @@
-// What the types of the records promise. That each field comes from its key is tested with the
-// readers.
+// The guarantees of the record types. The tests of the readers check the key of each field.
 
 #include "tests/support/Records.hpp"
 
@@ -21,7 +20,7 @@ namespace {
 using namespace reference::property;
 using reference::docparser::DocResource;
 
-// Records are copied as a whole, moved without a copy, compared as a whole, and never empty.
+// Records can be copied, moved without copying and compared, but not default-constructed.
 template <class Record>
 constexpr bool isValue =
     std::copyable<Record>&& std::equality_comparable<Record>&&
@@ -35,7 +34,7 @@ static_assert(isValue<SeeAlso> && isValue<Example> && isValue<HeaderInfo>);
 static_assert(isValue<RefItem> && isValue<RefItemLookup>);
 static_assert(std::copyable<DocResource<RefItem>> && std::copyable<DocResource<RefItemLookup>>);
 
-// A string with memory of its own, so that a move can be told from a copy.
+// A string too long for small-string storage, so that a move differs from a copy.
 std::u16string longString() {
     return std::u16string(100, u'x');
 }

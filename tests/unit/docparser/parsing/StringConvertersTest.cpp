@@ -12,7 +12,7 @@ namespace {
 using reference::docparser::StringConverters;
 using enum reference::docparser::StringParsingType;
 
-// Returns its name in place of a converted string.
+// Returns its own name instead of a converted string.
 class Marker final : public StringConverters::Converter {
 public:
     explicit Marker(std::u16string name) : name_(std::move(name)) {}
@@ -22,7 +22,7 @@ public:
         return name_;
     }
 
-    // The bytes of the last call, which the caller still holds.
+    // The bytes of the last call. The caller owns them.
     std::string_view bytes() const { return bytes_; }
 
 private:

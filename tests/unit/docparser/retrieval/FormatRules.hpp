@@ -12,47 +12,47 @@
 namespace docparser_tests {
 
 /// The JSON type that the format requires for a key.
-enum class Kind {
-    Text,
-    Word, ///< of an enumeration; anything else means its default
+enum class ValueType {
+    String,
+    Word, ///< a word of an enumeration; any other value means the default
     Array,
     Object,
-    Anything ///< only the key counts
+    Anything ///< only the presence of the key matters
 };
 
 /// Whether a value of the format may be missing.
 enum class Presence {
     Required,
     Optional,
-    Element ///< one of an array, which may well be shorter
+    Element ///< an element of an array, which may be shorter
 };
 
 /// How a string is converted.
 enum class Reading {
     Ascii,
     Utf8,
-    Name ///< decoded where the item documents a component, else widened
+    Name ///< decoded if the item documents a component, otherwise widened
 };
 
-/// What the format says about one position of its sample document.
+/// The rule of the format for one position of its sample document.
 template <class Record>
 struct FormatRule {
-    /// What the parsed sample has of the place: a text, a word's number, how many records.
+    /// Returns the parsed value of the position: a string, the number of a word or of records.
     using Field =
         std::function<std::u16string(const reference::docparser::ResourceMap<Record>& sections)>;
 
     std::string parent; ///< JSON pointer of the object or array
-    std::string key;    ///< or the number of the element
-    Kind kind;
+    std::string key;    ///< or index of the element
+    ValueType type;
     Presence presence;
-    Reading reading; ///< of a text
+    Reading reading; ///< of a string
     Field field;
 
     std::string pointer() const { return parent + '/' + key; }
 
     /// The value of the field if the key is missing.
     std::u16string fallback() const {
-        return kind == Kind::Text || kind == Kind::Object ? u"" : u"0";
+        return type == ValueType::String || type == ValueType::Object ? u"" : u"0";
     }
 };
 
@@ -64,19 +64,21 @@ public:
 
     void text(std::string parent, std::string key, Presence presence, Reading reading,
               Field field) {
-        rules_.push_back(
-            {std::move(parent), std::move(key), Kind::Text, presence, reading, std::move(field)});
+        rules_.push_back({std::move(parent), std::move(key), ValueType::String, presence, reading,
+                          std::move(field)});
     }
     void word(std::string parent, std::string key, Field field) {
-        other(std::move(parent), std::move(key), Kind::Word, Presence::Optional, std::move(field));
+        other(std::move(parent), std::move(key), ValueType::Word, Presence::Optional,
+              std::move(field));
     }
-    void other(std::string parent, std::string key, Kind kind, Presence presence, Field field) {
+    void other(std::string parent, std::string key, ValueType type, Presence presence,
+               Field field) {
         rules_.push_back(
-            {std::move(parent), std::move(key), kind, presence, Reading::Utf8, std::move(field)});
+            {std::move(parent), std::move(key), type, presence, Reading::Utf8, std::move(field)});
     }
     /// The position of an element of an array.
     void element(std::string array, std::string number) {
-        other(std::move(array), std::move(number), Kind::Object, Presence::Element, nullptr);
+        other(std::move(array), std::move(number), ValueType::Object, Presence::Element, nullptr);
     }
 
     const std::vector<FormatRule<Record>>& all() const { return rules_; }
@@ -85,13 +87,13 @@ private:
     std::vector<FormatRule<Record>> rules_;
 };
 
-/// A number of things as the text that a rule's field has for it.
+/// Formats a number as the field of a rule returns it.
 inline std::u16string numberText(std::size_t number) {
     const std::string digits = std::to_string(number);
     return {digits.begin(), digits.end()};
 }
 
-/// The one section whose key is not `otherKey`.
+/// The only section whose key is not `otherKey`.
 template <class Record>
 const reference::docparser::DocResource<Record>&
 sectionBut(const reference::docparser::ResourceMap<Record>& sections, const char16_t* otherKey) {
@@ -102,7 +104,7 @@ sectionBut(const reference::docparser::ResourceMap<Record>& sections, const char
     throw std::out_of_range("no such section");
 }
 
-/// The rules of a section: its header, its list of items and its first item's place.
+/// Adds the rules of a section: its header, its list of items and the position of its first item.
 /// \param parent    the section's JSON pointer
 /// \param otherKey  the key of the sample's other section
 template <class Record>
@@ -121,16 +123,17 @@ void addSectionRules(FormatRules<Record>& rules, const std::string& parent,
     header("baseCode", Presence::Required, Reading::Ascii, &Header::getBaseCode);
     header("helpFolder", Presence::Required, Reading::Ascii, &Header::getHelpFolder);
     header("helpLocation", Presence::Required, Reading::Ascii, &Header::getHelpLocation);
-    rules.other(parent, "refItems", Kind::Array, Presence::Required, [=](const auto& sections) {
-        return numberText(sectionBut(sections, otherKey).items.size());
-    });
+    rules.other(parent, "refItems", ValueType::Array, Presence::Required,
+                [=](const auto& sections) {
+                    return numberText(sectionBut(sections, otherKey).items.size());
+                });
     rules.element(parent + "/refItems", "0");
 }
 
-/// The rules of "supportPackages" and of its one section.
+/// Adds the rules of "supportPackages" and of its only section.
 template <class Record>
 void addSupportPackageRules(FormatRules<Record>& rules) {
-    rules.other("", "supportPackages", Kind::Array, Presence::Optional,
+    rules.other("", "supportPackages", ValueType::Array, Presence::Optional,
                 [](const auto& sections) { return numberText(sections.size() - 1); });
     rules.element("/supportPackages", "0");
     addSectionRules(rules, "/supportPackages/0", u"folder");

@@ -18,7 +18,7 @@ using enum Reading;
 
 const std::string kItem = "/refItems/0";
 
-// A field of the main section's one item.
+// A field of the only item of the main section.
 template <class Get>
 Rules::Field ofItem(Get get) {
     return [get](const ResourceMap<RefItem>& sections) -> std::u16string {
@@ -41,7 +41,7 @@ std::u16string countPairs(const std::vector<Input>& inputs) {
         inputs, [](const Input& input) { return input.getIsNameValuePair(); })));
 }
 
-// The rules of what inputs, outputs, parameters and properties share.
+// Adds the rules that inputs, outputs, parameters and properties share.
 // \param get  the ObjectInfo of an item
 template <class Get>
 void addObjectInfoRules(Rules& rules, const std::string& parent, Reading nameReading, Get get) {
@@ -49,7 +49,7 @@ void addObjectInfoRules(Rules& rules, const std::string& parent, Reading nameRea
                ofItem([get](const RefItem& item) { return get(item).getName(); }));
     rules.text(parent, "purpose", Required, Utf8,
                ofItem([get](const RefItem& item) { return get(item).getPurpose(); }));
-    rules.other(parent, "value", Kind::Array, Optional, ofItem([get](const RefItem& item) {
+    rules.other(parent, "value", ValueType::Array, Optional, ofItem([get](const RefItem& item) {
                     return numberText(get(item).getValues().size());
                 }));
     rules.text(parent + "/value", "0", Element, Utf8,
@@ -106,7 +106,7 @@ void addTextRules(Rules& rules) {
 void addThumbnailRules(Rules& rules) {
     const Rules::Field fileRef =
         ofItem([](const RefItem& item) { return item.getAppThumbnail().getFileRef(); });
-    rules.other(kItem, "appthumbnail", Kind::Object, Optional, fileRef);
+    rules.other(kItem, "appthumbnail", ValueType::Object, Optional, fileRef);
     rules.text(kItem + "/appthumbnail", "fileref", Required, Ascii, fileRef);
     rules.text(kItem + "/appthumbnail", "alt", Required, Utf8,
                ofItem([](const RefItem& item) { return item.getAppThumbnail().getAlt(); }));
@@ -115,7 +115,7 @@ void addThumbnailRules(Rules& rules) {
 void addEntityRules(Rules& rules) {
     const std::string list = kItem + "/refentity";
     const auto entity = [](const RefItem& item) { return item.getRefEntities().at(0); };
-    rules.other(kItem, "refentity", Kind::Array, Optional, countOf(&RefItem::getRefEntities));
+    rules.other(kItem, "refentity", ValueType::Array, Optional, countOf(&RefItem::getRefEntities));
     rules.element(list, "0");
     rules.word(list + "/0", "type", ofItem([=](const RefItem& item) {
                    return wordNumber(entity(item).getEntityType());
@@ -130,12 +130,13 @@ void addEntityRules(Rules& rules) {
 void addSyntaxRules(Rules& rules) {
     const std::string list = kItem + "/syntaxgroup";
     const auto group = [](const RefItem& item) { return item.getSyntaxGroups().at(0); };
-    rules.other(kItem, "syntaxgroup", Kind::Array, Optional, countOf(&RefItem::getSyntaxGroups));
+    rules.other(kItem, "syntaxgroup", ValueType::Array, Optional,
+                countOf(&RefItem::getSyntaxGroups));
     rules.element(list, "0");
     addSyntaxTypeRule(rules, list + "/0", group);
     rules.text(list + "/0", "title", Required, Utf8,
                ofItem([=](const RefItem& item) { return group(item).getTitle(); }));
-    rules.other(list + "/0", "syntax", Kind::Array, Optional, ofItem([=](const RefItem& item) {
+    rules.other(list + "/0", "syntax", ValueType::Array, Optional, ofItem([=](const RefItem& item) {
                     return numberText(group(item).getSyntaxes().size());
                 }));
     rules.text(list + "/0/syntax", "0", Element, Ascii,
@@ -144,10 +145,10 @@ void addSyntaxRules(Rules& rules) {
 
 void addInputsRules(Rules& rules) {
     const std::string list = kItem + "/inputs";
-    rules.other(kItem, "inputs", Kind::Array, Optional, countOf(&RefItem::getInputs));
+    rules.other(kItem, "inputs", ValueType::Array, Optional, countOf(&RefItem::getInputs));
     addInputRules(rules, list, [](const RefItem& item) { return item.getInputs().at(0); });
     rules.element(list, "1");
-    rules.other(list + "/1", "namevaluepairs", Kind::Array, Optional,
+    rules.other(list + "/1", "namevaluepairs", ValueType::Array, Optional,
                 ofItem([](const RefItem& item) { return countPairs(item.getInputs()); }));
     addInputRules(rules, list + "/1/namevaluepairs",
                   [](const RefItem& item) { return item.getInputs().at(1); });
@@ -157,7 +158,7 @@ template <class Get>
 void addInputGroupRules(Rules& rules, const std::string& group, Get get) {
     rules.text(group, "title", Required, Utf8,
                ofItem([get](const RefItem& item) { return get(item).getTitle(); }));
-    rules.other(group, "inputs", Kind::Array, Optional, ofItem([get](const RefItem& item) {
+    rules.other(group, "inputs", ValueType::Array, Optional, ofItem([get](const RefItem& item) {
                     return numberText(get(item).getInputs().size());
                 }));
     addInputRules(rules, group + "/inputs",
@@ -166,13 +167,13 @@ void addInputGroupRules(Rules& rules, const std::string& group, Get get) {
 
 void addInputGroupsRules(Rules& rules) {
     const std::string list = kItem + "/inputgroup";
-    rules.other(kItem, "inputgroup", Kind::Array, Optional, countOf(&RefItem::getInputGroups));
+    rules.other(kItem, "inputgroup", ValueType::Array, Optional, countOf(&RefItem::getInputGroups));
     rules.element(list, "0");
     addInputGroupRules(rules, list + "/0",
                        [](const RefItem& item) { return item.getInputGroups().at(0); });
     rules.element(list, "1");
     rules.other(
-        list + "/1", "namevaluepairs", Kind::Array, Optional, ofItem([](const RefItem& item) {
+        list + "/1", "namevaluepairs", ValueType::Array, Optional, ofItem([](const RefItem& item) {
             std::vector<Input> inputs;
             for (const InputGroup& group : item.getInputGroups())
                 inputs.insert(inputs.end(), group.getInputs().begin(), group.getInputs().end());
@@ -186,7 +187,7 @@ void addInputGroupsRules(Rules& rules) {
 void addOutputRules(Rules& rules) {
     const std::string list = kItem + "/outputs";
     const auto output = [](const RefItem& item) { return item.getOutputs().at(0); };
-    rules.other(kItem, "outputs", Kind::Array, Optional, countOf(&RefItem::getOutputs));
+    rules.other(kItem, "outputs", ValueType::Array, Optional, countOf(&RefItem::getOutputs));
     rules.element(list, "0");
     addArgumentRules(rules, list + "/0", Utf8, output);
     addSyntaxTypeRule(rules, list + "/0", output);
@@ -195,7 +196,7 @@ void addOutputRules(Rules& rules) {
 void addParameterRules(Rules& rules) {
     const std::string list = kItem + "/parameters";
     const auto parameter = [](const RefItem& item) { return item.getParameters().at(0); };
-    rules.other(kItem, "parameters", Kind::Array, Optional, countOf(&RefItem::getParameters));
+    rules.other(kItem, "parameters", ValueType::Array, Optional, countOf(&RefItem::getParameters));
     rules.element(list, "0");
     addArgumentRules(rules, list + "/0", Utf8, parameter);
     addDefaultValueRule(rules, list + "/0", parameter);
@@ -205,12 +206,12 @@ void addPropertyRules(Rules& rules) {
     const std::string list = kItem + "/classpropertygroup";
     const auto group = [](const RefItem& item) { return item.getClassPropertyGroups().at(0); };
     const auto property = [=](const RefItem& item) { return group(item).getProperties().at(0); };
-    rules.other(kItem, "classpropertygroup", Kind::Array, Optional,
+    rules.other(kItem, "classpropertygroup", ValueType::Array, Optional,
                 countOf(&RefItem::getClassPropertyGroups));
     rules.element(list, "0");
     rules.text(list + "/0", "title", Optional, Utf8,
                ofItem([=](const RefItem& item) { return group(item).getTitle(); }));
-    rules.other(list + "/0", "classproperty", Kind::Array, Optional,
+    rules.other(list + "/0", "classproperty", ValueType::Array, Optional,
                 ofItem([=](const RefItem& item) {
                     return numberText(group(item).getProperties().size());
                 }));
@@ -223,7 +224,7 @@ void addPropertyRules(Rules& rules) {
 void addLinkRules(Rules& rules) {
     const std::string list = kItem + "/seealso";
     const auto link = [](const RefItem& item) { return item.getSeeAlso().at(0); };
-    rules.other(kItem, "seealso", Kind::Array, Optional, countOf(&RefItem::getSeeAlso));
+    rules.other(kItem, "seealso", ValueType::Array, Optional, countOf(&RefItem::getSeeAlso));
     rules.element(list, "0");
     rules.text(list + "/0", "url", Required, Ascii,
                ofItem([=](const RefItem& item) { return link(item).getUrl(); }));
@@ -234,7 +235,7 @@ void addLinkRules(Rules& rules) {
 void addExampleRules(Rules& rules) {
     const std::string list = kItem + "/examples";
     const auto example = [](const RefItem& item) { return item.getExamples().at(0); };
-    rules.other(kItem, "examples", Kind::Array, Optional, countOf(&RefItem::getExamples));
+    rules.other(kItem, "examples", ValueType::Array, Optional, countOf(&RefItem::getExamples));
     rules.element(list, "0");
     rules.text(list + "/0", "url", Required, Ascii,
                ofItem([=](const RefItem& item) { return example(item).getUrl(); }));

@@ -17,17 +17,17 @@ struct FullFormat {
 
     static constexpr auto kParseSection = reference::docparser::parseRefItemSection;
 
-    /// A document that has every key, each at a value unlike its default. Its main section has the
-    /// key "folder", the section of its support package "pack".
+    /// A document with every key, each with a value other than its default. The key of its main
+    /// section is "folder", that of its support package "pack".
     static boost::json::value sample();
 
-    /// What the format says of every place of the sample but the unread ones.
+    /// The rules for every position of the sample except those in unread().
     static FormatRules<Record> rules();
 
-    /// JSON pointers of places, in the sample or to be put in, whose value is never looked at.
+    /// JSON pointers of ignored values, which the sample may or may not have.
     static std::vector<std::string> unread();
 
-    /// Lets the sample's item document a component, so that its names are decoded.
+    /// Makes the item of the sample document a component, so that its names are decoded.
     static void addComponent(boost::json::value& sample);
 };
 

@@ -10,7 +10,7 @@
 namespace reference::docparser {
 namespace {
 
-// A host whose every service fails.
+// A host whose services all throw.
 class SilentHost final : public platform::HostServices {
 public:
     std::u16string installPath() const override { throw asked(); }
@@ -36,7 +36,7 @@ protected:
     ~CollectLookupFilesTest() override { platform::setHostServices(nullptr); }
 };
 
-TEST_F(CollectLookupFilesTest, AsksAndReadsNothingWithoutALookupFolder) {
+TEST_F(CollectLookupFilesTest, NeitherAsksNorReadsWithoutALookupFolder) {
     const auto parse = [](std::string, const std::u16string&, RetrievalObserver&) -> LookupMap {
         throw std::logic_error("a text was parsed");
     };
@@ -46,7 +46,7 @@ TEST_F(CollectLookupFilesTest, AsksAndReadsNothingWithoutALookupFolder) {
     EXPECT_EQ(collectLookupFiles(u"", parse, isInstalled, unobserved), LookupResults());
 }
 
-TEST_F(CollectLookupFilesTest, LetsAFailureOfTheLanguageServicePass) {
+TEST_F(CollectLookupFilesTest, PassesExceptionsOfTheLanguageServiceToTheCaller) {
     const auto parse = [](std::string, const std::u16string&, RetrievalObserver&) {
         return LookupMap();
     };

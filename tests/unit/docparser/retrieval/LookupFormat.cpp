@@ -15,7 +15,7 @@ using enum Reading;
 
 const std::string kItem = "/refItems/0";
 
-// A field of the main section's one item.
+// A field of the only item of the main section.
 template <class Get>
 Rules::Field ofItem(Get get) {
     return [get](const ResourceMap<RefItemLookup>& sections) -> std::u16string {
@@ -37,7 +37,7 @@ void addItemRules(Rules& rules) {
                    return numberText(static_cast<std::size_t>(item.getFunctionType()));
                }));
     rules.other(
-        kItem, "deprecated", Kind::Anything, Optional,
+        kItem, "deprecated", ValueType::Anything, Optional,
         ofItem([](const RefItemLookup& item) { return numberText(item.getDeprecated() ? 1 : 0); }));
 }
 

@@ -27,8 +27,8 @@ RefItemLookup record(std::u16string href, std::u16string purpose) {
             false, std::move(href),         FunctionType::Function};
 }
 
-// What merging a source's records into a target's under one name makes of the target, written as
-// href and purpose of each record.
+// Merges the records of a source into those of a target under one name. Returns the target as href
+// and purpose of each record.
 std::u16string merged(const Records& target, const Records& source) {
     Items targetItems{{u"n", target}};
     Items sourceItems{{u"n", source}};
@@ -109,7 +109,7 @@ TEST(LookupMerge, AnEmptySideChangesNothing) {
     EXPECT_EQ(none, full);
 }
 
-// The merge rule as plainly as possible, regardless of cost.
+// The simplest implementation of the merge rule, regardless of cost.
 void mergeWordByWord(Items& target, const Items& source) {
     for (const auto& [name, records] : source) {
         const auto [entry, isNew] = target.try_emplace(name, records);

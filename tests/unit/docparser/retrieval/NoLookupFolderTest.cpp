@@ -15,7 +15,7 @@ namespace {
 
 using docparser_tests::TemporaryFolder;
 
-// The folder in which relative paths start, for the life of the object.
+// Changes the current folder during its life.
 class WorkingFolder {
 public:
     explicit WorkingFolder(const std::filesystem::path& folder)
@@ -30,7 +30,7 @@ private:
     std::filesystem::path before_;
 };
 
-// Notices whether a folder, or a file in it, is opened during the object's life.
+// Detects whether a folder, or a file in it, is opened during its life.
 class FolderWatch {
 public:
     explicit FolderWatch(const std::filesystem::path& folder)
@@ -51,7 +51,7 @@ private:
     int events_;
 };
 
-// An empty path could be taken for the working folder, which has a lookup file here.
+// An empty path could be mistaken for the current folder, which has a lookup file here.
 TEST(NoLookupFolder, ListsNoFolder) {
     const TemporaryFolder folder;
     folder.write("Orchard.json", "{}");
@@ -64,7 +64,7 @@ TEST(NoLookupFolder, ListsNoFolder) {
     EXPECT_FALSE(watch.hasSeenOpening());
 
     EXPECT_EQ(findProducts(u".", {}, u"_en", unobserved).jsonProducts.size(), 1U);
-    EXPECT_TRUE(watch.hasSeenOpening()) << "the watch does not notice a listing";
+    EXPECT_TRUE(watch.hasSeenOpening()) << "the watch does not detect a listing";
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The cost of hostile files: memory proportional to their size, never to what they announce.
+// The memory for a hostile file must be proportional to its size.
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/parsing/ItemParser.hpp"
@@ -63,7 +63,7 @@ TEST(ResourceTextCost, ReadsManyBlocksOfNameValuePairs) {
     EXPECT_TRUE(inputs.back().getIsNameValuePair());
 }
 
-// How much a list of a million elements that are not records costs in addition to parsing.
+// The memory for a list of a million invalid elements, in addition to that for parsing.
 void expectNoRoomMadeFor(const std::string& member, const std::string& pointer) {
     const std::string text = itemWith(member);
     const AllocationCount bare;

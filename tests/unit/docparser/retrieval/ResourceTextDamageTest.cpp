@@ -1,4 +1,4 @@
-// Valid files of both formats, truncated and changed at every byte: each is read or refused.
+// Valid files of both formats, truncated and changed at every byte. Each is read or refused.
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
@@ -53,15 +53,15 @@ protected:
 using Formats = testing::Types<FullFormat, LookupFormat>;
 TYPED_TEST_SUITE(DamagedResourceText, Formats);
 
-TYPED_TEST(DamagedResourceText, NoProperPrefixOfAFileIsRead) {
+TYPED_TEST(DamagedResourceText, EveryProperPrefixIsRefused) {
     EXPECT_NO_THROW(this->parse(this->good_));
     for (std::size_t length = 0; length < this->good_.size(); ++length)
         EXPECT_THROW(this->parse(this->good_.substr(0, length)), boost::system::system_error)
             << length;
 }
 
-TYPED_TEST(DamagedResourceText, AChangeOfAnyByteIsReadOrRefused) {
-    // JSON's own characters, the edges of ASCII, and bytes that start or go on a sequence.
+TYPED_TEST(DamagedResourceText, FileWithAnyByteChangedIsReadOrRefused) {
+    // Structural characters of JSON, the limits of ASCII, and lead and continuation bytes of UTF-8.
     constexpr std::string_view values =
         "\0\x01\x1F \"'\\/{}[],:-+.019Ee~\x7F\x80\xBF\xC0\xC3\xE9\xED"
         "\xF4\xFF"sv;
@@ -75,7 +75,7 @@ TYPED_TEST(DamagedResourceText, AChangeOfAnyByteIsReadOrRefused) {
     }
 }
 
-TYPED_TEST(DamagedResourceText, ALossOrADoublingOfAnyByteIsReadOrRefused) {
+TYPED_TEST(DamagedResourceText, FileWithAnyByteMissingOrRepeatedIsReadOrRefused) {
     for (std::size_t i = 0; i < this->good_.size(); ++i) {
         SCOPED_TRACE(testing::Message() << "byte " << i);
         std::string text = this->good_;

@@ -2,7 +2,7 @@
 
 #include "docparser/parsing/FormatError.hpp"
 #include "docparser/retrieval/ResourceText.hpp"
-#include "tests/support/JsonPlaces.hpp"
+#include "tests/support/JsonValues.hpp"
 #include "tests/unit/docparser/retrieval/FullFormat.hpp"
 #include "tests/unit/docparser/retrieval/LookupFormat.hpp"
 
@@ -19,12 +19,14 @@ namespace {
 namespace json = boost::json;
 using namespace reference::docparser;
 
-std::string expectedName(Kind kind) {
-    return kind == Kind::Array ? "an array" : kind == Kind::Object ? "an object" : "a string";
+std::string expectedName(ValueType type) {
+    return type == ValueType::Array    ? "an array"
+           : type == ValueType::Object ? "an object"
+                                       : "a string";
 }
 
 template <class Record>
-json::value& placeOf(json::value& document, const FormatRule<Record>& rule) {
+json::value& valueAt(json::value& document, const FormatRule<Record>& rule) {
     return document.at_pointer(rule.pointer());
 }
 
@@ -72,21 +74,21 @@ protected:
 using Formats = testing::Types<FullFormat, LookupFormat>;
 TYPED_TEST_SUITE(ResourceTextFormat, Formats);
 
-TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleHasARule) {
-    std::set<std::string> places;
-    addPointers(TypeParam::sample(), "", places);
+TYPED_TEST(ResourceTextFormat, EveryPositionInTheSampleHasARule) {
+    std::set<std::string> pointers;
+    addPointers(TypeParam::sample(), "", pointers);
     for (const auto& rule : this->rules_.all())
-        EXPECT_EQ(places.erase(rule.pointer()), 1U) << rule.pointer();
+        EXPECT_EQ(pointers.erase(rule.pointer()), 1U) << rule.pointer();
     for (const std::string& pointer : TypeParam::unread())
-        places.erase(pointer);
+        pointers.erase(pointer);
     // The item of the support package only tells the sections apart; its keys are the same.
-    std::erase_if(places, [](const std::string& pointer) {
+    std::erase_if(pointers, [](const std::string& pointer) {
         return pointer.starts_with("/supportPackages/0/refItems/0/");
     });
-    EXPECT_THAT(places, testing::IsEmpty());
+    EXPECT_THAT(pointers, testing::IsEmpty());
 }
 
-TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleReachesItsField) {
+TYPED_TEST(ResourceTextFormat, EveryValueInTheSampleReachesItsField) {
     const auto sections = TestFixture::parse(TypeParam::sample());
     for (const auto& rule : this->rules_.all()) {
         if (!rule.field)
@@ -95,7 +97,7 @@ TYPED_TEST(ResourceTextFormat, EveryPlaceOfTheSampleReachesItsField) {
     }
 }
 
-TYPED_TEST(ResourceTextFormat, AMissingRequiredKeyIsNamedWithItsObject) {
+TYPED_TEST(ResourceTextFormat, ErrorNamesAMissingRequiredKeyAndItsObject) {
     for (const auto& rule : this->rules_.all()) {
         if (rule.presence != Presence::Required)
             continue;
@@ -105,7 +107,7 @@ TYPED_TEST(ResourceTextFormat, AMissingRequiredKeyIsNamedWithItsObject) {
     }
 }
 
-TYPED_TEST(ResourceTextFormat, AMissingOptionalKeyLeavesItsFieldAtTheDefault) {
+TYPED_TEST(ResourceTextFormat, MissingOptionalKeyLeavesTheDefault) {
     for (const auto& rule : this->rules_.all()) {
         if (rule.presence != Presence::Optional)
             continue;
@@ -114,48 +116,48 @@ TYPED_TEST(ResourceTextFormat, AMissingOptionalKeyLeavesItsFieldAtTheDefault) {
     }
 }
 
-TYPED_TEST(ResourceTextFormat, AValueOfAnotherKindIsNamedWithItsPlaceAndItsKind) {
+TYPED_TEST(ResourceTextFormat, ErrorNamesPositionAndTypeOfAWrongValue) {
     for (const auto& rule : this->rules_.all()) {
-        const bool isChecked = rule.kind != Kind::Word && rule.kind != Kind::Anything;
+        const bool isChecked = rule.type != ValueType::Word && rule.type != ValueType::Anything;
         for (const auto& [value, type] : everyType()) {
-            if (!isChecked || type == expectedName(rule.kind))
+            if (!isChecked || type == expectedName(rule.type))
                 continue;
             SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
-            placeOf(document, rule) = value;
+            valueAt(document, rule) = value;
             TestFixture::expectFailure(document, rule.pointer(),
-                                       "expected " + expectedName(rule.kind) + ", found " + type);
+                                       "expected " + expectedName(rule.type) + ", found " + type);
         }
     }
 }
 
-TYPED_TEST(ResourceTextFormat, AnUnknownWordAndAWordOfAnotherKindIsTheDefault) {
+TYPED_TEST(ResourceTextFormat, UnknownWordsAndOtherTypesMeanTheDefault) {
     for (const auto& rule : this->rules_.all()) {
         for (const auto& [value, type] : everyType()) {
-            if (rule.kind != Kind::Word)
+            if (rule.type != ValueType::Word)
                 continue;
             SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
-            placeOf(document, rule) = value;
+            valueAt(document, rule) = value;
             TestFixture::expectField(document, rule, rule.fallback());
         }
     }
 }
 
-TYPED_TEST(ResourceTextFormat, AKeyThatCountsByItselfMayHaveAnyValue) {
+TYPED_TEST(ResourceTextFormat, KeyThatOnlyNeedsToExistAcceptsAnyValue) {
     for (const auto& rule : this->rules_.all()) {
         for (const auto& [value, type] : everyType()) {
-            if (rule.kind != Kind::Anything)
+            if (rule.type != ValueType::Anything)
                 continue;
             SCOPED_TRACE(rule.pointer() + " is " + type);
             json::value document = TypeParam::sample();
-            placeOf(document, rule) = value;
+            valueAt(document, rule) = value;
             TestFixture::expectField(document, rule, u"1");
         }
     }
 }
 
-TYPED_TEST(ResourceTextFormat, ADocumentThatIsNoObjectIsRefused) {
+TYPED_TEST(ResourceTextFormat, DocumentThatIsNotAnObjectIsRefused) {
     for (const auto& [value, type] : everyType()) {
         SCOPED_TRACE(type);
         const std::string reason = type == "an object"
@@ -165,14 +167,14 @@ TYPED_TEST(ResourceTextFormat, ADocumentThatIsNoObjectIsRefused) {
     }
 }
 
-TYPED_TEST(ResourceTextFormat, EachTextIsReadInItsOwnWay) {
+TYPED_TEST(ResourceTextFormat, EachStringIsConvertedByItsRule) {
     for (const auto& rule : this->rules_.all()) {
         for (const bool hasComponent : {false, true}) {
-            if (rule.kind != Kind::Text)
+            if (rule.type != ValueType::String)
                 continue;
             SCOPED_TRACE(rule.pointer() + (hasComponent ? " of a component" : ""));
             json::value document = TypeParam::sample();
-            placeOf(document, rule) = "\xC3\xA9";
+            valueAt(document, rule) = "\xC3\xA9";
             if (hasComponent)
                 TypeParam::addComponent(document);
             const bool isDecoded =
@@ -182,32 +184,32 @@ TYPED_TEST(ResourceTextFormat, EachTextIsReadInItsOwnWay) {
     }
 }
 
-TYPED_TEST(ResourceTextFormat, TextsMayBeEmptyAndHoldNul) {
+TYPED_TEST(ResourceTextFormat, StringsMayBeEmptyAndContainNul) {
     const std::u16string nul(1, u'\0');
     for (const auto& rule : this->rules_.all()) {
-        if (rule.kind != Kind::Text)
+        if (rule.type != ValueType::String)
             continue;
         SCOPED_TRACE(rule.pointer());
         json::value document = TypeParam::sample();
-        placeOf(document, rule) = "";
+        valueAt(document, rule) = "";
         TestFixture::expectField(document, rule, u"");
-        placeOf(document, rule) = std::string(1, '\0');
+        valueAt(document, rule) = std::string(1, '\0');
         TestFixture::expectField(document, rule, nul);
     }
 }
 
 TYPED_TEST(ResourceTextFormat, ListsMayBeEmpty) {
     for (const auto& rule : this->rules_.all()) {
-        if (rule.kind != Kind::Array)
+        if (rule.type != ValueType::Array)
             continue;
         SCOPED_TRACE(rule.pointer());
         json::value document = TypeParam::sample();
-        placeOf(document, rule) = json::array{};
+        valueAt(document, rule) = json::array{};
         TestFixture::expectField(document, rule, u"0");
     }
 }
 
-TYPED_TEST(ResourceTextFormat, KeysThatAReaderDoesNotKnowAreNeverLookedAt) {
+TYPED_TEST(ResourceTextFormat, UnknownKeysAreIgnored) {
     const auto expected = TestFixture::parse(TypeParam::sample());
     for (const std::string& pointer : TypeParam::unread()) {
         for (const auto& [value, type] : everyType()) {

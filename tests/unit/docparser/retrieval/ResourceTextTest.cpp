@@ -26,7 +26,7 @@ ResourceMap<RefItem> parse(const std::string& text) {
     return parseResourceText<RefItem>(text, u"p", parseRefItemSection, unobserved);
 }
 
-// The text of a section without its braces.
+// The text of a section, without its braces.
 std::string section(const std::string& helpFolder, const std::string& baseCode,
                     const std::string& refItems = "[]") {
     return R"("productName": "n", "helpLocation": "l", "helpFolder": ")" + helpFolder +
@@ -63,7 +63,7 @@ TEST(ResourceText, KeepsTheFirstOfTwoPackagesWithTheSameBaseCode) {
     EXPECT_EQ(sections.at(u"pack").header.getHelpFolder(), u"first");
 }
 
-TEST(ResourceText, DropsAPackageWhoseBaseCodeIsTheHelpFolderOfTheMainSection) {
+TEST(ResourceText, IgnoresAPackageWhoseBaseCodeIsTheMainHelpFolder) {
     const auto sections = parse(withPackages(
         '{' + section("other", "folder", R"([{"href": "a", "refpurpose": ""}])") + '}'));
     EXPECT_THAT(keysOf(sections), ElementsAre(u"folder"));
@@ -77,7 +77,7 @@ TEST(ResourceText, IgnoresPackagesWithinAPackage) {
     EXPECT_THAT(keysOf(sections), ElementsAre(u"folder", u"pack"));
 }
 
-TEST(ResourceText, RefusesTheFileForADamagedPackageEvenIfThatWouldBeDropped) {
+TEST(ResourceText, RefusesTheFileForADamagedPackageThatWouldBeIgnored) {
     const std::string damaged = "{" + section("f", "folder", "5") + "}";
     try {
         parse(withPackages('{' + section("f", "pack") + "}," + damaged));
@@ -149,7 +149,7 @@ TEST(ResourceText, RefusesCommentsTrailingCommasAndIllFormedUtf8) {
         expectNoJson(withValue(value));
 }
 
-// A document whose innermost array is nested `depth` deep, the document counted.
+// A document with `depth` levels of nesting, including the document itself.
 std::string nested(std::size_t depth) {
     return '{' + section("folder", "code") + R"(, "x": )" + std::string(depth - 1, '[') +
            std::string(depth - 1, ']') + '}';
@@ -163,7 +163,7 @@ TEST(ResourceText, AcceptsNestingOf32LevelsAndRefuses33) {
 
 // --- the section parser
 
-TEST(ResourceText, LetsExceptionsOfTheSectionParserPass) {
+TEST(ResourceText, PassesExceptionsOfTheSectionParserToTheCaller) {
     const SectionParser<RefItem> failing = [](const json::value&,
                                               const std::u16string&) -> DocResource<RefItem> {
         throw std::domain_error("no section today");
@@ -180,7 +180,7 @@ TEST(ResourceText, RefusesARootThatIsNotAnObject) {
     EXPECT_THROW(parseResourceText<RefItem>("[]", u"p", easy, unobserved), FormatError);
 }
 
-// What the parser below returned last.
+// The last result of the parser below.
 const std::vector<RefItemLookup>* handedOut = nullptr;
 const char16_t* handedOutCharacters = nullptr;
 

@@ -29,7 +29,8 @@ using docparser_tests::LogLine;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Adds a sink without a lock to the core during its life; it hands each record to a function.
+// Adds a sink without a lock to the core during its life. The sink passes each record to a
+// function.
 class FunctionSink {
 public:
     explicit FunctionSink(std::function<void()> consume) : sink_(boost::make_shared<Sink>()) {
@@ -98,7 +99,7 @@ TEST(DiagnosticChannelTest, WritesAnySubjectAsUtf8) {
                                             std::string("a\0\nb", 4), many));
 }
 
-TEST(DiagnosticChannelTest, NeitherFormsAMaskedMessageNorAsksTheCore) {
+TEST(DiagnosticChannelTest, NeitherFormatsAMaskedMessageNorAsksTheCore) {
     const LogCapture log(kTraceSeverity);
     int asked = 0;
     boost::log::core::get()->set_filter([&](const boost::log::attribute_value_set&) {
@@ -116,7 +117,7 @@ TEST(DiagnosticChannelTest, NeitherFormsAMaskedMessageNorAsksTheCore) {
     EXPECT_THAT(log.messages(), ElementsAre("Reading file: a"));
 }
 
-TEST(DiagnosticChannelTest, DoesNotFormAMessageThatTheCoreRefuses) {
+TEST(DiagnosticChannelTest, DoesNotFormatAMessageThatTheCoreRefuses) {
     const LogCapture log;
     const std::u16string subject(100'000, u'x');
     boost::log::core::get()->set_filter(
@@ -132,7 +133,7 @@ TEST(DiagnosticChannelTest, DoesNotFormAMessageThatTheCoreRefuses) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST(DiagnosticChannelTest, PassesOnWhatASinkThrowsAndWorksAfterwards) {
+TEST(DiagnosticChannelTest, PassesExceptionsOfASinkToTheCallerAndStillWorks) {
     const LogCapture log(kTraceSeverity);
     {
         const FunctionSink full([] { throw std::length_error("the disk is full"); });

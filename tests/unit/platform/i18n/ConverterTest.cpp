@@ -14,7 +14,7 @@ namespace {
 using std::string;
 using std::u16string;
 
-// Lengths around the size of the buffer on the stack, and one far above it.
+// Lengths around the size of the stack buffer, and one far above it.
 constexpr std::size_t kLengths[] = {0, 1, 2, 1023, 1024, 1025, 2048, 100'000};
 
 u16string widen(std::string_view bytes) {
@@ -118,7 +118,7 @@ TEST(Utf8ConverterTest, DecodesStringsOfAnyLength) {
     }
 }
 
-TEST(StringConversionTest, ReplacesWhatIsIllFormed) {
+TEST(StringConversionTest, ReplacesIllFormedSequences) {
     EXPECT_EQ(to_string(u"caf\u00e9 \U0001F333"), "caf\xC3\xA9 \xF0\x9F\x8C\xB3");
     EXPECT_EQ(to_string(u16string{u'a', 0xD800}), "a\xEF\xBF\xBD");
     EXPECT_EQ(to_ustring("caf\xC3\xA9 \xF0\x9F\x8C\xB3"), u"caf\u00e9 \U0001F333");

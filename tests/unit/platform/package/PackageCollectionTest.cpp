@@ -38,10 +38,10 @@ void readEveryEntry(const std::filesystem::path& file, Tally& tally) {
     }
 }
 
-// Most of the files are hostile: each must be read or refused in acceptable time and memory.
+// Most of the files are hostile. Each must be read or refused in acceptable time.
 TEST(PackageCollectionTest, EveryFileIsReadOrRefused) {
     const char* const collection = std::getenv("DOCPARSER_TESTDATA");
-    ASSERT_NE(collection, nullptr) << "DOCPARSER_TESTDATA names no folder";
+    ASSERT_NE(collection, nullptr) << "DOCPARSER_TESTDATA is not set";
     platform::setReadLimits({.entryBytes = 64'000'000, .packageBytes = 256'000'000});
     Tally tally;
     const std::filesystem::path folder = std::filesystem::path(collection) / "zip";

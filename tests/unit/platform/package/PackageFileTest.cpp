@@ -79,7 +79,7 @@ TEST_F(PackageFileTest, MessageShowsThePathInUtf8) {
     EXPECT_THAT(refusalOf(path("\xC3\xA9.zip")), HasSubstr(native("/\xC3\xA9.zip") + "\""));
 }
 
-TEST_F(PackageFileTest, FileCutAfterItWasOpenedThrows) {
+TEST_F(PackageFileTest, FileTruncatedAfterOpeningThrows) {
     const std::string text = sampleText(200'000);
     OpenPackage package = open({.entries = {{.name = "a", .content = text}}});
     std::filesystem::resize_file(folder / "package.zip", 70'000);
@@ -88,7 +88,7 @@ TEST_F(PackageFileTest, FileCutAfterItWasOpenedThrows) {
     EXPECT_THROW(package.read(0), opc::PackageError);
 }
 
-TEST_F(PackageFileTest, FileRemovedAfterItWasOpenedIsStillRead) {
+TEST_F(PackageFileTest, FileRemovedAfterOpeningIsStillRead) {
     OpenPackage package = open(smallPackage());
     std::filesystem::remove(folder / "package.zip");
     EXPECT_EQ(package.read(0), "text");

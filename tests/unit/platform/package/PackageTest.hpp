@@ -21,7 +21,7 @@ using NamedText = std::pair<std::u16string, std::string>;
 /// The rest of a stream.
 std::string readWhole(opc::InputStream& stream);
 
-/// An open package, with the objects that a caller constructs for it, in the usual order.
+/// An open package and the objects that a caller constructs for it, in the usual order.
 struct OpenPackage {
     explicit OpenPackage(const std::u16string& path);
 
@@ -30,7 +30,7 @@ struct OpenPackage {
     std::string read(const opc::qorservices::FileSystemEntry& entry);
     /// The content of the leaf at a position.
     std::string read(std::size_t position) { return read(leaves().at(position)); }
-    /// Every leaf with its content, in the package's order.
+    /// All leaves with their content, in the order of the package.
     std::vector<NamedText> contents();
 
     opc::FileSystemOpsSelector selector;
@@ -54,7 +54,7 @@ protected:
     const std::filesystem::path& folder = temporaryFolder.path();
 };
 
-/// The message of the `Error` that the call throws. Fails the test if the call throws none.
+/// Returns the message of the `Error` that the call throws. Fails the test if it throws none.
 template <class Error = opc::PackageError, class Call>
 std::string messageOf(Call&& call) {
     try {

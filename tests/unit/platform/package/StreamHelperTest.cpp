@@ -15,7 +15,7 @@ namespace docparser_tests {
 
 namespace {
 
-/// Delivers a string in pieces of at most `pieceLength` bytes; fails after the last if told to.
+/// Delivers a string in pieces of at most `pieceLength` bytes, then ends or fails.
 class StringStream final : public opc::InputStream {
 public:
     StringStream(std::string content, std::size_t pieceLength, bool failsAtEnd = false)
@@ -38,7 +38,7 @@ private:
     std::size_t deliveredLength_ = 0;
 };
 
-/// Takes three bytes of whatever is written at once.
+/// Accepts at most three bytes per write.
 class NarrowBuffer final : public std::streambuf {
 protected:
     std::streamsize xsputn(const char*, std::streamsize length) override {

@@ -6,7 +6,7 @@ namespace platform {
 
 namespace {
 
-// An absolute path as this system has it: with a drive on Windows.
+// An absolute path of this system: with a drive on Windows.
 std::filesystem::path onThisDrive(const char* path) {
     return std::filesystem::current_path().root_name() / path;
 }

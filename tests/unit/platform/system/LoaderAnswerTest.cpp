@@ -1,4 +1,4 @@
-// Replaces the loader's dladdr(), so it is a program of its own.
+// A separate program because it replaces dladdr() of the loader.
 #include "platform/system/InstallationPrefix.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The answer of the loader: whether it knows the library, and the file of the library.
+// The result of dladdr(): whether the loader knows the library, and the file of the library.
 int answer = 0;
 const char* libraryFile = nullptr;
 

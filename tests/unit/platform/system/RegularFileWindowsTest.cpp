@@ -1,4 +1,5 @@
-// What Windows has in place of the pipes, permissions and descriptors of POSIX.
+// Tests of sharing, attributes and devices, the Windows counterparts of POSIX permissions and
+// pipes.
 
 #include "platform/path/FileStream.hpp"
 #include "platform/path/Path.hpp"
@@ -20,7 +21,7 @@ using docparser_tests::TemporaryFolder;
 
 constexpr DWORD kShareEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// A handle of another opener. Windows treats openers in one process as those in several.
+// A second handle to a file. Sharing modes apply within one process as between processes.
 class OtherOpener {
 public:
     OtherOpener(const std::filesystem::path& file, DWORD access, DWORD share,
@@ -42,7 +43,7 @@ private:
     HANDLE handle_;
 };
 
-// A program that inherits what it can and runs until the object is destroyed.
+// A program that inherits all inheritable handles and runs until the object is destroyed.
 class WaitingProgram {
 public:
     WaitingProgram() {
@@ -77,7 +78,7 @@ protected:
     TemporaryFolder folder_;
 };
 
-TEST_F(RegularFileWindowsTest, OthersMayWriteWhileTheFileIsOpen) {
+TEST_F(RegularFileWindowsTest, LetsOthersWriteWhileItIsOpen) {
     const auto path = folder_.write("P.json", "0123456789");
     const auto file = RegularFile::open(path);
     ASSERT_TRUE(file);
@@ -88,7 +89,7 @@ TEST_F(RegularFileWindowsTest, OthersMayWriteWhileTheFileIsOpen) {
     EXPECT_EQ(contentOf(*file), "abc3456789");
 }
 
-TEST_F(RegularFileWindowsTest, OpensAFileThatAnotherWritesAndShares) {
+TEST_F(RegularFileWindowsTest, OpensAFileThatAWriterShares) {
     const auto path = folder_.write("P.json", "{}");
     const OtherOpener writer(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ);
     ASSERT_TRUE(writer.isOpen());
@@ -97,7 +98,7 @@ TEST_F(RegularFileWindowsTest, OpensAFileThatAnotherWritesAndShares) {
     EXPECT_EQ(contentOf(*file), "{}");
 }
 
-TEST_F(RegularFileWindowsTest, CountsAFileThatAnotherDoesNotShareAsMissing) {
+TEST_F(RegularFileWindowsTest, TreatsAFileThatAnotherDoesNotShareAsMissing) {
     const auto path = folder_.write("P.json", "{}");
     const OtherOpener exclusive(path, GENERIC_READ, 0);
     ASSERT_TRUE(exclusive.isOpen());
@@ -105,7 +106,7 @@ TEST_F(RegularFileWindowsTest, CountsAFileThatAnotherDoesNotShareAsMissing) {
     EXPECT_EQ(fileTypeOf(path), FileType::Regular);
 }
 
-TEST_F(RegularFileWindowsTest, CountsAFileThatAnotherProcessLocksAsMissingUntilItEnds) {
+TEST_F(RegularFileWindowsTest, TreatsAFileLockedByAnotherProcessAsMissingUntilItEnds) {
     const auto path = folder_.write("P.json", "{}");
     std::optional<OtherOpener> exclusive(std::in_place, path, GENERIC_READ, 0,
                                          /*isInherited=*/true);
@@ -118,7 +119,7 @@ TEST_F(RegularFileWindowsTest, CountsAFileThatAnotherProcessLocksAsMissingUntilI
     EXPECT_TRUE(RegularFile::open(path));
 }
 
-TEST_F(RegularFileWindowsTest, ReadsOnAfterTheFileWasRemoved) {
+TEST_F(RegularFileWindowsTest, StillReadsARemovedFile) {
     const auto path = folder_.write("P.json", "{}");
     const auto file = RegularFile::open(path);
     ASSERT_TRUE(file);
@@ -135,7 +136,7 @@ TEST_F(RegularFileWindowsTest, ReadsAFileWithTheReadOnlyAttribute) {
     ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(RegularFileWindowsTest, ProgramsThatTheProcessStartsDoNotInheritTheFile) {
+TEST_F(RegularFileWindowsTest, IsNotInheritedByChildProcesses) {
     const auto path = folder_.write("P.json", "{}");
     std::optional<RegularFile> file = RegularFile::open(path);
     ASSERT_TRUE(file);
@@ -145,7 +146,7 @@ TEST_F(RegularFileWindowsTest, ProgramsThatTheProcessStartsDoNotInheritTheFile) 
     EXPECT_TRUE(OtherOpener(path, GENERIC_READ, 0).isOpen());
 }
 
-TEST_F(RegularFileWindowsTest, DevicesAndStreamsAreMissing) {
+TEST_F(RegularFileWindowsTest, TreatsDevicesAndStreamsAsMissing) {
     const auto path = folder_.write("P.json", "{}");
     for (const wchar_t* name : {L"CON", L"NUL", L"nul.json", L"COM1", L"P.json:notes"}) {
         EXPECT_EQ(fileTypeOf((folder_.path() / name).native()), FileType::Missing);
@@ -155,7 +156,7 @@ TEST_F(RegularFileWindowsTest, DevicesAndStreamsAreMissing) {
     EXPECT_TRUE(RegularFile::open(path));
 }
 
-TEST_F(RegularFileWindowsTest, FoldersAreNotOpened) {
+TEST_F(RegularFileWindowsTest, DoesNotOpenFolders) {
     EXPECT_EQ(fileTypeOf(folder_.path()), FileType::Other);
     EXPECT_FALSE(RegularFile::open(folder_.path()));
 }

@@ -8,7 +8,7 @@
 namespace platform {
 namespace {
 
-TEST(WindowsPathTest, DevicesPipesAndStreamsAreNoFiles) {
+TEST(WindowsPathTest, DevicesPipesAndStreamsAreNotFiles) {
     for (const wchar_t* path : {
              L"CON",
              L"con",
@@ -66,7 +66,7 @@ TEST(WindowsPathTest, LongPathsGetAPrefix) {
               L"\\\\?\\" + (std::filesystem::current_path() / below).native());
 }
 
-TEST(WindowsPathTest, ShortPathsStayAsTheyAre) {
+TEST(WindowsPathTest, ShortPathsAreUnchanged) {
     for (const std::wstring path : {L"", L"P.json", L"..\\P.json", L"C:\\docs\\..\\P.json",
                                     L"\\\\server\\share\\P.json", L"CON"})
         EXPECT_EQ(withLongPathPrefix(path), path);

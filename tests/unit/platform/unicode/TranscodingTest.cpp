@@ -82,7 +82,7 @@ bool isDecodedWithoutReplacement(std::string_view text) {
 }
 
 TEST(TranscodingTest, AgreesWithTheDecoderOnAnyFourBytesAcrossTheEndOfABlock) {
-    // The ends of each class of bytes.
+    // The first and last bytes of each class.
     const std::string_view ends(
         "\x00\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE"
         "\xEF\xF0\xF1\xF3\xF4\xF5\xFF",

@@ -74,21 +74,21 @@ string hex(std::string_view bytes) {
 
 class Utf8DecoderTest : public testing::Test {
 protected:
-    // Compares the decoder with ICU on one string. Called millions of times, so it reports nothing
-    // that agrees.
+    // Compares the decoder with ICU on one string. Records only differences, because it is called
+    // millions of times.
     void compare(std::string_view bytes) {
         if (toUtf16(bytes) != icu_.convert(bytes))
             addDifference(bytes);
     }
 
-    // Compares on a string alone and on the string between two characters.
+    // Compares on a string and on the same string between two characters.
     void compareAloneAndEmbedded(std::string_view bytes) {
         compare(bytes);
         embedded_.assign(1, 'A').append(bytes).append(1, 'z');
         compare(embedded_);
     }
 
-    // Compares on every string of `length` bytes of a set.
+    // Compares on every string of `length` bytes from a set.
     void compareCombinations(std::string_view set, std::size_t length) {
         std::vector<std::size_t> choice(length, 0);
         string bytes(length, set.front());
@@ -121,13 +121,13 @@ private:
     string embedded_;
 };
 
-// The first and the last byte of each class that well-formed sequences distinguish, and 'A'.
+// The first and last bytes of each class in well-formed sequences, and 'A'.
 constexpr std::string_view kClassEnds(
     "\x00\x41\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3"
     "\xF4\xF5\xFF",
     25);
 
-// The bytes next to those.
+// The bytes next to them.
 constexpr std::string_view
     kNeighbours("\x01\x7E\x81\x8E\x91\x9E\xA1\xBE\xC3\xDE\xE2\xEB\xF2\xF6\xF7\xF8\xFB\xFC\xFD\xFE",
                 20);
@@ -157,7 +157,7 @@ TEST_F(Utf8DecoderTest, AgreesWithBothDecodersOfIcuOnMaximalSequences) {
     EXPECT_EQ(toUtf16(bytes), replaced);
 }
 
-TEST_F(Utf8DecoderTest, AgreesWithIcuOnEveryOneAndTwoBytes) {
+TEST_F(Utf8DecoderTest, AgreesWithIcuOnEverySequenceOfOneOrTwoBytes) {
     string every;
     for (int byte = 0; byte < 256; ++byte)
         every += static_cast<char>(byte);
@@ -165,7 +165,7 @@ TEST_F(Utf8DecoderTest, AgreesWithIcuOnEveryOneAndTwoBytes) {
     compareCombinations(every, 2);
 }
 
-TEST_F(Utf8DecoderTest, AgreesWithIcuOnEveryThreeBytesBetweenCharacters) {
+TEST_F(Utf8DecoderTest, AgreesWithIcuOnEverySequenceOfThreeBytesBetweenCharacters) {
     string bytes;
     for (int first = 0; first < 256; ++first) {
         bytes.clear();
@@ -300,17 +300,17 @@ struct ReplacementCase {
     string expected; // UTF-8, with each ill-formed sequence replaced
 };
 
-// Reads the fields of a line "number:kind:bytes[:bytes when skipping:bytes when replacing]"; empty
+// Reads the fields of a line "number:type:bytes[:bytes when skipping:bytes when replacing]"; empty
 // if the line has another form.
 std::optional<ReplacementCase> readCase(const std::vector<string>& fields) {
     if (fields.size() < 3)
         return std::nullopt;
-    const string kind = fields[1].substr(fields[1].find_first_not_of(' '));
-    if (kind == "valid")
+    const string type = fields[1].substr(fields[1].find_first_not_of(' '));
+    if (type == "valid")
         return ReplacementCase{fields[2], fields[2]};
-    if (kind == "valid hex")
+    if (type == "valid hex")
         return ReplacementCase{bytesOfHex(fields[2]), bytesOfHex(fields[2])};
-    if (kind == "invalid hex" && fields.size() == 5)
+    if (type == "invalid hex" && fields.size() == 5)
         return ReplacementCase{bytesOfHex(fields[2]), bytesOfHex(fields[4])};
     return std::nullopt;
 }

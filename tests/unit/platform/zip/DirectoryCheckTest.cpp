@@ -24,7 +24,7 @@ class DirectoryCheckTest : public PackageTest {
 protected:
     ~DirectoryCheckTest() override { platform::setReadLimits({}); }
 
-    /// Opens a package with so many names and returns how many leaves it has.
+    /// Opens a package with `count` names and returns the number of its leaves.
     std::size_t leavesOf(std::size_t count,
                          const std::function<ZipEntryBytes(std::size_t)>& entryAt) const {
         return open(packageOfEmptyEntries(count, entryAt)).leaves().size();
@@ -72,8 +72,8 @@ TEST_F(DirectoryCheckTest, ListsADirectoryThatIsExactlyAsLongAsTheLimit) {
     }
 }
 
-TEST_F(DirectoryCheckTest, RefusesADirectoryThatIsStatedToExceedTheLimit) {
-    // The start of one record, a hole, and an end that takes all of it for the directory.
+TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
+    // The start of one record, a sparse hole, and an end record that covers both as the directory.
     constexpr std::uint64_t kLength = std::uint64_t{3} << 30;
     const std::u16string file = write("PK\1\2");
     std::filesystem::resize_file(folder / "package.zip", kLength);

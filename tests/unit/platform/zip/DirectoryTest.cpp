@@ -53,7 +53,7 @@ TEST_F(DirectoryTest, RefusalOfAnotherFileNamesPathAndReason) {
     }
 }
 
-TEST_F(DirectoryTest, RefusesWrongEndRecords) {
+TEST_F(DirectoryTest, RefusesInvalidEndRecords) {
     const std::uint64_t tooMuch = 0xFFFFFFF0;
     for (const bool isZip64 : {false, true}) {
         for (const ZipBytes& zip :
@@ -73,9 +73,9 @@ TEST_F(DirectoryTest, RefusesWrongEndRecords) {
                  opc::PackageError);
 }
 
-TEST_F(DirectoryTest, OpensAFileWithManyEndRecordsInTime) {
-    // Every end leads to the same directory, whose entries have long headers: a reader that
-    // compares all of them for each end reads gigabytes.
+TEST_F(DirectoryTest, OpensAFileWithManyEndRecordsQuickly) {
+    // All end records lead to the same directory, whose entries have long headers. Comparing all of
+    // them for each end record would read gigabytes.
     ZipBytes zip;
     for (int i = 0; i < 100; ++i) {
         zip.entries.push_back({.name = std::to_string(i),

@@ -16,7 +16,7 @@ class EntryDamageTest : public PackageTest {};
 
 const std::string kText = "{\"name\": \"graft\", \"purpose\": \"Join two trees, join two trees\"}";
 
-/// One way in which an entry can be wrong.
+/// A type of damage to an entry.
 struct DamagedEntry {
     std::string what;
     ZipEntryBytes entry;
@@ -66,7 +66,7 @@ std::vector<DamagedEntry> damagedEntries(const std::string& text) {
          {.name = "x", .content = text, .size = 5'000'000, .packedSize = 5'000'000},
          "Premature end of file"},
         {"header beyond the file", {.name = "x", .content = text, .localOffset = 9'000'000}, ""},
-        {"header in the wrong place", {.name = "x", .content = text, .localOffset = 1}, ""},
+        {"header at the wrong offset", {.name = "x", .content = text, .localOffset = 1}, ""},
         {"encrypted", {.name = "x", .content = text, .flags = kEncryptedFlag}, "it is encrypted"},
         {"strongly encrypted",
          {.name = "x", .content = text, .flags = kEncryptedFlag | 0x0040},
@@ -81,7 +81,7 @@ std::vector<DamagedEntry> damagedEntries(const std::string& text) {
 }
 
 TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
-    // Entries of at most 1 MiB are read in another way than larger ones.
+    // Entries of at most 1 MiB are read differently from larger ones.
     for (const std::string& text :
          {kText, sampleText(std::size_t{1} << 20), sampleText((std::size_t{1} << 20) + 2)}) {
         SCOPED_TRACE(text.size());
@@ -103,7 +103,7 @@ TEST_F(EntryDamageTest, DamagedEntryThrowsAndAffectsNoOther) {
 
 TEST_F(EntryDamageTest, ReservedCodeYieldsNoFalseContent) {
     // One block with the fixed codes: the character 'a', the reserved length code 286 with the
-    // distance 1, the end. A decoder that does not refuse the code repeats the character 258 times.
+    // distance 1, the end. A decoder that accepts the code would repeat the character 258 times.
     const std::string packed = "\x4B\x1C\x03\x00"s;
     const std::string content(259, 'a');
     OpenPackage package = open(
@@ -148,7 +148,7 @@ ZipBytes smallPackage() {
             .isZip64 = true};
 }
 
-/// Reads the whole package and expects only the packed content or an exception.
+/// Reads the whole package and expects either the packed content or an exception.
 void expectNothingFalse(const std::u16string& path) {
     try {
         OpenPackage package(path);
@@ -178,11 +178,11 @@ TEST_F(EntryDamageTest, RefusesAPackageCutAtAnyByte) {
 
 TEST_F(EntryDamageTest, NoChangedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
-    for (std::size_t place = 0; place < whole.size(); ++place) {
+    for (std::size_t offset = 0; offset < whole.size(); ++offset) {
         for (const int mask : {0x01, 0x80, 0xFF}) {
-            SCOPED_TRACE(place);
+            SCOPED_TRACE(offset);
             std::string changed = whole;
-            changed[place] = static_cast<char>(changed[place] ^ mask);
+            changed[offset] = static_cast<char>(changed[offset] ^ mask);
             expectNothingFalse(write(changed));
         }
     }
@@ -190,10 +190,10 @@ TEST_F(EntryDamageTest, NoChangedByteYieldsFalseContent) {
 
 TEST_F(EntryDamageTest, NoMissingOrRepeatedByteYieldsFalseContent) {
     const std::string whole = smallPackage().build();
-    for (std::size_t place = 0; place < whole.size(); ++place) {
-        SCOPED_TRACE(place);
-        expectNothingFalse(write(std::string(whole).erase(place, 1)));
-        expectNothingFalse(write(std::string(whole).insert(place, 1, whole[place])));
+    for (std::size_t offset = 0; offset < whole.size(); ++offset) {
+        SCOPED_TRACE(offset);
+        expectNothingFalse(write(std::string(whole).erase(offset, 1)));
+        expectNothingFalse(write(std::string(whole).insert(offset, 1, whole[offset])));
     }
 }
 

@@ -23,7 +23,7 @@ std::string beyondPackageLimit(std::uint64_t limit) {
            std::to_string(limit) + " bytes";
 }
 
-// Entries of at most 1 MiB are read in another way than larger ones.
+// Entries of at most 1 MiB are read differently from larger ones.
 constexpr std::uint64_t kLengths[] = {50'000, (std::uint64_t{1} << 20) + 1};
 
 class EntryLimitTest : public PackageTest {

@@ -18,7 +18,7 @@ private:
     std::string shortName_;
 };
 
-/// A product of the catalogue; only the short name is kept.
+/// A product of the catalogue. Stores only the short name.
 class TopLevelDocProduct : public DocProduct {
 public:
     TopLevelDocProduct(std::string displayName, std::string helpLocation, std::string shortName,

@@ -12,7 +12,7 @@ public:
     virtual std::basic_string<To> convert(const From* text, std::size_t length) const = 0;
 };
 
-/// Decodes UTF-8; U+FFFD replaces what is ill-formed.
+/// Decodes UTF-8. U+FFFD replaces ill-formed sequences.
 class codecvt_string_to_ustring : public converter<char16_t, char> {
 public:
     codecvt_string_to_ustring(const std::string& encoding, bool replaceIllFormed);
@@ -26,7 +26,7 @@ public:
     std::u16string convert(const char* text, std::size_t length) const override;
 };
 
-/// UTF-16 to UTF-8; U+FFFD replaces unpaired surrogates.
+/// Encodes UTF-16 as UTF-8. U+FFFD replaces unpaired surrogates.
 std::string to_string(const std::u16string& text);
 
 } // namespace fl::i18n

@@ -14,7 +14,7 @@ class FileSystemManager {
 public:
     FileSystemManager(const model::Package& package, const FileSystemOpsSelector& selector);
 
-    /// The files of the package without what describes the package itself.
+    /// The files of the package, except packaging metadata.
     std::vector<FileSystemEntry> getAllLeafs();
     std::unique_ptr<ContentSource> getFileContentSource(const FileSystemEntry& entry,
                                                         TransformMode mode);

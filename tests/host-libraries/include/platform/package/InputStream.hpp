@@ -7,7 +7,7 @@ namespace opc {
 class InputStream {
 public:
     virtual ~InputStream() = default;
-    /// Returns how many bytes were read, 0 at the end.
+    /// Returns the number of bytes read; 0 at the end.
     virtual std::size_t read(char* buffer, std::size_t length) = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace opc {
 
-class ZipArchive; // an open zip file, of libzip
+class ZipArchive; // an open zip file of libzip
 
 enum class OpenMode { Read };
 

@@ -6,7 +6,7 @@
 
 namespace opc::zippackage {
 
-/// The zip file of a package, by its path; it must be a regular file.
+/// The path of a package, which must be a regular zip file.
 class ZipPhysicalPackage {
 public:
     ZipPhysicalPackage(const std::u16string& path, const FileSystemOpsSelector& selector,

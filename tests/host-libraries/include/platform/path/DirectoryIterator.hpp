@@ -10,7 +10,7 @@ namespace fl::filesystem {
 /// The names directly in a folder.
 class directory_iterator {
 public:
-    /// \param pattern  "*"
+    /// \param pattern  must be "*"
     directory_iterator(const path& folder, std::u16string_view pattern);
 
     bool is_open() const noexcept { return entry_ != std::filesystem::directory_iterator(); }

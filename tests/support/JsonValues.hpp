@@ -10,8 +10,8 @@
 
 namespace docparser_tests {
 
-/// A value of every JSON type, every representation of a number included, and what the messages of
-/// the parsers call it.
+/// A value of every JSON type, with every representation of a number, and the name of its type in
+/// the messages of the parsers.
 inline const std::vector<std::pair<boost::json::value, std::string>>& everyType() {
     static const std::vector<std::pair<boost::json::value, std::string>> values = {
         {nullptr, "null"},
@@ -45,7 +45,7 @@ inline void addPointers(const boost::json::value& value, const std::string& poin
     }
 }
 
-/// Sets the member of an object that `pointer` names, whether or not the object has it.
+/// Sets or adds the member of an object to which `pointer` refers.
 inline void putIn(boost::json::value& document, const std::string& pointer,
                   const boost::json::value& value) {
     const std::size_t end = pointer.rfind('/');
