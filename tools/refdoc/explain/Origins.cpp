@@ -1,5 +1,7 @@
 #include "tools/refdoc/explain/Origins.hpp"
 
+#include "tools/refdoc/session/SourceTexts.hpp"
+
 #include <utility>
 
 namespace refdoc {
@@ -129,12 +131,17 @@ std::string_view toWord(const decltype(LostRecord::fate)& fate) noexcept {
 
 std::vector<SectionOrigins> findOrigins(const LoadAccount& account,
                                         const std::optional<std::u16string>& key) {
-    FileTexts texts(account);
+    const std::vector<SourceFile> files = sourceFiles(account);
+    SourceTexts texts;
     Follower follower;
-    for (std::size_t index = 0; index < account.files.size(); ++index) {
-        std::vector<SourceSection> sources = readSections(texts, index, key);
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        const FileAccount& file = account.files[index];
+        if (file.sections.empty())
+            continue;
+        std::vector<SourceSection> sources =
+            readSections(file, index, texts.read(files[index]), key);
         for (std::size_t number = 0; number < sources.size(); ++number)
-            follower.follow(account.files[index].sections[number], std::move(sources[number]));
+            follower.follow(file.sections[number], std::move(sources[number]));
     }
     return follower.take();
 }

@@ -61,22 +61,21 @@ void findPositions(const std::string& text, std::vector<SourceSection>& sections
 
 } // namespace
 
-std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
+std::vector<SourceSection> readSections(const FileAccount& file, std::size_t index,
+                                        const std::string& text,
                                         const std::optional<std::u16string>& key) {
-    const FileAccount& file = texts.account().files[index];
     std::vector<SourceSection> sections;
     sections.reserve(file.sections.size());
     for (const SectionAccount& section : file.sections)
         sections.push_back({.header = {.file = index, .pointer = section.pointer}});
-    const std::optional<std::string> text = sections.empty() ? std::nullopt : texts.read(index);
-    if (!text)
+    if (text.empty())
         return sections;
     // The library could read the text, so a failure means that the file has changed.
     ignoreFailure([&] {
-        const json::value document = json::parse(*text);
+        const json::value document = json::parse(text);
         for (SourceSection& section : sections)
             readRecords(document, file.role, key, section);
-        findPositions(*text, sections);
+        findPositions(text, sections);
     });
     return sections;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
-#include "tools/refdoc/explain/FileTexts.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,14 +34,15 @@ struct SourceSection {
     std::vector<SourceRecord> records{}; ///< in file order
 };
 
-/// Returns the sections of a file that a retrieval has read, with the positions of their records.
-///
-/// Reads the file again and finds the positions in one pass over its text. If the file has changed
-/// since the retrieval, records or positions may be missing.
+/// Returns the sections of a file that a retrieval has read, with the positions of their records,
+/// which are found in one pass over the text. If the file has changed since the retrieval, records
+/// or positions may be missing.
 /// \param index  of the file in the account
+/// \param text   the current content; empty if the file can no longer be read
 /// \param key    returns only the records with this key; absent: all
 /// \returns      a section for each of the account's, in their order
-std::vector<SourceSection> readSections(FileTexts& texts, std::size_t index,
+std::vector<SourceSection> readSections(const reference::docparser::FileAccount& file,
+                                        std::size_t index, const std::string& text,
                                         const std::optional<std::u16string>& key);
 
 } // namespace refdoc

@@ -10,8 +10,8 @@
 #include "tests/support/ResourceText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/support/ZipBytes.hpp"
-#include "tools/refdoc/explain/FileTexts.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -117,14 +117,13 @@ protected:
 
     // The text at each position must be that of the record.
     void expectPlaces(const std::vector<SectionOrigins>& sections) const {
-        FileTexts texts(account_);
         for (const SectionOrigins& section : sections) {
             for (const auto& [name, records] : section.kept) {
                 for (const SourceRecord& record : records)
-                    expectPlace(texts, record);
+                    expectPlace(record);
             }
             for (const LostRecord& lost : section.lost)
-                expectPlace(texts, lost.record);
+                expectPlace(lost.record);
         }
     }
 
@@ -132,10 +131,10 @@ protected:
     LoadAccount account_;
 
 private:
-    static void expectPlace(FileTexts& texts, const SourceRecord& record) {
-        const auto text = texts.read(record.origin.file);
-        ASSERT_TRUE(text && record.origin.place);
-        const std::string rest = text->substr(record.origin.place->offset);
+    void expectPlace(const SourceRecord& record) const {
+        const std::string text = SourceTexts().read(sourceFiles(account_)[record.origin.file]);
+        ASSERT_TRUE(!text.empty() && record.origin.place);
+        const std::string rest = text.substr(record.origin.place->offset);
         const std::string element = rest.substr(0, rest.find('}'));
         EXPECT_TRUE(element.starts_with('{'));
         EXPECT_THAT(element, testing::HasSubstr(fl::i18n::to_string(record.href)));
@@ -274,9 +273,11 @@ TEST_P(RandomOriginsTest, CoverEveryRecordOfEachFile) {
             told.insert(lost.record.refPurpose);
     }
     std::multiset<std::u16string> read;
-    FileTexts texts(account_);
-    for (std::size_t file = 0; file < account_.files.size(); ++file) {
-        for (const SourceSection& section : readSections(texts, file, std::nullopt)) {
+    const std::vector<SourceFile> sources = sourceFiles(account_);
+    SourceTexts texts;
+    for (std::size_t file = 0; file < sources.size(); ++file) {
+        for (const SourceSection& section :
+             readSections(account_.files[file], file, texts.read(sources[file]), std::nullopt)) {
             for (const SourceRecord& record : section.records)
                 read.insert(record.refPurpose);
         }
