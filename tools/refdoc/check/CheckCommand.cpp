@@ -2,7 +2,6 @@
 
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
-#include "tools/refdoc/check/CheckOptions.hpp"
 #include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
@@ -16,7 +15,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
+#include <set>
 #include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace refdoc {
 
@@ -38,12 +42,14 @@ std::string unknownRule(const std::string& name) {
 }
 
 // Returns the first name that no rule has; empty if there is none.
-std::string firstUnknown(const CheckOptions& options) {
-    std::vector<std::string> names = options.errorRules;
-    names.insert(names.end(), options.ignoredRules.begin(), options.ignoredRules.end());
-    const auto unknown =
-        std::ranges::find_if(names, [](const std::string& name) { return !findRule(name); });
-    return unknown == names.end() ? std::string() : *unknown;
+std::string firstUnknown(const OptionValues& values) {
+    for (const std::string_view option : {"--werror", "--ignore"}) {
+        for (const std::string& name : values.values(option)) {
+            if (!name.empty() && !findRule(name))
+                return name;
+        }
+    }
+    return {};
 }
 
 Answer explain(const std::string& name, const PageSetup& setup) {
@@ -51,23 +57,33 @@ Answer explain(const std::string& name, const PageSetup& setup) {
     return rule ? Answer{.output = ruleText(*rule, setup.color)} : wrongUsage(unknownRule(name));
 }
 
-ReportSettings settingsOf(const CheckOptions& options) {
-    ReportSettings settings;
-    settings.ignoredRules.insert(options.ignoredRules.begin(), options.ignoredRules.end());
-    settings.errorRules.insert(options.errorRules.begin(), options.errorRules.end());
-    settings.isAllError = options.isAllError;
-    if (!options.baseline)
-        return settings;
-    const std::filesystem::path file(to_ustring(*options.baseline));
+// Returns the fingerprints in an earlier report.
+std::set<std::string, std::less<>> readBaseline(const std::string& name) {
+    const std::filesystem::path file(to_ustring(name));
     if (!std::filesystem::is_regular_file(file))
-        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", *options.baseline));
+        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", name));
     try {
-        settings.knownFingerprints =
-            readFingerprints(SourceTexts().read({.path = file.u16string()}));
+        return readFingerprints(SourceTexts().read({.path = file.u16string()}));
     } catch (const std::runtime_error& error) {
         throw std::runtime_error(
-            fmt::format("can't use the baseline \"{}\": {}", *options.baseline, error.what()));
+            fmt::format("can't use the baseline \"{}\": {}", name, error.what()));
     }
+}
+
+ReportSettings settingsOf(const Options& options) {
+    ReportSettings settings;
+    for (const std::string& rule : options.values.values("--werror")) {
+        if (rule.empty())
+            settings.isAllError = true;
+        else
+            settings.errorRules.insert(rule);
+    }
+    for (const std::string& rule : options.values.values("--ignore"))
+        settings.ignoredRules.insert(rule);
+    if (const std::optional<std::string> baseline = options.values.value("--baseline"))
+        settings.knownFingerprints = readBaseline(*baseline);
+    settings.needsFingerprints =
+        options.format != OutputFormat::Text || options.values.has("--sarif");
     return settings;
 }
 
@@ -98,13 +114,10 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return {.output = ruleList(setup.color)};
     if (const std::optional<std::string> rule = options.values.value("--explain"))
         return explain(*rule, setup);
-    const CheckOptions check = readCheckOptions(options.values);
-    if (const std::string unknown = firstUnknown(check); !unknown.empty())
+    if (const std::string unknown = firstUnknown(options.values); !unknown.empty())
         return wrongUsage(unknownRule(unknown));
 
-    ReportSettings settings = settingsOf(check);
-    settings.needsFingerprints =
-        options.format != OutputFormat::Text || options.values.has("--sarif");
+    const ReportSettings settings = settingsOf(options);
     PathNames names(std::filesystem::current_path());
     const std::vector<ReportedFinding> findings =
         makeReport(findAll(options, names), names, settings);
@@ -112,6 +125,33 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         std::ranges::count(findings, Severity::Error, &ReportedFinding::severity) > 0;
     return {.status = hasErrors ? ExitStatus::Negative : ExitStatus::Success,
             .output = formatted(findings, options, setup, names)};
+}
+
+std::vector<Choice> ruleChoices() {
+    std::vector<Choice> choices;
+    for (const Rule* rule : rules())
+        choices.push_back({rule->name, rule->summary});
+    return choices;
+}
+
+std::vector<OptionEntry> checkOptions() {
+    return {
+        {.name = "--sarif", .help = "Print a SARIF 2.1.0 document", .group = kFormatGroup},
+        {"--baseline", "FILE", ValueType::Path,
+         "Report only findings that are not in this earlier output of --json, --jsonl or "
+         "--sarif"},
+        {.name = "--werror",
+         .placeholder = "RULE",
+         .type = ValueType::Name,
+         .help = "Treat the findings of the rule as errors; without a rule, all warnings",
+         .choices = ruleChoices(),
+         .isValueOptional = true},
+        {"--ignore", "RULE", ValueType::Name,
+         "Leave out the findings of the rule; may be given more than once", ruleChoices()},
+        {.name = "--rules", .help = "Print the rules and exit"},
+        {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
+         ruleChoices()},
+    };
 }
 
 } // namespace
