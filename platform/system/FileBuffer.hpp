@@ -28,7 +28,7 @@ protected:
     /// Takes and returns the next byte.
     int_type uflow() override;
     /// Sets and returns the position of the next read; -1 if it would lie before the start of the
-    /// file, or if there is no file.
+    /// file, or if no file is open.
     pos_type seekoff(off_type offset, std::ios_base::seekdir from,
                      std::ios_base::openmode mode) override;
     /// Sets the position of the next read relative to the start of the file, as seekoff() does.

@@ -37,7 +37,7 @@ std::string unknownRule(const std::string& name) {
     std::vector<std::string> known;
     for (const Rule* rule : rules())
         known.emplace_back(rule->name);
-    return fmt::format("there is no rule \"{}\"{}; see refdoc check --rules", name,
+    return fmt::format("unknown rule \"{}\"{}; see refdoc check --rules", name,
                        didYouMean(name, known));
 }
 

@@ -121,7 +121,7 @@ Findings checkPath(const std::u16string& target, const Options& options, PathNam
         return checkFolder(folder, options, names, progress);
     }
     if (!fs::exists(path))
-        throw std::runtime_error("there is no file or folder " + quoted(target));
+        throw std::runtime_error("file or folder " + quoted(target) + " does not exist");
     if (path.filename() == kManifestName)
         return checkManifestFile({.path = path.u16string()});
     return checkFile(path, options, names, progress);

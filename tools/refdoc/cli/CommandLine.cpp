@@ -192,7 +192,7 @@ std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,
         line.valueFault = fmt::format("{} needs a value", line.openOption->name);
     if (!line.valueFault.empty())
         return wrongUsage(table, line.valueFault);
-    // Someone who asks for help gets it whatever else is wrong.
+    // Checked before other faults, so that an incomplete command line can ask for help.
     if (line.options.has("--version"))
         return Answer{.output = fmt::format("{} {}\n", table.program, REFDOC_VERSION)};
     if (line.options.has("--help"))

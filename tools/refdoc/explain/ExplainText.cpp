@@ -48,7 +48,7 @@ std::string_view remarkOn(Fate fate) {
     switch (fate) {
     case Fate::SkippedLanguage: return "a translation into another language than the current one";
     case Fate::SkippedName: return "its name is not that of a product file";
-    case Fate::Missing: return "there is no such file";
+    case Fate::Missing: return "the file does not exist";
     case Fate::NotRegular: return "a folder, pipe, socket or device has the name";
     default: return "";
     }

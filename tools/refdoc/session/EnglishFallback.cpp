@@ -38,7 +38,7 @@ ResourceMap<RefItem> readTranslation(const std::u16string& product,
     try {
         return DocResourceParser::getResourceFile(product + Tools::kLocaleSeparator + language);
     } catch (const DocParserException&) {
-        return {}; // there is no translation
+        return {}; // no translation exists
     }
 }
 

@@ -96,7 +96,7 @@ TEST_F(SeverityTest, UnknownRuleIsWrongUsage) {
          {"--ignore=unknown-kez", "--werror=unknown-kez", "--explain=unknown-kez"}) {
         EXPECT_EQ(check({"help", option}),
                   (Outcome{2, "",
-                           "refdoc: there is no rule \"unknown-kez\"; did you mean "
+                           "refdoc: unknown rule \"unknown-kez\"; did you mean "
                            "\"unknown-key\"?; see refdoc check --rules\n"}));
     }
 }

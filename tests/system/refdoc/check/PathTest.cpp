@@ -124,7 +124,7 @@ TEST_F(CheckPathTest, FolderWithoutDocumentationIsAnError) {
 
 TEST_F(CheckPathTest, MissingFileIsAnError) {
     EXPECT_EQ(check({"gone.json"}),
-              (Outcome{3, "", "refdoc: there is no file or folder \"gone.json\"\n"}));
+              (Outcome{3, "", "refdoc: file or folder \"gone.json\" does not exist\n"}));
 }
 
 TEST_F(CheckPathTest, MalformedManifestIsAnErrorForItsRoot) {

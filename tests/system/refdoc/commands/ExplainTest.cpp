@@ -164,7 +164,7 @@ Files considered
   malformed ROOT/referenceapi/Cellar.json:2:17
             expected a string, found a number, at /productName
   missing   /help/docCatalog/referenceapi/Cellar.json
-            there is no such file
+            the file does not exist
 )");
     EXPECT_EQ(explain({"Cellar"}).status, 1);
 }
