@@ -1,26 +1,48 @@
 #include "tools/refdoc/Commands.hpp"
 
+#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/check/CheckCommand.hpp"
+#include "tools/refdoc/cli/CommandLine.hpp"
+#include "tools/refdoc/cli/Help.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/explain/ExplainCommand.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/products/ProductsCommand.hpp"
+#include "tools/refdoc/search/SearchCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 
 namespace refdoc {
 
 namespace {
 
+Answer runHelp(const Options& options, const PageSetup&) {
+    if (options.arguments.empty())
+        return {.output = helpText(commandTable(), nullptr)};
+    const std::string name = fl::i18n::to_string(options.arguments.front());
+    if (const CommandEntry* command = findCommand(commandTable(), name))
+        return {.output = helpText(commandTable(), command)};
+    return wrongUsage(commandTable(), unknownCommand(commandTable(), name));
+}
+
+CommandEntry helpCommand() {
+    return {.name = "help",
+            .help = "Print the help of a command, or of refdoc",
+            .arguments = {{.name = "COMMAND",
+                           .type = ValueType::Command,
+                           .help = "Print the help of this command"}},
+            .examples = {{"refdoc help search", "Print the help of the command search."}},
+            .run = runHelp};
+}
+
 std::vector<CommandEntry> commands() {
-    return {
-        showCommand(), lookupCommand(), productsCommand(), explainCommand(), checkCommand(),
-    };
+    return {showCommand(),  lookupCommand(), productsCommand(), explainCommand(),
+            checkCommand(), searchCommand(), helpCommand()};
 }
 
 std::vector<Remark> exitStatuses() {
     return {{"0", "Success."},
-            {"1", "Something that was asked for does not exist: the product, a link or a name; or "
-                  "\"check\" found errors."},
+            {"1", "Something that was asked for does not exist: the product, a link or a name; "
+                  "\"search\" found nothing; or \"check\" found errors."},
             {"2", "Wrong usage."},
             {"3", "Any other failure."}};
 }
@@ -34,15 +56,6 @@ std::vector<Remark> environment() {
             {"TERM", "If it is \"dumb\", there is no colour unless --color asks for it. If it is "
                      "\"dumb\" or not set, there is no pager unless PAGER names one."},
             {"COLUMNS", "The width of the output, instead of the terminal's."}};
-}
-
-std::vector<Remark> examples() {
-    return {{"refdoc --install samples products", "List what the folder samples contains."},
-            {"refdoc --install samples lookup smooth", "List where the name smooth is documented."},
-            {"refdoc --install samples --lang ja show Orchard ref/smooth.html",
-             "Print one item of the product Orchard in Japanese."},
-            {"refdoc --install samples --jsonl lookup",
-             "Print the whole index for programs, one record per line."}};
 }
 
 CommandTable makeTable() {
@@ -63,7 +76,6 @@ CommandTable makeTable() {
                    "In the install folder: the documentation language, the supported languages "
                    "and what is installed. Without it, English is the only language and nothing "
                    "is installed."}},
-        .examples = examples(),
         .seeAlso = {"less(1)", "jq(1)"}};
 }
 

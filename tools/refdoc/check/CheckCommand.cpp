@@ -104,6 +104,7 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Option
     switch (options.format) {
     case OutputFormat::Json: return jsonReport(findings);
     case OutputFormat::JsonLines: return jsonLinesReport(findings);
+    case OutputFormat::Plain: // not an option of this command
     case OutputFormat::Text: break;
     }
     return textReport(findings, setup.color);
@@ -171,6 +172,9 @@ CommandEntry checkCommand() {
                        .help = "Check only these: a reference root, an install folder, a file or a "
                                "package"}},
         .options = checkOptions(),
+        .negative = "Errors were found.",
+        .examples = {{"refdoc check --langs en,de,ja samples/help",
+                      "Check a reference root in three languages."}},
         .run = runCheck,
     };
 }

@@ -60,7 +60,7 @@ private:
     void addCommand(const std::string& word) {
         const CommandEntry* command = findCommand(table_, word);
         if (!command)
-            fail(unknownCommand(word));
+            fail(unknownCommand(table_, word));
         else if (line_.onlyArguments)
             fail(fmt::format("the command {} must precede \"--\"", word));
         else
@@ -88,11 +88,6 @@ private:
             line_.valueFault = fmt::format("{} must be {}, not \"{}\"", option.name,
                                            alternatives(namesOf(option.choices)), value);
         line_.options.add(option.name, value);
-    }
-
-    std::string unknownCommand(const std::string& word) const {
-        return fmt::format("unknown command \"{}\"{}", word,
-                           didYouMean(word, namesOf(table_.commands)));
     }
 
     std::string unknownOption(const std::string& name) const {
@@ -157,11 +152,6 @@ std::string usageFault(const CommandTable& table, const CommandLine& line) {
     return fault.empty() ? argumentFault(line) : fault;
 }
 
-Answer wrongUsage(const CommandTable& table, const std::string& fault) {
-    return {.status = ExitStatus::WrongUsage,
-            .complaints = {fmt::format("{}; see {} --help", fault, table.program)}};
-}
-
 } // namespace
 
 void OptionValues::add(std::string_view option, std::string value) {
@@ -183,6 +173,15 @@ CommandLine sortWords(const CommandTable& table, const std::vector<std::string>&
     for (const std::string& word : words)
         sorter.add(word);
     return sorter.take();
+}
+
+std::string unknownCommand(const CommandTable& table, const std::string& word) {
+    return fmt::format("unknown command \"{}\"{}", word, didYouMean(word, namesOf(table.commands)));
+}
+
+Answer wrongUsage(const CommandTable& table, const std::string& fault) {
+    return {.status = ExitStatus::WrongUsage,
+            .complaints = {fmt::format("{}; see {} --help", fault, table.program)}};
 }
 
 std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,

@@ -59,4 +59,10 @@ CommandLine sortWords(const CommandTable& table, const std::vector<std::string>&
 std::variant<CommandLine, Answer> parseCommandLine(const CommandTable& table,
                                                    const std::vector<std::string>& words);
 
+/// Returns the complaint about a word that is no command, with a similar one if there is one.
+std::string unknownCommand(const CommandTable& table, const std::string& word);
+
+/// Returns the answer to an invalid command line.
+Answer wrongUsage(const CommandTable& table, const std::string& fault);
+
 } // namespace refdoc

@@ -28,6 +28,7 @@ enum class ValueType {
     Product,    ///< the name of a full resource file, without ".json"
     Href,       ///< the href of an item of the product in the first argument
     LookupName, ///< a name in the lookup index
+    Command,    ///< the name of a command
 };
 
 /// A value that completion offers.
@@ -56,22 +57,24 @@ struct ArgumentEntry {
     std::string_view alternative{}; ///< an option; exactly one of it and the argument is required
 };
 
+/// A term and its explanation.
+struct Remark {
+    std::string_view subject;
+    std::string_view text; ///< sentences
+};
+
 struct CommandEntry {
     std::string_view name;
     std::string_view help{};        ///< what it does, in one line
     std::string_view description{}; ///< sentences for the manual page
     std::vector<ArgumentEntry> arguments{};
     std::vector<OptionEntry> options{}; ///< valid only after the command
+    std::string_view negative{};        ///< when the exit status is 1; empty: it never is
+    std::vector<Remark> examples{};     ///< command lines
 
     /// Runs the command. The options have been applied to the library.
     /// \throws std::exception, foundation::core::except::IException  the command failed
     Answer (*run)(const Options& options, const PageSetup& setup) = nullptr;
-};
-
-/// A term and its explanation.
-struct Remark {
-    std::string_view subject;
-    std::string_view text; ///< sentences
 };
 
 struct CommandTable {
@@ -80,10 +83,9 @@ struct CommandTable {
     std::vector<std::string_view> description; ///< paragraphs
     std::vector<OptionEntry> options;          ///< valid before and after any command
     std::vector<CommandEntry> commands;
-    std::vector<Remark> exitStatuses;
+    std::vector<Remark> exitStatuses; ///< "1" means something else for each command
     std::vector<Remark> environment;
     std::vector<Remark> files;
-    std::vector<Remark> examples; ///< command lines
     std::vector<std::string_view> seeAlso;
 };
 

@@ -55,6 +55,23 @@ Table optionTable(const std::vector<OptionEntry>& options) {
     return table;
 }
 
+// The exit statuses of the program, with the command's own meaning of 1.
+Table statusTable(const CommandTable& table, const CommandEntry& command) {
+    Table statuses;
+    for (const auto& [status, meaning] : table.exitStatuses) {
+        if (status != "1")
+            addRow(statuses, status, meaning);
+        else if (!command.negative.empty())
+            addRow(statuses, status, command.negative);
+    }
+    return statuses;
+}
+
+void addExamples(Table& table, const CommandEntry& command) {
+    for (const Remark& example : command.examples)
+        table.addRow({{to_ustring(example.subject)}});
+}
+
 std::string commandHelp(const CommandTable& table, const CommandEntry& command) {
     HelpPage page;
     page.paragraph(sentenceOf(command.help));
@@ -64,6 +81,10 @@ std::string commandHelp(const CommandTable& table, const CommandEntry& command) 
         addRow(arguments, argument.name, argument.help);
     page.list("Arguments:", arguments);
     page.list("Options:", optionTable(command.options));
+    page.list("Exit status:", statusTable(table, command));
+    Table examples;
+    addExamples(examples, command);
+    page.list("Examples:", examples);
     page.paragraph(fmt::format("\"{} --help\" lists the options of all commands.", table.program));
     return page.take();
 }
@@ -85,8 +106,8 @@ std::string programHelp(const CommandTable& table) {
         addRow(statuses, status.subject, status.text);
     page.list("Exit status:", statuses);
     Table examples;
-    for (const Remark& example : table.examples)
-        examples.addRow({{to_ustring(example.subject)}});
+    for (const CommandEntry& command : table.commands)
+        addExamples(examples, command);
     page.list("Examples:", examples);
     return page.take();
 }

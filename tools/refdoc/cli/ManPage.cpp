@@ -111,15 +111,18 @@ void addRemarks(Roff& roff, std::string_view title, const std::vector<Remark>& r
         roff.item(bold(remark.subject), remark.text);
 }
 
-void addExamples(Roff& roff, const std::vector<Remark>& examples) {
+void addExamples(Roff& roff, const std::vector<CommandEntry>& commands) {
     roff.section("EXAMPLES");
-    for (const Remark& example : examples) {
-        if (&example != &examples.front())
-            roff.macro(".PP");
-        roff.text(example.text);
-        roff.macro(".PP\n.RS 4\n.nf");
-        roff.macro(escaped(example.subject));
-        roff.macro(".fi\n.RE");
+    bool isFirst = true;
+    for (const CommandEntry& command : commands) {
+        for (const Remark& example : command.examples) {
+            if (!std::exchange(isFirst, false))
+                roff.macro(".PP");
+            roff.text(example.text);
+            roff.macro(".PP\n.RS 4\n.nf");
+            roff.macro(escaped(example.subject));
+            roff.macro(".fi\n.RE");
+        }
     }
 }
 
@@ -157,7 +160,7 @@ std::string manPage(const CommandTable& table, std::string_view version, std::st
     addRemarks(roff, "EXIT STATUS", table.exitStatuses);
     addRemarks(roff, "ENVIRONMENT", table.environment);
     addRemarks(roff, "FILES", table.files);
-    addExamples(roff, table.examples);
+    addExamples(roff, table.commands);
     addSeeAlso(roff, table.seeAlso);
     return roff.take();
 }

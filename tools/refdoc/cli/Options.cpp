@@ -40,6 +40,7 @@ ColorChoice colorOf(const OptionValues& values) {
 OutputFormat formatOf(const OptionValues& values) {
     return values.has("--json")    ? OutputFormat::Json
            : values.has("--jsonl") ? OutputFormat::JsonLines
+           : values.has("--plain") ? OutputFormat::Plain
                                    : OutputFormat::Text;
 }
 
@@ -62,8 +63,8 @@ std::vector<OptionEntry> globalOptions() {
          "The support packages to treat as installed, and no others"},
         {.name = "--json", .help = "Print one JSON document", .group = kFormatGroup},
         {.name = "--jsonl",
-         .help = "Print one JSON object per line: each record, or each file for products and each "
-                 "finding for check",
+         .help = "Print one JSON object per line: each record, or each file for products, each "
+                 "finding for check and each result for search",
          .group = kFormatGroup},
         {"--color",
          "WHEN",
@@ -73,8 +74,12 @@ std::vector<OptionEntry> globalOptions() {
         {.name = "--no-pager", .help = "Do not show long output a page at a time"},
         {.name = "--verbose", .help = "Log each file that is read to stderr"},
         {.name = "--help", .help = "Print this help and exit", .shortName = "-h"},
-        {.name = "--version", .help = "Print the version and exit"},
+        {.name = "--version", .help = "Print the version and exit", .shortName = "-V"},
     };
+}
+
+OptionEntry plainOption(std::string_view help) {
+    return {.name = "--plain", .help = help, .group = kFormatGroup};
 }
 
 Options readOptions(const CommandLine& line) {

@@ -10,9 +10,10 @@
 namespace refdoc {
 
 enum class OutputFormat {
-    Text,     ///< for people
-    Json,     ///< one document
-    JsonLines ///< one document per line
+    Text,      ///< for people
+    Json,      ///< one document
+    JsonLines, ///< one document per line
+    Plain      ///< fields separated by tabs; only for the commands that have plainOption()
 };
 
 /// The group of the options that choose the format of the output.
@@ -41,6 +42,10 @@ struct Options {
 
 /// Returns the options that every command has.
 std::vector<OptionEntry> globalOptions();
+
+/// Returns the option `--plain`, for the commands that print fields separated by tabs.
+/// \param help  the fields of a line
+OptionEntry plainOption(std::string_view help);
 
 /// Reads the values of globalOptions(), and copies the arguments and all values.
 Options readOptions(const CommandLine& line);

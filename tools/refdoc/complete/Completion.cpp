@@ -107,8 +107,8 @@ Candidates extendedLists(const std::string& list, const Candidates& items) {
 
 // The values that fit the type, whatever they start with. Paths have none: the shell completes
 // them.
-Candidates valuesOf(ValueType type, const std::vector<Choice>& choices, const std::string& typed,
-                    const CommandLine& line) {
+Candidates valuesOf(const CommandTable& table, ValueType type, const std::vector<Choice>& choices,
+                    const std::string& typed, const CommandLine& line) {
     Candidates candidates;
     switch (type) {
     case ValueType::Choice:
@@ -123,6 +123,7 @@ Candidates valuesOf(ValueType type, const std::vector<Choice>& choices, const st
     case ValueType::Href:
         return line.arguments.empty() ? candidates : hrefsOf(to_ustring(line.arguments.front()));
     case ValueType::LookupName: return lookupNames();
+    case ValueType::Command: return commandNames(table);
     default: return candidates;
     }
 }
@@ -149,12 +150,13 @@ std::string wordLines(const Candidates& candidates, const std::string& start,
     return lines;
 }
 
-std::string valueAnswer(ValueType type, const std::vector<Choice>& choices, const CommandLine& line,
+std::string valueAnswer(const CommandTable& table, ValueType type,
+                        const std::vector<Choice>& choices, const CommandLine& line,
                         const std::string& typed, const std::string& prefix = {}) {
     switch (type) {
     case ValueType::Folder: return "folder\n";
     case ValueType::Path: return "file\n";
-    default: return wordLines(valuesOf(type, choices, typed, line), typed, prefix);
+    default: return wordLines(valuesOf(table, type, choices, typed, line), typed, prefix);
     }
 }
 
@@ -164,20 +166,20 @@ std::string optionAnswer(const CommandTable& table, const CommandLine& line,
     if (equals == std::string::npos)
         return wordLines(optionNames(table, line.command), word);
     const OptionEntry* option = findOption(table, line.command, word.substr(0, equals));
-    return option ? valueAnswer(option->type, option->choices, line, word.substr(equals + 1),
+    return option ? valueAnswer(table, option->type, option->choices, line, word.substr(equals + 1),
                                 word.substr(0, equals + 1))
                   : std::string();
 }
 
 std::string answerFor(const CommandTable& table, const CommandLine& line, const std::string& word) {
     if (line.openOption)
-        return valueAnswer(line.openOption->type, line.openOption->choices, line, word);
+        return valueAnswer(table, line.openOption->type, line.openOption->choices, line, word);
     if (!line.onlyArguments && word.starts_with('-'))
         return optionAnswer(table, line, word);
     if (!line.command)
         return line.onlyArguments ? std::string() : wordLines(commandNames(table), word);
     const ArgumentEntry* argument = nextArgument(line);
-    return argument ? valueAnswer(argument->type, {}, line, word) : std::string();
+    return argument ? valueAnswer(table, argument->type, {}, line, word) : std::string();
 }
 
 } // namespace

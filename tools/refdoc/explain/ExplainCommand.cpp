@@ -57,6 +57,7 @@ std::string outputOf(const Explanation& explanation, OutputFormat format, const 
     switch (format) {
     case OutputFormat::Json: return explanationDocument(explanation);
     case OutputFormat::JsonLines: return explanationLines(explanation);
+    case OutputFormat::Plain: // not an option of this command
     case OutputFormat::Text: break;
     }
     return explanationPage(explanation, setup);
@@ -79,7 +80,7 @@ std::vector<std::string> readProduct(const std::vector<std::u16string>& argument
         const LoadAccount::Scope scope(account);
         resources = DocResourceParser::getResourceFile(product);
     } catch (const DocParserException&) {
-        return {complaintAboutProduct(product)};
+        return {complaintAboutProduct(product, account)};
     }
     return complaintsAboutHrefs(product, {arguments.begin() + 1, arguments.end()}, resources);
 }
@@ -147,6 +148,9 @@ CommandEntry explainCommand() {
                      .placeholder = "NAME",
                      .type = ValueType::LookupName,
                      .help = "Explain a name of the lookup index instead of a product"}},
+        .negative = "The product, the link or the name does not exist.",
+        .examples = {{"refdoc --install samples --lang de explain Orchard ref/smooth.html",
+                      "Show which files have a record of one item."}},
         .run = runExplain,
     };
 }

@@ -4,16 +4,16 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/RecordLines.hpp"
+#include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <fmt/format.h>
-
-#include <string_view>
 
 namespace refdoc {
 
@@ -27,30 +27,6 @@ using LookupResults = ParsingResults<LookupMap>;
 
 namespace {
 
-std::vector<std::u16string_view> allNames(const LookupResults& results) {
-    std::vector<std::u16string_view> names;
-    for (const LookupMap* sections : {&results.installed, &results.notInstalled}) {
-        for (const auto& [key, resource] : *sections) {
-            for (const auto& [name, entries] : resource.items)
-                names.push_back(name);
-        }
-    }
-    return names;
-}
-
-void addEntry(Table& table, const RefItemLookup& entry, const std::u16string& product,
-              bool isInstalled, bool withLink) {
-    std::u16string marks = entry.getDeprecated() ? u"deprecated" : u"";
-    if (!isInstalled)
-        marks += marks.empty() ? u"not installed" : u", not installed";
-    table.addRow({{entry.getName(), entry.getDeprecated() ? Paint::Caution : Paint::Plain},
-                  {typeText(entry.getEntityType(), entry.getFunctionType())},
-                  {entry.getRefPurpose()},
-                  {product},
-                  {withLink ? entry.getHref() : std::u16string(), Paint::Dim},
-                  {marks, entry.getDeprecated() ? Paint::Caution : Paint::Dim}});
-}
-
 void addSections(Table& table, const LookupMap& sections, bool isInstalled, bool withLink) {
     for (const auto& [key, resource] : sections) {
         std::vector<Cell> heading{{resource.header.getProductName(), Paint::Heading},
@@ -60,7 +36,8 @@ void addSections(Table& table, const LookupMap& sections, bool isInstalled, bool
         table.addHeading(std::move(heading));
         for (const auto& [name, entries] : resource.items) {
             for (const RefItemLookup& entry : entries)
-                addEntry(table, entry, resource.header.getProduct(), isInstalled, withLink);
+                table.addRow(
+                    entryCells(entry, resource.header.getProduct(), isInstalled, withLink));
         }
     }
 }
@@ -85,10 +62,27 @@ std::string linesOf(const LookupResults& results) {
            recordLines(results.notInstalled, language, [](const auto&) { return false; });
 }
 
+std::string plainLinesOf(const LookupResults& results) {
+    std::string lines;
+    const auto add = [&](const LookupMap& sections, bool isInstalled) {
+        for (const auto& [key, resource] : sections) {
+            for (const auto& [name, entries] : resource.items) {
+                for (const RefItemLookup& entry : entries)
+                    lines += tabSeparatedLine(
+                        plainFields(entry, key, resource.header.getProduct(), isInstalled));
+            }
+        }
+    };
+    add(results.installed, true);
+    add(results.notInstalled, false);
+    return lines;
+}
+
 std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
     switch (options.format) {
     case OutputFormat::Json: return documentOf(results);
     case OutputFormat::JsonLines: return linesOf(results);
+    case OutputFormat::Plain: return plainLinesOf(results);
     case OutputFormat::Text: break;
     }
     return pageOf(results, setup, /*withLinks=*/!options.arguments.empty());
@@ -116,12 +110,23 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
 
 } // namespace
 
+std::vector<std::u16string_view> namesOf(const LookupResults& results) {
+    std::vector<std::u16string_view> names;
+    for (const LookupMap* sections : {&results.installed, &results.notInstalled}) {
+        for (const auto& [key, resource] : *sections) {
+            for (const auto& [name, entries] : resource.items)
+                names.push_back(name);
+        }
+    }
+    return names;
+}
+
 std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>& names,
                                               const LookupResults& results) {
     std::set<std::u16string> found = keysIn(names, results.installed);
     found.merge(keysIn(names, results.notInstalled));
     std::vector<std::string> complaints;
-    const std::vector<std::u16string_view> known = allNames(results);
+    const std::vector<std::u16string_view> known = namesOf(results);
     for (const std::u16string& name : missingKeys(names, std::move(found)))
         complaints.push_back(
             fmt::format("no entry {} in the lookup index{}", quoted(name),
@@ -140,6 +145,14 @@ CommandEntry lookupCommand() {
                        .type = ValueType::LookupName,
                        .isList = true,
                        .help = "Print only the entries with these names"}},
+        .options = {plainOption("Print one entry per line, with tabs between name, type, purpose, "
+                                "product, section, link, yes or no for installed, and yes or no "
+                                "for deprecated")},
+        .negative = "One of the names does not exist.",
+        .examples = {{"refdoc --install samples lookup smooth",
+                      "List where the name smooth is documented."},
+                     {"refdoc --install samples --jsonl lookup",
+                      "Print the whole index for programs, one record per line."}},
         .run = runLookup,
     };
 }

@@ -4,6 +4,7 @@
 #include "tools/refdoc/cli/CommandTable.hpp"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace refdoc {
@@ -13,6 +14,12 @@ namespace refdoc {
 /// Each name that the index lacks is a complaint, with up to three similar names. An empty index is
 /// a success.
 CommandEntry lookupCommand();
+
+/// Returns all names of the index, those of installed products first. A name of several sections is
+/// repeated. The views refer to `results`.
+std::vector<std::u16string_view>
+namesOf(const reference::docparser::ParsingResults<
+        reference::docparser::ResourceMap<reference::property::RefItemLookup>>& results);
 
 /// Returns a complaint for each of the names that no section of the index has.
 std::vector<std::string> complaintsAboutNames(

@@ -6,6 +6,7 @@
 #include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
+#include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 
 #include <boost/algorithm/string/join.hpp>
@@ -81,19 +82,25 @@ boost::json::value documentOf(const ProductOverview& overview) {
             {"supportPackages", toJson(overview.supportPackages)}};
 }
 
-// A line for each product file. Full resource files are never packages.
-std::string linesOf(const ProductOverview& overview) {
-    std::string lines;
+// A product file of any folder.
+struct ProductFile {
+    std::u16string product;
+    std::string_view place;
+    std::u16string language;
+    bool isPackage;
+    std::u16string fullPath;
+};
+
+// Full resource files are never packages.
+std::vector<ProductFile> filesOf(const ProductOverview& overview) {
+    std::vector<ProductFile> all;
     const auto add = [&](const std::vector<ProductPathData>& files, std::string_view place,
                          bool isPackage) {
         const std::u16string& language = overview.language;
         for (const ProductPathData& file : files)
-            lines += toJsonLine(
-                {{"product", toJson(productOf(file, language))},
-                 {"place", place},
-                 {"language", toJson(file.isNonEnglishLocale() ? language : Tools::kEnglishLocale)},
-                 {"package", isPackage},
-                 {"fullPath", toJson(file.getFullPath())}});
+            all.push_back({productOf(file, language), place,
+                           file.isNonEnglishLocale() ? language : Tools::kEnglishLocale, isPackage,
+                           file.getFullPath()});
     };
     add(overview.productsIn(overview.roots->referenceApiFolder).jsonProducts, "referenceApi",
         /*isPackage=*/false);
@@ -101,6 +108,25 @@ std::string linesOf(const ProductOverview& overview) {
         /*isPackage=*/false);
     add(overview.lookupFiles.jsonProducts, "lookup", /*isPackage=*/false);
     add(overview.lookupFiles.zipProducts, "lookup", /*isPackage=*/true);
+    return all;
+}
+
+std::string jsonLinesOf(const ProductOverview& overview) {
+    std::string lines;
+    for (const ProductFile& file : filesOf(overview))
+        lines += toJsonLine({{"product", toJson(file.product)},
+                             {"place", file.place},
+                             {"language", toJson(file.language)},
+                             {"package", file.isPackage},
+                             {"fullPath", toJson(file.fullPath)}});
+    return lines;
+}
+
+std::string plainLinesOf(const ProductOverview& overview) {
+    std::string lines;
+    for (const ProductFile& file : filesOf(overview))
+        lines += tabSeparatedLine({file.product, to_ustring(std::string(file.place)), file.language,
+                                   file.isPackage ? u"yes" : u"no", file.fullPath});
     return lines;
 }
 
@@ -200,7 +226,8 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
     const ProductOverview overview;
     switch (options.format) {
     case OutputFormat::Json: return {.output = toIndentedJson(documentOf(overview))};
-    case OutputFormat::JsonLines: return {.output = linesOf(overview)};
+    case OutputFormat::JsonLines: return {.output = jsonLinesOf(overview)};
+    case OutputFormat::Plain: return {.output = plainLinesOf(overview)};
     case OutputFormat::Text: break;
     }
     return {.output = pageOf(overview, setup)};
@@ -215,6 +242,10 @@ CommandEntry productsCommand() {
                 "folders",
         .description =
             "The lists show which files the other commands read, and from which folders.",
+        .options = {plainOption("Print one file per line, with tabs between product, folder, "
+                                "language, yes or no for package, and path")},
+        .examples = {{"refdoc --install samples products",
+                      "List what the folder samples contains."}},
         .run = runProducts,
     };
 }

@@ -15,23 +15,29 @@ constexpr char16_t lower(char16_t unit) noexcept {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
+constexpr bool areSame(char16_t left, char16_t right, LetterCase letterCase) noexcept {
+    return left == right || (letterCase == LetterCase::Ignored && lower(left) == lower(right));
+}
+
 std::size_t limitFor(std::u16string_view name) {
     return std::min((name.size() + 1) / 3, kLargestLimit);
 }
 
 } // namespace
 
-std::size_t editDistance(std::u16string_view left, std::u16string_view right, std::size_t limit) {
+std::size_t editDistance(std::u16string_view left, std::u16string_view right, std::size_t limit,
+                         LetterCase letterCase) {
     const std::size_t tooFar = limit + 1;
     if (std::max(left.size(), right.size()) - std::min(left.size(), right.size()) > limit)
         return tooFar;
     // Names of one product often begin alike.
-    const auto prefix = std::ranges::mismatch(left, right, {}, lower, lower).in1 - left.begin();
+    const auto areUnitsSame = [&](char16_t a, char16_t b) { return areSame(a, b, letterCase); };
+    const auto prefix = std::ranges::mismatch(left, right, areUnitsSame).in1 - left.begin();
     left.remove_prefix(static_cast<std::size_t>(prefix));
     right.remove_prefix(static_cast<std::size_t>(prefix));
 
     const auto isSame = [&](std::size_t i, std::size_t j) {
-        return lower(left[i - 1]) == lower(right[j - 1]);
+        return areUnitsSame(left[i - 1], right[j - 1]);
     };
     // row[j] is the distance between the first i letters of `left` and the first j of `right`.
     std::vector<std::size_t> row(right.size() + 1);

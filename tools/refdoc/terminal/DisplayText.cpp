@@ -99,4 +99,11 @@ std::string visibleLine(std::string_view text) {
     return isPrintableAscii(text) ? std::string(text) : visibleLine(fl::i18n::to_ustring(text));
 }
 
+std::string tabSeparatedLine(const std::vector<std::u16string>& fields) {
+    std::string line;
+    for (const std::u16string& field : fields)
+        line += (&field == &fields.front() ? "" : "\t") + visibleLine(field);
+    return line + '\n';
+}
+
 } // namespace refdoc

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace refdoc {
 
@@ -39,5 +40,9 @@ std::string visibleLine(std::u16string_view text);
 
 /// Like visibleLine(), for UTF-8. Ill-formed bytes become U+FFFD.
 std::string visibleLine(std::string_view text);
+
+/// Returns a line of `--plain`: the fields, each as visibleLine() returns it, with tabs between
+/// them and a line feed at the end.
+std::string tabSeparatedLine(const std::vector<std::u16string>& fields);
 
 } // namespace refdoc

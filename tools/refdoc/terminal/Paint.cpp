@@ -12,6 +12,7 @@ fmt::text_style styleOf(Paint paint) {
     case Paint::Dim: return fmt::emphasis::faint;
     case Paint::Caution: return fmt::fg(fmt::terminal_color::yellow);
     case Paint::Alarm: return fmt::fg(fmt::terminal_color::red);
+    case Paint::Match: return fmt::emphasis::bold | fmt::emphasis::underline;
     case Paint::Plain: break;
     }
     return {};

@@ -29,10 +29,10 @@ class LineBuilder {
 public:
     LineBuilder(std::size_t indent, bool color) : color_(color), owed_(indent) {}
 
-    void add(std::string_view text, Paint paint, std::size_t width) {
+    void add(std::string_view text, const Cell& cell, std::size_t width) {
         if (!text.empty()) {
             line_.append(std::exchange(owed_, 0), ' ');
-            line_ += painted(text, paint, color_);
+            addPainted(text, cell);
         }
         owed_ += width - std::min(width, displayWidth(text)) + kGap;
     }
@@ -40,6 +40,15 @@ public:
     std::string take() { return std::move(line_); }
 
 private:
+    void addPainted(std::string_view text, const Cell& cell) {
+        if (!color_ || !cell.splitter) {
+            line_ += painted(text, cell.paint, color_);
+            return;
+        }
+        for (const auto& [part, isMatch] : (*cell.splitter)(text))
+            line_ += painted(part, isMatch ? Paint::Match : cell.paint, color_);
+    }
+
     bool color_;
     std::string line_;
     std::size_t owed_; // spaces before the next text
@@ -49,7 +58,7 @@ std::string headingLine(const std::vector<Cell>& words, bool color) {
     LineBuilder line(/*indent=*/0, color);
     for (const Cell& word : words) {
         const std::string text = visibleLine(word.text);
-        line.add(text, word.paint, displayWidth(text));
+        line.add(text, word, displayWidth(text));
     }
     return line.take();
 }
@@ -118,8 +127,8 @@ private:
         LineBuilder line(indent_, color_);
         for (std::size_t column = 0; column < cells.size(); ++column) {
             if (widths_[column] > 0)
-                line.add(index < texts[column].size() ? texts[column][index] : "",
-                         cells[column].paint, widths_[column]);
+                line.add(index < texts[column].size() ? texts[column][index] : "", cells[column],
+                         widths_[column]);
         }
         return line.take();
     }

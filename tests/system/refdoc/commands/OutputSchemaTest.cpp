@@ -44,6 +44,7 @@ const std::vector<SampleCommand> kCommands{
     {kOutput, "lookup", {"lookup"}},
     {kOutput, "lookup", {"lookup", "smooth", "hivescale"}},
     {kOutput, "products", {"products"}},
+    {kOutput, "search", {"search", "smooth"}},
     {kExplain, "explain", {"explain", "Orchard"}},
     {kExplain, "explain", {"explain", "Orchard", "ref/smooth.html"}},
     {kExplain, "explain", {"explain", "--name", "smooth"}}};
@@ -121,6 +122,8 @@ TEST_F(OutputSchemaFolderTest, RejectsMissingAndAdditionalMembers) {
           {kOutput, "lookupLine", {"--jsonl", "lookup"}},
           {kOutput, "productsLine", {"--jsonl", "products"}},
           {kOutput, "products", {"--json", "products"}},
+          {kOutput, "searchLine", {"--jsonl", "search", "a"}},
+          {kOutput, "search", {"--json", "search", "a"}},
           {kExplain, "explainLine", {"--jsonl", "explain", "Orchard"}}}) {
         const Schema schema(file, definition);
         const std::string output = run(arguments).out;
@@ -141,7 +144,8 @@ TEST_F(OutputSchemaFolderTest, EachDocumentMatchesOneDefinitionOnly) {
     const json::value shown = document(run({"--json", "show", "Orchard"}).out);
     EXPECT_TRUE(Schema(kOutput).accepts(shown));
     EXPECT_TRUE(Schema(kOutput, "show").accepts(shown));
-    for (const char* other : {"lookup", "products", "showLine", "lookupLine", "productsLine"})
+    for (const char* other :
+         {"lookup", "products", "search", "showLine", "lookupLine", "productsLine", "searchLine"})
         EXPECT_FALSE(Schema(kOutput, other).accepts(shown)) << other;
 }
 

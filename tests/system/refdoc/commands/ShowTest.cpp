@@ -8,6 +8,7 @@ using docparser_tests::native;
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 class ShowTest : public RefdocTest {
 protected:
@@ -61,12 +62,18 @@ TEST_F(ShowTest, NamesTheSupportFolderAsGiven) {
                 " (P.json), no/support (P.json); --install or --root names another folder\n"}));
 }
 
-TEST_F(ShowTest, TreatsAMalformedFileAsMissing) {
-    addResource("Orchard", "{");
-    const Outcome outcome = run({"show", "Orchard"});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "");
-    EXPECT_THAT(outcome.err, HasSubstr("no resources for \"Orchard\""));
+TEST_F(ShowTest, NamesTheErrorInAMalformedFile) {
+    addResource("Orchard", "{\n  \"productName\": 1}");
+    addLookup("Cellar",
+              section("cellar", R"({"name": "Orchard", "href": "a", "refpurpose": "b"})"));
+    for (const char* command : {"show", "explain"}) {
+        const Outcome outcome = run({command, "Orchard"});
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.err,
+                    StartsWith("refdoc: " + path("help/docCatalog/referenceapi/Orchard.json") +
+                               " is malformed at 2:18: "));
+        EXPECT_THAT(outcome.err, EndsWith("; run refdoc check\n"));
+    }
 }
 
 TEST_F(ShowTest, FindsAProductInTheSupportPackageFolderOfTheManifest) {

@@ -12,7 +12,18 @@ using testing::StartsWith;
 
 using Arguments = std::vector<std::string>;
 
+TEST(CommandLineTest, HelpIsAlsoACommand) {
+    EXPECT_EQ(runProgram({"help"}), runProgram({"--help"}));
+    for (const char* command : {"show", "lookup", "products", "explain", "check", "search", "help"})
+        EXPECT_EQ(runProgram({"help", command}), runProgram({command, "--help"})) << command;
+    EXPECT_EQ(runProgram({"help", "shwo"}),
+              (Outcome{2, "",
+                       "refdoc: unknown command \"shwo\"; did you mean \"show\"?; see refdoc "
+                       "--help\n"}));
+}
+
 TEST(CommandLineTest, VersionGoesToStdout) {
+    EXPECT_EQ(runProgram({"-V"}), runProgram({"--version"}));
     EXPECT_EQ(runProgram({"--version"}), (Outcome{0, "refdoc " REFDOC_VERSION "\n", ""}));
 }
 
@@ -58,6 +69,15 @@ TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
                        "Options:\n"
                        "  --name NAME  Explain a name of the lookup index instead of a product\n"
                        "\n"
+                       "Exit status:\n"
+                       "  0  Success.\n"
+                       "  1  The product, the link or the name does not exist.\n"
+                       "  2  Wrong usage.\n"
+                       "  3  Any other failure.\n"
+                       "\n"
+                       "Examples:\n"
+                       "  refdoc --install samples --lang de explain Orchard ref/smooth.html\n"
+                       "\n"
                        "\"refdoc --help\" lists the options of all commands.\n",
                        ""}));
 }
@@ -65,7 +85,7 @@ TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
 TEST(CommandLineTest, CommandIsRequired) {
     EXPECT_EQ(runProgram({}), (Outcome{2, "",
                                        "refdoc: a command is needed: show, lookup, products, "
-                                       "explain or check; see refdoc --help\n"}));
+                                       "explain, check, search or help; see refdoc --help\n"}));
 }
 
 class CommandLineOrderTest : public RefdocTest {};

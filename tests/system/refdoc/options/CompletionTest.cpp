@@ -53,6 +53,10 @@ TEST_F(CompletionTest, OffersTheCommandsThatStartWithTheWord) {
         EXPECT_THAT(completions({""}), HasSubstr(std::string(command.name) + '\t'));
 }
 
+TEST_F(CompletionTest, OffersCommandsAfterHelp) {
+    EXPECT_EQ(completions({"help", "sh"}), "show\tPrint the full records of one product\n");
+}
+
 TEST_F(CompletionTest, OffersOptionsBeforeAndAfterTheCommand) {
     EXPECT_EQ(completions({"--ve"}), "--verbose\tLog each file that is read to stderr\n"
                                      "--version\tPrint the version and exit\n");

@@ -57,6 +57,16 @@ TEST_F(TerminalTest, TerminalGetsColorUnlessTheEnvironmentDisablesIt) {
     EXPECT_THAT(runAtTerminal(80, {"show", "P", "--color", "never"}).out, Not(HasSubstr("\x1b")));
 }
 
+TEST_F(TerminalTest, SearchHighlightsTheMatchesThatAreVisible) {
+    const std::string scion = "\x1b[1m\x1b[4mscion\x1b[0m";
+    EXPECT_THAT(runAtTerminal(120, {"search", "SCION"}).out,
+                HasSubstr("Join the " + scion + " to the rootstock"));
+    EXPECT_THAT(runAtTerminal(60, {"search", "SCION"}).out, HasSubstr("Join the " + scion + " t…"));
+    EXPECT_THAT(runAtTerminal(40, {"search", "grows"}).out, Not(HasSubstr("\x1b[4m")));
+    EXPECT_THAT(runAtTerminal(80, {"search", "SCION", "--color", "never"}).out,
+                Not(HasSubstr("\x1b")));
+}
+
 TEST_F(TerminalTest, JsonHasNoColorOnATerminal) {
     EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
 }

@@ -12,6 +12,7 @@ namespace {
 
 using namespace refdoc;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::StartsWith;
 
 using Words = std::vector<std::string>;
@@ -72,6 +73,23 @@ TEST(CommandLineTest, HelpIsThatOfTheCommandWhateverElseIsWrong) {
     EXPECT_THAT(helpFor({"--bad", "-h"}), StartsWith("Look after a garden.\n"));
     EXPECT_THAT(helpFor({"--help", "water"}), StartsWith("Water the beds.\n"));
     EXPECT_THAT(helpFor({"water", "a", "b", "-hx"}), StartsWith("Water the beds.\n"));
+}
+
+TEST(CommandLineTest, HelpOfACommandEndsWithItsOwnStatusesAndExamples) {
+    const auto helpFor = [](const char* command) {
+        return std::get<Answer>(parseCommandLine(kGardener, {command, "--help"})).output;
+    };
+    EXPECT_THAT(helpFor("water"), EndsWith("\nExit status:\n"
+                                           "  0  Done.\n"
+                                           "  1  The bed is flooded.\n"
+                                           "\nExamples:\n"
+                                           "  gardener water roses\n"
+                                           "\n\"gardener --help\" lists the options of all "
+                                           "commands.\n"));
+    EXPECT_THAT(helpFor("rest"), EndsWith("\nExit status:\n"
+                                          "  0  Done.\n"
+                                          "\n\"gardener --help\" lists the options of all "
+                                          "commands.\n"));
 }
 
 TEST(CommandLineTest, UnfinishedWordsAreSortedToo) {

@@ -25,7 +25,9 @@ inline const refdoc::CommandTable kGardener{
                                .placeholder = "WHAT",
                                .type = refdoc::ValueType::Name,
                                .help = "Add something to the water",
-                               .isValueOptional = true}}},
+                               .isValueOptional = true}},
+                  .negative = "The bed is flooded.",
+                  .examples = {{"gardener water roses", "Roses."}}},
                  {.name = "rest", .help = "Do nothing", .description = "At noon."},
                  {.name = "move",
                   .help = "Move a plant",
@@ -37,10 +39,9 @@ inline const refdoc::CommandTable kGardener{
                                  .type = refdoc::ValueType::Name,
                                  .isRequired = true,
                                  .help = "To this bed"}}}},
-    .exitStatuses = {{"0", "Done."}},
+    .exitStatuses = {{"0", "Done."}, {"1", "The garden says no."}},
     .environment = {},
     .files = {},
-    .examples = {{"gardener water roses", "Roses."}},
     .seeAlso = {"less(1)"}};
 
 } // namespace refdoc_tests

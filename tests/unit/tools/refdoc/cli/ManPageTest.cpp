@@ -26,12 +26,12 @@ TEST(ManPageTest, HasEveryCommandOptionAndStatusOfTheTable) {
         EXPECT_THAT(page, HasSubstr("\\fB" + escaped(synopsisOf(command)) + "\\fR\n"));
         for (const OptionEntry* option : optionsFor(table, &command))
             EXPECT_THAT(page, HasSubstr("\\fB" + escaped(option->name) + "\\fR"));
+        for (const Remark& example : command.examples)
+            EXPECT_THAT(page, HasSubstr("\n" + escaped(example.subject) + "\n"));
     }
     for (const std::vector<Remark>* remarks : {&table.exitStatuses, &table.environment})
         for (const Remark& remark : *remarks)
             EXPECT_THAT(page, HasSubstr("\n\\fB" + escaped(remark.subject) + "\\fR\n"));
-    for (const Remark& example : table.examples)
-        EXPECT_THAT(page, HasSubstr("\n" + escaped(example.subject) + "\n"));
 }
 
 TEST(ManPageTest, PutsTheArgumentsAndOptionsOfACommandBelowIt) {

@@ -32,6 +32,12 @@ TEST(EditDistanceTest, CountsEdits) {
     }
 }
 
+TEST(EditDistanceTest, CountsCaseIfItIsDistinct) {
+    EXPECT_EQ(editDistance(u"Graft", u"gRaft", 5, LetterCase::Distinct), 2U);
+    EXPECT_EQ(editDistance(u"graft", u"graft", 5, LetterCase::Distinct), 0U);
+    EXPECT_EQ(editDistance(u"garft", u"graft", 5, LetterCase::Distinct), 1U);
+}
+
 TEST(EditDistanceTest, StopsAtLimit) {
     EXPECT_EQ(editDistance(u"kitten", u"sitting", 3), 3U);
     EXPECT_EQ(editDistance(u"kitten", u"sitting", 2), 3U);

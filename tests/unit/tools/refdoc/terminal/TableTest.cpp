@@ -53,6 +53,18 @@ TEST(TableTest, PaintHasNoWidth) {
               (Lines{"\x1b[31ma\x1b[0m   b", "\x1b[33m木\x1b[0m  \x1b[2mc\x1b[0m"}));
 }
 
+TEST(TableTest, SplitterPaintsPartsOfEachLineAfterItIsCut) {
+    const LineSplitter splitter = [](std::string_view line) {
+        return std::vector<LinePart>{{std::string(line.substr(0, 1)), false},
+                                     {std::string(line.substr(1)), true}};
+    };
+    Table table;
+    table.addRow({{u"abcd", Paint::Dim, &splitter}, {u"x"}});
+    EXPECT_EQ(table.layOut(5, Table::Overflow::Cut, true),
+              (Lines{"\x1b[2ma\x1b[0m\x1b[1m\x1b[4m…\x1b[0m  x"}));
+    EXPECT_EQ(table.layOut(80, Table::Overflow::Cut, false), (Lines{"abcd  x"}));
+}
+
 TEST(TableTest, WithoutRowsNothingIsShown) {
     EXPECT_EQ(Table().layOut(80, Table::Overflow::Wrap, false), Lines());
     EXPECT_EQ(Table({u"Name", u"Purpose"}).layOut(80, Table::Overflow::Wrap, false), Lines());

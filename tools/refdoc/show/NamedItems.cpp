@@ -1,0 +1,90 @@
+#include "tools/refdoc/show/NamedItems.hpp"
+
+#include "tools/refdoc/session/Selection.hpp"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace refdoc {
+
+using reference::docparser::DocResourceParser;
+using reference::docparser::ParsingResults;
+using reference::docparser::ResourceMap;
+using reference::property::RefEntity;
+using reference::property::RefItem;
+using reference::property::RefItemLookup;
+
+namespace {
+
+std::vector<std::u16string> hrefsDocumenting(const std::u16string& name,
+                                             const ResourceMap<RefItem>& resources) {
+    std::vector<std::u16string> hrefs;
+    for (const auto& [key, resource] : resources) {
+        for (const auto& [href, items] : resource.items) {
+            const bool isNamed = std::ranges::any_of(items, [&](const RefItem& item) {
+                return std::ranges::count(item.getRefEntities(), name, &RefEntity::getName) > 0;
+            });
+            if (isNamed)
+                hrefs.push_back(href);
+        }
+    }
+    return hrefs;
+}
+
+std::vector<std::u16string> indexedHrefs(const std::u16string& name, const std::u16string& product,
+                                         const ResourceMap<RefItem>& resources) {
+    std::vector<std::u16string> hrefs;
+    for (const NamedItem& item : itemsNamed(name, DocResourceParser::getResourceLookupFiles())) {
+        const std::u16string& href = item.entry.getHref();
+        if (item.product == product && !keysIn({href}, resources).empty())
+            hrefs.push_back(href);
+    }
+    return hrefs;
+}
+
+std::vector<std::u16string> hrefsFor(const std::u16string& argument, const std::u16string& product,
+                                     const ResourceMap<RefItem>& resources) {
+    if (!keysIn({argument}, resources).empty())
+        return {argument};
+    std::vector<std::u16string> hrefs = hrefsDocumenting(argument, resources);
+    if (hrefs.empty())
+        hrefs = indexedHrefs(argument, product, resources);
+    return hrefs.empty() ? std::vector{argument} : hrefs;
+}
+
+} // namespace
+
+std::vector<NamedItem> itemsNamed(const std::u16string& name,
+                                  const ParsingResults<ResourceMap<RefItemLookup>>& index) {
+    std::vector<NamedItem> items;
+    std::set<std::pair<std::u16string, std::u16string>> seen;
+    const auto add = [&](const ResourceMap<RefItemLookup>& sections, bool isInstalled) {
+        for (const auto& [key, resource] : sections) {
+            const auto found = resource.items.find(name);
+            if (found == resource.items.end())
+                continue;
+            const std::u16string& product = resource.header.getProduct();
+            for (const RefItemLookup& entry : found->second) {
+                if (seen.emplace(product, entry.getHref()).second)
+                    items.push_back({product, isInstalled, entry});
+            }
+        }
+    };
+    add(index.installed, true);
+    add(index.notInstalled, false);
+    return items;
+}
+
+std::vector<std::u16string> hrefsFor(const std::vector<std::u16string>& arguments,
+                                     const std::u16string& product,
+                                     const ResourceMap<RefItem>& resources) {
+    std::vector<std::u16string> hrefs;
+    for (const std::u16string& argument : arguments) {
+        const std::vector<std::u16string> named = hrefsFor(argument, product, resources);
+        hrefs.insert(hrefs.end(), named.begin(), named.end());
+    }
+    return hrefs;
+}
+
+} // namespace refdoc
