@@ -2,7 +2,6 @@
 
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
-#include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
@@ -20,6 +19,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
@@ -87,27 +87,27 @@ ReportSettings settingsOf(const Options& options) {
     return settings;
 }
 
-Findings findAll(const Options& options, PathNames& names) {
+CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.arguments.empty())
-        return checkRoots(Scope::Everything, names, progress);
-    Findings findings;
+        return checkRoots(Scope::Everything, consequencesOf(options), names, progress);
+    CheckResult result;
     for (const std::u16string& target : options.arguments)
-        checkTarget(target, options, names, progress, findings);
-    return findings;
+        checkTarget(target, options, names, progress, result);
+    return result;
 }
 
-std::string formatted(const std::vector<ReportedFinding>& findings, const Options& options,
-                      const PageSetup& setup, const PathNames& names) {
+std::string formatted(const std::vector<ReportedFinding>& findings, const Summary& summary,
+                      const Options& options, const PageSetup& setup, const PathNames& names) {
     if (options.values.has("--sarif"))
         return sarifReport(findings, names.base());
     switch (options.format) {
-    case OutputFormat::Json: return jsonReport(findings);
+    case OutputFormat::Json: return jsonReport(findings, summary);
     case OutputFormat::JsonLines: return jsonLinesReport(findings);
     case OutputFormat::Plain: // not an option of this command
     case OutputFormat::Text: break;
     }
-    return textReport(findings, setup.color);
+    return textReport(findings, summary, setup.color);
 }
 
 Answer runCheck(const Options& options, const PageSetup& setup) {
@@ -120,12 +120,16 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
 
     const ReportSettings settings = settingsOf(options);
     PathNames names(std::filesystem::current_path());
+    CheckResult result = checkAll(options, names);
     const std::vector<ReportedFinding> findings =
-        makeReport(findAll(options, names), names, settings);
-    const bool hasErrors =
-        std::ranges::count(findings, Severity::Error, &ReportedFinding::severity) > 0;
-    return {.status = hasErrors ? ExitStatus::Negative : ExitStatus::Success,
-            .output = formatted(findings, options, setup, names)};
+        makeReport(std::move(result.findings), names, settings);
+    const Summary summary = summarize(findings, result.fileCount, result.consequenceCount);
+    const bool isComplete = result.complaints.empty();
+    return {.status = !isComplete          ? ExitStatus::Failed
+                      : summary.errors > 0 ? ExitStatus::Negative
+                                           : ExitStatus::Success,
+            .output = formatted(findings, summary, options, setup, names),
+            .complaints = std::move(result.complaints)};
 }
 
 std::vector<Choice> ruleChoices() {
@@ -149,6 +153,8 @@ std::vector<OptionEntry> checkOptions() {
          .isValueOptional = true},
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
+        {.name = "--show-consequences",
+         .help = "Report also the findings that follow from errors in other files"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
          ruleChoices()},

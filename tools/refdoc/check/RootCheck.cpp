@@ -4,15 +4,20 @@
 #include "platform/HostServices.hpp"
 #include "platform/path/Path.hpp"
 #include "tools/refdoc/check/findings/PendingFindings.hpp"
+#include "tools/refdoc/check/rules/Consequences.hpp"
 #include "tools/refdoc/check/rules/ContentRules.hpp"
 #include "tools/refdoc/check/rules/CrossFileRules.hpp"
 #include "tools/refdoc/check/rules/FileRules.hpp"
 #include "tools/refdoc/check/rules/LanguageContents.hpp"
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <map>
 #include <set>
 #include <string>
@@ -43,19 +48,40 @@ std::vector<std::u16string> allLanguages() {
     return distinct;
 }
 
+std::string nothingToCheck() {
+    const auto roots = DocResourceParser::getReferenceRoots();
+    if (!std::filesystem::exists(std::filesystem::path(roots->root)))
+        return fmt::format("nothing to check: the reference root {} does not exist",
+                           quoted(roots->root));
+    return fmt::format("nothing to check: there is no resource file in {} or {}",
+                       quoted(roots->referenceApiFolder), quoted(roots->lookupFolder));
+}
+
 class RootCheck {
 public:
-    RootCheck(Scope scope, const PathNames& names, Progress& progress)
-        : scope_(scope), names_(names), progress_(progress), languages_(allLanguages()) {}
+    RootCheck(Scope scope, Consequences consequences, const PathNames& names, Progress& progress)
+        : scope_(scope),
+          consequences_(consequences),
+          names_(names),
+          progress_(progress),
+          languages_(allLanguages()) {}
 
-    Findings run() {
+    CheckResult run() {
         retrieveAll();
         checkNames();
         checkFiles();
         mergeLosses_.report(names_, findings_);
         if (scope_ == Scope::Everything)
             checkInstallation();
-        return std::move(findings_);
+        std::size_t consequenceCount = 0;
+        if (consequences_ == Consequences::Hidden)
+            consequenceCount = removeConsequences(languages_, texts_, findings_);
+        CheckResult result{.findings = std::move(findings_),
+                           .fileCount = fileCount_,
+                           .consequenceCount = consequenceCount};
+        if (scope_ == Scope::Everything && files_.empty())
+            result.complaints.push_back(nothingToCheck());
+        return result;
     }
 
 private:
@@ -103,6 +129,7 @@ private:
 
     void checkFiles() {
         progress_.begin("checking", files_.size());
+        fileCount_ = files_.size();
         // Translations last: the English file reports what it has in common with them.
         for (const bool isTranslation : {false, true}) {
             for (const auto& [file, account] : files_) {
@@ -129,12 +156,14 @@ private:
         const fl::filesystem::path folder(platform::hostServices()->installPath());
         const SourceFile manifest{.path = (folder / u"installation.json").string()};
         const std::string text = texts_.read(manifest);
-        std::vector<Finding> found = checkManifest(text);
+        fileCount_ += text.empty() ? 0 : 1;
+        std::vector<Finding> found = checkManifest(manifest, text);
         addFindings(found, manifest, findings_);
         addUndocumented(sectionKeys_, manifest, text, findings_);
     }
 
     Scope scope_;
+    Consequences consequences_;
     const PathNames& names_;
     Progress& progress_;
     std::vector<std::u16string> languages_;
@@ -145,13 +174,15 @@ private:
     std::set<std::u16string> consideredPaths_;
     std::set<std::u16string> sectionKeys_;
     std::map<SourceFile, FileAccount> files_; // that were read, or have a finding
+    std::size_t fileCount_ = 0;
     Findings findings_;
 };
 
 } // namespace
 
-Findings checkRoots(Scope scope, const PathNames& names, Progress& progress) {
-    return RootCheck(scope, names, progress).run();
+CheckResult checkRoots(Scope scope, Consequences consequences, const PathNames& names,
+                       Progress& progress) {
+    return RootCheck(scope, consequences, names, progress).run();
 }
 
 } // namespace refdoc::check

@@ -2,18 +2,18 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/check/RootCheck.hpp"
 #include "tools/refdoc/check/TemporaryRoot.hpp"
 #include "tools/refdoc/check/rules/ContentRules.hpp"
-#include "tools/refdoc/check/schema/Schema.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/parse.hpp>
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -41,14 +41,33 @@ std::optional<std::u16string> findInstallFolder(fs::path path) {
     return std::nullopt;
 }
 
-Findings check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
-    DocResourceParser::restoreDefaultSettings();
-    applyOptions(options);
-    return checkRoots(scope, names, progress);
+CheckResult checkManifestFile(const fs::path& path) {
+    const SourceFile file{.path = path.u16string()};
+    CheckResult result{.fileCount = 1};
+    std::vector<Finding> found = checkManifest(file, SourceTexts().read(file));
+    addFindings(found, file, result.findings);
+    return result;
 }
 
-Findings checkFolder(const fs::path& folder, Options options, const PathNames& names,
-                     Progress& progress) {
+CheckResult check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
+    DocResourceParser::restoreDefaultSettings();
+    try {
+        applyOptions(options);
+    } catch (const std::runtime_error& error) {
+        if (!options.installFolder)
+            throw;
+        // The manifest decides the languages, so that nothing else can be checked without it.
+        CheckResult result = checkManifestFile(fs::path(*options.installFolder) / kManifestName);
+        if (result.findings.empty())
+            throw;
+        result.complaints.push_back(fmt::format("{}; nothing else was checked", error.what()));
+        return result;
+    }
+    return checkRoots(scope, consequencesOf(options), names, progress);
+}
+
+CheckResult checkFolder(const fs::path& folder, Options options, const PathNames& names,
+                        Progress& progress) {
     if (fs::exists(folder / "docCatalog")) {
         options.referenceRoot = folder.u16string();
         if (!options.installFolder)
@@ -64,22 +83,11 @@ Findings checkFolder(const fs::path& folder, Options options, const PathNames& n
     return check(Scope::Everything, options, names, progress);
 }
 
-// Returns whether the text is that of a lookup file: its items have names, and no keys that only
-// full resources have. A file without items is a full resource file.
+// A file whose content does not tell is a full resource file.
 bool looksLikeLookup(const std::string& text) {
     json::error_code error;
     const json::value document = json::parse(text, error);
-    const json::value* items =
-        document.is_object() ? document.get_object().if_contains("refItems") : nullptr;
-    if (!items || !items->is_array() || items->get_array().empty())
-        return false;
-    const auto isFullKey = [](const json::key_value_pair& member) {
-        const SchemaNode& section = *resourceSchema().root().find("refItems")->node->items;
-        const SchemaNode& record = *lookupSchema().root().find("refItems")->node->items;
-        return section.find(member.key()) && !record.find(member.key());
-    };
-    const json::object* item = items->get_array().front().if_object();
-    return item && item->contains("name") && std::ranges::none_of(*item, isFullKey);
+    return roleOf(document) == reference::docparser::FileRole::Lookup;
 }
 
 TemporaryRoot::Folder folderFor(const fs::path& file) {
@@ -96,25 +104,24 @@ TemporaryRoot::Folder folderFor(const fs::path& file) {
                                                             : TemporaryRoot::Folder::Resources;
 }
 
-Findings checkManifestFile(const SourceFile& file) {
-    Findings findings;
-    std::vector<Finding> found = checkManifest(SourceTexts().read(file));
-    addFindings(found, file, findings);
-    return findings;
-}
-
-Findings checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
+CheckResult checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
     const TemporaryRoot root(file, folderFor(file));
     names.rename(root.folder(), file.parent_path());
     if (!options.installFolder)
         options.installFolder = findInstallFolder(file.parent_path());
     options.referenceRoot = root.path().u16string();
     options.supportFolder = (root.path() / "none").u16string();
-    return check(Scope::FilesAlone, options, names, progress);
+    CheckResult result = check(Scope::FilesAlone, options, names, progress);
+    if (result.fileCount == 0)
+        result.complaints.push_back(fmt::format(
+            "nothing to check: {} is no resource file and has none", quoted(file.u16string())));
+    return result;
 }
 
-Findings checkPath(const std::u16string& target, const Options& options, PathNames& names,
-                   Progress& progress) {
+CheckResult checkPath(const std::u16string& target, const Options& options, PathNames& names,
+                      Progress& progress) {
+    if (target.empty())
+        throw std::runtime_error("the PATH is empty; for the current folder, write \".\"");
     const fs::path path = fs::absolute(fs::path(target)).lexically_normal();
     if (fs::is_directory(path)) {
         const fs::path folder = path.filename().empty() ? path.parent_path() : path;
@@ -123,16 +130,24 @@ Findings checkPath(const std::u16string& target, const Options& options, PathNam
     if (!fs::exists(path))
         throw std::runtime_error("file or folder " + quoted(target) + " does not exist");
     if (path.filename() == kManifestName)
-        return checkManifestFile({.path = path.u16string()});
+        return checkManifestFile(path);
     return checkFile(path, options, names, progress);
 }
 
 } // namespace
 
+Consequences consequencesOf(const Options& options) {
+    return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
+}
+
 void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
-                 Progress& progress, Findings& findings) {
-    for (auto& [file, found] : checkPath(target, options, names, progress))
-        addFindings(found, file, findings);
+                 Progress& progress, CheckResult& result) {
+    CheckResult checked = checkPath(target, options, names, progress);
+    for (auto& [file, found] : checked.findings)
+        addFindings(found, file, result.findings);
+    result.fileCount += checked.fileCount;
+    result.consequenceCount += checked.consequenceCount;
+    std::ranges::move(checked.complaints, std::back_inserter(result.complaints));
 }
 
 } // namespace refdoc::check

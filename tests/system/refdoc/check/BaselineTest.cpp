@@ -11,7 +11,9 @@ TEST_F(BaselineTest, KnownFindingsAreNotReported) {
     seed();
     for (const char* format : {"--json", "--jsonl", "--sarif"}) {
         add("old", check({".", format}).out);
-        EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""})) << format;
+        EXPECT_EQ(check({".", "--baseline", "old"}),
+                  (Outcome{0, "17 files checked, no problems found\n", ""}))
+            << format;
     }
 }
 
@@ -20,7 +22,7 @@ TEST_F(BaselineTest, FindingIsKnownAfterLinesAreInserted) {
     addResource("A", section("a", item));
     add("old", check({"help", "--json"}).out);
     addResource("A", "\n\n" + section("a", R"({"href": "b.html", "refpurpose": ""},)" + item));
-    EXPECT_EQ(check({"help", "--baseline", "old"}).out, "nothing found\n");
+    EXPECT_EQ(check({"help", "--baseline", "old"}).out, "1 file checked, no problems found\n");
 }
 
 TEST_F(BaselineTest, NewFindingIsReported) {
@@ -29,7 +31,8 @@ TEST_F(BaselineTest, NewFindingIsReported) {
     addResource("A",
                 section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1, "more": 1})"));
     EXPECT_THAT(linesOf(check({"help", "--baseline", "old"}).out),
-                testing::ElementsAre(HasSubstr("unknown key \"more\""), "1 warning in 1 file"));
+                testing::ElementsAre(HasSubstr("unknown key \"more\""),
+                                     "1 warning in 1 file; 1 file checked"));
 }
 
 TEST_F(BaselineTest, FailsIfTheFileIsNotAReport) {
@@ -49,7 +52,8 @@ TEST_F(BaselineTest, LinesMayBeEmptyOrFromSeveralReports) {
     seed();
     add("old", check({"help/docCatalog/referenceapi/NoKey.json", "--jsonl"}).out + "\n\r\n" +
                    check({".", "--jsonl"}).out);
-    EXPECT_EQ(check({".", "--baseline", "old"}), (Outcome{0, "nothing found\n", ""}));
+    EXPECT_EQ(check({".", "--baseline", "old"}),
+              (Outcome{0, "17 files checked, no problems found\n", ""}));
     add("old", "");
     EXPECT_EQ(check({".", "--baseline", "old"}), check({"."}));
 }
@@ -66,19 +70,19 @@ protected:
 TEST_F(SeverityTest, WarningsAndNotesAreNotErrors) {
     const Outcome outcome = check({"help"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, HasSubstr("2 warnings, 1 note in 1 file\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("2 warnings, 1 note in 1 file; 1 file checked\n"));
 }
 
 TEST_F(SeverityTest, WerrorTurnsWarningsIntoErrors) {
     const Outcome outcome = check({"help", "--werror"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 note in 1 file\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 note in 1 file; 1 file checked\n"));
 }
 
 TEST_F(SeverityTest, WerrorAppliesToSingleRules) {
     const Outcome outcome = check({"--werror=unknown-key", "--werror=page-without-lookup", "help"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 warning in 1 file\n"));
+    EXPECT_THAT(outcome.out, HasSubstr("2 errors, 1 warning in 1 file; 1 file checked\n"));
 }
 
 TEST_F(SeverityTest, PathMayFollowWerror) {
@@ -88,7 +92,7 @@ TEST_F(SeverityTest, PathMayFollowWerror) {
 TEST_F(SeverityTest, RulesCanBeIgnored) {
     EXPECT_EQ(check({"help", "--ignore", "unknown-key", "--ignore=unknown-word", "--ignore",
                      "page-without-lookup"}),
-              (Outcome{0, "nothing found\n", ""}));
+              (Outcome{0, "1 file checked, no problems found\n", ""}));
 }
 
 TEST_F(SeverityTest, UnknownRuleIsWrongUsage) {

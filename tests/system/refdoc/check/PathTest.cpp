@@ -22,7 +22,7 @@ TEST_F(CheckPathTest, ResourceFileMayBeInAnyFolder) {
         (Outcome{
             1,
             "drafts/Orchard.json:1:107: error: the required key \"refpurpose\" is missing; the "
-            "whole file is dropped [missing-key]\n1 error in 1 file\n",
+            "whole file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
             ""}));
 }
 
@@ -37,7 +37,7 @@ TEST_F(CheckPathTest, FolderTakesPrecedenceOverContent) {
     EXPECT_THAT(check({"referenceapi_lookup/A.json"}).out,
                 HasSubstr("the required key \"name\" is missing"));
     add("referenceapi/A.json", kLookupWithoutPurpose);
-    EXPECT_THAT(check({"referenceapi/A.json"}).out, HasSubstr("unknown key \"name\""));
+    EXPECT_THAT(check({"referenceapi/A.json"}).out, HasSubstr("[wrong-folder]"));
 }
 
 TEST_F(CheckPathTest, PackageIsCheckedByItself) {
@@ -49,7 +49,7 @@ TEST_F(CheckPathTest, PackageIsCheckedByItself) {
         (Outcome{
             1,
             "A.zip!in/A.json:1:107: error: the required key \"refpurpose\" is missing; the whole "
-            "file is dropped [missing-key]\n1 error in 1 file\n",
+            "file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
             ""}));
 }
 
@@ -63,7 +63,7 @@ TEST_F(CheckPathTest, PackageDirectoryOverLimitIsReported) {
     EXPECT_EQ(check({"A.zip"}),
               (Outcome{1,
                        "A.zip: error: the file is not read: its directory is larger than the limit "
-                       "of 67108864 bytes [over-limit]\n1 error in 1 file\n",
+                       "of 67108864 bytes [over-limit]\n1 error in 1 file; 1 file checked\n",
                        ""}));
 }
 
@@ -77,16 +77,16 @@ TEST_F(CheckPathTest, ManifestIsCheckedAgainstItsSchema) {
             "installation.json:2:23: error: the required key \"shortName\" is missing; the whole "
             "file "
             "is dropped [missing-key]",
-            "1 error, 1 warning in 1 file"}));
+            "1 error, 1 warning in 1 file; 1 file checked"}));
 }
 
 TEST_F(CheckPathTest, SeveralPathsGiveOneReport) {
     add("A.json", kNoPurpose);
     add("B.json", kNoPurpose);
     const Outcome outcome = check({"B.json", "A.json"});
-    EXPECT_THAT(
-        linesOf(outcome.out),
-        testing::ElementsAre(HasSubstr("A.json:"), HasSubstr("B.json:"), "2 errors in 2 files"));
+    EXPECT_THAT(linesOf(outcome.out),
+                testing::ElementsAre(HasSubstr("A.json:"), HasSubstr("B.json:"),
+                                     "2 errors in 2 files; 2 files checked"));
 }
 
 TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
@@ -94,7 +94,7 @@ TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
     addResource("A_fr", section("a", ""));
     EXPECT_THAT(check({"help"}).out, HasSubstr("[unsupported-language]"));
     addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
-    EXPECT_EQ(check({"help"}), (Outcome{0, "nothing found\n", ""}));
+    EXPECT_EQ(check({"help"}), (Outcome{0, "3 files checked, no problems found\n", ""}));
 }
 
 TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
@@ -104,14 +104,15 @@ TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
         run({"check"}),
         (Outcome{1,
                  file + ":1:107: error: the required key \"refpurpose\" is missing; the whole "
-                        "file is dropped [missing-key]\n1 error in 1 file\n",
+                        "file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
                  ""}));
 }
 
 TEST_F(CheckPathTest, FindingsOfSeveralLanguagesAreReportedOnce) {
     addResource("A", kNoPurpose);
     add("help/docCatalog/referenceapi_lookup/A.zip", "not a package");
-    EXPECT_THAT(check({"help", "--langs", "en,de,ja"}).out, HasSubstr("2 errors in 2 files\n"));
+    EXPECT_THAT(check({"help", "--langs", "en,de,ja"}).out,
+                HasSubstr("2 errors in 2 files; 2 files checked\n"));
 }
 
 TEST_F(CheckPathTest, FolderWithoutDocumentationIsAnError) {
@@ -127,10 +128,44 @@ TEST_F(CheckPathTest, MissingFileIsAnError) {
               (Outcome{3, "", "refdoc: file or folder \"gone.json\" does not exist\n"}));
 }
 
-TEST_F(CheckPathTest, MalformedManifestIsAnErrorForItsRoot) {
+TEST_F(CheckPathTest, MalformedManifestIsAFindingAndNothingElseIsChecked) {
     addManifest("{");
-    addResource("A", section("a", ""));
-    EXPECT_EQ(check({"."}).status, 3);
+    addResource("A", kNoPurpose);
+    const Outcome outcome = check({"."});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.out,
+              "installation.json:1:2: error: invalid JSON, so the whole file is dropped: cut off: "
+              "the object that begins at 1:1 has no end [malformed-json]\n"
+              "1 error in 1 file; 1 file checked\n");
+    EXPECT_THAT(outcome.err, testing::EndsWith("incomplete JSON; nothing else was checked\n"));
+    EXPECT_THAT(check({".", "--sarif"}).out, HasSubstr("\"ruleId\":\"malformed-json\""));
+}
+
+TEST_F(CheckPathTest, EmptyPathIsAnError) {
+    EXPECT_EQ(check({""}),
+              (Outcome{3, "", "refdoc: the PATH is empty; for the current folder, write \".\"\n"}));
+}
+
+TEST_F(CheckPathTest, RootWithoutResourceFilesIsAnError) {
+    add("help/docCatalog/x", "");
+    const Outcome outcome = check({"help"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.out, "no files checked\n");
+    EXPECT_THAT(outcome.err, HasSubstr("nothing to check: there is no resource file in \""));
+}
+
+TEST_F(CheckPathTest, RootThatDoesNotExistIsAnError) {
+    EXPECT_EQ(check({"--root", "/nowhere/help"}),
+              (Outcome{3, "no files checked\n",
+                       "refdoc: nothing to check: the reference root \"/nowhere/help\" does not "
+                       "exist\n"}));
+}
+
+TEST_F(CheckPathTest, FileThatIsNoResourceFileIsAnError) {
+    add("readme.txt", "Read me");
+    const Outcome outcome = check({"readme.txt"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(outcome.err, HasSubstr("readme.txt\" is no resource file and has none"));
 }
 
 TEST_F(CheckPathTest, WithoutInstalledProductsEachLookupNeedsFullResources) {
@@ -146,7 +181,7 @@ TEST_F(CheckPathTest, EqualRecordsAreNotLost) {
     addLookup("A", section("a", record));
     addLookup("B", section("a", record));
     addResource("B", section("a", R"({"href": "a.html", "refpurpose": ""})"));
-    EXPECT_EQ(check({"help"}).out, "nothing found\n");
+    EXPECT_EQ(check({"help"}).out, "4 files checked, no problems found\n");
 }
 
 } // namespace

@@ -48,10 +48,12 @@ TEST_F(ReportFormatTest, WithoutFindingsJsonIsADocumentAndThereAreNoLines) {
                                              "{\n"
                                              "  \"findings\": [],\n"
                                              "  \"summary\": {\n"
+                                             "    \"checkedFiles\": 19,\n"
                                              "    \"files\": 0,\n"
                                              "    \"errors\": 0,\n"
                                              "    \"warnings\": 0,\n"
-                                             "    \"notes\": 0\n"
+                                             "    \"notes\": 0,\n"
+                                             "    \"consequences\": 0\n"
                                              "  }\n"
                                              "}\n",
                                              ""}));
@@ -93,7 +95,7 @@ TEST_F(ReportFormatTest, SummaryIsThatOfTheText) {
     EXPECT_THAT(check({"."}).out,
                 testing::EndsWith(number("errors") + " errors, " + number("warnings") +
                                   " warnings, " + number("notes") + " note in " + number("files") +
-                                  " files\n"));
+                                  " files; " + number("checkedFiles") + " files checked\n"));
 }
 
 TEST_F(ReportFormatTest, FingerprintsAreAllDifferent) {

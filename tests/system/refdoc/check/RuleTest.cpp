@@ -176,7 +176,7 @@ TEST_F(RuleOptionsTest, RulesListsEachRule) {
     const std::vector<std::string> lines = linesOf(outcome.out);
     ASSERT_EQ(lines.size(), rules().size());
     EXPECT_EQ(lines[0], "malformed-json                   error    invalid JSON");
-    EXPECT_EQ(lines[5],
+    EXPECT_EQ(lines[7],
               "unknown-key                      warning  the key has no meaning in this object");
 }
 

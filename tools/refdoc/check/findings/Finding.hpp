@@ -20,6 +20,16 @@ enum class Severity { Note, Warning, Error };
 /// Returns "note", "warning" or "error".
 std::string_view toWord(Severity severity) noexcept;
 
+/// How findings of a rule are related to errors in other files. Errors are causes: they cost
+/// content, and whatever refers to that content is reported as well.
+enum class Relation {
+    None,
+    Independent,          ///< an error that is not a cause
+    FollowsFromResources, ///< follows from errors in full resources
+    FollowsFromLookups,   ///< follows from errors in lookup files
+    FollowsFromAny        ///< follows from errors in either
+};
+
 /// What can be wrong with a file. Each rule is one constant, next to the code that detects it;
 /// rules are compared by address.
 struct Rule {
@@ -27,6 +37,7 @@ struct Rule {
     Severity severity;
     std::string_view summary;     ///< what is wrong, in one line without a period
     std::string_view explanation; ///< Markdown: what the library does, and how to fix the file
+    Relation relation = Relation::None;
 };
 
 /// A location in a file: the whole file, a value of its JSON text, or a position in the text.

@@ -54,9 +54,12 @@ inline constexpr auto kFields<ReportedFinding> = std::tuple_cat(
                Field{"related", &ReportedFinding::related}});
 
 template <>
-inline constexpr auto kFields<Summary> =
-    std::tuple{Field{"files", &Summary::files}, Field{"errors", &Summary::errors},
-               Field{"warnings", &Summary::warnings}, Field{"notes", &Summary::notes}};
+inline constexpr auto kFields<Summary> = std::tuple{Field{"checkedFiles", &Summary::checkedFiles},
+                                                    Field{"files", &Summary::files},
+                                                    Field{"errors", &Summary::errors},
+                                                    Field{"warnings", &Summary::warnings},
+                                                    Field{"notes", &Summary::notes},
+                                                    Field{"consequences", &Summary::consequences}};
 
 namespace check {
 
@@ -99,11 +102,11 @@ Fingerprints readDocument(const json::object& document) {
 
 } // namespace
 
-std::string jsonReport(const std::vector<ReportedFinding>& findings) {
+std::string jsonReport(const std::vector<ReportedFinding>& findings, const Summary& summary) {
     json::monotonic_resource pool;
     json::object document(&pool);
     document["findings"] = toJson(findings, &pool);
-    document["summary"] = toJson(summarize(findings), &pool);
+    document["summary"] = toJson(summary, &pool);
     return toIndentedJson(std::move(document));
 }
 

@@ -152,7 +152,8 @@ std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& name
     return report;
 }
 
-Summary summarize(const std::vector<ReportedFinding>& findings) {
+Summary summarize(const std::vector<ReportedFinding>& findings, std::size_t checkedFiles,
+                  std::size_t consequences) {
     std::set<const ReportedFile*> files;
     for (const ReportedFinding& finding : findings)
         files.insert(finding.location.file.get());
@@ -160,10 +161,12 @@ Summary summarize(const std::vector<ReportedFinding>& findings) {
         return static_cast<std::size_t>(
             std::ranges::count(findings, severity, &ReportedFinding::severity));
     };
-    return {.files = files.size(),
+    return {.checkedFiles = checkedFiles,
+            .files = files.size(),
             .errors = count(Severity::Error),
             .warnings = count(Severity::Warning),
-            .notes = count(Severity::Note)};
+            .notes = count(Severity::Note),
+            .consequences = consequences};
 }
 
 } // namespace refdoc::check

@@ -62,14 +62,17 @@ struct ReportSettings {
 std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& names,
                                         const ReportSettings& settings);
 
-/// The number of findings of each severity, and of files and package entries that have findings.
+/// The number of files and package entries, and of the findings of each severity.
 struct Summary {
-    std::size_t files = 0;
+    std::size_t checkedFiles = 0; ///< whose content was checked
+    std::size_t files = 0;        ///< with findings
     std::size_t errors = 0;
     std::size_t warnings = 0;
     std::size_t notes = 0;
+    std::size_t consequences = 0; ///< not reported: they follow from other findings
 };
 
-Summary summarize(const std::vector<ReportedFinding>& findings);
+Summary summarize(const std::vector<ReportedFinding>& findings, std::size_t checkedFiles,
+                  std::size_t consequences);
 
 } // namespace refdoc::check

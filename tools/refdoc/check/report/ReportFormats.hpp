@@ -12,10 +12,11 @@ namespace refdoc::check {
 
 /// Returns a line for each finding, "file:line:column: severity: message [rule]", with its related
 /// locations indented below it, and a summary at the end.
-std::string textReport(const std::vector<ReportedFinding>& findings, bool color);
+std::string textReport(const std::vector<ReportedFinding>& findings, const Summary& summary,
+                       bool color);
 
 /// Returns the document of `--json`: the findings and their summary.
-std::string jsonReport(const std::vector<ReportedFinding>& findings);
+std::string jsonReport(const std::vector<ReportedFinding>& findings, const Summary& summary);
 
 /// Returns the lines of `--jsonl`: one for each finding, as in the document.
 std::string jsonLinesReport(const std::vector<ReportedFinding>& findings);

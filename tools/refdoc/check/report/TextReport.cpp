@@ -33,8 +33,16 @@ std::string summaryText(const Summary& summary) {
         if (count > 0)
             text += (text.empty() ? "" : ", ") + counted(count, word);
     }
-    return text.empty() ? "nothing found\n"
-                        : fmt::format("{} in {}\n", text, counted(summary.files, "file"));
+    const std::string checked = summary.checkedFiles == 0
+                                    ? "no files checked"
+                                    : counted(summary.checkedFiles, "file") + " checked";
+    if (text.empty())
+        return summary.checkedFiles == 0 ? checked + '\n' : checked + ", no problems found\n";
+    text = fmt::format("{} in {}; {}\n", text, counted(summary.files, "file"), checked);
+    if (summary.consequences > 0)
+        text += fmt::format("{} of these errors not shown; see --show-consequences\n",
+                            counted(summary.consequences, "consequence"));
+    return text;
 }
 
 // Paints the text from `start` to the end.
@@ -66,13 +74,14 @@ void addFinding(const ReportedFinding& finding, bool color, std::string& report)
 
 } // namespace
 
-std::string textReport(const std::vector<ReportedFinding>& findings, bool color) {
+std::string textReport(const std::vector<ReportedFinding>& findings, const Summary& summary,
+                       bool color) {
     constexpr std::size_t kUsualLength = 256; // of the lines of a finding
     std::string report;
     report.reserve(findings.size() * kUsualLength);
     for (const ReportedFinding& finding : findings)
         addFinding(finding, color, report);
-    report += summaryText(summarize(findings));
+    report += summaryText(summary);
     return report;
 }
 

@@ -1,12 +1,16 @@
 #include "tools/refdoc/check/rules/ContentRules.hpp"
 
+#include "docparser/parsing/TextPlaces.hpp"
 #include "tools/refdoc/check/rules/SchemaRules.hpp"
+#include "tools/refdoc/check/text/JsonDiagnosis.hpp"
+#include "tools/refdoc/check/text/RepeatedKeys.hpp"
 
 #include <boost/json/error.hpp>
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace refdoc::check {
@@ -16,6 +20,7 @@ namespace json = boost::json;
 using reference::docparser::Fate;
 using reference::docparser::FileAccount;
 using reference::docparser::FileRole;
+using reference::docparser::placeOfOffset;
 
 namespace {
 
@@ -34,21 +39,56 @@ constexpr Rule kNestingTooDeep{
     "The parser rejects objects and arrays that are nested deeper than 32 levels, and the file is "
     "dropped completely. The format needs at most eight levels: remove what is nested by mistake."};
 
+constexpr Rule kRepeatedKey{
+    "repeated-key", Severity::Error, "an object has the same key twice",
+    "If an object repeats a key, only the last value counts. A second `refItems` that is empty, "
+    "for "
+    "example, drops all items of its section. Merge the two values or remove one of them."};
+
+constexpr Rule kWrongFolder{
+    "wrong-folder", Severity::Error, "the file belongs in another folder",
+    "Lookup files are read only in the folder `referenceapi_lookup`, full resource files only in "
+    "`referenceapi`. The content of the file is that of the other type, so its records are lost. "
+    "Move the file. Its other findings are not reported."};
+
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
+// \param parserPosition  where the parser stopped
 Finding invalidJson(std::string_view text, const json::error_code& error,
-                    const std::optional<TextPlace>& position, std::string_view reason) {
-    Finding finding{.rule = &kMalformedJson,
-                    .location = {.position = position},
-                    .message = fmt::format("invalid JSON: {}; the whole file is dropped", reason)};
-    if (text.starts_with(kMark)) {
-        finding.rule = &kByteOrderMark;
-        finding.message = "the file begins with a byte-order mark; the whole file is dropped";
-    } else if (error == json::error::too_deep) {
-        finding.rule = &kNestingTooDeep;
-        finding.message = "values are nested deeper than 32 levels; the whole file is dropped";
+                    const TextPlace& parserPosition) {
+    if (text.starts_with(kMark))
+        return {.rule = &kByteOrderMark,
+                .location = {.position = parserPosition},
+                .message = "the file begins with a byte-order mark; the whole file is dropped"};
+    if (error == json::error::too_deep)
+        return {.rule = &kNestingTooDeep,
+                .location = {.position = parserPosition},
+                .message = "values are nested deeper than 32 levels; the whole file is dropped"};
+    const JsonDiagnosis diagnosis = diagnoseJson(text, parserPosition.offset, error);
+    return {.rule = &kMalformedJson,
+            .location = {.position = placeOfOffset(text, diagnosis.offset)},
+            .message =
+                fmt::format("invalid JSON, so the whole file is dropped: {}", diagnosis.message)};
+}
+
+void addRepeatedKeys(const SourceFile& file, std::string_view text,
+                     std::vector<Finding>& findings) {
+    for (const auto& [pointer, earlier, later] : findRepeatedKeys(text)) {
+        Finding finding{.rule = &kRepeatedKey,
+                        .location = {.pointer = pointer, .position = placeOfOffset(text, later)},
+                        .message = "the object already has this key; the earlier value is ignored",
+                        .identity = pointer};
+        finding.related.push_back(
+            {file, {.position = placeOfOffset(text, earlier)}, "the value that is ignored"});
+        findings.push_back(std::move(finding));
     }
-    return finding;
+}
+
+Finding wrongFolder(FileRole role) {
+    return {.rule = &kWrongFolder,
+            .message = role == FileRole::Lookup
+                           ? "a full resource file in the folder of lookup files"
+                           : "a lookup file in the folder of full resource files"};
 }
 
 std::vector<Location*> locationsIn(std::vector<Finding>& findings) {
@@ -64,8 +104,28 @@ std::vector<Location*> locationsIn(std::vector<Finding>& findings) {
 } // namespace
 
 std::span<const Rule* const> contentRules() {
-    static constexpr const Rule* kRules[] = {&kMalformedJson, &kByteOrderMark, &kNestingTooDeep};
+    static constexpr const Rule* kRules[] = {&kMalformedJson, &kByteOrderMark, &kNestingTooDeep,
+                                             &kRepeatedKey, &kWrongFolder};
     return kRules;
+}
+
+std::optional<FileRole> roleOf(const json::value& document) {
+    const json::object* section = document.if_object();
+    const json::value* items = section ? section->if_contains("refItems") : nullptr;
+    if (!items || !items->is_array() || items->get_array().empty())
+        return std::nullopt;
+    const json::object* item = items->get_array().front().if_object();
+    if (!item)
+        return std::nullopt;
+    const auto isFullKey = [](const json::key_value_pair& member) {
+        const SchemaNode& full = *resourceSchema().root().find("refItems")->node->items;
+        const SchemaNode& record = *lookupSchema().root().find("refItems")->node->items;
+        return full.find(member.key()) && !record.find(member.key());
+    };
+    const bool isFull = std::ranges::any_of(*item, isFullKey);
+    if (item->contains("name") == isFull)
+        return std::nullopt;
+    return isFull ? FileRole::Resources : FileRole::Lookup;
 }
 
 void checkContent(const FileAccount& account, const SourceFile& file, std::string_view text,
@@ -74,9 +134,14 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     json::error_code error;
     const json::value document = json::parse(text, error, &arena);
     if (error) {
-        findings.push_back(invalidJson(text, error, account.place, account.reason));
+        findings.push_back(invalidJson(text, error, account.place.value_or(TextPlace())));
         return;
     }
+    if (const auto role = roleOf(document); role && *role != account.role) {
+        findings.push_back(wrongFolder(account.role));
+        return;
+    }
+    addRepeatedKeys(file, text, findings);
     const bool isDropped = addSchemaFindings(
         account.role == FileRole::Lookup ? lookupSchema() : resourceSchema(), document, findings);
     if (account.fate == Fate::Malformed && !isDropped)
@@ -91,7 +156,7 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     findPositions(text, locations);
 }
 
-std::vector<Finding> checkManifest(std::string_view text) {
+std::vector<Finding> checkManifest(const SourceFile& file, std::string_view text) {
     std::vector<Finding> findings;
     if (text.empty())
         return findings;
@@ -99,9 +164,9 @@ std::vector<Finding> checkManifest(std::string_view text) {
     const json::value document = json::parse(text, error);
     if (error) {
         const auto problem = reference::docparser::findSyntaxProblem(text);
-        findings.push_back(
-            invalidJson(text, error, problem ? problem->place : TextPlace(), error.message()));
+        findings.push_back(invalidJson(text, error, problem ? problem->place : TextPlace()));
     } else {
+        addRepeatedKeys(file, text, findings);
         addSchemaFindings(manifestSchema(), document, findings);
         findPositions(text, locationsIn(findings));
     }

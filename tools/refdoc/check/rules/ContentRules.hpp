@@ -5,6 +5,9 @@
 #include "tools/refdoc/check/findings/PendingFindings.hpp"
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 
+#include <boost/json/value.hpp>
+
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -16,6 +19,10 @@ namespace refdoc::check {
 
 std::span<const Rule* const> contentRules();
 
+/// Returns whether a document is a lookup file or a full resource file, by the keys of its first
+/// item; empty if they don't tell.
+std::optional<reference::docparser::FileRole> roleOf(const boost::json::value& document);
+
 /// Checks a file that the library has read. Parses its text once, for all purposes.
 /// \param pending  reports what is pending about the file's records
 /// \param losses   reads the records that it compares
@@ -26,6 +33,6 @@ void checkContent(const reference::docparser::FileAccount& account, const Source
 
 /// Returns the findings about the text of an installation manifest; none if the text is empty,
 /// because a manifest is optional.
-std::vector<Finding> checkManifest(std::string_view text);
+std::vector<Finding> checkManifest(const SourceFile& file, std::string_view text);
 
 } // namespace refdoc::check

@@ -24,18 +24,21 @@ namespace {
 constexpr Rule kLookupWithoutPage{
     "lookup-without-page", Severity::Warning, "no item has the link of a lookup record",
     "The full resources of the product have no item with the link of the record, so the record "
-    "leads nowhere. Correct the link or add the item."};
+    "leads nowhere. Correct the link or add the item.",
+    Relation::FollowsFromResources};
 
 constexpr Rule kPageWithoutLookup{
     "page-without-lookup", Severity::Note, "no lookup record leads to the item",
     "The item documents names, but no record of the lookup index has its link, so the item can't "
-    "be found by name. Add a lookup record. Items without entities need none."};
+    "be found by name. Add a lookup record. Items without entities need none.",
+    Relation::FollowsFromLookups};
 
 constexpr Rule kBrokenLink{
     "broken-link", Severity::Warning, "a see-also link leads to no item",
     "No product has an item or a lookup record with this link. Links are relative to the help "
     "location of the product. Fragments (`#...`) and links with a scheme, such as `https:`, are "
-    "not checked. Correct or remove the link."};
+    "not checked. Correct or remove the link.",
+    Relation::FollowsFromResources};
 
 constexpr Rule kLookupWithoutResources{
     "lookup-without-resources", Severity::Warning,
@@ -43,13 +46,15 @@ constexpr Rule kLookupWithoutResources{
     "The index has records of the product, but there is no usable full resource file for them, or "
     "none with a section that has the same key. If the installed products are known, other "
     "products are not checked: their full resources are installed with them. Add the full "
-    "resources or correct the section's key."};
+    "resources or correct the section's key.",
+    Relation::FollowsFromResources};
 
 constexpr Rule kInstalledWithoutDocumentation{
     "installed-without-documentation", Severity::Warning,
     "an installed product has neither lookup records nor full resources",
     "No section has the short name of the product, or the name of the support package, as its key. "
-    "Keys are case-sensitive. Correct the key or the manifest."};
+    "Keys are case-sensitive. Correct the key or the manifest.",
+    Relation::FollowsFromAny};
 
 // Appends a part to a path; ".." removes the last part instead.
 void addPart(std::u16string_view part, std::u16string& path) {

@@ -22,14 +22,16 @@ namespace {
 constexpr Rule kRepeatedSectionKey{
     "repeated-section-key", Severity::Error, "two sections of a file have the same key",
     "If several sections of a file have the same key, the first is kept. The others are dropped "
-    "with all their items. Give each support package its own `baseCode`."};
+    "with all their items. Give each support package its own `baseCode`.",
+    Relation::Independent};
 
 constexpr Rule kBaseCodeIsHelpFolder{
     "base-code-is-help-folder", Severity::Error,
     "the base code of a support package is the help folder of the main section",
     "The key of the main section is its `helpFolder`. The key of a support package is its "
     "`baseCode`. If the two are equal, the support package is dropped with all its items. Change "
-    "the `baseCode`."};
+    "the `baseCode`.",
+    Relation::Independent};
 
 constexpr Rule kUnreadableFile{
     "unreadable-file", Severity::Error, "the file can't be read",
@@ -69,13 +71,20 @@ std::string_view causeOf(const FileAccount& file) {
     return cause == reason.npos ? reason : reason.substr(cause + 2);
 }
 
+// An entry whose data is damaged usually decompresses to another size.
+std::string entryCause(const FileAccount& file) {
+    const std::string_view cause = causeOf(file);
+    const bool hasOtherSize = cause.find("than the package says") != cause.npos;
+    return hasOtherSize ? "damaged data" : std::string(cause);
+}
+
 Finding unreadable(const FileAccount& file) {
     if (file.role == FileRole::Package)
         return {.rule = &kUnreadablePackage,
                 .message = withReason("the package can't be opened and is skipped", causeOf(file))};
     if (!file.entry.empty())
         return {.rule = &kUnreadableEntry,
-                .message = withReason("the entry can't be read", causeOf(file))};
+                .message = withReason("the entry can't be read", entryCause(file))};
     if (file.fate == Fate::Missing)
         return {.rule = &kUnreadableFile,
                 .message = "the file is a link to a file that does not exist"};

@@ -161,20 +161,45 @@ public:
     std::optional<std::string> problemOf(const std::u16string& stem) const {
         if (!languageOf(stem, languages_).empty())
             return std::nullopt;
-        for (std::size_t at = stem.find(Tools::kLocaleSeparator); at != stem.npos;
-             at = stem.find(Tools::kLocaleSeparator, at + 1)) {
-            if (auto problem = problemOf(stem.substr(0, at), stem.substr(at + 1), stem))
+        for (std::size_t at = stem.find_first_of(kSeparators); at != stem.npos;
+             at = stem.find_first_of(kSeparators, at + 1)) {
+            const std::u16string product = stem.substr(0, at);
+            const std::u16string suffix = stem.substr(at + 1);
+            auto problem = stem[at] == Tools::kLocaleSeparator
+                               ? problemOf(product, suffix, stem)
+                               : separatorProblemOf(product, suffix, stem);
+            if (problem)
                 return problem;
         }
         return std::nullopt;
     }
 
 private:
+    static constexpr const char16_t* kSeparators = u"_-.";
+
+    static std::string effectOf(const std::u16string& stem) {
+        return fmt::format("the file is read as the English file of a product \"{}\"",
+                           to_string(stem));
+    }
+
+    // "Orchard-de" beside "Orchard".
+    std::optional<std::string> separatorProblemOf(const std::u16string& product,
+                                                  const std::u16string& suffix,
+                                                  const std::u16string& stem) const {
+        const auto isSuffix = [&](const std::u16string& language) {
+            return language != Tools::kEnglishLocale && plainForm(language) == plainForm(suffix);
+        };
+        const auto language = std::ranges::find_if(languages_, isSuffix);
+        if (language == languages_.end() || !stems_.contains(product))
+            return std::nullopt;
+        return fmt::format("the separator before a language must be \"_\", as in \"{}_{}\"; {}",
+                           to_string(product), to_string(*language), effectOf(stem));
+    }
+
     std::optional<std::string> problemOf(const std::u16string& product,
                                          const std::u16string& suffix,
                                          const std::u16string& stem) const {
-        const std::string effect = fmt::format(
-            "the file is read as the English file of a product \"{}\"", to_string(stem));
+        const std::string effect = effectOf(stem);
         if (plainForm(suffix) == Tools::kEnglishLocale)
             return fmt::format("English files have no suffix, so \"_{}\" is part of the name; {}",
                                to_string(suffix), effect);
@@ -253,6 +278,13 @@ std::span<const Rule* const> nameRules() {
                                              &kUnsupportedLanguage, &kPackageLanguage,
                                              &kExtraEntry,          &kShadowedFile};
     return kRules;
+}
+
+std::u16string productNameOf(const SourceFile& file, const std::vector<std::u16string>& languages) {
+    std::u16string stem = stemOf({.path = file.path});
+    if (const std::u16string language = languageOf(stem, languages); !language.empty())
+        stem.resize(stem.size() - language.size() - 1);
+    return stem;
 }
 
 void addLookupFiles(const LoadAccount& account, const std::vector<SourceFile>& sources,

@@ -23,6 +23,10 @@ struct NamedFile {
     auto operator<=>(const NamedFile&) const = default;
 };
 
+/// Returns the name of the product that a file belongs to by its name, or that an entry belongs to
+/// by the name of its package: without folders, extension and locale suffix.
+std::u16string productNameOf(const SourceFile& file, const std::vector<std::u16string>& languages);
+
 /// Adds the files and entries that the lookup retrieval of an account considered.
 void addLookupFiles(const reference::docparser::LoadAccount& account,
                     const std::vector<SourceFile>& sources, std::set<NamedFile>& files);
