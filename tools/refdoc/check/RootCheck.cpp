@@ -123,7 +123,7 @@ private:
     }
 
     void checkNames(const std::set<NamedFile>& files) {
-        addIgnoredFiles(files, texts_, findings_);
+        addIgnoredFiles(files, languages_, texts_, findings_);
         addLanguageFindings(files, languages_, findings_);
     }
 

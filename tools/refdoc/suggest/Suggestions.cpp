@@ -10,6 +10,7 @@
 
 namespace refdoc {
 
+using fl::i18n::to_ustring;
 using reference::docparser::ResourceMap;
 using reference::property::RefEntity;
 using reference::property::RefItem;
@@ -23,6 +24,12 @@ std::u16string_view fileStem(std::u16string_view href) {
     href = href.substr(0, href.find(u'#'));
     href.remove_prefix(std::min(href.rfind(u'/') + 1, href.size())); // npos + 1 is 0
     return href.substr(0, href.rfind(u'.'));
+}
+
+std::vector<std::u16string> toUstrings(const std::vector<std::string>& texts) {
+    std::vector<std::u16string> result;
+    std::ranges::transform(texts, std::back_inserter(result), to_ustring);
+    return result;
 }
 
 bool isSame(std::u16string_view left, std::u16string_view right) {
@@ -63,10 +70,22 @@ std::string didYouMean(const std::vector<std::u16string>& names, std::string_vie
 }
 
 std::string didYouMean(std::string_view name, const std::vector<std::string>& known) {
-    std::vector<std::u16string> names;
-    std::ranges::transform(known, std::back_inserter(names), fl::i18n::to_ustring);
-    return didYouMean(
-        nearNames(fl::i18n::to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
+    const std::vector<std::u16string> names = toUstrings(known);
+    return didYouMean(nearNames(to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
+}
+
+std::optional<std::string> onlyNearestName(std::string_view name,
+                                           const std::vector<std::string>& known) {
+    const std::u16string wanted = to_ustring(name);
+    const std::vector<std::u16string> names = toUstrings(known);
+    const std::vector<std::u16string> nearest =
+        nearNames(wanted, {names.begin(), names.end()}, /*maximum=*/2);
+    if (nearest.empty())
+        return std::nullopt;
+    const std::size_t distance = editDistance(wanted, nearest.front(), wanted.size());
+    if (nearest.size() > 1 && editDistance(wanted, nearest.back(), distance) == distance)
+        return std::nullopt;
+    return fl::i18n::to_string(nearest.front());
 }
 
 std::vector<std::u16string> nearHrefs(const std::u16string& href,

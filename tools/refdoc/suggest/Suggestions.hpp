@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,11 @@ std::string didYouMean(const std::vector<std::u16string>& names, std::string_vie
 /// Returns `; did you mean "a"?` with the known name that is nearest to `name`; empty if none is
 /// near. All strings are UTF-8.
 std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
+
+/// Returns the known name that is nearer to `name` than all others; empty if none is near or if
+/// several are equally near. All strings are UTF-8.
+std::optional<std::string> onlyNearestName(std::string_view name,
+                                           const std::vector<std::string>& known);
 
 /// Returns at most three hrefs that the user may have meant: those whose items document something
 /// of this name, or whose file has this name; otherwise those that are near to it.

@@ -54,6 +54,19 @@ struct RelatedLocation {
     std::string_view message; ///< a literal
 };
 
+/// Replaces a part of a text. Neither part contains a line feed.
+struct Edit {
+    Location location;       ///< where the replaced part begins
+    std::string original{};  ///< the replaced part; known, or a JSON string that is read later
+    std::string replacement; ///< may be empty
+};
+
+/// How to correct a file, if that can only mean one thing.
+struct Fix {
+    std::vector<Edit> edits{};               ///< of the file's text; they do not overlap
+    std::optional<std::u16string> newName{}; ///< of the file or entry, in the same folder
+};
+
 /// One violation of a rule. Strings are UTF-8.
 struct Finding {
     const Rule* rule;
@@ -62,6 +75,7 @@ struct Finding {
     std::string identity{}; ///< distinguishes findings of one rule in one file, independent of line
                             ///< numbers
     std::vector<RelatedLocation> related{};
+    std::optional<Fix> fix{};
 };
 
 /// Findings by the file that they are in.

@@ -3,6 +3,7 @@
 #include "docparser/parsing/TextPlaces.hpp"
 #include "tools/refdoc/check/rules/SchemaRules.hpp"
 #include "tools/refdoc/check/text/JsonDiagnosis.hpp"
+#include "tools/refdoc/check/text/JsonLexer.hpp"
 #include "tools/refdoc/check/text/RepeatedKeys.hpp"
 
 #include <boost/json/error.hpp>
@@ -53,13 +54,36 @@ constexpr Rule kWrongFolder{
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
+std::vector<Finding> findingsOf(const SourceFile& file, std::string_view text,
+                                std::optional<FileRole> role);
+
+// Removes the byte-order marks, and fixes what is checked only without them.
+Fix fixMarks(const SourceFile& file, std::string_view text, std::optional<FileRole> role) {
+    std::size_t length = 0;
+    while (text.substr(length).starts_with(kMark))
+        length += kMark.size();
+    Fix fix{.edits = {{.location = {.position = TextPlace()},
+                       .original = std::string(text.substr(0, length)),
+                       .replacement = {}}}};
+    for (Finding& finding : findingsOf(file, text.substr(length), role)) {
+        if (!finding.fix)
+            continue;
+        for (Edit& edit : finding.fix->edits) {
+            edit.location.position->offset += length;
+            fix.edits.push_back(std::move(edit));
+        }
+    }
+    return fix;
+}
+
 // \param parserPosition  where the parser stopped
-Finding invalidJson(std::string_view text, const json::error_code& error,
-                    const TextPlace& parserPosition) {
+Finding invalidJson(const SourceFile& file, std::string_view text, std::optional<FileRole> role,
+                    const json::error_code& error, const TextPlace& parserPosition) {
     if (text.starts_with(kMark))
         return {.rule = &kByteOrderMark,
                 .location = {.position = parserPosition},
-                .message = "the file begins with a byte-order mark; the whole file is dropped"};
+                .message = "the file begins with a byte-order mark; the whole file is dropped",
+                .fix = fixMarks(file, text, role)};
     if (error == json::error::too_deep)
         return {.rule = &kNestingTooDeep,
                 .location = {.position = parserPosition},
@@ -97,8 +121,50 @@ std::vector<Location*> locationsIn(std::vector<Finding>& findings) {
         locations.push_back(&finding.location);
         for (RelatedLocation& related : finding.related)
             locations.push_back(&related.location);
+        if (!finding.fix)
+            continue;
+        for (Edit& edit : finding.fix->edits)
+            locations.push_back(&edit.location);
     }
     return locations;
+}
+
+// Reads the strings that the fixes replace, after their positions have been found.
+void readOriginals(std::string_view text, std::vector<Finding>& findings) {
+    for (Finding& finding : findings) {
+        if (!finding.fix)
+            continue;
+        for (Edit& edit : finding.fix->edits) {
+            const std::string_view rest = text.substr(edit.location.position->offset);
+            edit.original = rest.substr(0, JsonLexer(rest).next().end);
+        }
+    }
+}
+
+const Schema& schemaOf(std::optional<FileRole> role) {
+    return !role ? manifestSchema() : *role == FileRole::Lookup ? lookupSchema() : resourceSchema();
+}
+
+// Checks a text by itself.
+// \param role  empty: an installation manifest
+std::vector<Finding> findingsOf(const SourceFile& file, std::string_view text,
+                                std::optional<FileRole> role) {
+    std::vector<Finding> findings;
+    json::error_code error;
+    const json::value document = json::parse(text, error);
+    if (error) {
+        const auto problem = reference::docparser::findSyntaxProblem(text);
+        findings.push_back(
+            invalidJson(file, text, role, error, problem ? problem->place : TextPlace()));
+    } else if (role && roleOf(document).value_or(*role) != *role) {
+        findings.push_back(wrongFolder(*role));
+    } else {
+        addRepeatedKeys(file, text, findings);
+        addSchemaFindings(schemaOf(role), document, findings);
+        findPositions(text, locationsIn(findings));
+        readOriginals(text, findings);
+    }
+    return findings;
 }
 
 } // namespace
@@ -134,16 +200,16 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     json::error_code error;
     const json::value document = json::parse(text, error, &arena);
     if (error) {
-        findings.push_back(invalidJson(text, error, account.place.value_or(TextPlace())));
+        findings.push_back(
+            invalidJson(file, text, account.role, error, account.place.value_or(TextPlace())));
         return;
     }
-    if (const auto role = roleOf(document); role && *role != account.role) {
+    if (roleOf(document).value_or(account.role) != account.role) {
         findings.push_back(wrongFolder(account.role));
         return;
     }
     addRepeatedKeys(file, text, findings);
-    const bool isDropped = addSchemaFindings(
-        account.role == FileRole::Lookup ? lookupSchema() : resourceSchema(), document, findings);
+    const bool isDropped = addSchemaFindings(schemaOf(account.role), document, findings);
     if (account.fate == Fate::Malformed && !isDropped)
         findings.push_back(droppedFile(account));
     std::vector<Location*> compared;
@@ -154,23 +220,11 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     std::vector<Location*> locations = locationsIn(findings);
     locations.insert(locations.end(), compared.begin(), compared.end());
     findPositions(text, locations);
+    readOriginals(text, findings);
 }
 
 std::vector<Finding> checkManifest(const SourceFile& file, std::string_view text) {
-    std::vector<Finding> findings;
-    if (text.empty())
-        return findings;
-    json::error_code error;
-    const json::value document = json::parse(text, error);
-    if (error) {
-        const auto problem = reference::docparser::findSyntaxProblem(text);
-        findings.push_back(invalidJson(text, error, problem ? problem->place : TextPlace()));
-    } else {
-        addRepeatedKeys(file, text, findings);
-        addSchemaFindings(manifestSchema(), document, findings);
-        findPositions(text, locationsIn(findings));
-    }
-    return findings;
+    return text.empty() ? std::vector<Finding>() : findingsOf(file, text, std::nullopt);
 }
 
 } // namespace refdoc::check

@@ -13,6 +13,7 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace refdoc::check {
 
@@ -147,6 +148,12 @@ std::u16string plainForm(std::u16string_view language) {
     return form;
 }
 
+// What is wrong with the language at the end of a stem.
+struct SuffixProblem {
+    std::string message{};
+    std::optional<std::u16string> newStem{}; // if it can only mean this one
+};
+
 class LanguageSuffixes {
 public:
     LanguageSuffixes(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages)
@@ -157,8 +164,7 @@ public:
         }
     }
 
-    // Returns what is wrong with the language at the end of a stem.
-    std::optional<std::string> problemOf(const std::u16string& stem) const {
+    std::optional<SuffixProblem> problemOf(const std::u16string& stem) const {
         if (!languageOf(stem, languages_).empty())
             return std::nullopt;
         for (std::size_t at = stem.find_first_of(kSeparators); at != stem.npos;
@@ -182,34 +188,44 @@ private:
                            to_string(stem));
     }
 
-    // "Orchard-de" beside "Orchard".
-    std::optional<std::string> separatorProblemOf(const std::u16string& product,
-                                                  const std::u16string& suffix,
-                                                  const std::u16string& stem) const {
+    // "Orchard-de" beside "Orchard". A name with a hyphen may be intended, so there is no fix.
+    std::optional<SuffixProblem> separatorProblemOf(const std::u16string& product,
+                                                    const std::u16string& suffix,
+                                                    const std::u16string& stem) const {
         const auto isSuffix = [&](const std::u16string& language) {
             return language != Tools::kEnglishLocale && plainForm(language) == plainForm(suffix);
         };
         const auto language = std::ranges::find_if(languages_, isSuffix);
         if (language == languages_.end() || !stems_.contains(product))
             return std::nullopt;
-        return fmt::format("the separator before a language must be \"_\", as in \"{}_{}\"; {}",
-                           to_string(product), to_string(*language), effectOf(stem));
+        return SuffixProblem{
+            fmt::format("the separator before a language must be \"_\", as in \"{}_{}\"; {}",
+                        to_string(product), to_string(*language), effectOf(stem))};
     }
 
-    std::optional<std::string> problemOf(const std::u16string& product,
-                                         const std::u16string& suffix,
-                                         const std::u16string& stem) const {
+    std::optional<SuffixProblem> problemOf(const std::u16string& product,
+                                           const std::u16string& suffix,
+                                           const std::u16string& stem) const {
         const std::string effect = effectOf(stem);
         if (plainForm(suffix) == Tools::kEnglishLocale)
-            return fmt::format("English files have no suffix, so \"_{}\" is part of the name; {}",
-                               to_string(suffix), effect);
-        for (const std::u16string& language : languages_) {
-            if (plainForm(language) == plainForm(suffix))
-                return fmt::format("\"_{}\" differs from the supported language \"{}\"; {}",
-                                   to_string(suffix), to_string(language), effect);
+            return SuffixProblem{
+                fmt::format("English files have no suffix, so \"_{}\" is part of the name; {}",
+                            to_string(suffix), effect)};
+        const auto isMeant = [&](const std::u16string& language) {
+            return plainForm(language) == plainForm(suffix);
+        };
+        if (const auto language = std::ranges::find_if(languages_, isMeant);
+            language != languages_.end()) {
+            SuffixProblem problem{
+                fmt::format("\"_{}\" differs from the supported language \"{}\"; {}",
+                            to_string(suffix), to_string(*language), effect)};
+            if (std::find_if(language + 1, languages_.end(), isMeant) == languages_.end())
+                problem.newStem = product + Tools::kLocaleSeparator + *language;
+            return problem;
         }
         if (isLanguageShaped(suffix) && stems_.contains(product))
-            return fmt::format("\"{}\" is not a supported language; {}", to_string(suffix), effect);
+            return SuffixProblem{
+                fmt::format("\"{}\" is not a supported language; {}", to_string(suffix), effect)};
         return std::nullopt;
     }
 
@@ -254,14 +270,24 @@ void addExtraEntries(const std::vector<const NamedFile*>& entries, Findings& fin
 struct Suspicion {
     const Rule* rule = nullptr;
     std::string reason{};
+    std::optional<Fix> fix{};
 };
 
-Suspicion suspicionOf(const SourceFile& file, SourceTexts& texts) {
+Fix renamed(const std::u16string& stem, const std::u16string& extension) {
+    return {.newName = stem + u'.' + extension};
+}
+
+Suspicion suspicionOf(const SourceFile& file, const LanguageSuffixes& suffixes,
+                      SourceTexts& texts) {
     const std::u16string name = baseNameOf(file);
     const std::u16string extension = fl::filesystem::extract_extension(name);
-    if (hasExtensionInOtherCase(extension))
-        return {&kExtensionCase, fmt::format("its extension must be \"{}\", in lower case",
-                                             to_string(lowered(extension)))};
+    if (hasExtensionInOtherCase(extension)) {
+        const std::u16string lower = lowered(extension);
+        const auto problem = suffixes.problemOf(stemOf(file));
+        return {&kExtensionCase,
+                fmt::format("its extension must be \"{}\", in lower case", to_string(lower)),
+                renamed(problem && problem->newStem ? *problem->newStem : stemOf(file), lower)};
+    }
     if (isPackage(file))
         return {&kIgnoredFile, "packages are read only in the lookup folder"};
     if (isNearResourceName(name))
@@ -314,15 +340,18 @@ std::set<NamedFile> listResourceFolder(const std::u16string& folder) {
     return files;
 }
 
-void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findings& findings) {
+void addIgnoredFiles(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
+                     SourceTexts& texts, Findings& findings) {
+    const LanguageSuffixes suffixes(files, languages);
     for (const NamedFile& file : files) {
         if (!file.isIgnored)
             continue;
-        const Suspicion suspicion = suspicionOf(file.source, texts);
+        Suspicion suspicion = suspicionOf(file.source, suffixes, texts);
         if (suspicion.rule)
             findings[file.source].push_back(
                 {.rule = suspicion.rule,
-                 .message = fmt::format("the file is ignored: {}", suspicion.reason)});
+                 .message = fmt::format("the file is ignored: {}", suspicion.reason),
+                 .fix = std::move(suspicion.fix)});
     }
 }
 
@@ -332,9 +361,14 @@ void addLanguageFindings(const std::set<NamedFile>& files,
     for (const NamedFile& file : files) {
         if (file.isIgnored)
             continue;
-        if (auto problem = suffixes.problemOf(stemOf(file.source)))
-            findings[file.source].push_back(
-                {.rule = &kUnsupportedLanguage, .message = std::move(*problem)});
+        auto problem = suffixes.problemOf(stemOf(file.source));
+        if (!problem)
+            continue;
+        Finding finding{.rule = &kUnsupportedLanguage, .message = std::move(problem->message)};
+        if (problem->newStem)
+            finding.fix = renamed(*problem->newStem,
+                                  fl::filesystem::extract_extension(baseNameOf(file.source)));
+        findings[file.source].push_back(std::move(finding));
     }
 }
 

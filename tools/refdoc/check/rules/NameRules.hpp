@@ -35,8 +35,10 @@ void addLookupFiles(const reference::docparser::LoadAccount& account,
 std::set<NamedFile> listResourceFolder(const std::u16string& folder);
 
 /// Adds findings about ignored files that look like resource files.
-/// \param texts  reads the first bytes of files
-void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findings& findings);
+/// \param languages  all supported languages
+/// \param texts      reads the first bytes of files
+void addIgnoredFiles(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
+                     SourceTexts& texts, Findings& findings);
 
 /// Adds findings about files that look like translations but are not.
 /// \param files      of one folder, including the entries of its packages

@@ -4,10 +4,13 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 
+#include <boost/json/serialize.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <map>
 #include <string_view>
 
 namespace refdoc::check {
@@ -106,6 +109,9 @@ struct Step {
     const json::value* value; // an element of an array; null for a member
 };
 
+// The findings whose fix gives a key the name of a member, by the member.
+using KeyFixes = std::map<const SchemaMember*, std::size_t>;
+
 class Walker {
 public:
     explicit Walker(std::vector<Finding>& findings) : findings_(findings) {}
@@ -164,6 +170,7 @@ private:
         // Most files have the keys in the schema's order, so the search continues after the last
         // match.
         std::size_t next = 0;
+        KeyFixes fixes;
         for (const json::key_value_pair& pair : object) {
             const std::string_view key = pair.key();
             steps_.back() = {key, 0, nullptr};
@@ -171,7 +178,7 @@ private:
             for (; tried < node.members.size() && node.members[next].key != key; ++tried)
                 next = (next + 1) % node.members.size();
             if (tried == node.members.size())
-                addUnknownKey(key, node);
+                addUnknownKey(pair, object, node, fixes);
             else
                 walk(pair.value(), *node.members[next].node, node.members[next].node->readAs);
         }
@@ -205,11 +212,13 @@ private:
             return add(kUnknownWord, /*isAtKey=*/false,
                        fmt::format("expected a word, found {}; read as the default \"{}\"",
                                    typeOf(value), node.defaultWord));
-        if (std::ranges::find(node.words, std::string_view(*word)) == node.words.end())
-            add(kUnknownWord, /*isAtKey=*/false,
-                fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
-                            std::string_view(*word), node.defaultWord,
-                            didYouMean(*word, node.words)));
+        if (std::ranges::find(node.words, std::string_view(*word)) != node.words.end())
+            return;
+        add(kUnknownWord, /*isAtKey=*/false,
+            fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
+                        std::string_view(*word), node.defaultWord, didYouMean(*word, node.words)));
+        if (const auto meant = onlyNearestName(*word, node.words))
+            replaceWith(*meant);
     }
 
     void checkPresence(const json::value& value) {
@@ -231,12 +240,46 @@ private:
                         to_string(garbled)));
     }
 
-    void addUnknownKey(std::string_view key, const SchemaNode& node) {
+    void addUnknownKey(const json::key_value_pair& pair, const json::object& object,
+                       const SchemaNode& node, KeyFixes& fixes) {
         std::vector<std::string> known;
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
         add(kUnknownKey, /*isAtKey=*/true,
-            fmt::format("unknown key \"{}\", ignored{}", key, didYouMean(key, known)));
+            fmt::format("unknown key \"{}\", ignored{}", std::string_view(pair.key()),
+                        didYouMean(pair.key(), known)));
+        const auto meant = onlyNearestName(pair.key(), known);
+        if (!meant || object.contains(*meant))
+            return;
+        const SchemaMember& member = *node.find(*meant);
+        const auto [first, isFirst] = fixes.emplace(&member, findings_.size() - 1);
+        if (isFirst)
+            fixKey(pair.value(), member);
+        else
+            findings_[first->second].fix.reset(); // only one of the two keys can be meant
+    }
+
+    // Corrects the last finding's key, unless its value would then have findings of its own that
+    // can't be fixed.
+    void fixKey(const json::value& value, const SchemaMember& member) {
+        std::vector<Finding> uncovered;
+        Walker walker(uncovered);
+        walker.steps_ = steps_;
+        walker.namesAreUtf8_ = namesAreUtf8_;
+        walker.walk(value, *member.node, member.node->readAs);
+        const auto hasFix = [](const Finding& found) { return found.fix.has_value(); };
+        if (!std::ranges::all_of(uncovered, hasFix))
+            return;
+        replaceWith(member.key);
+        for (Finding& found : uncovered)
+            std::ranges::move(found.fix->edits, std::back_inserter(findings_.back().fix->edits));
+    }
+
+    // Fixes the last finding: another string takes the place of the one that it is about.
+    void replaceWith(std::string_view text) {
+        Finding& finding = findings_.back();
+        finding.fix = Fix{.edits = {{.location = finding.location,
+                                     .replacement = json::serialize(json::string(text))}}};
     }
 
     void add(const Rule& rule, bool isAtKey, std::string message, std::string_view detail = {}) {
