@@ -7,13 +7,16 @@
 
 namespace platform {
 
-/// A new, empty folder among the system's temporary files, which no other object or process has.
-/// The destructor removes it with all its content.
+/// A new, empty folder that no other object or process has. The destructor removes it with all its
+/// content.
 class TemporaryFolder {
 public:
     /// \param prefix  the start of the folder's name
+    /// \param parent  the folder that it is made in
     /// \throws std::filesystem::filesystem_error  the folder could not be created
-    explicit TemporaryFolder(const std::string& prefix) : path_(makeUnique(prefix)) {}
+    explicit TemporaryFolder(const std::string& prefix, const std::filesystem::path& parent =
+                                                            std::filesystem::temp_directory_path())
+        : path_(makeUnique(prefix, std::filesystem::canonical(parent))) {}
     ~TemporaryFolder() {
         std::error_code error;
         std::filesystem::remove_all(path_, error);
@@ -25,9 +28,8 @@ public:
     const std::filesystem::path& path() const noexcept { return path_; }
 
 private:
-    static std::filesystem::path makeUnique(const std::string& prefix) {
-        const std::filesystem::path parent =
-            std::filesystem::canonical(std::filesystem::temp_directory_path());
+    static std::filesystem::path makeUnique(const std::string& prefix,
+                                            const std::filesystem::path& parent) {
         std::random_device random;
         for (;;) {
             const std::filesystem::path folder = parent / (prefix + std::to_string(random()));

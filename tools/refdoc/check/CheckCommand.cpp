@@ -3,6 +3,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "platform/terminal/OutputDevice.hpp"
 #include "tools/refdoc/check/Targets.hpp"
+#include "tools/refdoc/check/fix/FixRun.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
 #include "tools/refdoc/cli/Options.hpp"
@@ -110,6 +111,31 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Summar
     return textReport(findings, summary, setup.color);
 }
 
+CheckedFiles report(const Options& options, const ReportSettings& settings, PathNames& names) {
+    CheckResult result = checkAll(options, names);
+    CheckedFiles checked{.findings = makeReport(std::move(result.findings), names, settings),
+                         .complaints = std::move(result.complaints)};
+    checked.summary = summarize(checked.findings, result.fileCount, result.consequenceCount);
+    return checked;
+}
+
+// An argument that names a file by its old name names it by its new one.
+void followRename(const FileChange& change, std::vector<std::u16string>& arguments) {
+    for (std::u16string& argument : arguments) {
+        if (std::filesystem::absolute(argument).lexically_normal() == change.file)
+            argument = change.newFile.u16string();
+    }
+}
+
+Answer fix(Options options, const ReportSettings& settings, const PageSetup& setup) {
+    PathNames names(std::filesystem::current_path());
+    return fixFindings(
+        {.check = [&] { return report(options, settings, names); },
+         .onWritten = [&](const FileChange& change) { followRename(change, options.arguments); }},
+        names, options.values.has("--write") ? FixMode::Write : FixMode::Show,
+        {.color = setup.color, .isForTerminal = platform::askStandardOutput().isTerminal});
+}
+
 Answer runCheck(const Options& options, const PageSetup& setup) {
     if (options.values.has("--rules"))
         return {.output = ruleList(setup.color)};
@@ -117,19 +143,19 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return explain(*rule, setup);
     if (const std::string unknown = firstUnknown(options.values); !unknown.empty())
         return wrongUsage(unknownRule(unknown));
+    if (options.values.has("--write") && !options.values.has("--fix"))
+        return wrongUsage("--write needs --fix; see refdoc check --help");
 
     const ReportSettings settings = settingsOf(options);
+    if (options.values.has("--fix"))
+        return fix(options, settings, setup);
     PathNames names(std::filesystem::current_path());
-    CheckResult result = checkAll(options, names);
-    const std::vector<ReportedFinding> findings =
-        makeReport(std::move(result.findings), names, settings);
-    const Summary summary = summarize(findings, result.fileCount, result.consequenceCount);
-    const bool isComplete = result.complaints.empty();
-    return {.status = !isComplete          ? ExitStatus::Failed
-                      : summary.errors > 0 ? ExitStatus::Negative
-                                           : ExitStatus::Success,
-            .output = formatted(findings, summary, options, setup, names),
-            .complaints = std::move(result.complaints)};
+    CheckedFiles checked = report(options, settings, names);
+    return {.status = !checked.complaints.empty()  ? ExitStatus::Failed
+                      : checked.summary.errors > 0 ? ExitStatus::Negative
+                                                   : ExitStatus::Success,
+            .output = formatted(checked.findings, checked.summary, options, setup, names),
+            .complaints = std::move(checked.complaints)};
 }
 
 std::vector<Choice> ruleChoices() {
@@ -142,6 +168,12 @@ std::vector<Choice> ruleChoices() {
 std::vector<OptionEntry> checkOptions() {
     return {
         {.name = "--sarif", .help = "Print a SARIF 2.1.0 document", .group = kFormatGroup},
+        {.name = "--fix",
+         .help =
+             "Print a diff that fixes what can only mean one thing: a misspelt key or word, the "
+             "case of an extension or of a language suffix, a byte-order mark",
+         .group = kFormatGroup},
+        {.name = "--write", .help = "With --fix, change and rename the files"},
         {"--baseline", "FILE", ValueType::Path,
          "Report only findings that are not in this earlier output of --json, --jsonl or "
          "--sarif"},
@@ -178,9 +210,11 @@ CommandEntry checkCommand() {
                        .help = "Check only these: a reference root, an install folder, a file or a "
                                "package"}},
         .options = checkOptions(),
-        .negative = "Errors were found.",
+        .negative = "Errors were found or, with --fix --write, remain.",
         .examples = {{"refdoc check --langs en,de,ja samples/help",
-                      "Check a reference root in three languages."}},
+                      "Check a reference root in three languages."},
+                     {"refdoc check --fix --write samples/help",
+                      "Correct misspelt keys and the like."}},
         .run = runCheck,
     };
 }

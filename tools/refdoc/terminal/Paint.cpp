@@ -11,7 +11,9 @@ fmt::text_style styleOf(Paint paint) {
     case Paint::Heading: return fmt::emphasis::bold;
     case Paint::Dim: return fmt::emphasis::faint;
     case Paint::Caution: return fmt::fg(fmt::terminal_color::yellow);
-    case Paint::Alarm: return fmt::fg(fmt::terminal_color::red);
+    case Paint::Alarm:
+    case Paint::Removed: return fmt::fg(fmt::terminal_color::red);
+    case Paint::Added: return fmt::fg(fmt::terminal_color::green);
     case Paint::Match: return fmt::emphasis::bold | fmt::emphasis::underline;
     case Paint::Plain: break;
     }

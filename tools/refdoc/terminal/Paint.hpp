@@ -6,7 +6,7 @@
 namespace refdoc {
 
 /// The role of a piece of text, which decides its colour.
-enum class Paint { Plain, Heading, Dim, Caution, Alarm, Match };
+enum class Paint { Plain, Heading, Dim, Caution, Alarm, Match, Removed, Added };
 
 /// Returns a UTF-8 string, between the escape sequences of its paint if `color` is set.
 std::string painted(std::string_view text, Paint paint, bool color);

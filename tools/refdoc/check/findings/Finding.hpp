@@ -54,11 +54,12 @@ struct RelatedLocation {
     std::string_view message; ///< a literal
 };
 
-/// Replaces a part of a text. Neither part contains a line feed.
+/// Replaces a JSON string by another one, or removes byte-order marks.
 struct Edit {
     Location location;       ///< where the replaced part begins
-    std::string original{};  ///< the replaced part; known, or a JSON string that is read later
-    std::string replacement; ///< may be empty
+    std::string original{};  ///< the replaced part, which has no line feed; of a JSON string, read
+                             ///< after its position has been found
+    std::string replacement; ///< a JSON string; empty to remove
 };
 
 /// How to correct a file, if that can only mean one thing.

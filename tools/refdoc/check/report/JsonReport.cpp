@@ -11,6 +11,8 @@
 
 namespace refdoc {
 
+using check::Edit;
+using check::Fix;
 using check::ReportedFinding;
 using check::ReportedRelation;
 using check::Summary;
@@ -45,13 +47,24 @@ inline constexpr auto kFields<ReportedRelation> = std::tuple_cat(
     kLocationFields<ReportedRelation>, std::tuple{Field{"message", &ReportedRelation::message}});
 
 template <>
+inline constexpr auto kFields<Edit> =
+    std::tuple{Field{"line", [](const Edit& edit) { return edit.location.position->line; }},
+               Field{"column", [](const Edit& edit) { return edit.location.position->column; }},
+               Field{"offset", [](const Edit& edit) { return edit.location.position->offset; }},
+               Field{"original", &Edit::original}, Field{"replacement", &Edit::replacement}};
+
+template <>
+inline constexpr auto kFields<Fix> =
+    std::tuple{Field{"newName", &Fix::newName}, Field{"edits", &Fix::edits}};
+
+template <>
 inline constexpr auto kFields<ReportedFinding> = std::tuple_cat(
     std::tuple{Field{"rule", [](const ReportedFinding& finding) { return finding.rule->name; }},
                Field{"severity", &ReportedFinding::severity}},
     kLocationFields<ReportedFinding>,
     std::tuple{Field{"message", &ReportedFinding::message},
                Field{"fingerprint", &ReportedFinding::fingerprint},
-               Field{"related", &ReportedFinding::related}});
+               Field{"related", &ReportedFinding::related}, Field{"fix", &ReportedFinding::fix}});
 
 template <>
 inline constexpr auto kFields<Summary> = std::tuple{Field{"checkedFiles", &Summary::checkedFiles},

@@ -58,7 +58,7 @@ private:
 };
 
 ReportedFile reported(const SourceFile& file, const PathNames& names) {
-    return {visibleLine(names.pathOf(file)), visibleLine(fl::i18n::to_string(file.entry))};
+    return {visibleLine(names.pathOf(file)), visibleLine(fl::i18n::to_string(file.entry)), file};
 }
 
 Severity severityOf(const Rule& rule, const ReportSettings& settings) {
@@ -96,7 +96,8 @@ ReportedFinding reported(Finding& finding, const std::shared_ptr<const ReportedF
         .location = {file, finding.location.position, std::move(finding.location.pointer)},
         .message = visible(finding.message),
         .fingerprint = {},
-        .related = {}};
+        .related = {},
+        .fix = std::move(finding.fix)};
     for (RelatedLocation& related : finding.related)
         result.related.push_back({{std::make_shared<ReportedFile>(reported(related.file, names)),
                                    related.location.position, std::move(related.location.pointer)},

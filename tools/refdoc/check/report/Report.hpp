@@ -16,8 +16,9 @@ namespace refdoc::check {
 
 /// A file or package entry with findings.
 struct ReportedFile {
-    std::string path;  ///< of the file or package; relative below the current folder, with '/'
-    std::string entry; ///< of a package; else empty
+    std::string path;    ///< of the file or package; relative below the current folder, with '/'
+    std::string entry;   ///< of a package; else empty
+    SourceFile source{}; ///< where its text can be read again
 
     auto operator<=>(const ReportedFile&) const = default;
 };
@@ -47,6 +48,7 @@ struct ReportedFinding {
     std::string message;
     std::string fingerprint; ///< independent of line numbers; empty if it is not needed
     std::vector<ReportedRelation> related;
+    std::optional<Fix> fix{};
 };
 
 /// Which findings are reported, and how severe they are. Rules are given by their names.

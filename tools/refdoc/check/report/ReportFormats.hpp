@@ -2,6 +2,7 @@
 
 #include "tools/refdoc/check/report/Report.hpp"
 
+#include <cstddef>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -9,6 +10,9 @@
 #include <vector>
 
 namespace refdoc::check {
+
+/// Returns "1 error", "2 errors".
+std::string counted(std::size_t count, std::string_view what);
 
 /// Returns a line for each finding, "file:line:column: severity: message [rule]", with its related
 /// locations indented below it, and a summary at the end.

@@ -1,3 +1,4 @@
+#include "docparser/parsing/TextPlaces.hpp"
 #include "platform/unicode/Transcoding.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
@@ -12,6 +13,8 @@ namespace refdoc::check {
 
 namespace json = boost::json;
 namespace urls = boost::urls;
+
+using reference::docparser::placeOfOffset;
 
 namespace {
 
@@ -64,6 +67,45 @@ std::string messageOf(const ReportedLocation& location, std::string_view message
     return text;
 }
 
+// Returns the characters that an edit replaces. A byte-order mark is no character, so what is only
+// removed is given in bytes.
+json::object regionOf(const Edit& edit) {
+    const TextPlace& start = *edit.location.position;
+    if (edit.replacement.empty())
+        return {{"byteOffset", start.offset}, {"byteLength", edit.original.size()}};
+    const std::size_t width = placeOfOffset(edit.original, edit.original.size()).column - 1;
+    return {{"startLine", start.line},
+            {"startColumn", start.column},
+            {"endColumn", start.column + width}};
+}
+
+// \param edit  the first of a fix
+std::string descriptionOf(const Edit& edit) {
+    return edit.replacement.empty()
+               ? "Remove the byte-order mark."
+               : fmt::format("Replace {} with {}.", edit.original, edit.replacement);
+}
+
+json::object fixOf(const Fix& fix, const ReportedFile& file) {
+    json::array replacements;
+    for (const Edit& edit : fix.edits) {
+        json::object replacement{{"deletedRegion", regionOf(edit)}};
+        if (!edit.replacement.empty())
+            replacement["insertedContent"] = textObject(edit.replacement);
+        replacements.push_back(std::move(replacement));
+    }
+    json::object change{{"artifactLocation", artifactOf(file.path)}};
+    change["replacements"] = std::move(replacements);
+    json::object object{{"description", textObject(descriptionOf(fix.edits.front()))}};
+    object["artifactChanges"] = json::array{std::move(change)};
+    return object;
+}
+
+// The format has no renamed files and no regions in the entries of a package.
+bool hasSarifFix(const ReportedFinding& finding) {
+    return finding.fix && !finding.fix->edits.empty() && finding.location.file->entry.empty();
+}
+
 json::object resultOf(const ReportedFinding& finding) {
     json::object result;
     result["ruleId"] = finding.rule->name;
@@ -80,6 +122,8 @@ json::object resultOf(const ReportedFinding& finding) {
             related.push_back(std::move(location));
         }
     }
+    if (hasSarifFix(finding))
+        result["fixes"] = json::array{fixOf(*finding.fix, *finding.location.file)};
     result["partialFingerprints"] = {{"refdocFinding/v1", finding.fingerprint}};
     return result;
 }

@@ -21,10 +21,6 @@ Paint paintOf(Severity severity) {
     return Paint::Plain;
 }
 
-std::string counted(std::size_t count, std::string_view what) {
-    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
-}
-
 std::string summaryText(const Summary& summary) {
     std::string text;
     for (const auto& [count, word] :
@@ -73,6 +69,10 @@ void addFinding(const ReportedFinding& finding, bool color, std::string& report)
 }
 
 } // namespace
+
+std::string counted(std::size_t count, std::string_view what) {
+    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
 
 std::string textReport(const std::vector<ReportedFinding>& findings, const Summary& summary,
                        bool color) {
