@@ -86,7 +86,7 @@ TEST_F(ReportFormatTest, JsonHasTheContentOfTheText) {
         "pointer": "/refItems/0",
         "message": "the required key \"refpurpose\" is missing; the whole file is dropped",
         "fingerprint": ")" + textAt(finding, "/fingerprint") +
-                                R"(", "related": []})"));
+                                R"(", "related": [], "fix": null})"));
 }
 
 TEST_F(ReportFormatTest, SummaryIsThatOfTheText) {

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <iterator>
-#include <set>
+#include <map>
 #include <utility>
 
 namespace refdoc::check {
@@ -27,36 +27,50 @@ public:
             checked_ = host_.check();
             plan_ = planFixes(checked_.findings, names_);
             failures_.clear();
-            const auto made = std::ranges::count_if(
-                plan_.changes, [this](const FileChange& change) { return make(change); });
-            isDone = mode_ == FixMode::Show || made == 0;
+            const auto madeCount = std::ranges::count_if(
+                plan_.changes, [this](FileChange& change) { return make(std::move(change)); });
+            isDone = mode_ == FixMode::Show || madeCount == 0;
         }
         return answer();
     }
 
 private:
-    // Returns whether the change is in the diff.
-    bool make(const FileChange& change) {
-        const std::string name = nameOf(change.file);
+    // Returns whether the change has been made or, if it is only shown, would be made.
+    bool make(FileChange change) {
         if (mode_ == FixMode::Write) {
             try {
                 write(change);
             } catch (const std::filesystem::filesystem_error& error) {
-                failures_.push_back(
-                    fmt::format("can't write \"{}\": {}", name, error.code().message()));
+                failures_.push_back(fmt::format("can't write \"{}\": {}", nameOf(change.file),
+                                                error.code().message()));
                 return false;
             }
             host_.onWritten(change);
         }
-        diff_ += unifiedDiff({.oldName = name,
-                              .newName = nameOf(change.newFile),
-                              .before = change.before,
-                              .after = change.after},
-                             style_);
-        fixCount_ += change.fixCount;
-        files_.erase(change.file);
-        files_.insert(change.newFile);
+        record(std::move(change));
         return true;
+    }
+
+    // Combines the change with an earlier one of the same file, so that one diff shows both.
+    void record(FileChange change) {
+        if (const auto earlier = made_.extract(change.file)) {
+            change.file = std::move(earlier.mapped().file);
+            change.before = std::move(earlier.mapped().before);
+            change.fixCount += earlier.mapped().fixCount;
+        }
+        std::filesystem::path key = change.newFile;
+        made_.insert_or_assign(std::move(key), std::move(change));
+    }
+
+    std::string diff() const {
+        std::string diff;
+        for (const auto& [file, change] : made_)
+            diff += unifiedDiff({.oldName = nameOf(change.file),
+                                 .newName = nameOf(change.newFile),
+                                 .before = change.before,
+                                 .after = change.after},
+                                style_);
+        return diff;
     }
 
     std::string nameOf(const std::filesystem::path& file) const {
@@ -75,21 +89,24 @@ private:
                                              counted(plan_.packagedCount, "finding")));
         complaints.push_back(result());
         if (errors > 0)
-            complaints.push_back(fmt::format("refdoc check {}finds {}",
-                                             mode_ == FixMode::Write ? "still " : "",
-                                             counted(errors, "error")));
+            complaints.push_back(fmt::format("{} {}; see refdoc check",
+                                             counted(errors, "error"),
+                                             mode_ == FixMode::Write ? "left" : "found"));
         return {.status = !isComplete  ? ExitStatus::Failed
                           : errors > 0 ? ExitStatus::Negative
                                        : ExitStatus::Success,
-                .output = std::move(diff_),
+                .output = diff(),
                 .complaints = std::move(complaints)};
     }
 
     std::string result() const {
-        if (fixCount_ == 0)
+        if (made_.empty())
             return "nothing to fix";
+        std::size_t findings = 0;
+        for (const auto& [file, change] : made_)
+            findings += change.fixCount;
         const std::string made =
-            fmt::format("{} in {}", counted(fixCount_, "finding"), counted(files_.size(), "file"));
+            fmt::format("{} in {}", counted(findings, "finding"), counted(made_.size(), "file"));
         return mode_ == FixMode::Write ? "fixed " + made
                                        : made + " can be fixed; --write changes the files";
     }
@@ -100,10 +117,8 @@ private:
     DiffStyle style_;
     CheckedFiles checked_;
     FixPlan plan_;
-    std::vector<std::string> failures_; // of the last pass, which has all of them
-    std::string diff_;
-    std::size_t fixCount_ = 0;
-    std::set<std::filesystem::path> files_; // that the diff changes, by their new names
+    std::vector<std::string> failures_;                // of the last pass, which has all of them
+    std::map<std::filesystem::path, FileChange> made_; // by the new names of the files
 };
 
 } // namespace
