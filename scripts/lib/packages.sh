@@ -24,6 +24,7 @@ test_packages=(
     zlib1g-dev
     python3
     mandoc
+    patch
     shellcheck
     zsh
     fish

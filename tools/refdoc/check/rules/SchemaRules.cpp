@@ -109,8 +109,8 @@ struct Step {
     const json::value* value; // an element of an array; null for a member
 };
 
-// The findings whose fix gives a key the name of a member, by the member.
-using KeyFixes = std::map<const SchemaMember*, std::size_t>;
+// The indexes of findings about the members of one object.
+using MemberFindings = std::map<const SchemaMember*, std::size_t>;
 
 class Walker {
 public:
@@ -159,18 +159,23 @@ private:
         if (node.nameRule)
             namesAreUtf8_ = hasWord(object, *node.nameRule);
         if (!node.members.empty()) {
-            checkRequired(object, node);
-            walkMembers(object, node);
+            const MemberFindings missing = checkRequired(object, node);
+            const MemberFindings misspelt = walkMembers(object, node);
+            for (const auto& [member, finding] : missing) {
+                if (const auto found = misspelt.find(member); found != misspelt.end())
+                    findings_[finding].fix = findings_[found->second].fix;
+            }
         }
         namesAreUtf8_ = outerNames;
     }
 
-    void walkMembers(const json::object& object, const SchemaNode& node) {
+    // Returns the findings about keys that seem to be misspelt, by the member that is meant.
+    MemberFindings walkMembers(const json::object& object, const SchemaNode& node) {
         steps_.push_back({});
         // Most files have the keys in the schema's order, so the search continues after the last
         // match.
         std::size_t next = 0;
-        KeyFixes fixes;
+        MemberFindings misspelt;
         for (const json::key_value_pair& pair : object) {
             const std::string_view key = pair.key();
             steps_.back() = {key, 0, nullptr};
@@ -178,11 +183,12 @@ private:
             for (; tried < node.members.size() && node.members[next].key != key; ++tried)
                 next = (next + 1) % node.members.size();
             if (tried == node.members.size())
-                addUnknownKey(pair, object, node, fixes);
+                addUnknownKey(pair, object, node, misspelt);
             else
                 walk(pair.value(), *node.members[next].node, node.members[next].node->readAs);
         }
         steps_.pop_back();
+        return misspelt;
     }
 
     static bool hasWord(const json::object& object, const NameRule& rule) {
@@ -196,14 +202,19 @@ private:
         });
     }
 
-    void checkRequired(const json::object& object, const SchemaNode& node) {
+    // Returns the findings about missing keys.
+    MemberFindings checkRequired(const json::object& object, const SchemaNode& node) {
+        MemberFindings missing;
         for (const SchemaMember& member : node.members) {
-            if (member.isRequired && !object.contains(member.key))
-                add(kMissingKey, /*isAtKey=*/false,
-                    fmt::format("the required key \"{}\" is missing; the whole file is dropped",
-                                member.key),
-                    member.key);
+            if (!member.isRequired || object.contains(member.key))
+                continue;
+            missing.emplace(&member, findings_.size());
+            add(kMissingKey, /*isAtKey=*/false,
+                fmt::format("the required key \"{}\" is missing; the whole file is dropped",
+                            member.key),
+                member.key);
         }
+        return missing;
     }
 
     void checkWord(const json::value& value, const SchemaNode& node) {
@@ -241,7 +252,7 @@ private:
     }
 
     void addUnknownKey(const json::key_value_pair& pair, const json::object& object,
-                       const SchemaNode& node, KeyFixes& fixes) {
+                       const SchemaNode& node, MemberFindings& misspelt) {
         std::vector<std::string> known;
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
@@ -252,7 +263,7 @@ private:
         if (!meant || object.contains(*meant))
             return;
         const SchemaMember& member = *node.find(*meant);
-        const auto [first, isFirst] = fixes.emplace(&member, findings_.size() - 1);
+        const auto [first, isFirst] = misspelt.emplace(&member, findings_.size() - 1);
         if (isFirst)
             fixKey(pair.value(), member);
         else

@@ -21,5 +21,14 @@ TEST(DidYouMeanTest, FindsTheNearestKnownName) {
     EXPECT_EQ(didYouMean("zebra", {"soothe", "smooth"}), "");
 }
 
+TEST(OnlyNearestNameTest, IsTheOneThatIsNearerThanAllOthers) {
+    using refdoc::onlyNearestName;
+    EXPECT_EQ(onlyNearestName("smoth", {"soothe", "smooth"}), "smooth");
+    EXPECT_EQ(onlyNearestName("Smooth", {"smooth", "smooths"}), "smooth");
+    EXPECT_EQ(onlyNearestName("zebra", {"soothe", "smooth"}), std::nullopt);
+    EXPECT_EQ(onlyNearestName("smoot", {"smooth", "smooty"}), std::nullopt);
+    EXPECT_EQ(onlyNearestName("smooth", {}), std::nullopt);
+}
+
 } // namespace
 } // namespace refdoc_tests

@@ -139,6 +139,56 @@ TEST(SchemaRules, IdentifyElementsByNameNotIndex) {
     EXPECT_EQ(compare(first).at(0).identity, compare(second).at(0).identity);
 }
 
+// The edits of a document's fixes, as "pointer: replacement", one on each line.
+std::string fixesOf(const std::string& document) {
+    std::string edits;
+    for (const Finding& finding : compare(document)) {
+        for (const Edit& edit : finding.fix.value_or(Fix()).edits)
+            edits += *edit.location.pointer + (edit.location.isAtKey ? " (key): " : ": ") +
+                     edit.replacement + '\n';
+    }
+    return edits;
+}
+
+TEST(SchemaRules, FixWhatCanOnlyMeanOneThing) {
+    struct Row {
+        const char* document;
+        const char* edits;
+    };
+    const Row rows[] = {
+        {R"({"title": "", "Code": "a"})", "/Code (key): \"code\"\n"},
+        {R"({"title": "", "prts": [{}]})", "/prts (key): \"parts\"\n"},
+        {R"({"title": "", "parts": [{"kinds": [{"kind": "wid"}]}]})",
+         "/parts/0/kinds/0/kind: \"wide\"\n"},
+        // Once for the missing key, once for the unknown one.
+        {R"({"titel": ""})", "/titel (key): \"title\"\n/titel (key): \"title\"\n"},
+        // A key whose value is fixed as well.
+        {R"({"title": "", "prts": [{"kind": [{"knd": "Wide"}]}]})",
+         "/prts (key): \"parts\"\n"
+         "/prts/0/kind (key): \"kinds\"\n"
+         "/prts/0/kind/0/knd (key): \"kind\"\n"
+         "/prts/0/kind/0/knd: \"wide\"\n"},
+    };
+    for (const auto& [document, edits] : rows)
+        EXPECT_EQ(fixesOf(document), edits) << document;
+}
+
+TEST(SchemaRules, DoNotFixWhatCanMeanSeveralThings) {
+    for (const char* document : {
+             R"({"title": "", "zebra": 1})",             // no key is near
+             R"({"title": "", "codex": "a"})",           // as near to "codes"
+             R"({"title": "", "Title": ""})",            // the object has the key
+             R"({"title": "", "prts": [], "part": []})", // either can be meant
+             R"({"title": "", "prts": [], "part": [], "partss": []})",
+             R"({"title": "", "Code": 7})",              // would drop the file
+             R"({"title": "", "Mark": false})",          // would mark the record
+             R"({"title": "", "prts": [{"zebra": 1}]})", // has a key without a fix
+             R"({"title": "", "parts": [{"kinds": [{"kind": "zebra"}]}]})",
+             R"({"title": "", "parts": [{"kinds": [{"kind": 1}]}]})",
+         })
+        EXPECT_EQ(fixesOf(document), "") << document;
+}
+
 TEST(Schema, RejectsOtherDocuments) {
     EXPECT_ANY_THROW(Schema("[]"));
     EXPECT_ANY_THROW(Schema("{"));
