@@ -71,5 +71,19 @@ TEST_F(TerminalTest, JsonHasNoColorOnATerminal) {
     EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
 }
 
+TEST_F(TerminalTest, DiffIsPaintedAndNeverCut) {
+    addResource(
+        "Q",
+        section("q",
+                "\n{\"href\": \"a.html\", \"refpurpose\": \"\u009B\", \"descripton\": \"b\"}"));
+    for (const std::size_t columns : {40, 60, 80, 120}) {
+        const std::string out = runAtTerminal(columns, {"--no-pager", "check", "--fix"}).out;
+        EXPECT_THAT(out, HasSubstr("\x1b[31m-{\"href\": \"a.html\", \"refpurpose\": \"\uFFFD\", "
+                                   "\"descripton\": \"b\"}]}\x1b[0m\n"));
+        EXPECT_THAT(out, HasSubstr("\x1b[32m+{\"href\": \"a.html\", \"refpurpose\": \"\uFFFD\", "
+                                   "\"description\": \"b\"}]}\x1b[0m\n"));
+    }
+}
+
 } // namespace
 } // namespace refdoc_tests
