@@ -10,6 +10,7 @@
 
 namespace refdoc {
 
+using fl::i18n::to_string;
 using fl::i18n::to_ustring;
 using reference::docparser::ResourceMap;
 using reference::property::RefEntity;
@@ -24,12 +25,6 @@ std::u16string_view fileStem(std::u16string_view href) {
     href = href.substr(0, href.find(u'#'));
     href.remove_prefix(std::min(href.rfind(u'/') + 1, href.size())); // npos + 1 is 0
     return href.substr(0, href.rfind(u'.'));
-}
-
-std::vector<std::u16string> toUstrings(const std::vector<std::string>& texts) {
-    std::vector<std::u16string> result;
-    std::ranges::transform(texts, std::back_inserter(result), to_ustring);
-    return result;
 }
 
 bool isSame(std::u16string_view left, std::u16string_view right) {
@@ -69,23 +64,28 @@ std::string didYouMean(const std::vector<std::u16string>& names, std::string_vie
     return "; did you mean " + alternatives(quotedNames) + '?';
 }
 
-std::string didYouMean(std::string_view name, const std::vector<std::string>& known) {
-    const std::vector<std::u16string> names = toUstrings(known);
-    return didYouMean(nearNames(to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
+std::optional<NearestName> nearestName(std::string_view name,
+                                       const std::vector<std::string>& known) {
+    const std::u16string wanted = to_ustring(name);
+    std::vector<std::u16string> names;
+    std::ranges::transform(known, std::back_inserter(names), to_ustring);
+    const std::vector<std::u16string> near =
+        nearNames(wanted, {names.begin(), names.end()}, /*maximum=*/2);
+    if (near.empty())
+        return std::nullopt;
+    const auto distanceTo = [&](const std::u16string& other) {
+        return editDistance(wanted, other, wanted.size());
+    };
+    return NearestName{to_string(near.front()),
+                       near.size() == 1 || distanceTo(near.front()) < distanceTo(near.back())};
 }
 
-std::optional<std::string> onlyNearestName(std::string_view name,
-                                           const std::vector<std::string>& known) {
-    const std::u16string wanted = to_ustring(name);
-    const std::vector<std::u16string> names = toUstrings(known);
-    const std::vector<std::u16string> nearest =
-        nearNames(wanted, {names.begin(), names.end()}, /*maximum=*/2);
-    if (nearest.empty())
-        return std::nullopt;
-    const std::size_t distance = editDistance(wanted, nearest.front(), wanted.size());
-    if (nearest.size() > 1 && editDistance(wanted, nearest.back(), distance) == distance)
-        return std::nullopt;
-    return fl::i18n::to_string(nearest.front());
+std::string didYouMean(const std::optional<NearestName>& nearest) {
+    return nearest ? "; did you mean \"" + nearest->name + "\"?" : std::string();
+}
+
+std::string didYouMean(std::string_view name, const std::vector<std::string>& known) {
+    return didYouMean(nearestName(name, known));
 }
 
 std::vector<std::u16string> nearHrefs(const std::u16string& href,

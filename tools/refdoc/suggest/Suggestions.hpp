@@ -19,14 +19,24 @@ inline constexpr std::string_view kOtherFolders = "; --install or --root names a
 /// \param otherwise  the result if there are no such names
 std::string didYouMean(const std::vector<std::u16string>& names, std::string_view otherwise = {});
 
-/// Returns `; did you mean "a"?` with the known name that is nearest to `name`; empty if none is
-/// near. All strings are UTF-8.
-std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
+/// The known name that is nearest to another name. UTF-8.
+struct NearestName {
+    std::string name;
+    bool isUnique; ///< all others are farther
 
-/// Returns the known name that is nearer to `name` than all others; empty if none is near or if
-/// several are equally near. All strings are UTF-8.
-std::optional<std::string> onlyNearestName(std::string_view name,
-                                           const std::vector<std::string>& known);
+    bool operator==(const NearestName&) const = default;
+};
+
+/// Returns the known name that is nearest to `name`, the first in code unit order if several are
+/// equally near; empty if none is near. All strings are UTF-8.
+std::optional<NearestName> nearestName(std::string_view name,
+                                       const std::vector<std::string>& known);
+
+/// Returns `; did you mean "a"?`; empty if there is no name.
+std::string didYouMean(const std::optional<NearestName>& nearest);
+
+/// Returns didYouMean(nearestName(name, known)).
+std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
 
 /// Returns at most three hrefs that the user may have meant: those whose items document something
 /// of this name, or whose file has this name; otherwise those that are near to it.

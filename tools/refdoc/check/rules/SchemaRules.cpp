@@ -225,11 +225,12 @@ private:
                                    typeOf(value), node.defaultWord));
         if (std::ranges::find(node.words, std::string_view(*word)) != node.words.end())
             return;
+        const auto nearest = nearestName(*word, node.words);
         add(kUnknownWord, /*isAtKey=*/false,
             fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
-                        std::string_view(*word), node.defaultWord, didYouMean(*word, node.words)));
-        if (const auto meant = onlyNearestName(*word, node.words))
-            replaceWith(*meant);
+                        std::string_view(*word), node.defaultWord, didYouMean(nearest)));
+        if (nearest && nearest->isUnique)
+            replaceWith(nearest->name);
     }
 
     void checkPresence(const json::value& value) {
@@ -256,13 +257,13 @@ private:
         std::vector<std::string> known;
         for (const SchemaMember& member : node.members)
             known.push_back(member.key);
+        const auto nearest = nearestName(pair.key(), known);
         add(kUnknownKey, /*isAtKey=*/true,
             fmt::format("unknown key \"{}\", ignored{}", std::string_view(pair.key()),
-                        didYouMean(pair.key(), known)));
-        const auto meant = onlyNearestName(pair.key(), known);
-        if (!meant || object.contains(*meant))
+                        didYouMean(nearest)));
+        if (!nearest || !nearest->isUnique || object.contains(nearest->name))
             return;
-        const SchemaMember& member = *node.find(*meant);
+        const SchemaMember& member = *node.find(nearest->name);
         const auto [first, isFirst] = misspelt.emplace(&member, findings_.size() - 1);
         if (isFirst)
             fixKey(pair.value(), member);

@@ -21,13 +21,15 @@ TEST(DidYouMeanTest, FindsTheNearestKnownName) {
     EXPECT_EQ(didYouMean("zebra", {"soothe", "smooth"}), "");
 }
 
-TEST(OnlyNearestNameTest, IsTheOneThatIsNearerThanAllOthers) {
-    using refdoc::onlyNearestName;
-    EXPECT_EQ(onlyNearestName("smoth", {"soothe", "smooth"}), "smooth");
-    EXPECT_EQ(onlyNearestName("Smooth", {"smooth", "smooths"}), "smooth");
-    EXPECT_EQ(onlyNearestName("zebra", {"soothe", "smooth"}), std::nullopt);
-    EXPECT_EQ(onlyNearestName("smoot", {"smooth", "smooty"}), std::nullopt);
-    EXPECT_EQ(onlyNearestName("smooth", {}), std::nullopt);
+TEST(NearestNameTest, IsUniqueIfAllOthersAreFarther) {
+    using refdoc::NearestName;
+    using refdoc::nearestName;
+    EXPECT_EQ(nearestName("smoth", {"soothe", "smooth"}), (NearestName{"smooth", true}));
+    EXPECT_EQ(nearestName("Smooth", {"smooths", "smooth"}), (NearestName{"smooth", true}));
+    EXPECT_EQ(nearestName("smoot", {"smooty", "smooth"}), (NearestName{"smooth", false}));
+    EXPECT_EQ(nearestName("smoot", {"smooth", "zebra"}), (NearestName{"smooth", true}));
+    EXPECT_EQ(nearestName("zebra", {"soothe", "smooth"}), std::nullopt);
+    EXPECT_EQ(nearestName("smooth", {}), std::nullopt);
 }
 
 } // namespace
