@@ -162,6 +162,15 @@ TEST_F(FixTest, RenamesFiles) {
     EXPECT_EQ(write(), (Outcome{0, "", "refdoc: nothing to fix\n"}));
 }
 
+TEST_F(FixTest, FoldersAreNotRenamed) {
+    addResource("Cellar", orchardWith(R"("x": 1)"));
+    fs::create_directories(pathOf(path(kResources + "Orchard.JSON")));
+    EXPECT_EQ(write().err, "refdoc: can't change \"help/docCatalog/referenceapi/Orchard.JSON\": "
+                           "it is not a regular file\n"
+                           "refdoc: nothing to fix\n"
+                           "refdoc: 1 error left; see refdoc check\n");
+}
+
 TEST_F(FixTest, CorrectedManifestUncoversLanguages) {
     addManifest(R"({"suportedDocLanguages": ["en", "de"]})");
     addResource("Orchard", orchardWith(R"("x": 1)"));

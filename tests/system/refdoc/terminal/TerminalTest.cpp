@@ -76,7 +76,7 @@ TEST_F(TerminalTest, DiffIsPaintedAndNeverCut) {
         "Q",
         section("q",
                 "\n{\"href\": \"a.html\", \"refpurpose\": \"\u009B\", \"descripton\": \"b\"}"));
-    for (const std::size_t columns : {40, 60, 80, 120}) {
+    for (const std::size_t columns : {40U, 60U, 80U, 120U}) {
         const std::string out = runAtTerminal(columns, {"--no-pager", "check", "--fix"}).out;
         EXPECT_THAT(out, HasSubstr("\x1b[31m-{\"href\": \"a.html\", \"refpurpose\": \"\uFFFD\", "
                                    "\"descripton\": \"b\"}]}\x1b[0m\n"));

@@ -20,8 +20,9 @@ struct DiffSides {
 };
 
 /// Returns a unified diff in the form of `git diff`, which `git apply` and `patch -p1` accept. It
-/// has three lines of context, and names a renamed file under "rename from" and "rename to". Cost:
-/// linear in the contents.
+/// has three lines of context, and names a renamed file under "rename from" and "rename to".
+///
+/// Cost: linear in the contents.
 std::string unifiedDiff(const DiffSides& sides, DiffStyle style);
 
 } // namespace refdoc::check

@@ -86,7 +86,11 @@ private:
             return refuse("change", name,
                           fmt::format("\"{}\" is a symbolic link",
                                       names_.pathOf({.path = link.u16string()})));
-        std::string before = texts_.read({.path = request.file.u16string()});
+        if (!fs::is_regular_file(request.file))
+            return refuse("change", name, "it is not a regular file");
+        std::string before;
+        if (!request.edits.empty())
+            before = texts_.read({.path = request.file.u16string()});
         std::optional<std::string> after = edited(before, std::move(request.edits));
         if (!after)
             return refuse("change", name, "it has changed since it was checked");
@@ -140,8 +144,10 @@ FixPlan planFixes(const std::vector<ReportedFinding>& findings, const PathNames&
 
 std::optional<std::string> edited(std::string_view text, std::vector<Edit> edits) {
     std::ranges::sort(edits, {}, offsetOf);
-    const auto repeated = std::ranges::unique(edits, {}, offsetOf);
-    edits.erase(repeated.begin(), repeated.end());
+    const auto isRepeated = [](const Edit& left, const Edit& right) {
+        return offsetOf(left) == offsetOf(right);
+    };
+    edits.erase(std::unique(edits.begin(), edits.end(), isRepeated), edits.end());
     std::string result;
     std::size_t done = 0;
     for (const Edit& edit : edits) {

@@ -21,8 +21,9 @@ struct FixPlan {
 
 /// Plans the fixes of a report, and reads the files that they change.
 ///
-/// A file is refused if it is a symbolic link, if a folder of a reference root above it is one, if
-/// it has changed since it was checked, or if another file has, or would get, its new name.
+/// A file is refused if it is not a regular file, if it or a folder of its reference root is a
+/// symbolic link, if it has changed since it was checked, or if another file has, or would get, its
+/// new name.
 /// \param names  those that the report was made with
 FixPlan planFixes(const std::vector<ReportedFinding>& findings, const PathNames& names);
 

@@ -53,10 +53,14 @@ private:
 
     // Combines the change with an earlier one of the same file, so that one diff shows both.
     void record(FileChange change) {
-        if (const auto earlier = made_.extract(change.file)) {
-            change.file = std::move(earlier.mapped().file);
-            change.before = std::move(earlier.mapped().before);
-            change.fixCount += earlier.mapped().fixCount;
+        if (auto node = made_.extract(change.file)) {
+            FileChange& earlier = node.mapped();
+            change.file = std::move(earlier.file);
+            change.fixCount += earlier.fixCount;
+            if (change.before.empty())
+                change.after = std::move(earlier.after);
+            if (!earlier.before.empty())
+                change.before = std::move(earlier.before);
         }
         std::filesystem::path key = change.newFile;
         made_.insert_or_assign(std::move(key), std::move(change));
@@ -89,8 +93,7 @@ private:
                                              counted(plan_.packagedCount, "finding")));
         complaints.push_back(result());
         if (errors > 0)
-            complaints.push_back(fmt::format("{} {}; see refdoc check",
-                                             counted(errors, "error"),
+            complaints.push_back(fmt::format("{} {}; see refdoc check", counted(errors, "error"),
                                              mode_ == FixMode::Write ? "left" : "found"));
         return {.status = !isComplete  ? ExitStatus::Failed
                           : errors > 0 ? ExitStatus::Negative
