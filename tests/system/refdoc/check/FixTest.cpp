@@ -1,6 +1,8 @@
 #include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <set>
 
@@ -100,16 +102,17 @@ TEST_F(FixTest, KeepsEveryOtherByte) {
 }
 
 TEST_F(FixTest, FixesOneLongLine) {
-    std::string before;
-    std::string after;
-    for (int number = 0; number < 1100; ++number) {
-        const std::string start = std::string(before.empty() ? "" : ",") + R"({"href": "a)" +
-                                  std::to_string(number) + R"(.html", "refpurpose": "Join", )";
-        before += start + R"("refentity": [{"name": "a", "type": "Function"}]})";
-        after += start + R"("refentity": [{"name": "a", "type": "function"}]})";
-    }
+    const auto itemsOfType = [](std::string_view type) {
+        std::string items;
+        for (int number = 0; number < 1100; ++number)
+            items += fmt::format(R"({}{{"href": "a{}.html", "refpurpose": "Join", )"
+                                 R"("refentity": [{{"name": "a", "type": "{}"}}]}})",
+                                 number == 0 ? "" : ",", number, type);
+        return items;
+    };
+    const std::string before = section("orchard", itemsOfType("Function"));
     ASSERT_GT(before.size(), 100'000U);
-    expectFixed(section("orchard", before), section("orchard", after));
+    expectFixed(before, section("orchard", itemsOfType("function")));
 }
 
 TEST_F(FixTest, FixesWhatAnotherFixUncovers) {

@@ -21,8 +21,8 @@ constexpr std::size_t kContext = 3; // lines before and after a change
 std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
     while (!text.empty()) {
-        const std::size_t feed = text.find('\n');
-        lines.push_back(text.substr(0, feed == text.npos ? feed : feed + 1));
+        const std::size_t feed = std::min(text.find('\n'), text.size() - 1);
+        lines.push_back(text.substr(0, feed + 1));
         text.remove_prefix(lines.back().size());
     }
     return lines;
@@ -49,7 +49,7 @@ std::string nameWith(std::string_view prefix, std::string_view name) {
 
 // A line of a file header, where a tab ends a name with spaces.
 std::string headerLine(std::string_view mark, const std::string& name) {
-    return fmt::format("{} {}{}", mark, name, name.find(' ') == name.npos ? "" : "\t");
+    return fmt::format("{} {}{}", mark, name, name.find(' ') == std::string::npos ? "" : "\t");
 }
 
 class DiffPrinter {
