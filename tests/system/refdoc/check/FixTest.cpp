@@ -15,7 +15,6 @@ namespace json = boost::json;
 using docparser_tests::pathOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 constexpr const char* kMark = "\xEF\xBB\xBF";
@@ -32,8 +31,8 @@ class FixTest : public CheckTest {
 protected:
     FixTest() { addManifest(R"({"supportedDocLanguages": ["en", "de", "zh_CN"]})"); }
 
-    Outcome show() const { return check({".", "--fix", "--ignore", kUnrelated}); }
-    Outcome write() const { return check({".", "--fix", "--write", "--ignore", kUnrelated}); }
+    Outcome show() const { return check({".", "--fix"}); }
+    Outcome write() const { return check({".", "--fix", "--write"}); }
 
     // The names of the files in a folder.
     std::set<std::string> namesIn(const std::string& folder) const {
@@ -52,9 +51,6 @@ protected:
         EXPECT_EQ(again.out, "") << before;
         EXPECT_THAT(again.err, StartsWith("refdoc: nothing to fix\n")) << before;
     }
-
-private:
-    static constexpr const char* kUnrelated = "page-without-lookup";
 };
 
 TEST_F(FixTest, ShowsDiffAndChangesNothing) {
@@ -258,8 +254,7 @@ TEST_F(FixTest, OptionsThatExcludeEachOther) {
 TEST_F(FixTest, ReportsHaveTheFixes) {
     addResource("Orchard", "{\n" + orchardWith(R"("introducd": "1")").substr(1));
     add(kResources + "Cellar.JSON", "{}");
-    const json::value findings =
-        document(check({".", "--json", "--ignore", "page-without-lookup"}).out).at("findings");
+    const json::value findings = document(check({".", "--json"}).out).at("findings");
     EXPECT_EQ(findings.at(0).at("fix"), document(R"({"newName": "Cellar.json", "edits": []})"));
     EXPECT_EQ(findings.at(1).at("fix"), document(R"({"newName": null, "edits": [
         {"line": 3, "column": 42, "offset": 173,
