@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -90,7 +91,7 @@ ReportSettings settingsOf(const Options& options) {
 CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.arguments.empty())
-        return checkRoots(Scope::Everything, consequencesOf(options), names, progress);
+        return checkCurrentRoots(options, names, progress);
     CheckResult result;
     for (const std::u16string& target : options.arguments)
         checkTarget(target, options, names, progress, result);
@@ -124,12 +125,13 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
     const std::vector<ReportedFinding> findings =
         makeReport(std::move(result.findings), names, settings);
     const Summary summary = summarize(findings, result.fileCount, result.consequenceCount);
-    const bool isComplete = result.complaints.empty();
-    return {.status = !isComplete          ? ExitStatus::Failed
-                      : summary.errors > 0 ? ExitStatus::Negative
-                                           : ExitStatus::Success,
-            .output = formatted(findings, summary, options, setup, names),
-            .complaints = std::move(result.complaints)};
+    Answer answer{.status = !result.complaints.empty() ? ExitStatus::Failed
+                            : summary.errors > 0       ? ExitStatus::Negative
+                                                       : ExitStatus::Success,
+                  .output = formatted(findings, summary, options, setup, names),
+                  .complaints = std::move(result.complaints)};
+    std::ranges::move(result.notes, std::back_inserter(answer.complaints));
+    return answer;
 }
 
 std::vector<Choice> ruleChoices() {
@@ -181,6 +183,7 @@ CommandEntry checkCommand() {
         .negative = "Errors were found.",
         .examples = {{"refdoc check --langs en,de,ja samples/help",
                       "Check a reference root in three languages."}},
+        .isRunWithOptions = false,
         .run = runCheck,
     };
 }

@@ -49,18 +49,21 @@ CheckResult checkManifestFile(const fs::path& path) {
     return result;
 }
 
+Consequences consequencesOf(const Options& options) {
+    return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
+}
+
 CheckResult check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
     DocResourceParser::restoreDefaultSettings();
     try {
         applyOptions(options);
-    } catch (const std::runtime_error& error) {
-        if (!options.installFolder)
-            throw;
-        // The manifest decides the languages, so that nothing else can be checked without it.
-        CheckResult result = checkManifestFile(fs::path(*options.installFolder) / kManifestName);
+    } catch (const std::runtime_error&) {
+        const fs::path folder(selectedServices(options)->installPath());
+        CheckResult result = checkManifestFile(folder / kManifestName);
         if (result.findings.empty())
             throw;
-        result.complaints.push_back(fmt::format("{}; nothing else was checked", error.what()));
+        result.notes.push_back("only installation.json was checked, because it determines the "
+                               "languages and the installed products");
         return result;
     }
     return checkRoots(scope, consequencesOf(options), names, progress);
@@ -136,18 +139,24 @@ CheckResult checkPath(const std::u16string& target, const Options& options, Path
 
 } // namespace
 
-Consequences consequencesOf(const Options& options) {
-    return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
+CheckResult checkCurrentRoots(const Options& options, const PathNames& names, Progress& progress) {
+    return check(Scope::Everything, options, names, progress);
 }
 
 void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, CheckResult& result) {
-    CheckResult checked = checkPath(target, options, names, progress);
+    CheckResult checked;
+    try {
+        checked = checkPath(target, options, names, progress);
+    } catch (const std::runtime_error& error) {
+        checked.complaints.emplace_back(error.what());
+    }
     for (auto& [file, found] : checked.findings)
         addFindings(found, file, result.findings);
     result.fileCount += checked.fileCount;
     result.consequenceCount += checked.consequenceCount;
     std::ranges::move(checked.complaints, std::back_inserter(result.complaints));
+    std::ranges::move(checked.notes, std::back_inserter(result.notes));
 }
 
 } // namespace refdoc::check

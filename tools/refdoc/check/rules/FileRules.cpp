@@ -71,11 +71,13 @@ std::string_view causeOf(const FileAccount& file) {
     return cause == reason.npos ? reason : reason.substr(cause + 2);
 }
 
-// An entry whose data is damaged usually decompresses to another size.
-std::string entryCause(const FileAccount& file) {
+// Everything except these two features is damage, which the library reports in many ways: a wrong
+// size, a wrong checksum, or an invalid compressed stream.
+std::string_view entryCause(const FileAccount& file) {
     const std::string_view cause = causeOf(file);
-    const bool hasOtherSize = cause.find("than the package says") != cause.npos;
-    return hasOtherSize ? "damaged data" : std::string(cause);
+    const bool isUnsupported =
+        cause == "it is encrypted" || cause.starts_with("compression method ");
+    return isUnsupported ? cause : "damaged data";
 }
 
 Finding unreadable(const FileAccount& file) {
