@@ -11,6 +11,7 @@
 #include "tools/refdoc/check/rules/LanguageContents.hpp"
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -29,6 +30,7 @@ namespace refdoc::check {
 
 using reference::docparser::DocResourceParser;
 using reference::docparser::FileAccount;
+using reference::docparser::FileRole;
 using reference::docparser::LoadAccount;
 using Tools = DocResourceParser::ParsingTools;
 
@@ -50,9 +52,13 @@ std::vector<std::u16string> allLanguages() {
 
 std::string nothingToCheck() {
     const auto roots = DocResourceParser::getReferenceRoots();
-    if (!std::filesystem::exists(std::filesystem::path(roots->root)))
-        return fmt::format("nothing to check: the reference root {} does not exist",
-                           quoted(roots->root));
+    const std::filesystem::path catalog = std::filesystem::path(roots->lookupFolder).parent_path();
+    for (const auto& [folder, what] :
+         {std::pair(catalog.parent_path(), "reference root"), std::pair(catalog, "folder")}) {
+        if (!std::filesystem::exists(folder))
+            return fmt::format("nothing to check: the {} {} does not exist{}", what,
+                               quoted(folder.u16string()), didYouMean(nearFolders(folder)));
+    }
     return fmt::format("nothing to check: there is no resource file in {} or {}",
                        quoted(roots->referenceApiFolder), quoted(roots->lookupFolder));
 }
@@ -71,8 +77,10 @@ public:
         checkNames();
         checkFiles();
         mergeLosses_.report(names_, findings_);
-        if (scope_ == Scope::Everything)
+        if (scope_ == Scope::Everything) {
+            checkFolders();
             checkInstallation();
+        }
         std::size_t consequenceCount = 0;
         if (consequences_ == Consequences::Hidden)
             consequenceCount = removeConsequences(languages_, texts_, findings_);
@@ -86,11 +94,10 @@ public:
 
 private:
     void retrieveAll() {
-        ProductNames products;
-        addFullProducts(languages_, products);
-        progress_.begin("retrieving", languages_.size() * (products.size() + 1));
+        addFullProducts(languages_, products_);
+        progress_.begin("retrieving", languages_.size() * (products_.size() + 1));
         for (const std::u16string& language : languages_)
-            take(retrieveLanguage(language, products, [&] { progress_.step(); }));
+            take(retrieveLanguage(language, products_, [&] { progress_.step(); }));
     }
 
     void take(LanguageContents contents) {
@@ -114,6 +121,7 @@ private:
         const std::u16string reference = DocResourceParser::getReferenceRoots()->referenceApiFolder;
         checkNames(lookupFiles_);
         addPackageFindings(lookupFiles_, languages_, findings_);
+        addCutNames(lookupFiles_, languages_, findings_);
         checkNames(listResourceFolder(reference));
         if (support == reference)
             return;
@@ -124,7 +132,7 @@ private:
 
     void checkNames(const std::set<NamedFile>& files) {
         addIgnoredFiles(files, texts_, findings_);
-        addLanguageFindings(files, languages_, findings_);
+        addLanguageFindings(files, products_, languages_, findings_);
     }
 
     void checkFiles() {
@@ -152,6 +160,12 @@ private:
         addFindings(found, file, findings_);
     }
 
+    void checkFolders() {
+        const bool hasResources = std::ranges::any_of(
+            files_, [](const auto& file) { return file.second.role == FileRole::Resources; });
+        addFolderFindings(hasResources, findings_);
+    }
+
     void checkInstallation() {
         const fl::filesystem::path folder(platform::hostServices()->installPath());
         const SourceFile manifest{.path = (folder / u"installation.json").string()};
@@ -167,6 +181,7 @@ private:
     const PathNames& names_;
     Progress& progress_;
     std::vector<std::u16string> languages_;
+    ProductNames products_;
     SourceTexts texts_;
     PendingFindings pending_;
     MergeLosses mergeLosses_;

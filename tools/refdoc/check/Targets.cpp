@@ -6,6 +6,7 @@
 #include "tools/refdoc/check/rules/ContentRules.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/parse.hpp>
@@ -81,7 +82,8 @@ CheckResult checkFolder(const fs::path& folder, Options options, const PathNames
     } else {
         throw std::runtime_error(quoted(folder.u16string()) +
                                  " is neither a reference root nor an install folder: it has no "
-                                 "\"docCatalog\", \"help\" or \"installation.json\"");
+                                 "\"docCatalog\", \"help\" or \"installation.json\"" +
+                                 didYouMean(nearFolders(folder / "docCatalog")));
     }
     return check(Scope::Everything, options, names, progress);
 }

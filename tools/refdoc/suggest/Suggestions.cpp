@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <system_error>
 
 namespace refdoc {
 
@@ -67,6 +68,17 @@ std::string didYouMean(std::string_view name, const std::vector<std::string>& kn
     std::ranges::transform(known, std::back_inserter(names), fl::i18n::to_ustring);
     return didYouMean(
         nearNames(fl::i18n::to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
+}
+
+std::vector<std::u16string> nearFolders(const std::filesystem::path& missing) {
+    std::vector<std::u16string> folders;
+    std::error_code ignored; // A folder that can't be read has no suggestions.
+    for (const auto& entry : std::filesystem::directory_iterator(missing.parent_path(), ignored)) {
+        if (entry.is_directory(ignored))
+            folders.push_back(entry.path().filename().u16string());
+    }
+    return nearNames(missing.filename().u16string(), {folders.begin(), folders.end()},
+                     /*maximum=*/1);
 }
 
 std::vector<std::u16string> nearHrefs(const std::u16string& href,

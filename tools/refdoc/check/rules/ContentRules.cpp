@@ -49,7 +49,8 @@ constexpr Rule kWrongFolder{
     "wrong-folder", Severity::Error, "the file belongs in another folder",
     "Lookup files are read only in the folder `referenceapi_lookup`, full resource files only in "
     "`referenceapi`. The content of the file is that of the other type, so its records are lost. "
-    "Move the file. Its other findings are not reported."};
+    "Move the file. Its other findings are not reported.",
+    Relation::CostsProduct};
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 

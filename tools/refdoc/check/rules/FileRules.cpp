@@ -1,16 +1,23 @@
 #include "tools/refdoc/check/rules/FileRules.hpp"
 
+#include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
 namespace refdoc::check {
 
+namespace fs = std::filesystem;
+
 using fl::i18n::to_string;
+using reference::docparser::DocResourceParser;
 using reference::docparser::Fate;
 using reference::docparser::FileAccount;
 using reference::docparser::FileRole;
@@ -32,6 +39,20 @@ constexpr Rule kBaseCodeIsHelpFolder{
     "`baseCode`. If the two are equal, the support package is dropped with all its items. Change "
     "the `baseCode`.",
     Relation::Independent};
+
+constexpr Rule kMisnamedFolder{
+    "misnamed-folder", Severity::Error, "a folder of resource files has the wrong name",
+    "A reference root has its full resource files in `docCatalog/referenceapi` and its lookup "
+    "files in `docCatalog/referenceapi_lookup`. There is no such folder, but one with a similar "
+    "name, whose files are not read. Most systems distinguish upper and lower case in names. "
+    "Rename the folder.",
+    Relation::CostsRoot};
+
+constexpr Rule kNoLookupFolder{
+    "no-lookup-folder", Severity::Warning, "there are full resources but no lookup files",
+    "The folder `docCatalog/referenceapi_lookup` does not exist, so no item can be found by its "
+    "name. Add the folder and its lookup files.",
+    Relation::CostsRoot};
 
 constexpr Rule kUnreadableFile{
     "unreadable-file", Severity::Error, "the file can't be read",
@@ -122,11 +143,23 @@ Finding droppedSection(const FileAccount& account, const SourceFile& file,
     return finding;
 }
 
+// Adds a finding if the folder is missing and there is one with a similar name.
+bool addMisnamed(const fs::path& folder, Findings& findings) {
+    const auto misnamed = fs::exists(folder) ? std::vector<std::u16string>() : nearFolders(folder);
+    for (const std::u16string& name : misnamed)
+        findings[{.path = (folder.parent_path() / name).u16string()}].push_back(
+            {.rule = &kMisnamedFolder,
+             .message = fmt::format("the folder is ignored: its name must be {}",
+                                    quoted(folder.filename().u16string()))});
+    return !misnamed.empty();
+}
+
 } // namespace
 
 std::span<const Rule* const> fileRules() {
     static constexpr const Rule* kRules[] = {
-        &kRepeatedSectionKey, &kBaseCodeIsHelpFolder, &kUnreadableFile, &kNotAFile,
+        &kRepeatedSectionKey, &kBaseCodeIsHelpFolder, &kMisnamedFolder,
+        &kNoLookupFolder,     &kUnreadableFile,       &kNotAFile,
         &kOverLimit,          &kUnreadablePackage,    &kUnreadableEntry};
     return kRules;
 }
@@ -169,6 +202,19 @@ std::vector<Finding> findDroppedSections(const FileAccount& account, const Sourc
             findings.push_back(droppedSection(account, file, section));
     }
     return findings;
+}
+
+void addFolderFindings(bool hasResources, Findings& findings) {
+    const auto roots = DocResourceParser::getReferenceRoots();
+    // Lookup files alone are complete: full resources are installed with their products.
+    addMisnamed(fs::path(roots->referenceApiFolder), findings);
+    const fs::path lookups(roots->lookupFolder);
+    if (!addMisnamed(lookups, findings) && hasResources && !fs::exists(lookups))
+        findings[{.path = lookups.parent_path().u16string()}].push_back(
+            {.rule = &kNoLookupFolder,
+             .message =
+                 fmt::format("the folder {} does not exist: no item can be found by its name",
+                             quoted(lookups.filename().u16string()))});
 }
 
 } // namespace refdoc::check
