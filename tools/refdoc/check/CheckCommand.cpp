@@ -156,7 +156,7 @@ std::vector<OptionEntry> checkOptions() {
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
         {.name = "--show-consequences",
-         .help = "Report also the findings that follow from errors in other files"},
+         .help = "Report also the findings that follow from others"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
          ruleChoices()},

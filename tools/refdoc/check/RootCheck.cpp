@@ -173,7 +173,8 @@ private:
         fileCount_ += text.empty() ? 0 : 1;
         std::vector<Finding> found = checkManifest(manifest, text);
         addFindings(found, manifest, findings_);
-        addUndocumented(sectionKeys_, manifest, text, findings_);
+        if (!files_.empty())
+            addUndocumented(sectionKeys_, manifest, text, findings_);
     }
 
     Scope scope_;

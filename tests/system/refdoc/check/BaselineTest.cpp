@@ -64,6 +64,7 @@ protected:
         addResource("A", section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1,
                                           "deprecationstatus": "old",
                                           "refentity": [{"name": "a"}]})"));
+        addLookupFolder();
     }
 };
 

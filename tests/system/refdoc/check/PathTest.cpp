@@ -92,6 +92,7 @@ TEST_F(CheckPathTest, SeveralPathsGiveOneReport) {
 TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
     addResource("A", section("a", ""));
     addResource("A_fr", section("a", ""));
+    addLookupFolder();
     EXPECT_THAT(check({"help"}).out, HasSubstr("[unsupported-language]"));
     addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
     EXPECT_EQ(check({"help"}), (Outcome{0, "3 files checked, no problems found\n", ""}));
@@ -99,6 +100,7 @@ TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
 
 TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
     addResource("A", kNoPurpose);
+    addLookupFolder();
     const std::string file = docparser_tests::portable(path("help/docCatalog/referenceapi/A.json"));
     EXPECT_EQ(
         run({"check"}),

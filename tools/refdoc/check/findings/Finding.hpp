@@ -25,6 +25,7 @@ std::string_view toWord(Severity severity) noexcept;
 enum class Relation {
     None,                 ///< an error is a cause: it costs content of the type of its folder
     CostsProduct,         ///< a cause: it costs full resources and lookup records of its product
+    MisnamesProduct,      ///< a cause: the library reads the file under the name of another product
     CostsRoot,            ///< a cause: it costs content of many products
     Independent,          ///< an error that is not a cause
     FollowsFromResources, ///< follows from errors in full resources

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string_view>
 #include <unordered_set>
@@ -47,10 +48,17 @@ struct Damage {
 };
 
 bool isCause(const Finding& finding) {
-    const Severity severity = finding.rule->severity;
-    const Relation relation = finding.rule->relation;
-    return relation == Relation::CostsProduct || relation == Relation::CostsRoot ||
-           (relation == Relation::None && severity == Severity::Error);
+    switch (finding.rule->relation) {
+    case Relation::None: return finding.rule->severity == Severity::Error;
+    case Relation::CostsProduct:
+    case Relation::MisnamesProduct:
+    case Relation::CostsRoot: return true;
+    case Relation::Independent:
+    case Relation::FollowsFromResources:
+    case Relation::FollowsFromLookups:
+    case Relation::FollowsFromAny: return false;
+    }
+    return false;
 }
 
 class ConsequenceFilter {
@@ -59,8 +67,12 @@ public:
                       const Findings& findings)
         : languages_(languages) {
         for (const auto& [file, found] : findings) {
-            const auto cause = std::ranges::find_if(found, isCause);
-            if (cause != found.end())
+            std::map<Relation, const Finding*> causes; // one of each type
+            for (const Finding& finding : found) {
+                if (isCause(finding))
+                    causes.emplace(finding.rule->relation, &finding);
+            }
+            for (const auto& [relation, cause] : causes)
                 addDamage(file, *cause, texts);
         }
     }
@@ -69,6 +81,7 @@ public:
         switch (finding.rule->relation) {
         case Relation::None:
         case Relation::CostsProduct:
+        case Relation::MisnamesProduct:
         case Relation::CostsRoot:
         case Relation::Independent: return false;
         case Relation::FollowsFromResources: return followsFrom(resources_, file, finding);
@@ -86,14 +99,15 @@ private:
             lookups_.isTotal = resources_.isTotal = true;
             return;
         }
+        const bool costsBoth = relation != Relation::None;
         const std::u16string product = productNameOf(file, languages_);
         // Without a position, the library has not read the file: it may be too large.
-        const bool wasRead = cause.location.position || relation == Relation::CostsProduct;
-        const std::string text = wasRead ? texts.read(file) : std::string();
+        const bool hasText = cause.location.position || relation == Relation::CostsProduct;
+        const std::string text = hasText ? texts.read(file) : std::string();
         const bool isLookup = isInLookupFolder(file);
-        if (isLookup || relation == Relation::CostsProduct)
+        if (isLookup || costsBoth)
             lookups_.add(product, text);
-        if (!isLookup || relation == Relation::CostsProduct)
+        if (!isLookup || costsBoth)
             resources_.add(product, text);
     }
 

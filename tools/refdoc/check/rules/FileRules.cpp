@@ -3,7 +3,6 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
-#include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
@@ -149,8 +148,8 @@ bool addMisnamed(const fs::path& folder, Findings& findings) {
     for (const std::u16string& name : misnamed)
         findings[{.path = (folder.parent_path() / name).u16string()}].push_back(
             {.rule = &kMisnamedFolder,
-             .message = fmt::format("the folder is ignored: its name must be {}",
-                                    quoted(folder.filename().u16string()))});
+             .message = fmt::format("the folder is ignored: its name must be \"{}\"",
+                                    to_string(folder.filename().u16string()))});
     return !misnamed.empty();
 }
 
@@ -213,8 +212,8 @@ void addFolderFindings(bool hasResources, Findings& findings) {
         findings[{.path = lookups.parent_path().u16string()}].push_back(
             {.rule = &kNoLookupFolder,
              .message =
-                 fmt::format("the folder {} does not exist: no item can be found by its name",
-                             quoted(lookups.filename().u16string()))});
+                 fmt::format("the folder \"{}\" does not exist: no item can be found by its name",
+                             to_string(lookups.filename().u16string()))});
 }
 
 } // namespace refdoc::check

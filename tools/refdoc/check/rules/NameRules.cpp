@@ -43,14 +43,15 @@ constexpr Rule kUnsupportedLanguage{
     "A file is a translation only if its name ends with `_` and a supported language other than "
     "English, spelt as the application spells it. With any other suffix, including `_en`, the file "
     "is the English file of a product with that longer name. Rename the file, or list the "
-    "languages in `--langs` or `installation.json`."};
+    "languages in `--langs` or `installation.json`.",
+    Relation::MisnamesProduct};
 
 constexpr Rule kCutName{
     "cut-product-name", Severity::Error, "the name of a product contains a language suffix",
     "The product name of a translated lookup file ends where the suffix of the language occurs "
     "first. In `Orchard_demo_de.json`, that is before `_demo`: the German records belong to a "
     "product `Orchard`, so they lead to its items or to none. Rename the files of the product.",
-    Relation::CostsProduct};
+    Relation::MisnamesProduct};
 
 constexpr Rule kPackageLanguage{
     "package-language", Severity::Error,
