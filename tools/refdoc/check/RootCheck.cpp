@@ -30,7 +30,6 @@ namespace refdoc::check {
 
 using reference::docparser::DocResourceParser;
 using reference::docparser::FileAccount;
-using reference::docparser::FileRole;
 using reference::docparser::LoadAccount;
 using Tools = DocResourceParser::ParsingTools;
 
@@ -78,7 +77,7 @@ public:
         checkFiles();
         mergeLosses_.report(names_, findings_);
         if (scope_ == Scope::Everything) {
-            checkFolders();
+            addFolderFindings(hasNames_, findings_);
             checkInstallation();
         }
         std::size_t consequenceCount = 0;
@@ -114,6 +113,7 @@ private:
         if (scope_ == Scope::Everything)
             addCrossFileFindings(contents, pending_);
         addSectionKeys(contents, sectionKeys_);
+        hasNames_ |= contents.hasNames();
     }
 
     void checkNames() {
@@ -160,12 +160,6 @@ private:
         addFindings(found, file, findings_);
     }
 
-    void checkFolders() {
-        const bool hasResources = std::ranges::any_of(
-            files_, [](const auto& file) { return file.second.role == FileRole::Resources; });
-        addFolderFindings(hasResources, findings_);
-    }
-
     void checkInstallation() {
         const fl::filesystem::path folder(platform::hostServices()->installPath());
         const SourceFile manifest{.path = (folder / u"installation.json").string()};
@@ -189,6 +183,7 @@ private:
     std::set<NamedFile> lookupFiles_;
     std::set<std::u16string> consideredPaths_;
     std::set<std::u16string> sectionKeys_;
+    bool hasNames_ = false;
     std::map<SourceFile, FileAccount> files_; // that were read, or have a finding
     std::size_t fileCount_ = 0;
     Findings findings_;

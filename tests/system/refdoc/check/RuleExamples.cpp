@@ -98,7 +98,7 @@ const std::vector<RuleExample>& ruleExamples() {
                  {{kResources + "Orchard.json",
                    R"({"productName": "", "baseCode": "b", "helpFolder": "orchard",
  "helpLocation": "help/cellar", "refItems": []})"}},
-                 R"(help/docCatalog/referenceapi/Orchard.json:2:18: warning: the help location "help/cellar" does not contain the help folder "orchard" [help-location])"},
+                 R"(help/docCatalog/referenceapi/Orchard.json:2:18: note: the help location "help/cellar" does not contain the help folder "orchard" [help-location])"},
 
                 {"repeated-section-key",
                  {{kResources + "Orchard.json",
@@ -123,7 +123,9 @@ const std::vector<RuleExample>& ruleExamples() {
                  R"(help/docCatalog/referenceapi-lookup: error: the folder is ignored: its name must be "referenceapi_lookup" [misnamed-folder])"},
 
                 {"no-lookup-folder",
-                 {{kResources + "Orchard.json", sectionOf("orchard")},
+                 {{kResources + "Orchard.json",
+                   sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
+ "refentity": [{"name": "graft"}]})")},
                   {kLookups, {}, Form::Missing}},
                  R"(help/docCatalog: warning: the folder "referenceapi_lookup" does not exist: no item can be found by its name [no-lookup-folder])"},
 

@@ -283,7 +283,7 @@ TEST_F(CommandLineTableTest, OptionsOfOneCommand) {
         {{"show", "Orchard", "--sarif"}, 2, "", "--sarif must follow the command check"},
         {{"check", "--werror"}, 0, "1 file checked, no problems found", ""},
         {{"check", "--werror=missing-key"}, 0, "1 file checked, no problems found", ""},
-        {{"check", "--werror", "missing-key"}, 3, "", "file or folder \"missing-key\" does not exist"},
+        {{"check", "--werror", "missing-key"}, 3, "no files checked", "file or folder \"missing-key\" does not exist"},
         {{"check", "--werror="}, 0, "1 file checked, no problems found", ""},
         {{"check", "--werror=missing-key", "--werror=unknown-key"}, 0, "1 file checked, no problems found", ""},
         {{"check", "--werror", "--werror=missing-key"}, 0, "1 file checked, no problems found", ""},
@@ -310,14 +310,14 @@ TEST_F(CommandLineTableTest, OptionsOfOneCommand) {
          0,
          "missing-key (error): a required key is m",
          ""},
-        {{"check", "nowhere"}, 3, "", "file or folder \"nowhere\" does not exist"},
-        {{"check", "--", "--rules"}, 3, "", "file or folder \"--rules\" does not exist"},
+        {{"check", "nowhere"}, 3, "no files checked", "file or folder \"nowhere\" does not exist"},
+        {{"check", "--", "--rules"}, 3, "no files checked", "file or folder \"--rules\" does not exist"},
         {{"--check.rules"}, 2, "", "unknown option --check.rules"},
         {{"--explain.name", "x"}, 2, "", "unknown option --explain.name"},
         {{"--explain.name=x"}, 2, "", "unknown option --explain.name"},
         {{"--lookup.json"}, 2, "", "unknown option --lookup.json"},
         {{"check", "--rules", "--json"}, 0, "malformed-json                   error  ", ""},
-        {{"check", "--werror", "nowhere"}, 3, "", "file or folder \"nowhere\" does not exist"},
+        {{"check", "--werror", "nowhere"}, 3, "no files checked", "file or folder \"nowhere\" does not exist"},
     });
 }
 

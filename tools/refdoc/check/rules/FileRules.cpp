@@ -49,8 +49,8 @@ constexpr Rule kMisnamedFolder{
 
 constexpr Rule kNoLookupFolder{
     "no-lookup-folder", Severity::Warning, "there are full resources but no lookup files",
-    "The folder `docCatalog/referenceapi_lookup` does not exist, so no item can be found by its "
-    "name. Add the folder and its lookup files.",
+    "The items document names, but the folder `docCatalog/referenceapi_lookup` does not exist, so "
+    "they can't be found by name. Add the folder and its lookup files.",
     Relation::CostsRoot};
 
 constexpr Rule kUnreadableFile{
@@ -203,12 +203,12 @@ std::vector<Finding> findDroppedSections(const FileAccount& account, const Sourc
     return findings;
 }
 
-void addFolderFindings(bool hasResources, Findings& findings) {
+void addFolderFindings(bool hasNames, Findings& findings) {
     const auto roots = DocResourceParser::getReferenceRoots();
     // Lookup files alone are complete: full resources are installed with their products.
     addMisnamed(fs::path(roots->referenceApiFolder), findings);
     const fs::path lookups(roots->lookupFolder);
-    if (!addMisnamed(lookups, findings) && hasResources && !fs::exists(lookups))
+    if (!addMisnamed(lookups, findings) && hasNames && !fs::exists(lookups))
         findings[{.path = lookups.parent_path().u16string()}].push_back(
             {.rule = &kNoLookupFolder,
              .message =

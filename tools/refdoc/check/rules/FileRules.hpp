@@ -28,7 +28,7 @@ std::vector<Finding> findDroppedSections(const reference::docparser::FileAccount
                                          const SourceFile& file);
 
 /// Adds the findings about folders of the current reference root that are missing or misnamed.
-/// \param hasResources  whether there are full resource files, which need lookup files
-void addFolderFindings(bool hasResources, Findings& findings);
+/// \param hasNames  whether the full resources document names, which need lookup records
+void addFolderFindings(bool hasNames, Findings& findings);
 
 } // namespace refdoc::check

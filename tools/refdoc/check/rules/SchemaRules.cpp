@@ -59,7 +59,7 @@ constexpr Rule kUnknownVersion{
     "be wrong. Correct the version, or use a newer `refdoc`."};
 
 constexpr Rule kHelpLocation{
-    "help-location", Severity::Warning, "the help location is not that of the help folder",
+    "help-location", Severity::Note, "the help location is not that of the help folder",
     "Links are relative to the `helpLocation` of their section. One of its folders should be the "
     "`helpFolder` or, for a support package, the `baseCode`. Otherwise the links probably lead to "
     "the pages of another product. Correct the `helpLocation` or the `helpFolder`."};
