@@ -38,8 +38,9 @@ std::string unknownRule(const std::string& name) {
     std::vector<std::string> known;
     for (const Rule* rule : rules())
         known.emplace_back(rule->name);
-    return fmt::format("unknown rule \"{}\"{}; see refdoc check --rules", name,
-                       didYouMean(name, known));
+    const std::string question = didYouMean(name, known);
+    return fmt::format("unknown rule \"{}\"{}", name,
+                       question.empty() ? "; see refdoc check --rules" : question);
 }
 
 // Returns the first name that no rule has; empty if there is none.
@@ -62,7 +63,9 @@ Answer explain(const std::string& name, const PageSetup& setup) {
 std::set<std::string, std::less<>> readBaseline(const std::string& name) {
     const std::filesystem::path file(to_ustring(name));
     if (!std::filesystem::is_regular_file(file))
-        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", name));
+        throw std::runtime_error(
+            fmt::format("the baseline \"{}\" {}", name,
+                        std::filesystem::exists(file) ? "is not a file" : "does not exist"));
     try {
         return readFingerprints(SourceTexts().read({.path = file.u16string()}));
     } catch (const std::runtime_error& error) {
@@ -155,7 +158,7 @@ std::vector<OptionEntry> checkOptions() {
          .isValueOptional = true},
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
-        {.name = "--show-consequences", .help = "Report also the findings that follow from others"},
+        {.name = "--show-consequences", .help = "Also report findings that follow from others"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
          ruleChoices()},

@@ -119,7 +119,8 @@ CheckResult checkFile(const fs::path& file, Options options, PathNames& names, P
     CheckResult result = check(Scope::FilesAlone, options, names, progress);
     if (result.fileCount == 0)
         result.complaints.push_back(fmt::format(
-            "nothing to check: {} is no resource file and has none", quoted(file.u16string())));
+            "nothing to check: {} is neither a resource file nor a package with resource files",
+            quoted(file.u16string())));
     return result;
 }
 

@@ -203,7 +203,7 @@ TEST_F(CheckPathTest, FileThatIsNoResourceFileIsAnError) {
     add("readme.txt", "Read me");
     const Outcome outcome = check({"readme.txt"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_THAT(outcome.err, HasSubstr("readme.txt\" is no resource file and has none"));
+    EXPECT_THAT(outcome.err, HasSubstr("readme.txt\" is neither a resource file nor a package"));
 }
 
 TEST_F(CheckPathTest, WithoutInstalledProductsEachLookupNeedsFullResources) {
