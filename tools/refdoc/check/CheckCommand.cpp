@@ -38,9 +38,8 @@ std::string unknownRule(const std::string& name) {
     std::vector<std::string> known;
     for (const Rule* rule : rules())
         known.emplace_back(rule->name);
-    const std::string question = didYouMean(name, known);
-    return fmt::format("unknown rule \"{}\"{}", name,
-                       question.empty() ? "; see refdoc check --rules" : question);
+    return fmt::format("unknown rule \"{}\"{}; see refdoc check --rules", name,
+                       didYouMean(name, known));
 }
 
 // Returns the first name that no rule has; empty if there is none.

@@ -105,7 +105,7 @@ TEST_F(SeverityTest, UnknownRuleIsWrongUsage) {
         EXPECT_EQ(check({"help", option}),
                   (Outcome{2, "",
                            "refdoc: unknown rule \"unknown-kez\"; did you mean "
-                           "\"unknown-key\"?\n"}));
+                           "\"unknown-key\"?; see refdoc check --rules\n"}));
     }
 }
 
