@@ -23,6 +23,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -54,7 +55,8 @@ std::string nothingToCheck() {
     const std::filesystem::path catalog = std::filesystem::path(roots->lookupFolder).parent_path();
     for (const auto& [folder, what] :
          {std::pair(catalog.parent_path(), "reference root"), std::pair(catalog, "folder")}) {
-        if (!std::filesystem::exists(folder))
+        std::error_code ignored; // The library skips a folder that cannot be seen.
+        if (!std::filesystem::exists(folder, ignored))
             return fmt::format("nothing to check: the {} {} does not exist{}", what,
                                quoted(folder.u16string()), didYouMean(nearFolders(folder)));
     }

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <system_error>
 
 namespace refdoc {
 
@@ -20,9 +21,10 @@ namespace {
 // Returns the outermost folder of a path that does not exist, but not above the root; empty if all
 // exist.
 fs::path missingFolder(const fs::path& lookupFolder) {
+    std::error_code ignored; // The library skips a folder that cannot be seen.
     const fs::path catalog = lookupFolder.parent_path();
     for (const fs::path& folder : {catalog.parent_path(), catalog, lookupFolder}) {
-        if (!fs::exists(folder))
+        if (!fs::exists(folder, ignored))
             return folder;
     }
     return {};

@@ -1,13 +1,15 @@
 #include "tools/refdoc/suggest/Suggestions.hpp"
 
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "platform/path/DirectoryIterator.hpp"
+#include "platform/path/Path.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <algorithm>
 #include <iterator>
 #include <map>
-#include <system_error>
 
 namespace refdoc {
 
@@ -72,11 +74,15 @@ std::string didYouMean(std::string_view name, const std::vector<std::string>& kn
 
 std::vector<std::u16string> nearFolders(const std::filesystem::path& missing) {
     std::vector<std::u16string> folders;
-    std::error_code ignored; // A folder that can't be read has no suggestions.
-    for (const auto& entry : std::filesystem::directory_iterator(missing.parent_path(), ignored)) {
-        if (entry.is_directory(ignored))
-            folders.push_back(entry.path().filename().u16string());
-    }
+    // A folder that cannot be read has no suggestions.
+    platform::ignoreFailure([&] {
+        const std::u16string parent = missing.parent_path().u16string();
+        fl::filesystem::directory_iterator entry(fl::filesystem::make_native_form(parent), u"*");
+        for (; entry.is_open(); entry.increment()) {
+            if (std::filesystem::is_directory(entry.full_pathname().string()))
+                folders.push_back(entry.filename().string());
+        }
+    });
     return nearNames(missing.filename().u16string(), {folders.begin(), folders.end()},
                      /*maximum=*/1);
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace refdoc::check {
@@ -142,15 +143,22 @@ Finding droppedSection(const FileAccount& account, const SourceFile& file,
     return finding;
 }
 
-// Adds a finding if the folder is missing and there is one with a similar name.
-bool addMisnamed(const fs::path& folder, Findings& findings) {
-    const auto misnamed = fs::exists(folder) ? std::vector<std::u16string>() : nearFolders(folder);
-    for (const std::u16string& name : misnamed)
-        findings[{.path = (folder.parent_path() / name).u16string()}].push_back(
+// \param areLookupsMissing  whether it is the folder of lookup files, and items need them
+void addFolderFinding(const fs::path& folder, bool areLookupsMissing, Findings& findings) {
+    std::error_code ignored; // The library skips a folder that cannot be seen.
+    if (fs::exists(folder, ignored))
+        return;
+    const std::string name = to_string(folder.filename().u16string());
+    const std::vector<std::u16string> misnamed = nearFolders(folder);
+    if (!misnamed.empty())
+        findings[{.path = (folder.parent_path() / misnamed.front()).u16string()}].push_back(
             {.rule = &kMisnamedFolder,
-             .message = fmt::format("the folder is ignored: its name must be \"{}\"",
-                                    to_string(folder.filename().u16string()))});
-    return !misnamed.empty();
+             .message = fmt::format("the folder is ignored: its name must be \"{}\"", name)});
+    else if (areLookupsMissing)
+        findings[{.path = folder.parent_path().u16string()}].push_back(
+            {.rule = &kNoLookupFolder,
+             .message = fmt::format(
+                 "the folder \"{}\" does not exist: no item can be found by its name", name)});
 }
 
 } // namespace
@@ -205,15 +213,9 @@ std::vector<Finding> findDroppedSections(const FileAccount& account, const Sourc
 
 void addFolderFindings(bool hasNames, Findings& findings) {
     const auto roots = DocResourceParser::getReferenceRoots();
+    addFolderFinding(fs::path(roots->lookupFolder), hasNames, findings);
     // Lookup files alone are complete: full resources are installed with their products.
-    addMisnamed(fs::path(roots->referenceApiFolder), findings);
-    const fs::path lookups(roots->lookupFolder);
-    if (!addMisnamed(lookups, findings) && hasNames && !fs::exists(lookups))
-        findings[{.path = lookups.parent_path().u16string()}].push_back(
-            {.rule = &kNoLookupFolder,
-             .message =
-                 fmt::format("the folder \"{}\" does not exist: no item can be found by its name",
-                             to_string(lookups.filename().u16string()))});
+    addFolderFinding(fs::path(roots->referenceApiFolder), /*areLookupsMissing=*/false, findings);
 }
 
 } // namespace refdoc::check
