@@ -60,10 +60,18 @@ TEST_F(ConsequenceTest, FilesInTheFolderOfTheOtherTypeAreOneFindingEach) {
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("[wrong-folder]"), HasSubstr("[wrong-folder]"),
                             "2 errors in 2 files; 2 files checked"));
-    // The records of B are in a package, so that its lookup file has lost nothing but items.
-    addLookup("B", section("b", kItems));
-    addLookup("B2", section("b", kRecords));
-    EXPECT_THAT(check({"help"}).out, testing::Not(HasSubstr("[lookup-without-page]")));
+}
+
+TEST_F(ConsequenceTest, FileInTheWrongFolderCostsFullResourcesToo) {
+    addLookup("A", section("a", kItems));
+    docparser_tests::ZipBytes package;
+    package.entries = {{.name = "A.json", .content = section("a", kRecords)}};
+    add("help/docCatalog/referenceapi_lookup/A.zip", package.build());
+    EXPECT_THAT(linesOf(check({"help"}).out),
+                ElementsAre(HasSubstr("[wrong-folder]"), "1 error in 1 file; 2 files checked",
+                            HasSubstr("1 consequence of these findings not shown")));
+    EXPECT_THAT(check({"help", "--show-consequences"}).out,
+                HasSubstr("[lookup-without-resources]"));
 }
 
 TEST_F(ConsequenceTest, MisnamedLookupFolderIsOneFinding) {
@@ -71,9 +79,9 @@ TEST_F(ConsequenceTest, MisnamedLookupFolderIsOneFinding) {
         R"({"href": "a.html", "refpurpose": "", "refentity": [{"name": "a"}]})";
     addResource("A", section("a", item));
     addResource("B", section("b", item));
-    add("help/docCatalog/ReferenceAPI_lookup/A.json", section("a", kRecords));
+    add("help/docCatalog/referenceapi-lookups/A.json", section("a", kRecords));
     EXPECT_THAT(linesOf(check({"help"}).out),
-                ElementsAre("help/docCatalog/ReferenceAPI_lookup: error: the folder is ignored: "
+                ElementsAre("help/docCatalog/referenceapi-lookups: error: the folder is ignored: "
                             "its name must be \"referenceapi_lookup\" [misnamed-folder]",
                             "1 error in 1 file; 2 files checked",
                             "2 consequences of these findings not shown; see "
@@ -82,12 +90,12 @@ TEST_F(ConsequenceTest, MisnamedLookupFolderIsOneFinding) {
 
 TEST_F(ConsequenceTest, RootOfOtherFoldersIsNotCheckedAndNoProductIsReported) {
     addManifest(R"({"topLevelProducts": [{"shortName": "a"}]})");
-    add("help/doccatalog/referenceapi/A.json", section("a", kItems));
+    add("help/docCatalogs/referenceapi/A.json", section("a", kItems));
     const Outcome outcome = check({"."});
     EXPECT_EQ(outcome.status, 3);
     EXPECT_EQ(outcome.out, "1 file checked, no problems found\n");
     EXPECT_THAT(outcome.err, HasSubstr("docCatalog\" does not exist; did you mean "
-                                       "\"doccatalog\"?\n"));
+                                       "\"docCatalogs\"?\n"));
 }
 
 class LanguageSuffixTest : public CheckTest {

@@ -22,10 +22,10 @@ TEST(DidYouMeanTest, ListsTheNames) {
 TEST(NearFoldersTest, FindsFoldersBesideTheMissingOne) {
     using Names = std::vector<std::u16string>;
     const docparser_tests::TemporaryFolder folder;
-    folder.write("doccatalog/file", "");
+    folder.write("docCatalogs/file", "");
     folder.write("catalog/file", "");
-    folder.write("docCatalogue", "");
-    EXPECT_EQ(nearFolders(folder.path() / "docCatalog"), Names{u"doccatalog"});
+    folder.write("docCatalo", "");
+    EXPECT_EQ(nearFolders(folder.path() / "docCatalog"), Names{u"docCatalogs"});
     EXPECT_EQ(nearFolders(folder.path() / "samples"), Names{});
     EXPECT_EQ(nearFolders(folder.path() / "nowhere" / "docCatalog"), Names{});
 }
