@@ -105,26 +105,20 @@ private:
     }
 
     JsonDiagnosis checkCharacter(const Token& token) const {
-        if (auto diagnosis = diagnoseKnownCharacter(text_, token))
+        if (auto diagnosis = diagnoseToken(text_, token))
             return *diagnosis;
         return {token.begin, fmt::format("expected {}, found the character {}", describe(expected_),
                                          nameCharacter(text_, token))};
     }
 
     std::optional<JsonDiagnosis> checkContent(const Token& token) const {
-        if (token.type == TokenType::Word) {
-            auto diagnosis = diagnoseWord(text_, token);
-            const bool isAtEnd = token.end == text_.size() && !open_.empty();
-            return diagnosis && isAtEnd ? cutOff({TokenType::End, token.end, token.end})
-                                        : diagnosis;
-        }
-        if (token.type == TokenType::String)
-            return diagnoseString(text_, token);
-        if (token.type == TokenType::OpenString) {
-            auto diagnosis = diagnoseString(text_, token);
-            return diagnosis ? diagnosis : cutOff(token);
-        }
-        return std::nullopt;
+        auto diagnosis = diagnoseToken(text_, token);
+        if (token.type == TokenType::OpenString && !diagnosis)
+            return cutOff(token);
+        const bool isAtEnd = token.end == text_.size() && !open_.empty();
+        if (token.type == TokenType::Word && diagnosis && isAtEnd)
+            return cutOff({TokenType::End, token.end, token.end});
+        return diagnosis;
     }
 
     std::optional<JsonDiagnosis> checkStructure(const Token& token) const {
