@@ -32,7 +32,8 @@ Answer runCommand(const CommandLine& line) {
     const Options options = readOptions(line);
     if (options.verbose)
         logToStandardError();
-    applyOptions(options);
+    if (line.command->isRunWithOptions)
+        applyOptions(options);
     const platform::OutputDevice device = platform::askStandardOutput();
     const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());
     Answer answer = line.command->run(options, setup);

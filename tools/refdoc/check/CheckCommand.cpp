@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -62,7 +63,9 @@ Answer explain(const std::string& name, const PageSetup& setup) {
 std::set<std::string, std::less<>> readBaseline(const std::string& name) {
     const std::filesystem::path file(to_ustring(name));
     if (!std::filesystem::is_regular_file(file))
-        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", name));
+        throw std::runtime_error(
+            fmt::format("the baseline \"{}\" {}", name,
+                        std::filesystem::exists(file) ? "is not a file" : "does not exist"));
     try {
         return readFingerprints(SourceTexts().read({.path = file.u16string()}));
     } catch (const std::runtime_error& error) {
@@ -91,7 +94,7 @@ ReportSettings settingsOf(const Options& options) {
 CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     if (options.arguments.empty())
-        return checkRoots(Scope::Everything, consequencesOf(options), names, progress);
+        return checkCurrentRoots(options, names, progress);
     CheckResult result;
     for (const std::u16string& target : options.arguments)
         checkTarget(target, options, names, progress, result);
@@ -114,7 +117,8 @@ std::string formatted(const std::vector<ReportedFinding>& findings, const Summar
 CheckedFiles report(const Options& options, const ReportSettings& settings, PathNames& names) {
     CheckResult result = checkAll(options, names);
     CheckedFiles checked{.findings = makeReport(std::move(result.findings), names, settings),
-                         .complaints = std::move(result.complaints)};
+                         .complaints = std::move(result.complaints),
+                         .notes = std::move(result.notes)};
     checked.summary = summarize(checked.findings, result.fileCount, result.consequenceCount);
     return checked;
 }
@@ -151,11 +155,13 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return fix(options, settings, setup);
     PathNames names(std::filesystem::current_path());
     CheckedFiles checked = report(options, settings, names);
-    return {.status = !checked.complaints.empty()  ? ExitStatus::Failed
-                      : checked.summary.errors > 0 ? ExitStatus::Negative
-                                                   : ExitStatus::Success,
-            .output = formatted(checked.findings, checked.summary, options, setup, names),
-            .complaints = std::move(checked.complaints)};
+    Answer answer{.status = !checked.complaints.empty()  ? ExitStatus::Failed
+                            : checked.summary.errors > 0 ? ExitStatus::Negative
+                                                         : ExitStatus::Success,
+                  .output = formatted(checked.findings, checked.summary, options, setup, names),
+                  .complaints = std::move(checked.complaints)};
+    std::ranges::move(checked.notes, std::back_inserter(answer.complaints));
+    return answer;
 }
 
 std::vector<Choice> ruleChoices() {
@@ -185,8 +191,7 @@ std::vector<OptionEntry> checkOptions() {
          .isValueOptional = true},
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
-        {.name = "--show-consequences",
-         .help = "Report also the findings that follow from errors in other files"},
+        {.name = "--show-consequences", .help = "Also report findings that follow from others"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
          ruleChoices()},
@@ -215,6 +220,7 @@ CommandEntry checkCommand() {
                       "Check a reference root in three languages."},
                      {"refdoc check --fix --write samples/help",
                       "Correct misspelt keys and the like."}},
+        .isRunWithOptions = false,
         .run = runCheck,
     };
 }

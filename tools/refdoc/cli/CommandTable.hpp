@@ -72,7 +72,10 @@ struct CommandEntry {
     std::string_view negative{};        ///< when the exit status is 1; empty: it never is
     std::vector<Remark> examples{};     ///< command lines
 
-    /// Runs the command. The options have been applied to the library.
+    /// False if `run` applies the options to the library itself.
+    bool isRunWithOptions = true;
+
+    /// Runs the command.
     /// \throws std::exception, foundation::core::except::IException  the command failed
     Answer (*run)(const Options& options, const PageSetup& setup) = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,6 +38,10 @@ std::string didYouMean(const std::optional<NearestName>& nearest);
 
 /// Returns didYouMean(nearestName(name, known)).
 std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
+
+/// Returns the name of the folder that a missing folder may be meant by: the one beside it whose
+/// name is nearest. It is the only element of the list, which is empty if none is near.
+std::vector<std::u16string> nearFolders(const std::filesystem::path& missing);
 
 /// Returns at most three hrefs that the user may have meant: those whose items document something
 /// of this name, or whose file has this name; otherwise those that are near to it.

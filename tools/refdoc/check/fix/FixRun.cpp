@@ -85,6 +85,7 @@ private:
         const std::size_t errors = checked_.summary.errors;
         const bool isComplete = checked_.complaints.empty() && failures_.empty();
         std::vector<std::string> complaints = std::move(checked_.complaints);
+        std::ranges::move(checked_.notes, std::back_inserter(complaints));
         std::ranges::move(failures_, std::back_inserter(complaints));
         std::ranges::move(plan_.refusals, std::back_inserter(complaints));
         if (plan_.packagedCount > 0)

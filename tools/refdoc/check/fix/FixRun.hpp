@@ -17,6 +17,7 @@ struct CheckedFiles {
     std::vector<ReportedFinding> findings{};
     Summary summary{};
     std::vector<std::string> complaints{}; ///< why something could not be checked
+    std::vector<std::string> notes{};      ///< what was not checked because of a finding
 };
 
 /// What fixing needs from the command.

@@ -35,16 +35,23 @@ void addLookupFiles(const reference::docparser::LoadAccount& account,
 std::set<NamedFile> listResourceFolder(const std::u16string& folder);
 
 /// Adds findings about ignored files that look like resource files.
+/// \param products   the names of all products
 /// \param languages  all supported languages
 /// \param texts      reads the first bytes of files
-void addIgnoredFiles(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
-                     SourceTexts& texts, Findings& findings);
+void addIgnoredFiles(const std::set<NamedFile>& files, const std::set<std::u16string>& products,
+                     const std::vector<std::u16string>& languages, SourceTexts& texts,
+                     Findings& findings);
 
 /// Adds findings about files that look like translations but are not.
 /// \param files      of one folder, including the entries of its packages
+/// \param products   the names of all products
 /// \param languages  all supported languages
-void addLanguageFindings(const std::set<NamedFile>& files,
+void addLanguageFindings(const std::set<NamedFile>& files, const std::set<std::u16string>& products,
                          const std::vector<std::u16string>& languages, Findings& findings);
+
+/// Adds findings about translated lookup files whose product name contains their language.
+void addCutNames(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
+                 Findings& findings);
 
 /// Adds findings about packages whose number of entries changes how they are read.
 /// \param files  with all entries of the packages
