@@ -54,6 +54,14 @@ Consequences consequencesOf(const Options& options) {
     return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
 }
 
+bool hasErrors(const Findings& findings) {
+    return std::ranges::any_of(findings, [](const auto& file) {
+        return std::ranges::any_of(file.second, [](const Finding& finding) {
+            return finding.rule->severity == Severity::Error;
+        });
+    });
+}
+
 CheckResult check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
     DocResourceParser::restoreDefaultSettings();
     try {
@@ -61,7 +69,7 @@ CheckResult check(Scope scope, const Options& options, const PathNames& names, P
     } catch (const std::runtime_error&) {
         const fs::path folder(selectedServices(options)->installPath());
         CheckResult result = checkManifestFile(folder / kManifestName);
-        if (result.findings.empty())
+        if (!hasErrors(result.findings))
             throw;
         result.notes.push_back("only installation.json was checked, because it determines the "
                                "languages and the installed products");
