@@ -31,6 +31,7 @@ CommandEntry helpCommand() {
                            .type = ValueType::Command,
                            .help = "Print the help of this command"}},
             .examples = {{"refdoc help search", "Print the help of the command search."}},
+            .rootUse = RootUse::Never,
             .run = runHelp};
 }
 
@@ -48,7 +49,16 @@ std::vector<Remark> exitStatuses() {
 }
 
 std::vector<Remark> environment() {
-    return {{"PAGER",
+    return {{"REFDOC_INSTALL",
+             "The install folder, unless --install names one. The value of this and the next two "
+             "variables counts as not set if it is empty; a relative folder is relative to the "
+             "current one."},
+            {"REFDOC_ROOT", "The reference root, unless --root or --install names one. If no "
+                            "option or variable names a folder, the current folder is the "
+                            "reference root if it contains the folder docCatalog, and the install "
+                            "folder if it contains installation.json."},
+            {"REFDOC_LANG", "The documentation language, unless --lang names one."},
+            {"PAGER",
              "The shell command that shows output longer than the terminal; if it is empty "
              "or \"cat\", there is no pager. By default less, if it is installed."},
             {"LESS", "The options of less. If it is not set, the pager gets \"FRX\"."},

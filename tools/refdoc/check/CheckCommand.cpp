@@ -181,6 +181,7 @@ CommandEntry checkCommand() {
         .negative = "Errors were found.",
         .examples = {{"refdoc check --langs en,de,ja samples/help",
                       "Check a reference root in three languages."}},
+        .rootUse = RootUse::WithoutArguments,
         .run = runCheck,
     };
 }

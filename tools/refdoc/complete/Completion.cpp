@@ -6,6 +6,7 @@
 #include "platform/terminal/ProgramText.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/Locations.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
@@ -191,7 +192,7 @@ std::string completionsOf(const CommandTable& table, std::vector<std::string> wo
             words.pop_back();
         std::ranges::transform(words, words.begin(), withHomeFolder);
         const CommandLine line = sortWords(table, words);
-        applyOptions(readOptions(line));
+        applyOptions(resolveOptions(line));
         return answerFor(table, line, word);
     } catch (const std::exception&) {
         // A malformed manifest, for example: running the command line will report it.
