@@ -3,8 +3,8 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/InstallationManifest.hpp"
 #include "platform/path/Path.hpp"
-#include "tools/refdoc/session/InferredLanguages.hpp"
 #include "tools/refdoc/session/LanguageNote.hpp"
+#include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/Path.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
-#include "tools/refdoc/session/InferredLanguages.hpp"
+#include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/suggest/NearLanguage.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"

@@ -8,6 +8,10 @@
 
 namespace refdoc {
 
+/// Returns English, the supported languages and the current language, each once and in this order.
+/// \throws whatever the host services throw
+std::vector<std::u16string> allLanguages();
+
 /// Returns how many products have a translation into each language, judged only by the names of the
 /// files. Sorted by language; never English.
 ///
@@ -18,8 +22,12 @@ namespace refdoc {
 /// \param names  of the files of a root, without extension
 std::map<std::u16string, std::size_t> countTranslations(const std::set<std::u16string>& names);
 
-/// Returns the names of all product files in the current folders, in any language, without
-/// extension: full resource files, those of support packages, lookup files and packages.
+/// Returns the names of the full resource files, in any language and without extension: those in
+/// the reference root and those of support packages.
+/// \throws whatever the host services throw
+std::set<std::u16string> fullFileNames();
+
+/// Returns fullFileNames() and the names of the lookup files and packages.
 /// \throws whatever the host services throw
 std::set<std::u16string> fileNames();
 

@@ -1,4 +1,4 @@
-#include "tools/refdoc/session/InferredLanguages.hpp"
+#include "tools/refdoc/session/Languages.hpp"
 
 #include "docparser/DocResourceParser.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace refdoc {
 
@@ -50,7 +51,29 @@ bool isLocale(const std::u16string& text) {
     }
 }
 
+// Without locale suffixes, the lists have the files of all languages.
+void addNames(const std::u16string& folder, std::set<std::u16string>& names) {
+    const auto files = DocResourceParser::getAllProducts(folder, {}, {});
+    for (const auto* list : {&files.jsonProducts, &files.zipProducts}) {
+        for (const ProductPathData& file : *list)
+            names.insert(file.getName());
+    }
+}
+
 } // namespace
+
+std::vector<std::u16string> allLanguages() {
+    std::vector<std::u16string> languages{Tools::kEnglishLocale};
+    for (const std::u16string& suffix : Tools::getSupportedDocLocales())
+        languages.push_back(suffix.substr(1));
+    languages.push_back(Tools::getCurrentLocale());
+    std::vector<std::u16string> distinct;
+    for (std::u16string& language : languages) {
+        if (std::ranges::find(distinct, language) == distinct.end())
+            distinct.push_back(std::move(language));
+    }
+    return distinct;
+}
 
 std::map<std::u16string, std::size_t> countTranslations(const std::set<std::u16string>& names) {
     std::map<std::u16string, std::size_t> counts;
@@ -66,18 +89,16 @@ std::map<std::u16string, std::size_t> countTranslations(const std::set<std::u16s
     return counts;
 }
 
-std::set<std::u16string> fileNames() {
-    const auto roots = DocResourceParser::getReferenceRoots();
+std::set<std::u16string> fullFileNames() {
     std::set<std::u16string> names;
-    for (const std::u16string& folder :
-         {roots->referenceApiFolder, roots->lookupFolder, supportFolder()}) {
-        // Without locale suffixes, the lists have the files of all languages.
-        const auto files = DocResourceParser::getAllProducts(folder, {}, {});
-        for (const auto* list : {&files.jsonProducts, &files.zipProducts}) {
-            for (const ProductPathData& file : *list)
-                names.insert(file.getName());
-        }
-    }
+    addNames(DocResourceParser::getReferenceRoots()->referenceApiFolder, names);
+    addNames(supportFolder(), names);
+    return names;
+}
+
+std::set<std::u16string> fileNames() {
+    std::set<std::u16string> names = fullFileNames();
+    addNames(DocResourceParser::getReferenceRoots()->lookupFolder, names);
     return names;
 }
 
