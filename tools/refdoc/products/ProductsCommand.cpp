@@ -167,20 +167,11 @@ std::u16string languagesOf(const std::vector<std::u16string>& localeSuffixes) {
     return boost::join(languages, u", ");
 }
 
-Cell originCell(const std::string& origin) {
-    return {to_ustring(origin), Paint::Dim};
-}
-
 void addFolders(Page& page, const ProductOverview& overview) {
     page.title(u"Folders", '-');
     Table table;
-    const Origins& origins = overview.origins;
-    table.addRow({{u"install folder", Paint::Dim},
-                  {overview.installFolder},
-                  originCell(origins.installFolder)});
-    table.addRow({{u"reference root", Paint::Dim},
-                  {overview.roots->root},
-                  originCell(origins.referenceRoot)});
+    table.addRow({{u"install folder", Paint::Dim}, {overview.installFolder}});
+    table.addRow({{u"reference root", Paint::Dim}, {overview.roots->root}});
     table.addRow({{u"full resource files", Paint::Dim}, {overview.roots->referenceApiFolder}});
     table.addRow({{u"support packages", Paint::Dim},
                   {overview.supportFolder.empty() ? u"none" : overview.supportFolder}});
@@ -192,9 +183,18 @@ void addLanguages(Page& page, const ProductOverview& overview) {
     page.emptyLine();
     page.title(u"Languages", '-');
     Table table;
-    table.addRow(
-        {{u"current", Paint::Dim}, {overview.language}, originCell(overview.origins.language)});
+    table.addRow({{u"current", Paint::Dim}, {overview.language}});
     table.addRow({{u"besides English", Paint::Dim}, {languagesOf(overview.localeSuffixes)}});
+    page.table(0, table);
+}
+
+void addOrigins(Page& page, const Origins& origins) {
+    page.emptyLine();
+    page.title(u"Origins", '-');
+    Table table;
+    table.addRow({{u"install folder", Paint::Dim}, {to_ustring(origins.installFolder)}});
+    table.addRow({{u"reference root", Paint::Dim}, {to_ustring(origins.referenceRoot)}});
+    table.addRow({{u"language", Paint::Dim}, {to_ustring(origins.language)}});
     page.table(0, table);
 }
 
@@ -281,6 +281,7 @@ std::string pageOf(const ProductOverview& overview, const PageSetup& setup) {
     Page page(setup);
     addFolders(page, overview);
     addLanguages(page, overview);
+    addOrigins(page, overview.origins);
     addInventory(page, inventory.products);
     addFiles(page, u"Full resource files", overview.productsIn(overview.roots->referenceApiFolder),
              overview.language, /*withPackages=*/false);

@@ -112,9 +112,15 @@ TEST_F(LocationTest, OptionsAndVariablesWinOverTheCurrentFolder) {
 TEST_F(LocationTest, TextNamesTheOriginsToo) {
     const std::string out =
         runProgram({"products"}, {.variables = {{"REFDOC_LANG", "ja"}}, .folder = one}).out;
-    EXPECT_THAT(out, HasSubstr("install folder       " + one));
-    EXPECT_THAT(out, HasSubstr("  current folder\nreference root       " + oneHelp));
-    EXPECT_THAT(out, HasSubstr("current          ja      environment variable REFDOC_LANG\n"));
+    EXPECT_THAT(out, HasSubstr("Folders\n"
+                               "-------\n"
+                               "install folder       " +
+                               one + "\nreference root       " + oneHelp + "\n"));
+    EXPECT_THAT(out, HasSubstr("Origins\n"
+                               "-------\n"
+                               "install folder  current folder\n"
+                               "reference root  current folder\n"
+                               "language        environment variable REFDOC_LANG\n"));
 }
 
 TEST_F(LocationTest, CompletionLooksInTheSamePlaces) {
