@@ -59,7 +59,8 @@ std::vector<OptionEntry> globalOptions() {
          "installation.json"},
         {"--langs", "L,L,...", ValueType::Languages,
          "The supported documentation languages; \"auto\": those that the names of the files "
-         "show"},
+         "show",
+         {{"auto"}}},
         {.name = "--lang-strict", .help = "Refuse a documentation language that is not supported"},
         {"--installed", "N,N,...", ValueType::Sections,
          "The products to treat as installed, and no others"},

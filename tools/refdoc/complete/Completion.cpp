@@ -118,7 +118,11 @@ Candidates valuesOf(const CommandTable& table, ValueType type, const std::vector
             candidates.emplace(name, help);
         return candidates;
     case ValueType::Language: return supportedLanguages();
-    case ValueType::Languages: return extendedLists(typed, supportedLanguages());
+    case ValueType::Languages:
+        candidates = extendedLists(typed, supportedLanguages());
+        for (const auto& [name, help] : choices) // in place of a list
+            candidates.emplace(name, help);
+        return candidates;
     case ValueType::Sections: return extendedLists(typed, sectionKeys());
     case ValueType::Product: return withoutDescriptions(productNames());
     case ValueType::Href:
