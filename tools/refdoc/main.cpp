@@ -31,6 +31,8 @@ using namespace refdoc;
 
 // What people should know about the choice of folders and languages.
 std::vector<std::string> notesOn(const CommandLine& line, const Options& options) {
+    if (!readsRoot(line))
+        return {};
     std::vector<std::string> notes;
     const auto add = [&](std::optional<std::string> note) {
         if (note)
@@ -39,8 +41,7 @@ std::vector<std::string> notesOn(const CommandLine& line, const Options& options
     if (platform::askStandardError().isTerminal)
         add(currentFolderNote(options));
     add(unsupportedLanguageNote(options));
-    if (readsRoot(line))
-        add(uncountedTranslationsNote(options));
+    add(uncountedTranslationsNote(options));
     return notes;
 }
 

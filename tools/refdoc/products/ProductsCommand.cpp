@@ -319,10 +319,12 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
 CommandEntry productsCommand() {
     return {
         .name = "products",
-        .help = "List the product files, installed products, support packages, languages and "
-                "folders",
-        .description =
-            "The lists show which files the other commands read, and from which folders.",
+        .help = "List the products, their languages and files, what is installed, and the "
+                "folders that are read",
+        .description = "Each product is listed with the number of its records in English and in "
+                       "each other supported language. Installed products without full resources "
+                       "and lookup entries are marked. The other lists show which files the other "
+                       "commands read, from which folders, and why from these.",
         .options = {plainOption("Print one file per line, with tabs between product, folder, "
                                 "language, yes or no for package, and path")},
         .examples = {{"refdoc --install samples products",

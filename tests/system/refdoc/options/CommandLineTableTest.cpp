@@ -359,7 +359,7 @@ TEST_F(CommandLineTableTest, HelpAndVersion) {
         {{"--bad", "--help"}, 0, "Print the reference documentation that t", ""},
         {{"list", "--help"}, 0, "Print the reference documentation that t", ""},
         {{"--help", "list"}, 0, "Print the reference documentation that t", ""},
-        {{"products", "x", "--help"}, 0, "List the product files, installed produc", ""},
+        {{"products", "x", "--help"}, 0, "List the products, their languages and f", ""},
         {{"--version", "--bad"}, 0, "refdoc 1.0.0", ""},
         {{"--bad", "--version"}, 0, "refdoc 1.0.0", ""},
         {{"list", "--version"}, 0, "refdoc 1.0.0", ""},
