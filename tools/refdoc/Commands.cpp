@@ -77,7 +77,10 @@ CommandTable makeTable() {
              "document: the full records of one product, or the index of all names.",
              "Results go to standard output, everything else to standard error. Options may "
              "precede or follow the command. If an option is given twice, the last value wins. "
-             "\"--\" ends the options."},
+             "\"--\" ends the options.",
+             "A file is a translation if its name ends with \"_\" and a supported language. With "
+             "--langs auto, the supported languages are English and those that a pair of files "
+             "shows: \"zh_CN\" if there are files of Orchard and of Orchard_zh_CN."},
         .options = globalOptions(),
         .commands = commands(),
         .exitStatuses = exitStatuses(),

@@ -65,11 +65,9 @@ Languages expectedLanguages(const std::u16string& requested,
 
 std::string complaint(const std::u16string& language, const Languages& supported,
                       std::string_view consequence) {
-    Languages near{nearLanguage(language, supported)};
-    std::erase(near, u"");
     return fmt::format("{} is not a supported language ({}){}{}", quoted(language),
                        fl::i18n::to_string(boost::join(supported, u", ")), consequence,
-                       didYouMean(near));
+                       didYouMean(nearLanguage(language, supported)));
 }
 
 } // namespace

@@ -16,25 +16,27 @@ namespace {
 
 constexpr const char* kCurrentFolder = "current folder";
 
-// Sets a value that no option has set from the environment. Returns where the value comes from.
-std::string resolve(std::optional<std::u16string>& value, std::string_view option,
-                    const std::string& variable) {
-    if (value)
-        return fmt::format("option {}", option);
+// Sets a value that no option has set from the environment, and its origin.
+void resolve(std::optional<std::u16string>& value, std::string_view option,
+             const std::string& variable, std::string& origin) {
+    if (value) {
+        origin = fmt::format("option {}", option);
+        return;
+    }
     const std::optional<std::string> found = platform::environmentVariable(variable);
     if (!found || found->empty())
-        return "default";
+        return;
     value = fl::i18n::to_ustring(*found);
-    return fmt::format("environment variable {}", variable);
+    origin = fmt::format("environment variable {}", variable);
 }
 
 void useEnvironment(Options& options) {
     Origins& origins = options.origins;
     const bool isRootDetermined = options.installFolder && !options.referenceRoot;
-    origins.language = resolve(options.language, "--lang", "REFDOC_LANG");
-    origins.installFolder = resolve(options.installFolder, "--install", "REFDOC_INSTALL");
+    resolve(options.language, "--lang", "REFDOC_LANG", origins.language);
+    resolve(options.installFolder, "--install", "REFDOC_INSTALL", origins.installFolder);
     if (!isRootDetermined)
-        origins.referenceRoot = resolve(options.referenceRoot, "--root", "REFDOC_ROOT");
+        resolve(options.referenceRoot, "--root", "REFDOC_ROOT", origins.referenceRoot);
     if (!options.referenceRoot)
         origins.referenceRoot = origins.installFolder;
 }

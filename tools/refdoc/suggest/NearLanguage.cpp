@@ -26,21 +26,20 @@ bool areSame(std::u16string_view left, std::u16string_view right) {
 
 } // namespace
 
-std::u16string nearLanguage(std::u16string_view language,
-                            const std::vector<std::u16string>& known) {
+std::vector<std::u16string> nearLanguage(std::u16string_view language,
+                                         const std::vector<std::u16string>& known) {
     const std::u16string wanted = withUnderscores(language);
     for (const std::u16string& candidate : known) {
         if (areSame(wanted, candidate))
-            return candidate;
+            return {candidate};
     }
     for (const std::u16string& candidate : known) {
         if (areSame(withoutTerritory(wanted), withoutTerritory(candidate)))
-            return candidate;
+            return {candidate};
     }
     std::vector<std::u16string_view> translated(known.begin(), known.end());
     std::erase(translated, u"en");
-    const std::vector<std::u16string> near = nearNames(wanted, translated, /*maximum=*/1);
-    return near.empty() ? std::u16string() : near.front();
+    return nearNames(wanted, translated, /*maximum=*/1);
 }
 
 } // namespace refdoc
