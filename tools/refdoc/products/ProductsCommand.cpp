@@ -209,11 +209,12 @@ std::u16string translationsOf(const ProductInventory& product) {
 void addInventory(Page& page, const std::vector<ProductInventory>& products) {
     page.emptyLine();
     page.title(u"Products", '-');
-    Table table({u"Product", u"Items", u"Translations"});
+    Table table({u"Product", u"Items", u"Translations", u"Remark"});
     for (const ProductInventory& product : products)
         table.addRow({{product.product},
                       {to_ustring(std::to_string(product.items))},
-                      {translationsOf(product)}});
+                      {translationsOf(product)},
+                      {product.languages.empty() ? u"no usable file" : u""}});
     if (table.isEmpty())
         page.text(0, u"none found");
     else

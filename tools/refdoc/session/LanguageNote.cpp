@@ -49,8 +49,8 @@ bool contains(const Languages& languages, const std::u16string& language) {
     return std::ranges::find(languages, language) != languages.end();
 }
 
-// The languages of which the requested one should be. Unless they are named, they are those of the
-// files, and the requested one is among them if any file has its suffix.
+// The named languages; without them, those that the names of the files show, and the requested one
+// if any file has its suffix.
 Languages expectedLanguages(const std::u16string& requested,
                             const std::optional<Languages>& named) {
     if (named)
