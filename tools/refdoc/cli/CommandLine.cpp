@@ -25,13 +25,15 @@ bool looksLikeOption(std::string_view word) {
 
 // "a PRODUCT", "an OUT"
 std::string withArticle(std::string_view name) {
-    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    const bool startsWithVowel =
+        std::string_view("AEIOU").find(name.front()) != std::string_view::npos;
     return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
 }
 
 template <class Entries>
 std::vector<std::string> namesOf(const Entries& entries) {
     std::vector<std::string> names;
+    names.reserve(entries.size());
     for (const auto& entry : entries)
         names.emplace_back(entry.name);
     return names;

@@ -57,7 +57,9 @@ std::vector<OptionEntry> globalOptions() {
         {"--lang", "L", ValueType::Language,
          "The documentation language, as in \"ja\"; by default $REFDOC_LANG, or the one in "
          "installation.json"},
-        {"--langs", "L,L,...", ValueType::Languages,
+        {"--langs",
+         "L,L,...",
+         ValueType::Languages,
          "The supported documentation languages; \"auto\": those that the names of the files "
          "show",
          {{"auto"}}},

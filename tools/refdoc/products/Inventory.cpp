@@ -62,8 +62,10 @@ private:
         bool isEnglishInReferenceRoot = false;
         for (const std::u16string& language : languages) {
             const bool isEnglish = language == Tools::kEnglishLocale;
-            const std::optional<Content> content =
-                read(isEnglish ? product : product + Tools::kLocaleSeparator + language);
+            std::u16string file = product;
+            if (!isEnglish)
+                file.append(1, Tools::kLocaleSeparator).append(language);
+            const std::optional<Content> content = read(file);
             if (!content || (isEnglishInReferenceRoot && !content->isInReferenceRoot))
                 continue;
             result.languages.push_back(language);

@@ -23,6 +23,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
@@ -53,7 +54,7 @@ namespace {
 
 // What the command prints, in any format.
 struct ProductOverview {
-    explicit ProductOverview(const Origins& from) : origins(from) {}
+    explicit ProductOverview(Origins from) : origins(std::move(from)) {}
 
     Origins origins;
     std::u16string installFolder = platform::hostServices()->installPath();

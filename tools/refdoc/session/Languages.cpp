@@ -78,7 +78,7 @@ std::vector<std::u16string> allLanguages() {
 std::map<std::u16string, std::size_t> countTranslations(const std::set<std::u16string>& names) {
     std::map<std::u16string, std::size_t> counts;
     for (const std::u16string& name : names) {
-        for (std::size_t end = name.find(Tools::kLocaleSeparator); end != name.npos;
+        for (std::size_t end = name.find(Tools::kLocaleSeparator); end != std::u16string::npos;
              end = name.find(Tools::kLocaleSeparator, end + 1)) {
             const std::u16string locale = name.substr(end + 1);
             if (locale != Tools::kEnglishLocale && isLocale(locale) &&
