@@ -17,8 +17,8 @@ using reference::docparser::LoadAccount;
 
 class SupportFolderTest : public testing::Test {
 protected:
-    SupportFolderTest() { DocResourceParser::setReferenceRoot(u"/no/such/root"); }
-    ~SupportFolderTest() override { DocResourceParser::restoreDefaultSettings(); }
+    void SetUp() override { DocResourceParser::setReferenceRoot(u"/no/such/root"); }
+    void TearDown() override { DocResourceParser::restoreDefaultSettings(); }
 };
 
 TEST_F(SupportFolderTest, NoPathBelowADisabledFolderReachesTheSystem) {
