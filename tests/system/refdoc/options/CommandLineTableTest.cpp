@@ -320,13 +320,19 @@ TEST_F(CommandLineTableTest, OptionsOfOneCommand) {
          "missing-key (error): a required key is m",
          ""},
         {{"check", "nowhere"}, 3, "no files checked", "file or folder \"nowhere\" does not exist"},
-        {{"check", "--", "--rules"}, 3, "no files checked", "file or folder \"--rules\" does not exist"},
+        {{"check", "--", "--rules"},
+         3,
+         "no files checked",
+         "file or folder \"--rules\" does not exist"},
         {{"--check.rules"}, 2, "", "unknown option --check.rules"},
         {{"--explain.name", "x"}, 2, "", "unknown option --explain.name"},
         {{"--explain.name=x"}, 2, "", "unknown option --explain.name"},
         {{"--lookup.json"}, 2, "", "unknown option --lookup.json"},
         {{"check", "--rules", "--json"}, 0, "malformed-json                   error  ", ""},
-        {{"check", "--werror", "nowhere"}, 3, "no files checked", "file or folder \"nowhere\" does not exist"},
+        {{"check", "--werror", "nowhere"},
+         3,
+         "no files checked",
+         "file or folder \"nowhere\" does not exist"},
     });
 }
 
