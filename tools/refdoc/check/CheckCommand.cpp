@@ -93,9 +93,13 @@ ReportSettings settingsOf(const Options& options) {
 
 CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
-    if (options.arguments.empty())
-        return checkCurrentRoots(options, names, progress);
     CheckResult result;
+    if (options.arguments.empty()) {
+        result = checkCurrentRoots(options, names, progress);
+        for (std::string& complaint : result.complaints)
+            complaint += kOtherFolders;
+        return result;
+    }
     for (const std::u16string& target : options.arguments)
         checkTarget(target, options, names, progress, result);
     return result;
@@ -220,6 +224,7 @@ CommandEntry checkCommand() {
                       "Check a reference root in three languages."},
                      {"refdoc check --fix --write samples/help",
                       "Correct misspelt keys and the like."}},
+        .rootUse = RootUse::WithoutArguments,
         .isRunWithOptions = false,
         .run = runCheck,
     };

@@ -42,6 +42,14 @@ std::optional<std::u16string> findInstallFolder(fs::path path) {
     return std::nullopt;
 }
 
+// Unless an option names the install folder, a path says more about it than the environment.
+void chooseInstallFolder(const fs::path& path, Options& options) {
+    if (options.values.has("--install"))
+        return;
+    if (std::optional<std::u16string> found = findInstallFolder(path))
+        options.installFolder = std::move(found);
+}
+
 CheckResult checkManifestFile(const fs::path& path) {
     const SourceFile file{.path = path.u16string()};
     CheckResult result{.fileCount = 1};
@@ -54,6 +62,14 @@ Consequences consequencesOf(const Options& options) {
     return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
 }
 
+bool hasErrors(const Findings& findings) {
+    return std::ranges::any_of(findings, [](const auto& file) {
+        return std::ranges::any_of(file.second, [](const Finding& finding) {
+            return finding.rule->severity == Severity::Error;
+        });
+    });
+}
+
 CheckResult check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
     DocResourceParser::restoreDefaultSettings();
     try {
@@ -61,7 +77,7 @@ CheckResult check(Scope scope, const Options& options, const PathNames& names, P
     } catch (const std::runtime_error&) {
         const fs::path folder(selectedServices(options)->installPath());
         CheckResult result = checkManifestFile(folder / kManifestName);
-        if (result.findings.empty())
+        if (!hasErrors(result.findings))
             throw;
         result.notes.push_back("only installation.json was checked, because it determines the "
                                "languages and the installed products");
@@ -74,8 +90,7 @@ CheckResult checkFolder(const fs::path& folder, Options options, const PathNames
                         Progress& progress) {
     if (fs::exists(folder / "docCatalog")) {
         options.referenceRoot = folder.u16string();
-        if (!options.installFolder)
-            options.installFolder = findInstallFolder(folder);
+        chooseInstallFolder(folder, options);
     } else if (fs::exists(folder / "help") || fs::exists(folder / kManifestName)) {
         options.installFolder = folder.u16string();
         options.referenceRoot.reset();
@@ -112,8 +127,7 @@ TemporaryRoot::Folder folderFor(const fs::path& file) {
 CheckResult checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
     const TemporaryRoot root(file, folderFor(file));
     names.rename(root.folder(), file.parent_path());
-    if (!options.installFolder)
-        options.installFolder = findInstallFolder(file.parent_path());
+    chooseInstallFolder(file.parent_path(), options);
     options.referenceRoot = root.path().u16string();
     options.supportFolder = (root.path() / "none").u16string();
     CheckResult result = check(Scope::FilesAlone, options, names, progress);

@@ -137,7 +137,8 @@ TEST_F(ShowTextTest, MarksDeprecation) {
         return show(R"({"href": "a", "refpurpose": "b", "deprecationstatus": ")" + status + "\"}");
     };
     EXPECT_THAT(shown("none"), HasSubstr("-\n  b\n"));
-    EXPECT_THAT(shown("discouraged"), HasSubstr("-\n  DISCOURAGED: not recommended for new work\n"));
+    EXPECT_THAT(shown("discouraged"),
+                HasSubstr("-\n  DISCOURAGED: not recommended for new work\n"));
     EXPECT_THAT(shown("deprecated"),
                 HasSubstr("-\n  DEPRECATED: to be removed in a later release\n"));
     EXPECT_THAT(shown("removed"), HasSubstr("-\n  REMOVED: no longer in the product\n"));
