@@ -77,7 +77,8 @@ void addRepeatedKeys(const SourceFile& file, std::string_view text,
         Finding finding{.rule = &kRepeatedKey,
                         .location = {.pointer = pointer, .position = placeOfOffset(text, later)},
                         .message = "the object already has this key; the earlier value is ignored",
-                        .identity = pointer};
+                        .identity = pointer,
+                        .cause = pointer.substr(pointer.rfind('/') + 1)};
         finding.related.push_back(
             {file, {.position = placeOfOffset(text, earlier)}, "the value that is ignored"});
         findings.push_back(std::move(finding));
@@ -153,7 +154,7 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     }
     std::vector<Location*> locations = locationsIn(findings);
     locations.insert(locations.end(), compared.begin(), compared.end());
-    findPositions(text, locations);
+    resolveLocations(text, document, locations);
 }
 
 std::vector<Finding> checkManifest(const SourceFile& file, std::string_view text) {
@@ -168,7 +169,7 @@ std::vector<Finding> checkManifest(const SourceFile& file, std::string_view text
     } else {
         addRepeatedKeys(file, text, findings);
         addSchemaFindings(manifestSchema(), document, findings);
-        findPositions(text, locationsIn(findings));
+        resolveLocations(text, document, locationsIn(findings));
     }
     return findings;
 }

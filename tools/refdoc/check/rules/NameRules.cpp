@@ -332,9 +332,12 @@ void addLanguageFindings(const std::set<NamedFile>& files,
     for (const NamedFile& file : files) {
         if (file.isIgnored)
             continue;
-        if (auto problem = suffixes.problemOf(stemOf(file.source)))
+        const std::u16string stem = stemOf(file.source);
+        if (auto problem = suffixes.problemOf(stem))
             findings[file.source].push_back(
-                {.rule = &kUnsupportedLanguage, .message = std::move(*problem)});
+                {.rule = &kUnsupportedLanguage,
+                 .message = std::move(*problem),
+                 .cause = to_string(stem.substr(stem.find_last_of(u"_-.") + 1))});
     }
 }
 
