@@ -143,6 +143,7 @@ Consequences consequencesOf(const Options& options) {
 void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, CheckResult& result) {
     CheckResult checked = checkPath(target, options, names, progress);
+    result.products.merge(checked.products);
     for (auto& [file, found] : checked.findings)
         addFindings(found, file, result.findings);
     result.fileCount += checked.fileCount;

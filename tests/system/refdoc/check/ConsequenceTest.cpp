@@ -19,8 +19,8 @@ TEST_F(ConsequenceTest, TruncatedFileIsOneFinding) {
     addLookup("B", section("b", R"({"name": "b", "href": "c.html", "refpurpose": ""})"));
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("referenceapi/B.json:1:53: error: invalid JSON"),
-                            "1 error in 1 file; 4 files checked",
-                            "2 consequences of these errors not shown; see --show-consequences"));
+                            "2 consequences of these errors not shown; see --show-consequences",
+                            "1 error in 1 file; 4 files checked"));
     EXPECT_THAT(linesOf(check({"help", "--show-consequences"}).out),
                 ElementsAre(HasSubstr("[broken-link]"), HasSubstr("[malformed-json]"),
                             HasSubstr("[lookup-without-resources]"),
@@ -34,8 +34,8 @@ TEST_F(ConsequenceTest, RepeatedListOfItemsIsOneFinding) {
     addResource("A", twice);
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("[repeated-key]"), HasSubstr("the value that is ignored"),
-                            "1 error in 1 file; 2 files checked",
-                            "1 consequence of these errors not shown; see --show-consequences"));
+                            "1 consequence of these errors not shown; see --show-consequences",
+                            "1 error in 1 file; 2 files checked"));
 }
 
 TEST_F(ConsequenceTest, BrokenLookupFileHidesThatItemsCannotBeFound) {

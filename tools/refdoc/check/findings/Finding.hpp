@@ -72,6 +72,9 @@ struct Finding {
 /// Findings by the file that they are in.
 using Findings = std::map<SourceFile, std::vector<Finding>>;
 
+/// The product of each file that belongs to one.
+using ProductNamesByFile = std::map<SourceFile, std::u16string>;
+
 /// Moves findings about a file into `findings`.
 void addFindings(std::vector<Finding>& found, const SourceFile& file, Findings& findings);
 
