@@ -19,7 +19,7 @@ TEST_F(ConsequenceTest, TruncatedFileIsOneFinding) {
     addLookup("B", section("b", R"({"name": "b", "href": "c.html", "refpurpose": ""})"));
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("referenceapi/B.json:1:53: error: invalid JSON"),
-                            "2 consequences of these errors not shown; see --show-consequences",
+                            "2 consequences of these findings not shown; see --show-consequences",
                             "1 error in 1 file; 4 files checked"));
     EXPECT_THAT(linesOf(check({"help", "--show-consequences"}).out),
                 ElementsAre(HasSubstr("[broken-link]"), HasSubstr("[malformed-json]"),
@@ -34,7 +34,7 @@ TEST_F(ConsequenceTest, RepeatedListOfItemsIsOneFinding) {
     addResource("A", twice);
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("[repeated-key]"), HasSubstr("the value that is ignored"),
-                            "1 consequence of these errors not shown; see --show-consequences",
+                            "1 consequence of these findings not shown; see --show-consequences",
                             "1 error in 1 file; 2 files checked"));
 }
 

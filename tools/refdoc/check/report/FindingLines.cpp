@@ -32,10 +32,6 @@ Paint paintOf(Severity severity) {
     return Paint::Plain;
 }
 
-std::string counted(std::size_t count, std::string_view what) {
-    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
-}
-
 std::size_t FindingLines::count(const ReportedFinding& finding) const {
     const bool hasExcerpt = style_.excerptWidth && finding.location.position;
     return 1 + (hasExcerpt ? 2 : 0) + finding.related.size() + (finding.morePlaces > 0 ? 1 : 0);

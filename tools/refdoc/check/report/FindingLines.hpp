@@ -7,14 +7,10 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace refdoc::check {
 
 Paint paintOf(Severity severity);
-
-/// Returns "1 file" or "2 files".
-std::string counted(std::size_t count, std::string_view what);
 
 /// Writes the lines of findings in the text report.
 class FindingLines {

@@ -13,6 +13,9 @@
 
 namespace refdoc::check {
 
+/// Returns "1 error", "2 errors".
+std::string counted(std::size_t count, std::string_view what);
+
 // Reports for people get the limit of `--max`: the most findings or, in statistics, the most
 // products of a rule. 0 means all. If it is absent, these reports have at most 200 lines.
 using Limit = std::optional<std::size_t>;

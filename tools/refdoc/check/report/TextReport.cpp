@@ -43,7 +43,7 @@ std::string omissionText(std::size_t missing, const Summary& summary) {
         text += fmt::format("{} not shown; --max 0 shows all, --statistics counts them\n",
                             counted(missing, "finding"));
     if (summary.findings() > 0 && summary.consequences > 0)
-        text += fmt::format("{} of these errors not shown; see --show-consequences\n",
+        text += fmt::format("{} of these findings not shown; see --show-consequences\n",
                             counted(summary.consequences, "consequence"));
     return text;
 }
@@ -109,6 +109,10 @@ void addCounts(RuleCounts counts, std::size_t products, const TextStyle& style,
 }
 
 } // namespace
+
+std::string counted(std::size_t count, std::string_view what) {
+    return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
+}
 
 std::string textReport(std::vector<ReportedFinding> findings, const Summary& summary, Limit limit,
                        const TextStyle& style) {
