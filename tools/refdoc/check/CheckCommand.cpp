@@ -5,7 +5,10 @@
 #include "tools/refdoc/check/Targets.hpp"
 #include "tools/refdoc/check/fix/FixRun.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/report/Selection.hpp"
+#include "tools/refdoc/check/report/Statistics.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
+#include "tools/refdoc/cli/Number.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
@@ -50,6 +53,29 @@ std::string firstUnknown(const OptionValues& values) {
             if (!name.empty() && !findRule(name))
                 return name;
         }
+    }
+    return {};
+}
+
+Limit limitOf(const OptionValues& values) {
+    const std::optional<std::string> value = values.value("--max");
+    return value ? numberFrom(*value) : std::nullopt;
+}
+
+// Returns what is wrong with the values of the options; empty if nothing is.
+std::string usageProblem(const Options& options) {
+    const OptionValues& values = options.values;
+    if (const std::string unknown = firstUnknown(values); !unknown.empty())
+        return unknownRule(unknown);
+    if (values.has("--max") && !limitOf(values))
+        return fmt::format("--max must be a number, not \"{}\"; see refdoc check --help",
+                           *values.value("--max"));
+    if (values.has("--write") && !values.has("--fix"))
+        return "--write needs --fix; see refdoc check --help";
+    for (const std::string_view format : {"--jsonl", "--sarif", "--fix"}) {
+        if (values.has("--statistics") && values.has(format))
+            return fmt::format("--statistics and {} cannot be combined; see refdoc check --help",
+                               format);
     }
     return {};
 }
@@ -105,24 +131,44 @@ CheckResult checkAll(const Options& options, PathNames& names) {
     return result;
 }
 
-std::string formatted(const std::vector<ReportedFinding>& findings, const Summary& summary,
-                      const Options& options, const PageSetup& setup, const PathNames& names) {
+std::string textOf(std::vector<ReportedFinding> findings, const Summary& summary, Limit limit,
+                   const Options& options, const PageSetup& setup) {
+    TextStyle style{.color = setup.color};
+    if (platform::askStandardOutput().isTerminal)
+        style.excerptWidth = setup.lineWidth;
+    return options.values.has("--statistics")
+               ? statisticsReport(countByProduct(findings), summary, limit, style)
+               : textReport(std::move(findings), summary, limit, style);
+}
+
+// The summary and the statistics count all findings, whatever the limit.
+std::string formatted(std::vector<ReportedFinding> findings, const Summary& summary,
+                      bool isComplete, const Options& options, const PageSetup& setup,
+                      const PathNames& names) {
+    const Limit limit = limitOf(options.values);
+    const std::size_t most = limit.value_or(0) == 0 ? findings.size() : *limit;
     if (options.values.has("--sarif"))
-        return sarifReport(findings, names.base());
+        return sarifReport(keepMostImportant(std::move(findings), most), summary.findings(),
+                           isComplete, names.base());
     switch (options.format) {
-    case OutputFormat::Json: return jsonReport(findings, summary);
-    case OutputFormat::JsonLines: return jsonLinesReport(findings);
+    case OutputFormat::Json: {
+        const std::vector<ProductCount> counts = countByProduct(findings);
+        return jsonReport(keepMostImportant(std::move(findings), most), counts, summary);
+    }
+    case OutputFormat::JsonLines:
+        return jsonLinesReport(keepMostImportant(std::move(findings), most));
     case OutputFormat::Plain: // not an option of this command
     case OutputFormat::Text: break;
     }
-    return textReport(findings, summary, setup.color);
+    return textOf(std::move(findings), summary, limit, options, setup);
 }
 
 CheckedFiles report(const Options& options, const ReportSettings& settings, PathNames& names) {
     CheckResult result = checkAll(options, names);
-    CheckedFiles checked{.findings = makeReport(std::move(result.findings), names, settings),
-                         .complaints = std::move(result.complaints),
-                         .notes = std::move(result.notes)};
+    CheckedFiles checked{
+        .findings = makeReport(std::move(result.findings), result.products, names, settings),
+        .complaints = std::move(result.complaints),
+        .notes = std::move(result.notes)};
     checked.summary = summarize(checked.findings, result.fileCount, result.consequenceCount);
     return checked;
 }
@@ -149,20 +195,20 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
         return {.output = ruleList(setup.color)};
     if (const std::optional<std::string> rule = options.values.value("--explain"))
         return explain(*rule, setup);
-    if (const std::string unknown = firstUnknown(options.values); !unknown.empty())
-        return wrongUsage(unknownRule(unknown));
-    if (options.values.has("--write") && !options.values.has("--fix"))
-        return wrongUsage("--write needs --fix; see refdoc check --help");
+    if (std::string problem = usageProblem(options); !problem.empty())
+        return wrongUsage(std::move(problem));
 
     const ReportSettings settings = settingsOf(options);
     if (options.values.has("--fix"))
         return fix(options, settings, setup);
     PathNames names(std::filesystem::current_path());
     CheckedFiles checked = report(options, settings, names);
-    Answer answer{.status = !checked.complaints.empty()  ? ExitStatus::Failed
+    const bool isComplete = checked.complaints.empty();
+    Answer answer{.status = !isComplete                  ? ExitStatus::Failed
                             : checked.summary.errors > 0 ? ExitStatus::Negative
                                                          : ExitStatus::Success,
-                  .output = formatted(checked.findings, checked.summary, options, setup, names),
+                  .output = formatted(std::move(checked.findings), checked.summary, isComplete,
+                                      options, setup, names),
                   .complaints = std::move(checked.complaints)};
     std::ranges::move(checked.notes, std::back_inserter(answer.complaints));
     return answer;
@@ -195,6 +241,11 @@ std::vector<OptionEntry> checkOptions() {
          .isValueOptional = true},
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
+        {"--max", "N", ValueType::Name,
+         "List at most N findings, errors first; 0 lists all, without groups. By default, only the "
+         "text is limited: to 200 lines"},
+        {.name = "--statistics",
+         .help = "Print how many findings each rule has in each product, instead of the findings"},
         {.name = "--show-consequences", .help = "Also report findings that follow from others"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",

@@ -36,6 +36,18 @@ using reference::docparser::LoadAccount;
 
 namespace {
 
+// The manifest and folders belong to no product.
+ProductNamesByFile productsOf(const Findings& findings,
+                              const std::vector<std::u16string>& languages) {
+    ProductNamesByFile products;
+    for (const auto& [file, found] : findings) {
+        const std::filesystem::path folder = std::filesystem::path(file.path).parent_path();
+        if (folder.filename() == "referenceapi" || folder.filename() == "referenceapi_lookup")
+            products[file] = productNameOf(file, languages);
+    }
+    return products;
+}
+
 std::string nothingToCheck() {
     const auto roots = DocResourceParser::getReferenceRoots();
     const std::filesystem::path catalog = std::filesystem::path(roots->lookupFolder).parent_path();
@@ -71,7 +83,9 @@ public:
         std::size_t consequenceCount = 0;
         if (consequences_ == Consequences::Hidden)
             consequenceCount = removeConsequences(languages_, texts_, findings_);
+        ProductNamesByFile products = productsOf(findings_, languages_);
         CheckResult result{.findings = std::move(findings_),
+                           .products = std::move(products),
                            .fileCount = fileCount_,
                            .consequenceCount = consequenceCount};
         if (scope_ == Scope::Everything && files_.empty())

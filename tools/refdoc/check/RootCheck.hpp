@@ -19,6 +19,7 @@ enum class Scope {
 /// What a check found.
 struct CheckResult {
     Findings findings{};
+    ProductNamesByFile products{};         ///< of the files with findings
     std::size_t fileCount = 0;             ///< the files and package entries that were checked
     std::size_t consequenceCount = 0;      ///< findings that were removed: they follow from others
     std::vector<std::string> complaints{}; ///< why something could not be checked

@@ -168,6 +168,7 @@ void checkTarget(const std::u16string& target, const Options& options, PathNames
     } catch (const std::runtime_error& error) {
         checked.complaints.emplace_back(error.what());
     }
+    result.products.merge(checked.products);
     for (auto& [file, found] : checked.findings)
         addFindings(found, file, result.findings);
     result.fileCount += checked.fileCount;

@@ -20,8 +20,8 @@ TEST_F(ConsequenceTest, TruncatedFileIsOneFinding) {
     addLookup("B", section("b", R"({"name": "b", "href": "c.html", "refpurpose": ""})"));
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("referenceapi/B.json:1:53: error: invalid JSON"),
-                            "1 error in 1 file; 4 files checked",
-                            "2 consequences of these findings not shown; see --show-consequences"));
+                            "2 consequences of these findings not shown; see --show-consequences",
+                            "1 error in 1 file; 4 files checked"));
     EXPECT_THAT(linesOf(check({"help", "--show-consequences"}).out),
                 ElementsAre(HasSubstr("[broken-link]"), HasSubstr("[malformed-json]"),
                             HasSubstr("[lookup-without-resources]"),
@@ -35,8 +35,8 @@ TEST_F(ConsequenceTest, RepeatedListOfItemsIsOneFinding) {
     addResource("A", twice);
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre(HasSubstr("[repeated-key]"), HasSubstr("the value that is ignored"),
-                            "1 error in 1 file; 2 files checked",
-                            "1 consequence of these findings not shown; see --show-consequences"));
+                            "1 consequence of these findings not shown; see --show-consequences",
+                            "1 error in 1 file; 2 files checked"));
 }
 
 TEST_F(ConsequenceTest, BrokenLookupFileHidesThatItemsCannotBeFound) {
@@ -68,8 +68,9 @@ TEST_F(ConsequenceTest, FileInTheWrongFolderCostsFullResourcesToo) {
     package.entries = {{.name = "A.json", .content = section("a", kRecords)}};
     add("help/docCatalog/referenceapi_lookup/A.zip", package.build());
     EXPECT_THAT(linesOf(check({"help"}).out),
-                ElementsAre(HasSubstr("[wrong-folder]"), "1 error in 1 file; 2 files checked",
-                            HasSubstr("1 consequence of these findings not shown")));
+                ElementsAre(HasSubstr("[wrong-folder]"),
+                            HasSubstr("1 consequence of these findings not shown"),
+                            "1 error in 1 file; 2 files checked"));
     EXPECT_THAT(check({"help", "--show-consequences"}).out,
                 HasSubstr("[lookup-without-resources]"));
 }
@@ -83,9 +84,9 @@ TEST_F(ConsequenceTest, MisnamedLookupFolderIsOneFinding) {
     EXPECT_THAT(linesOf(check({"help"}).out),
                 ElementsAre("help/docCatalog/referenceapi-lookups: error: the folder is ignored: "
                             "its name must be \"referenceapi_lookup\" [misnamed-folder]",
-                            "1 error in 1 file; 2 files checked",
                             "2 consequences of these findings not shown; see "
-                            "--show-consequences"));
+                            "--show-consequences",
+                            "1 error in 1 file; 2 files checked"));
 }
 
 TEST_F(ConsequenceTest, RootOfOtherFoldersIsNotCheckedAndNoProductIsReported) {
@@ -131,8 +132,8 @@ TEST_F(LanguageSuffixTest, PackageAndItsEntryAreOneFinding) {
     add("help/docCatalog/referenceapi_lookup/A_DE.zip", package.build());
     EXPECT_THAT(linesOf(check({"."}).out),
                 ElementsAre(HasSubstr("A_DE.zip: warning: \"_DE\" differs"),
-                            HasSubstr("1 warning in 1 file"),
-                            HasSubstr("1 consequence of these findings not shown")));
+                            HasSubstr("1 consequence of these findings not shown"),
+                            HasSubstr("1 warning in 1 file")));
 }
 
 TEST_F(LanguageSuffixTest, ProductNameIsCutAtTheFirstSuffix) {
@@ -144,8 +145,8 @@ TEST_F(LanguageSuffixTest, ProductNameIsCutAtTheFirstSuffix) {
     EXPECT_THAT(linesOf(check({"."}).out),
                 ElementsAre(HasSubstr("A_demo_de.json: error: in the language \"de\", the product "
                                       "name \"A_demo\" is cut to \"A\" [cut-product-name]"),
-                            HasSubstr("1 error in 1 file; 6 files checked"),
-                            HasSubstr("1 consequence of these findings not shown")));
+                            HasSubstr("1 consequence of these findings not shown"),
+                            HasSubstr("1 error in 1 file; 6 files checked")));
 }
 
 } // namespace

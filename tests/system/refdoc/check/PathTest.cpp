@@ -22,7 +22,7 @@ TEST_F(CheckPathTest, ResourceFileMayBeInAnyFolder) {
         (Outcome{
             1,
             "drafts/Orchard.json:1:107: error: the required key \"refpurpose\" is missing; the "
-            "whole file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
+            "whole file is dropped (a.html) [missing-key]\n1 error in 1 file; 1 file checked\n",
             ""}));
 }
 
@@ -49,7 +49,7 @@ TEST_F(CheckPathTest, PackageIsCheckedByItself) {
         (Outcome{
             1,
             "A.zip!in/A.json:1:107: error: the required key \"refpurpose\" is missing; the whole "
-            "file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
+            "file is dropped (a) [missing-key]\n1 error in 1 file; 1 file checked\n",
             ""}));
 }
 
@@ -75,8 +75,7 @@ TEST_F(CheckPathTest, ManifestIsCheckedAgainstItsSchema) {
             "installation.json:1:2: warning: unknown key \"docLanguag\", ignored; did you mean "
             "\"docLanguage\"? [unknown-key]",
             "installation.json:2:23: error: the required key \"shortName\" is missing; the whole "
-            "file "
-            "is dropped [missing-key]",
+            "file is dropped (topLevelProducts[0]) [missing-key]",
             "1 error, 1 warning in 1 file; 1 file checked"}));
 }
 
@@ -105,8 +104,9 @@ TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
     EXPECT_EQ(
         run({"check"}),
         (Outcome{1,
-                 file + ":1:107: error: the required key \"refpurpose\" is missing; the whole "
-                        "file is dropped [missing-key]\n1 error in 1 file; 1 file checked\n",
+                 file +
+                     ":1:107: error: the required key \"refpurpose\" is missing; the whole "
+                     "file is dropped (a.html) [missing-key]\n1 error in 1 file; 1 file checked\n",
                  ""}));
 }
 
@@ -161,9 +161,10 @@ TEST_F(CheckPathTest, ManifestOfTheWrongFormatIsAFinding) {
     addManifest("{\"topLevelProducts\": [{}]}");
     const Outcome outcome = check({"--install", "."});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "installation.json:1:23: error: the required key \"shortName\" is "
-                           "missing; the whole file is dropped [missing-key]\n"
-                           "1 error in 1 file; 1 file checked\n");
+    EXPECT_EQ(outcome.out,
+              "installation.json:1:23: error: the required key \"shortName\" is "
+              "missing; the whole file is dropped (topLevelProducts[0]) [missing-key]\n"
+              "1 error in 1 file; 1 file checked\n");
 }
 
 TEST_F(CheckPathTest, FileInTheWrongFolderIsOneFinding) {

@@ -47,6 +47,7 @@ TEST_F(ReportFormatTest, WithoutFindingsJsonIsADocumentAndThereAreNoLines) {
     EXPECT_EQ(checkClean("--json"), (Outcome{0,
                                              "{\n"
                                              "  \"findings\": [],\n"
+                                             "  \"statistics\": [],\n"
                                              "  \"summary\": {\n"
                                              "    \"checkedFiles\": 19,\n"
                                              "    \"files\": 0,\n"
@@ -83,7 +84,7 @@ TEST_F(ReportFormatTest, JsonHasTheContentOfTheText) {
     EXPECT_EQ(finding, document(R"({
         "rule": "missing-key", "severity": "error",
         "path": "help/docCatalog/referenceapi/NoKey.json", "entry": null, "line": 2, "column": 1,
-        "pointer": "/refItems/0",
+        "pointer": "/refItems/0", "item": "a.html",
         "message": "the required key \"refpurpose\" is missing; the whole file is dropped",
         "fingerprint": ")" + textAt(finding, "/fingerprint") +
                                 R"(", "related": [], "fix": null})"));
@@ -198,6 +199,11 @@ TEST_F(SarifTest, EntryIsLogicalLocationInItsPackage) {
               "help/docCatalog/referenceapi_lookup/Locked.zip");
     EXPECT_EQ(textAt(place, "/logicalLocations/0/name"), "Locked.json");
     EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
+}
+
+TEST_F(SarifTest, ItemIsLogicalLocation) {
+    EXPECT_EQ(resultOf("unknown-key").at_pointer("/locations/0/logicalLocations"),
+              document(R"([{"name": "prune", "fullyQualifiedName": "/refItems/2/introducd"}])"));
 }
 
 TEST_F(SarifTest, RelatedLocationsHaveMessages) {

@@ -1,11 +1,27 @@
 #include "tools/refdoc/check/findings/Finding.hpp"
 
+#include "tools/refdoc/check/findings/ItemNames.hpp"
+
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <utility>
 
 namespace refdoc::check {
+
+namespace {
+
+// A finding about a key concerns the object that has it.
+void nameItem(const boost::json::value& document, Location& location) {
+    if (!location.pointer)
+        return;
+    std::string_view pointer = *location.pointer;
+    if (location.isAtKey)
+        pointer = pointer.substr(0, pointer.rfind('/'));
+    location.item = itemNameAt(document, pointer);
+}
+
+} // namespace
 
 std::string_view toWord(Severity severity) noexcept {
     switch (severity) {
@@ -26,7 +42,10 @@ void addFindings(std::vector<Finding>& found, const SourceFile& file, Findings& 
         std::ranges::move(found, std::back_inserter(all));
 }
 
-void findPositions(std::string_view text, const std::vector<Location*>& locations) {
+void resolveLocations(std::string_view text, const boost::json::value& document,
+                      const std::vector<Location*>& locations) {
+    for (Location* location : locations)
+        nameItem(document, *location);
     std::vector<Location*> wanted;
     std::vector<std::string> pointers;
     for (Location* location : locations) {

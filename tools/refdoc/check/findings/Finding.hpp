@@ -3,6 +3,8 @@
 #include "docparser/parsing/TextPlaces.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 
+#include <boost/json/value.hpp>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -47,7 +49,8 @@ struct Rule {
 struct Location {
     std::optional<std::string> pointer{}; ///< JSON pointer to the value
     bool isAtKey = false;                 ///< the position is that of the value's key
-    std::optional<TextPlace> position{};  ///< known, or found by findPositions
+    std::optional<TextPlace> position{};  ///< known, or found by resolveLocations
+    std::string item{};                   ///< itemNameAt() the pointer; by resolveLocations
 };
 
 /// Another location that a finding is about.
@@ -79,17 +82,24 @@ struct Finding {
     std::string identity{}; ///< distinguishes findings of one rule in one file, independent of line
                             ///< numbers
     std::vector<RelatedLocation> related{};
+    std::string cause{}; ///< what the finding is about, without its location: repeated findings of
+                         ///< one rule have the same cause; empty if the message says it
     std::optional<Fix> fix{};
 };
 
 /// Findings by the file that they are in.
 using Findings = std::map<SourceFile, std::vector<Finding>>;
 
+/// The product of each file that belongs to one.
+using ProductNamesByFile = std::map<SourceFile, std::u16string>;
+
 /// Moves findings about a file into `findings`.
 void addFindings(std::vector<Finding>& found, const SourceFile& file, Findings& findings);
 
-/// Finds the positions of the locations that have a pointer, in one pass over the text of their
-/// file.
-void findPositions(std::string_view text, const std::vector<Location*>& locations);
+/// Names the items of the locations that have a pointer, and finds their positions in one pass over
+/// the text of their file.
+/// \param document  the parsed text
+void resolveLocations(std::string_view text, const boost::json::value& document,
+                      const std::vector<Location*>& locations);
 
 } // namespace refdoc::check

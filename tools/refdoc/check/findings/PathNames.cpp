@@ -25,13 +25,19 @@ void PathNames::rename(fs::path from, fs::path to) {
 const std::string& PathNames::pathOf(const SourceFile& file) const {
     const auto known = known_.find(file.path);
     return known != known_.end() ? known->second
-                                 : known_.emplace(file.path, makePath(file.path)).first->second;
+                                 : known_.emplace(file.path, makePath(file)).first->second;
 }
 
-std::string PathNames::makePath(const std::u16string& file) const {
-    fs::path path = fs::path(file).lexically_normal();
+SourceFile PathNames::originalOf(const SourceFile& file) const {
+    SourceFile original = file;
+    const fs::path path = fs::path(file.path).lexically_normal();
     if (const auto renamed = renamed_.find(path.parent_path()); renamed != renamed_.end())
-        path = renamed->second / path.filename();
+        original.path = (renamed->second / path.filename()).u16string();
+    return original;
+}
+
+std::string PathNames::makePath(const SourceFile& file) const {
+    fs::path path = fs::path(originalOf(file).path).lexically_normal();
     if (path.is_absolute()) {
         if (fs::path relative = below(path, base_); !relative.empty())
             path = std::move(relative);

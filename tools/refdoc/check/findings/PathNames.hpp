@@ -18,6 +18,9 @@ public:
     /// Writes the paths of files in the folder `from` as if they were in `to`.
     void rename(std::filesystem::path from, std::filesystem::path to);
 
+    /// Returns the file that is meant: another one if its folder has been renamed.
+    SourceFile originalOf(const SourceFile& file) const;
+
     /// Returns the path of the file or package, in UTF-8.
     const std::string& pathOf(const SourceFile& file) const;
 
@@ -27,7 +30,7 @@ public:
     const std::filesystem::path& base() const noexcept { return base_; }
 
 private:
-    std::string makePath(const std::u16string& file) const;
+    std::string makePath(const SourceFile& file) const;
 
     std::filesystem::path base_;
     std::map<std::filesystem::path, std::filesystem::path> renamed_;

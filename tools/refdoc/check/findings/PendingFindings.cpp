@@ -107,7 +107,8 @@ private:
             findings_.push_back({.rule = pending.rule,
                                  .location = {.pointer = makePointer()},
                                  .message = pending.message,
-                                 .identity = section_ + key_});
+                                 .identity = section_ + key_,
+                                 .cause = pending.cause});
         }
     }
 
@@ -120,12 +121,14 @@ private:
 };
 
 void PendingFindings::add(const Rule& rule, FileRole role, const std::u16string& section,
-                          const RecordKey& record, Reporter reporter, std::string message) {
+                          const RecordKey& record, Reporter reporter, std::string message,
+                          std::string cause) {
     Section& pending = sections_[role][section];
     std::string key = keyOf(record);
     const auto [first, last] = pending.equal_range(key);
     if (std::none_of(first, last, [&](const auto& entry) { return entry.second.rule == &rule; }))
-        pending.emplace(std::move(key), Pending{&rule, std::move(message), reporter});
+        pending.emplace(std::move(key),
+                        Pending{&rule, std::move(message), std::move(cause), reporter});
 }
 
 void PendingFindings::report(const FileAccount& account, const json::value& document,

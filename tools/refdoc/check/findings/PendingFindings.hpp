@@ -32,8 +32,10 @@ public:
     };
 
     /// Adds a finding, unless the record has one of the same rule.
+    /// \param cause  see Finding
     void add(const Rule& rule, reference::docparser::FileRole role, const std::u16string& section,
-             const RecordKey& record, Reporter reporter, std::string message);
+             const RecordKey& record, Reporter reporter, std::string message,
+             std::string cause = {});
 
     /// Adds to `findings` what is pending about the records of a file.
     /// \param account   of the file, which the library has read
@@ -45,6 +47,7 @@ private:
     struct Pending {
         const Rule* rule;
         std::string message;
+        std::string cause;
         Reporter reporter;
         std::size_t reportedBy = 0; ///< number of the section that reported it last
     };

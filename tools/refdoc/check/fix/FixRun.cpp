@@ -1,7 +1,7 @@
 #include "tools/refdoc/check/fix/FixRun.hpp"
 
 #include "tools/refdoc/check/fix/FixPlan.hpp"
-#include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/report/FindingLines.hpp"
 
 #include <fmt/format.h>
 

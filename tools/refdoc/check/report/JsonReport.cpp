@@ -13,6 +13,7 @@ namespace refdoc {
 
 using check::Edit;
 using check::Fix;
+using check::ProductCount;
 using check::ReportedFinding;
 using check::ReportedRelation;
 using check::Summary;
@@ -25,22 +26,23 @@ std::optional<std::size_t> coordinate(const check::ReportedLocation& location,
     return location.position ? std::optional((*location.position).*member) : std::nullopt;
 }
 
+std::optional<std::string> unlessEmpty(const std::string& text) {
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
 } // namespace
 
 // The location of a finding, or of something related to it.
 template <class Located>
 inline constexpr auto kLocationFields = std::tuple{
     Field{"path", [](const Located& at) { return at.location.file->path; }},
-    Field{"entry",
-          [](const Located& at) {
-              const std::string& entry = at.location.file->entry;
-              return entry.empty() ? std::nullopt : std::optional(entry);
-          }},
+    Field{"entry", [](const Located& at) { return unlessEmpty(at.location.file->entry); }},
     Field{"line",
           [](const Located& at) { return coordinate(at.location, &check::TextPlace::line); }},
     Field{"column",
           [](const Located& at) { return coordinate(at.location, &check::TextPlace::column); }},
-    Field{"pointer", [](const Located& at) { return at.location.pointer; }}};
+    Field{"pointer", [](const Located& at) { return at.location.pointer; }},
+    Field{"item", [](const Located& at) { return unlessEmpty(at.location.item); }}};
 
 template <>
 inline constexpr auto kFields<ReportedRelation> = std::tuple_cat(
@@ -65,6 +67,12 @@ inline constexpr auto kFields<ReportedFinding> = std::tuple_cat(
     std::tuple{Field{"message", &ReportedFinding::message},
                Field{"fingerprint", &ReportedFinding::fingerprint},
                Field{"related", &ReportedFinding::related}, Field{"fix", &ReportedFinding::fix}});
+
+template <>
+inline constexpr auto kFields<ProductCount> = std::tuple{
+    Field{"rule", [](const ProductCount& count) { return count.rule->name; }},
+    Field{"product", [](const ProductCount& count) { return unlessEmpty(count.product); }},
+    Field{"findings", &ProductCount::count}};
 
 template <>
 inline constexpr auto kFields<Summary> = std::tuple{Field{"checkedFiles", &Summary::checkedFiles},
@@ -115,10 +123,12 @@ Fingerprints readDocument(const json::object& document) {
 
 } // namespace
 
-std::string jsonReport(const std::vector<ReportedFinding>& findings, const Summary& summary) {
+std::string jsonReport(const std::vector<ReportedFinding>& findings,
+                       const std::vector<ProductCount>& counts, const Summary& summary) {
     json::monotonic_resource pool;
     json::object document(&pool);
     document["findings"] = toJson(findings, &pool);
+    document["statistics"] = toJson(counts, &pool);
     document["summary"] = toJson(summary, &pool);
     return toIndentedJson(std::move(document));
 }

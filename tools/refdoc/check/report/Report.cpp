@@ -18,6 +18,9 @@ namespace refdoc::check {
 
 namespace {
 
+using FileName = std::pair<std::string, std::string>; // path, entry
+using FindingInFile = std::pair<Finding*, std::shared_ptr<const ReportedFile>>;
+
 // FNV-1a with 64 bits. Fingerprints are compared between versions and machines, so the function
 // must never change.
 class Hash {
@@ -39,12 +42,12 @@ private:
 // numbered.
 class Fingerprints {
 public:
-    explicit Fingerprints(const ReportedFile& file) : file_(file) {}
+    explicit Fingerprints(const FileName& file) : file_(file) {}
 
     std::string make(const Finding& finding) {
         Hash hash;
         for (const std::string_view part :
-             {finding.rule->name, std::string_view(file_.path), std::string_view(file_.entry),
+             {finding.rule->name, std::string_view(file_.first), std::string_view(file_.second),
               std::string_view(finding.identity)})
             hash.add(part);
         const std::size_t number = ++counts_[hash.value()];
@@ -53,12 +56,14 @@ public:
     }
 
 private:
-    const ReportedFile& file_;
+    const FileName& file_;
     std::unordered_map<std::uint64_t, std::size_t> counts_;
 };
 
+// Leaves out the product and the source, which related files need not have.
 ReportedFile reported(const SourceFile& file, const PathNames& names) {
-    return {visibleLine(names.pathOf(file)), visibleLine(fl::i18n::to_string(file.entry)), file};
+    return {.path = visibleLine(names.pathOf(file)),
+            .entry = visibleLine(fl::i18n::to_string(file.entry))};
 }
 
 Severity severityOf(const Rule& rule, const ReportSettings& settings) {
@@ -88,19 +93,24 @@ std::string visible(std::string& message) {
 }
 
 // Moves the strings out of the finding.
-ReportedFinding reported(Finding& finding, const std::shared_ptr<const ReportedFile>& file,
+ReportedLocation reported(Location& location, std::shared_ptr<const ReportedFile> file) {
+    return {std::move(file), location.position, std::move(location.pointer),
+            visible(location.item)};
+}
+
+ReportedFinding reported(Finding& finding, std::shared_ptr<const ReportedFile> file,
                          const PathNames& names, const ReportSettings& settings) {
-    ReportedFinding result{
-        .rule = finding.rule,
-        .severity = severityOf(*finding.rule, settings),
-        .location = {file, finding.location.position, std::move(finding.location.pointer)},
-        .message = visible(finding.message),
-        .fingerprint = {},
-        .related = {},
-        .fix = std::move(finding.fix)};
+    ReportedFinding result{.rule = finding.rule,
+                           .severity = severityOf(*finding.rule, settings),
+                           .location = reported(finding.location, std::move(file)),
+                           .message = visible(finding.message),
+                           .fingerprint = {},
+                           .related = {},
+                           .fix = std::move(finding.fix),
+                           .cause = std::move(finding.cause)};
     for (RelatedLocation& related : finding.related)
-        result.related.push_back({{std::make_shared<ReportedFile>(reported(related.file, names)),
-                                   related.location.position, std::move(related.location.pointer)},
+        result.related.push_back({reported(related.location, std::make_shared<const ReportedFile>(
+                                                                 reported(related.file, names))),
                                   related.message});
     return result;
 }
@@ -121,32 +131,36 @@ std::string ReportedLocation::text() const {
     return text;
 }
 
-std::vector<ReportedFinding> makeReport(Findings findings, const PathNames& names,
-                                        const ReportSettings& settings) {
-    std::map<ReportedFile, std::vector<Finding*>> files;
+std::vector<ReportedFinding> makeReport(Findings findings, const ProductNamesByFile& products,
+                                        const PathNames& names, const ReportSettings& settings) {
+    // Entries of a package may have the same name.
+    std::map<FileName, std::vector<FindingInFile>> files;
     std::size_t count = 0;
     for (auto& [source, found] : findings) {
-        std::vector<Finding*>& list = files[reported(source, names)];
+        const auto file = std::make_shared<ReportedFile>(reported(source, names));
+        file->source = names.originalOf(source);
+        if (const auto product = products.find(source); product != products.end())
+            file->product = visibleLine(product->second);
+        std::vector<FindingInFile>& list = files[{file->path, file->entry}];
         count += found.size();
         for (Finding& finding : found) {
             if (!settings.ignoredRules.contains(finding.rule->name))
-                list.push_back(&finding);
+                list.push_back({&finding, file});
         }
     }
     const bool hasFingerprints = settings.needsFingerprints || !settings.knownFingerprints.empty();
     std::vector<ReportedFinding> report;
     report.reserve(count);
-    for (auto& [path, list] : files) {
-        std::ranges::sort(list, isBefore);
-        const auto file = std::make_shared<const ReportedFile>(path);
-        Fingerprints fingerprints(*file);
-        for (Finding* finding : list) {
+    for (auto& [name, list] : files) {
+        std::ranges::sort(list, isBefore, &FindingInFile::first);
+        Fingerprints fingerprints(name);
+        for (auto& [finding, file] : list) {
             std::string fingerprint;
             if (hasFingerprints)
                 fingerprint = fingerprints.make(*finding);
             if (settings.knownFingerprints.contains(fingerprint))
                 continue;
-            report.push_back(reported(*finding, file, names, settings));
+            report.push_back(reported(*finding, std::move(file), names, settings));
             report.back().fingerprint = std::move(fingerprint);
         }
     }

@@ -1,6 +1,7 @@
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/unicode/Transcoding.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
+#include "tools/refdoc/check/report/Selection.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <boost/json/serialize.hpp>
@@ -19,6 +20,7 @@ using reference::docparser::placeOfOffset;
 namespace {
 
 constexpr std::string_view kSourceRoot = "%SRCROOT%";
+constexpr std::size_t kMostResults = 25000; // that code scanning accepts
 
 // Returns a path as a URI reference. ':' is escaped as well, so that it does not look like the end
 // of a scheme.
@@ -44,15 +46,20 @@ json::object artifactOf(std::string_view path) {
 }
 
 json::object locationOf(const ReportedLocation& reported) {
-    const auto& [file, position, pointer] = reported;
+    const auto& [file, position, pointer, item] = reported;
     json::object physical{{"artifactLocation", artifactOf(file->path)}};
     // A line number is that of the entry. A package has no lines.
     if (position && file->entry.empty())
         physical["region"] = {{"startLine", position->line}, {"startColumn", position->column}};
     json::object location{{"physicalLocation", std::move(physical)}};
+    json::array logical;
     if (!file->entry.empty())
-        location["logicalLocations"] = {
-            {{"name", file->entry}, {"fullyQualifiedName", reported.text()}, {"kind", "resource"}}};
+        logical.push_back(
+            {{"name", file->entry}, {"fullyQualifiedName", reported.text()}, {"kind", "resource"}});
+    if (!item.empty())
+        logical.push_back({{"name", item}, {"fullyQualifiedName", pointer.value_or("")}});
+    if (!logical.empty())
+        location["logicalLocations"] = std::move(logical);
     return location;
 }
 
@@ -155,10 +162,23 @@ json::array ruleObjects() {
     return objects;
 }
 
+json::object invocationOf(bool isComplete, std::size_t missing, std::size_t total) {
+    json::object invocation{{"executionSuccessful", isComplete}};
+    if (missing > 0) {
+        const std::string message = fmt::format(
+            "{} of {} findings are left out because the report is limited to {} results.", missing,
+            total, total - missing);
+        json::object notification{{"level", "warning"}, {"message", textObject(message)}};
+        invocation["toolExecutionNotifications"] = json::array{std::move(notification)};
+    }
+    return invocation;
+}
+
 } // namespace
 
-std::string sarifReport(const std::vector<ReportedFinding>& findings,
+std::string sarifReport(std::vector<ReportedFinding> findings, std::size_t total, bool isComplete,
                         const std::filesystem::path& base) {
+    findings = keepMostImportant(std::move(findings), kMostResults);
     json::array results;
     for (const ReportedFinding& finding : findings)
         results.push_back(resultOf(finding));
@@ -169,6 +189,7 @@ std::string sarifReport(const std::vector<ReportedFinding>& findings,
     const std::u8string folder = base.generic_u8string();
     run["originalUriBaseIds"] = {
         {kSourceRoot, {{"uri", fileUriOf(std::string(folder.begin(), folder.end())) + "/"}}}};
+    run["invocations"] = json::array{invocationOf(isComplete, total - results.size(), total)};
     run["columnKind"] = "unicodeCodePoints";
     run["results"] = std::move(results);
     json::object document{{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},

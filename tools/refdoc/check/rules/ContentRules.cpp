@@ -102,7 +102,8 @@ void addRepeatedKeys(const SourceFile& file, std::string_view text,
         Finding finding{.rule = &kRepeatedKey,
                         .location = {.pointer = pointer, .position = placeOfOffset(text, later)},
                         .message = "the object already has this key; the earlier value is ignored",
-                        .identity = pointer};
+                        .identity = pointer,
+                        .cause = pointer.substr(pointer.rfind('/') + 1)};
         finding.related.push_back(
             {file, {.position = placeOfOffset(text, earlier)}, "the value that is ignored"});
         findings.push_back(std::move(finding));
@@ -192,7 +193,7 @@ std::vector<Finding> findingsOf(const SourceFile& file, std::string_view text,
     } else {
         addRepeatedKeys(file, text, findings);
         addSchemaFindings(schemaOf(role), document, findings);
-        findPositions(text, locationsIn(findings));
+        resolveLocations(text, document, locationsIn(findings));
         readOriginals(text, findings);
     }
     return findings;
@@ -245,7 +246,7 @@ void checkContent(const FileAccount& account, const SourceFile& file, std::strin
     }
     std::vector<Location*> locations = locationsIn(findings);
     locations.insert(locations.end(), compared.begin(), compared.end());
-    findPositions(text, locations);
+    resolveLocations(text, document, locations);
     readOriginals(text, findings);
 }
 

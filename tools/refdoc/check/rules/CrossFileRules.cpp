@@ -187,7 +187,8 @@ private:
                     Reporter::EveryFile,
                     fmt::format(
                         "no item of the product \"{}\" has the link \"{}\" of the record \"{}\"",
-                        product, to_string(href), to_string(name)));
+                        product, to_string(href), to_string(name)),
+                    to_string(key));
         });
     }
 
@@ -211,7 +212,8 @@ private:
                     Reporter::FirstFile,
                     fmt::format(
                         "no lookup record has the link \"{}\": the item can't be found by name",
-                        to_string(page.href)));
+                        to_string(page.href)),
+                    to_string(key));
         }
     }
 
@@ -250,7 +252,7 @@ public:
     void addUndocumented(std::string_view what, const std::string& name, std::string_view list,
                          std::string_view key) {
         Location location{.pointer = pointerTo(name, list, key)};
-        findPositions(text_, {&location});
+        resolveLocations(text_, document_, {&location});
         const SourceFile file =
             location.pointer ? manifest_
                              : SourceFile{.path = DocResourceParser::getReferenceRoots()->root};

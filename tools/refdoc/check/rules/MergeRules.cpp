@@ -172,7 +172,8 @@ void MergeLosses::report(const Loss& loss, const Record& lost, const PathNames& 
     const std::string href = to_string(loss.href);
     Finding finding{.rule = loss.isHidden ? &kHiddenRecord : &kDroppedRecord,
                     .identity = fmt::format("{}\n{}\n{}\n{}", to_string(*loser.section),
-                                            *loser.name, href, loss.occurrence)};
+                                            *loser.name, href, loss.occurrence),
+                    .cause = to_string(*loser.section)};
     if (loss.isHidden) {
         finding.location = firstOf(*winner.records);
         finding.message = fmt::format(

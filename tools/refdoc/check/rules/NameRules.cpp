@@ -368,10 +368,13 @@ void addLanguageFindings(const std::set<NamedFile>& files, const std::set<std::u
         // The entries of a package usually have the suffix of its name. They come after it.
         if (isIgnored || source.path == reportedPackage)
             continue;
-        auto problem = suffixes.problemOf(stemOf(source));
+        const std::u16string stem = stemOf(source);
+        auto problem = suffixes.problemOf(stem);
         if (!problem)
             continue;
-        Finding finding{.rule = &kUnsupportedLanguage, .message = std::move(problem->message)};
+        Finding finding{.rule = &kUnsupportedLanguage,
+                        .message = std::move(problem->message),
+                        .cause = to_string(stem.substr(stem.find_last_of(u"_-. ") + 1))};
         if (problem->newStem)
             finding.fix =
                 renamed(*problem->newStem, fl::filesystem::extract_extension(baseNameOf(source)));

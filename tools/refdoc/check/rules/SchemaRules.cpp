@@ -292,6 +292,13 @@ private:
         add(kNotAscii, /*isAtKey=*/false,
             fmt::format("the string is read as ASCII: \"{}\" becomes \"{}\"", beyond,
                         to_string(garbled)));
+        findings_.back().cause = innermostKey();
+    }
+
+    std::string innermostKey() const {
+        const auto isMember = [](const Step& step) { return !step.value; };
+        const auto step = std::find_if(steps_.rbegin(), steps_.rend(), isMember);
+        return step == steps_.rend() ? std::string() : std::string(step->key);
     }
 
     void addUnknownKey(const json::key_value_pair& pair, const json::object& object,

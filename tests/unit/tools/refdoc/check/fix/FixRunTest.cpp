@@ -50,16 +50,13 @@ protected:
 private:
     CheckedFiles checked(const Fix& fix) const {
         const Rule& rule = *rules().front();
-        ReportedFinding finding{.rule = &rule,
-                                .severity = rule.severity,
-                                .location = {std::make_shared<ReportedFile>(ReportedFile{
-                                                 "A.json", "", {.path = file_.u16string()}}),
-                                             {},
-                                             {}},
-                                .message = "",
-                                .fingerprint = "",
-                                .related = {},
-                                .fix = fix};
+        ReportedFinding finding{
+            .rule = &rule,
+            .severity = rule.severity,
+            .location = {.file = std::make_shared<ReportedFile>(ReportedFile{
+                             .path = "A.json", .source = {.path = file_.u16string()}})},
+            .message = "",
+            .fix = fix};
         return {.findings = {std::move(finding)}, .summary = {.errors = 2}};
     }
 };
