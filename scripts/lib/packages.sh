@@ -11,7 +11,7 @@ build_packages=(
     libzip-dev
     libdeflate-dev
     libfmt-dev
-    libutf8proc-dev
+    libunistring-dev
 )
 
 # Also for the tests and benchmarks.
