@@ -44,9 +44,9 @@ public:
     std::size_t width() const { return width_; }
     std::string_view end() const { return graphemes_.back().text; }
 
-    // Breaks the piece into parts of at most `width` columns. Within a word, a line may end between
-    // two graphemes that could both stand next to an ideograph at the end of a line. If there are
-    // none, it ends anywhere.
+    // Breaks the piece into parts of at most `width` columns, after a slash if it has one.
+    // Otherwise, a line may end between two graphemes that could both be separated from an
+    // ideograph. If there are none, it ends anywhere.
     std::vector<Piece> split(std::size_t width) const {
         const std::vector<bool> isBreak = findBreaksInWord();
         std::vector<Piece> parts;
@@ -88,12 +88,15 @@ private:
                           const std::vector<bool>& isBreak) const {
         std::size_t end = begin + 1; // a grapheme that is too wide is a part of its own
         std::size_t lastBreak = begin;
+        std::size_t lastFolder = begin;
         for (std::size_t used = graphemes_[begin].width; end < graphemes_.size(); ++end) {
             used += graphemes_[end].width;
             if (isBreak[end])
                 lastBreak = end;
+            if (graphemes_[end - 1].text == "/")
+                lastFolder = end;
             if (used > width)
-                return lastBreak > begin ? lastBreak : end;
+                return lastFolder > begin ? lastFolder : lastBreak > begin ? lastBreak : end;
         }
         return end;
     }

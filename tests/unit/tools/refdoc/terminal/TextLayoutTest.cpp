@@ -65,6 +65,12 @@ TEST(WrapTextTest, WordsOfAsciiCharactersStayWhole) {
               (Lines{"use", "--case-sensitive", "ref/a-b.html"}));
 }
 
+TEST(WrapTextTest, TooLongPathIsBrokenAfterASlash) {
+    EXPECT_EQ(wrapText("help/reference/Orchard.json", 20),
+              (Lines{"help/reference/", "Orchard.json"}));
+    EXPECT_EQ(wrapText("help/reference", 6), (Lines{"help/", "refere", "nce"}));
+}
+
 TEST(WrapTextTest, TooLongWordIsNotBrokenBesidePunctuation) {
     EXPECT_EQ(wrapText("smooth(x)", 7), (Lines{"smooth", "(x)"}));
     EXPECT_EQ(wrapText("smooth(x)", 8), (Lines{"smooth", "(x)"}));
