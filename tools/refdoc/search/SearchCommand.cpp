@@ -296,7 +296,8 @@ CommandEntry searchCommand() {
             "An entry is found if every TEXT matches its name, link or purpose. Exact matches come "
             "first, then those at the start, whole words, other parts, and names with one or two "
             "typing errors. Among equal matches, those of installed products come first and "
-            "deprecated entries last. Letter case is ignored.",
+            "deprecated entries last; the text output lists products that are not installed "
+            "separately. Letter case is ignored.",
         .arguments = {{.name = "TEXT",
                        .type = ValueType::LookupName,
                        .isRequired = true,

@@ -55,8 +55,11 @@ public:
         else if (!fields_.empty())
             addFields();
         fields_.clear();
-        place_.indent = used_ = furtherIndent_;
+        startFurtherLine();
     }
+
+    // Continues a row whose first line exists already.
+    void startFurtherLine() { place_.indent = used_ = furtherIndent_; }
 
 private:
     struct Field {
@@ -178,7 +181,7 @@ void FoldedRows::add(const std::vector<Cell>& cells) const {
     }
     place_.lines.push_back(line.take());
     RowFolder folder(place_);
-    folder.endLine();
+    folder.startFurtherLine();
     for (std::size_t column = widths_.size(); column < cells.size(); ++column) {
         if (columns_[column].width > 0)
             folder.add(cells[column]);

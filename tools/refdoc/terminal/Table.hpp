@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tools/refdoc/terminal/Cell.hpp"
-#include "tools/refdoc/terminal/RowLines.hpp"
 
 #include <cstddef>
 #include <functional>
@@ -10,6 +9,9 @@
 #include <vector>
 
 namespace refdoc {
+
+struct ColumnExtent;
+struct RowPlace;
 
 /// Rows in aligned columns. Empty columns are left out.
 class Table {
@@ -26,14 +28,10 @@ public:
     bool isEmpty() const noexcept { return rows_.empty(); }
     bool hasTitles() const noexcept { return !titles_.empty(); }
 
-    /// Returns the number of rows and headings.
-    std::size_t size() const noexcept { return rows_.size(); }
-
     /// How to lay out rows that are wider than the available width.
     enum class Form {
-        Wrapped, ///< cells are wrapped in their columns
-        Folded,  ///< cells that may be cut are cut; if this is not enough, the row continues on
-                 ///< indented lines, and no cell is aligned
+        Wrapped,      ///< cells are wrapped side by side
+        Folded,       ///< cells that may be cut are cut; then rows continue on further lines
         FieldPerLine, ///< each cell is on a line of its own, after the title of its column
     };
 

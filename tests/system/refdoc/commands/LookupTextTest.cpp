@@ -112,7 +112,7 @@ orchard name  orchard
                                                         ""}));
 }
 
-TEST_F(UntranslatedLookupTest, EntriesOfPackagesAndSupportPackagesAreMarkedToo) {
+TEST_F(UntranslatedLookupTest, EntriesOfSupportPackagesAreMarkedToo) {
     addLookup("Kit", section("kit", "", R"(, "supportPackages": [{"productName": "Pump",
         "baseCode": "pump", "helpFolder": "x", "helpLocation": "y",
         "refItems": [{"name": "on", "href": "on.html", "refpurpose": "Start"},
@@ -124,6 +124,20 @@ TEST_F(UntranslatedLookupTest, EntriesOfPackagesAndSupportPackagesAreMarkedToo) 
               "ポンプ  pump  not installed\n"
               "  off  function  Stop    Kit  off.html  English\n"
               "  on   function  始める  Kit  on.html\n");
+}
+
+TEST_F(UntranslatedLookupTest, EntriesOfPackagesAreMarkedToo) {
+    const Outcome outcome = runProgram(
+        {"--install", SAMPLES_FOLDER, "--lang", "ja", "lookup", "blend", "tare", "volume"});
+    EXPECT_EQ(outcome, (Outcome{0, R"(Cellar – 搾汁と発酵  cellar
+  blend   function  Blend batches into a new one        Cellar     ref/blend.html           English
+  blend   method    Blend a batch with others in place  Cellar     ref/batch.blend.html     English
+  volume  function  寸法から求める容器の容積            Cellar     ref/volume.html
+
+Orchard 巣箱はかりサポート  hivescale
+  tare    method    Set the mass of the empty hive      HiveScale  ref/hivescale.tare.html  English
+)",
+                                ""}));
 }
 
 TEST_F(UntranslatedLookupTest, SearchAndShowMarkEnglishEntries) {
