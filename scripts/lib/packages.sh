@@ -11,7 +11,7 @@ build_packages=(
     libzip-dev
     libdeflate-dev
     libfmt-dev
-    libunistring-dev
+    libutf8proc-dev
 )
 
 # Also for the tests and benchmarks.

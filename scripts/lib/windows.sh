@@ -46,14 +46,8 @@ unpack() {
 #
 # Builds a CMake project for Windows next to its sources, and installs it unless targets are given.
 cross_build() {
-    run_logged "$1.log" run_cross_build "$@"
-}
-
-# Runs a command and shows its output only if it fails.
-run_logged() {
-    local log=$1
-    shift
-    if ! "$@" >"$log" 2>&1; then
+    local log=$1.log
+    if ! run_cross_build "$@" >"$log" 2>&1; then
         cat "$log" >&2
         return 1
     fi
@@ -157,19 +151,11 @@ build_fmt() {
     cross_build "$source" "$prefix" -DFMT_DOC=OFF -DFMT_TEST=OFF
 }
 
-# A DLL, because its licence requires that users can replace the library.
-build_libunistring() {
-    local archives=$1 prefix=$2 source=$3/libunistring
-    unpack "$archives"/libunistring_*.orig.tar.xz "$source"
-    run_logged "$source.log" run_libunistring_build "$source" "$prefix"
+build_utf8proc() {
+    local archives=$1 prefix=$2 source=$3/utf8proc
+    unpack "$archives"/utf8proc_*.orig.tar.gz "$source"
+    cross_build "$source" "$prefix" -DBUILD_SHARED_LIBS=OFF -DUTF8PROC_ENABLE_TESTING=OFF
 }
-
-run_libunistring_build() (
-    cd "$1" &&
-        ./configure --quiet --host=x86_64-w64-mingw32 --prefix="$2" --disable-static \
-            CC=x86_64-w64-mingw32-gcc-posix CFLAGS=-O1 &&
-        make --silent --directory lib install
-)
 
 # Header-only libraries are the same on every system.
 copy_headers() {
@@ -194,7 +180,7 @@ copy_licences() {
     cp "$source/libzip/LICENSE" "$prefix/licences/libzip.txt"
     cp "$source/libdeflate/COPYING" "$prefix/licences/libdeflate.txt"
     cp "$source/fmt/LICENSE.rst" "$prefix/licences/fmt.txt"
-    cp "$source/libunistring/COPYING.LIB" "$prefix/licences/libunistring.txt"
+    cp "$source/utf8proc/LICENSE.md" "$prefix/licences/utf8proc.txt"
     for package in libz-mingw-w64-dev gcc-mingw-w64-base mingw-w64-x86-64-dev; do
         cp "/usr/share/doc/$package/copyright" "$prefix/licences/$package.txt"
     done
@@ -212,14 +198,14 @@ provide_windows_dependencies() {
     local scratch=$prefix.scratch
     rm -rf "$prefix" "$scratch"
     mkdir -p "$prefix" "$scratch"
-    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib libunistring"
-    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib libunistring
+    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib utf8proc"
+    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib utf8proc
     say "Building the libraries and GoogleTest for Windows into $prefix; this takes a few minutes"
     build_boost "$scratch/archives" "$prefix" "$scratch"
     build_libzip "$scratch/archives" "$prefix" "$scratch"
     build_libdeflate "$scratch/archives" "$prefix" "$scratch"
     build_fmt "$scratch/archives" "$prefix" "$scratch"
-    build_libunistring "$scratch/archives" "$prefix" "$scratch"
+    build_utf8proc "$scratch/archives" "$prefix" "$scratch"
     cp --recursive /usr/src/googletest "$scratch/googletest"
     cross_build "$scratch/googletest" "$prefix"
     copy_headers "$prefix"

@@ -2,10 +2,9 @@
 
 #include "tools/refdoc/search/CodePoints.hpp"
 
-#include <unicase.h>
+#include <utf8proc.h>
 
 #include <array>
-#include <cstdint>
 
 namespace refdoc {
 
@@ -15,18 +14,13 @@ constexpr char16_t lowerAscii(char16_t unit) noexcept {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-constexpr bool isSurrogate(char32_t codePoint) noexcept {
-    return codePoint >= 0xD800 && codePoint <= 0xDFFF;
-}
-
 void appendFolded(char32_t codePoint, std::u16string& folded) {
-    if (isSurrogate(codePoint))
-        return appendCodePoint(codePoint, folded);
-    const auto point = static_cast<std::uint32_t>(codePoint);
-    std::array<std::uint32_t, 16> points{}; // the longest folding has three code points
-    std::size_t count = points.size();
-    u32_casefold(&point, 1, nullptr, nullptr, points.data(), &count);
-    for (std::size_t at = 0; at < count; ++at)
+    std::array<utf8proc_int32_t, 8> points{}; // the longest folding has three code points
+    int boundClass = 0;
+    const utf8proc_ssize_t count =
+        utf8proc_decompose_char(static_cast<utf8proc_int32_t>(codePoint), points.data(),
+                                points.size(), UTF8PROC_CASEFOLD, &boundClass);
+    for (std::size_t at = 0; at < static_cast<std::size_t>(count); ++at)
         appendCodePoint(static_cast<char32_t>(points[at]), folded);
 }
 

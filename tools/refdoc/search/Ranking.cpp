@@ -4,7 +4,7 @@
 #include "tools/refdoc/search/CodePoints.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 
-#include <unictype.h>
+#include <utf8proc.h>
 
 #include <algorithm>
 
@@ -27,8 +27,10 @@ bool isWordCharacter(char32_t codePoint) {
     if (codePoint < 0x80)
         return (codePoint >= U'a' && codePoint <= U'z') ||
                (codePoint >= U'A' && codePoint <= U'Z') || (codePoint >= U'0' && codePoint <= U'9');
-    return uc_is_general_category_withtable(codePoint, UC_CATEGORY_MASK_L | UC_CATEGORY_MASK_M |
-                                                           UC_CATEGORY_MASK_N);
+    // Letters, marks and numbers are the first categories of utf8proc.
+    const utf8proc_category_t category =
+        utf8proc_category(static_cast<utf8proc_int32_t>(codePoint));
+    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
 }
 
 bool isWord(std::u16string_view field, std::size_t start, std::size_t size) {

@@ -3,11 +3,9 @@
 #include "platform/i18n/Converter.hpp"
 
 #include <boost/algorithm/string/replace.hpp>
-#include <unigbrk.h>
-#include <uniwidth.h>
+#include <utf8proc.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace refdoc {
@@ -38,36 +36,52 @@ bool isPrintableAscii(std::string_view text) noexcept {
     return std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte <= '~'; });
 }
 
-const std::uint8_t* bytesOf(std::string_view text) noexcept {
-    return reinterpret_cast<const std::uint8_t*>(text.data());
+utf8proc_int32_t nextCodePoint(std::string_view text, std::size_t& position) noexcept {
+    utf8proc_int32_t codePoint = 0;
+    const utf8proc_ssize_t length =
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + position,
+                         static_cast<utf8proc_ssize_t>(text.size() - position), &codePoint);
+    position += length < 0 ? 1 : static_cast<std::size_t>(length);
+    return length < 0 ? 0xFFFD : codePoint;
 }
 
-std::size_t widthOf(std::string_view grapheme) noexcept {
-    const int width = u8_width(bytesOf(grapheme), grapheme.size(), "UTF-8");
-    return std::min(static_cast<std::size_t>(width), kWidestGrapheme);
+std::size_t columnsOf(utf8proc_int32_t codePoint) noexcept {
+    const auto columns = static_cast<std::size_t>(utf8proc_charwidth(codePoint));
+    switch (utf8proc_category(codePoint)) {
+    // utf8proc gives no width to spacing marks and to characters that it does not know. Terminals
+    // give a column to both.
+    case UTF8PROC_CATEGORY_MC:
+    case UTF8PROC_CATEGORY_CN: return std::max<std::size_t>(columns, 1);
+    default: return columns;
+    }
 }
 
 } // namespace
 
-std::vector<Grapheme> graphemesOf(std::string_view text) {
-    std::string isStart(text.size(), 0); // for each byte
-    u8_grapheme_breaks(bytesOf(text), text.size(), isStart.data());
-    std::vector<Grapheme> graphemes;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(isStart.find('\1', start + 1), text.size());
-        const std::string_view grapheme = text.substr(start, end - start);
-        graphemes.push_back({grapheme, widthOf(grapheme)});
-        start = end;
+Grapheme nextGrapheme(std::string_view text, std::size_t& position) noexcept {
+    const std::size_t start = position;
+    const utf8proc_int32_t base = nextCodePoint(text, position);
+    std::size_t columns = columnsOf(base);
+    const bool isWide = columns > 1;
+    utf8proc_int32_t last = base;
+    utf8proc_int32_t state = 0;
+    for (std::size_t next = position; next < text.size(); position = next) {
+        const utf8proc_int32_t codePoint = nextCodePoint(text, next);
+        if (utf8proc_grapheme_break_stateful(last, codePoint, &state))
+            break;
+        columns += columnsOf(codePoint);
+        last = codePoint;
     }
-    return graphemes;
+    return {text.substr(start, position - start), static_cast<char32_t>(base),
+            std::min(columns, kWidestGrapheme), isWide};
 }
 
-std::size_t displayWidth(std::string_view text) {
+std::size_t displayWidth(std::string_view text) noexcept {
     if (isPrintableAscii(text))
         return text.size();
     std::size_t width = 0;
-    for (const Grapheme& grapheme : graphemesOf(text))
-        width += grapheme.width;
+    for (std::size_t position = 0; position < text.size();)
+        width += nextGrapheme(text, position).width;
     return width;
 }
 

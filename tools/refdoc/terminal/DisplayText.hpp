@@ -11,12 +11,14 @@ namespace refdoc {
 /// accents, a Hangul syllable or an emoji sequence.
 struct Grapheme {
     std::string_view text;
+    char32_t base;     ///< the first code point
     std::size_t width; ///< in columns of a terminal, see displayWidth()
+    bool isWide;       ///< the base alone fills two columns
 };
 
-/// Splits a text into its graphemes, which refer to it.
-/// \param text  UTF-8; an ill-formed sequence counts as U+FFFD
-std::vector<Grapheme> graphemesOf(std::string_view text);
+/// Reads the grapheme at `position`, which lies within the text, and moves `position` past it.
+/// \param text  UTF-8; each ill-formed byte counts as U+FFFD
+Grapheme nextGrapheme(std::string_view text, std::size_t& position) noexcept;
 
 /// Returns how many columns of a terminal a UTF-8 string without control characters fills.
 /// Independent of the locale.
@@ -25,7 +27,7 @@ std::vector<Grapheme> graphemesOf(std::string_view text);
 /// as wide as one emoji. A code point that is East Asian wide or an emoji fills two columns, a
 /// nonspacing mark or an invisible character none, any other one. A variation selector changes
 /// nothing: U+2764 U+FE0F is as narrow as U+2764, because terminals disagree on it.
-std::size_t displayWidth(std::string_view text);
+std::size_t displayWidth(std::string_view text) noexcept;
 
 /// Returns a string as UTF-8 without anything that a terminal would obey: each control character
 /// becomes its picture (U+2400 and on) or, above U+007F, U+FFFD. A line feed stays, a carriage

@@ -3,10 +3,9 @@
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <boost/algorithm/string/trim.hpp>
-#include <unilbrk.h>
+#include <utf8proc.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <numeric>
 #include <utility>
 
@@ -14,22 +13,31 @@ namespace refdoc {
 
 namespace {
 
-// Returns for each byte of a text whether a line may end before it by the line breaking algorithm
-// of Unicode (UAX #14). It forbids a break before closing punctuation and small kana, and after
-// opening punctuation.
-std::vector<bool> findBreaks(std::string_view text) {
-    std::string breaks(text.size(), UC_BREAK_UNDEFINED);
-    u8_possible_linebreaks(reinterpret_cast<const std::uint8_t*>(text.data()), text.size(), "UTF-8",
-                           breaks.data());
-    std::vector<bool> isBreak(text.size());
-    std::transform(breaks.begin(), breaks.end(), isBreak.begin(), [](char kind) {
-        return kind == UC_BREAK_POSSIBLE || kind == UC_BREAK_MANDATORY;
-    });
-    return isBreak;
+// Small kana, and marks that repeat or lengthen the character before them.
+constexpr std::u32string_view kBoundToPrevious =
+    U"ぁぃぅぇぉっゃゅょゎァィゥェォッャュョヮヵヶｧｨｩｪｫｬｭｮｯーｰ々〻ゝゞヽヾ゛゜〜";
+
+utf8proc_category_t categoryOf(const Grapheme& grapheme) {
+    return utf8proc_category(static_cast<utf8proc_int32_t>(grapheme.base));
 }
 
-bool isAscii(std::string_view grapheme) {
-    return grapheme.size() == 1; // in UTF-8
+bool mayStartLine(const Grapheme& grapheme) {
+    switch (categoryOf(grapheme)) {
+    case UTF8PROC_CATEGORY_PE: // closing brackets
+    case UTF8PROC_CATEGORY_PF: // closing quotation marks
+    case UTF8PROC_CATEGORY_PO: // full stops, commas and the like
+        return false;
+    default: return kBoundToPrevious.find(grapheme.base) == kBoundToPrevious.npos;
+    }
+}
+
+bool mayEndLine(const Grapheme& grapheme) {
+    const utf8proc_category_t category = categoryOf(grapheme);
+    return category != UTF8PROC_CATEGORY_PS && category != UTF8PROC_CATEGORY_PI;
+}
+
+bool mayBreakBetween(const Grapheme& left, const Grapheme& right) {
+    return mayEndLine(left) && mayStartLine(right);
 }
 
 // A word, or any other part of a text that stays on one line if it is not wider than the line.
@@ -42,16 +50,13 @@ public:
 
     bool isEmpty() const { return graphemes_.empty(); }
     std::size_t width() const { return width_; }
-    std::string_view end() const { return graphemes_.back().text; }
+    const Grapheme& last() const { return graphemes_.back(); }
 
-    // Breaks the piece into parts of at most `width` columns, after a slash if it has one.
-    // Otherwise, a line may end between two graphemes that could both be separated from an
-    // ideograph. If there are none, it ends anywhere.
+    // Breaks the piece into parts of at most `width` columns.
     std::vector<Piece> split(std::size_t width) const {
-        const std::vector<bool> isBreak = findBreaksInWord();
         std::vector<Piece> parts;
         for (std::size_t begin = 0; begin < graphemes_.size();) {
-            const std::size_t end = endOfPart(begin, width, isBreak);
+            const std::size_t end = endOfPart(begin, width);
             Piece& part = parts.emplace_back();
             while (begin < end)
                 part.add(graphemes_[begin++]);
@@ -65,40 +70,22 @@ public:
     }
 
 private:
-    // Returns for each grapheme whether a part may begin with it.
-    std::vector<bool> findBreaksInWord() const {
-        constexpr std::string_view ideograph = "木";
-        std::string spaced;
-        for (const Grapheme& grapheme : graphemes_)
-            spaced.append(grapheme.text).append(ideograph);
-        const std::vector<bool> breaks = findBreaks(spaced);
-
-        std::vector<bool> isBreak{true};
-        std::size_t end = 0; // of the grapheme
-        for (std::size_t index = 0; index + 1 < graphemes_.size(); ++index) {
-            end += graphemes_[index].text.size();
-            const bool mayEndLine = breaks[end];
-            end += ideograph.size();
-            isBreak.push_back(mayEndLine && breaks[end]);
-        }
-        return isBreak;
-    }
-
-    std::size_t endOfPart(std::size_t begin, std::size_t width,
-                          const std::vector<bool>& isBreak) const {
-        std::size_t end = begin + 1; // a grapheme that is too wide is a part of its own
-        std::size_t lastBreak = begin;
+    // A part ends after a slash if there is one, else where punctuation allows it, else anywhere.
+    std::size_t endOfPart(std::size_t begin, std::size_t width) const {
         std::size_t lastFolder = begin;
-        for (std::size_t used = graphemes_[begin].width; end < graphemes_.size(); ++end) {
-            used += graphemes_[end].width;
-            if (isBreak[end])
-                lastBreak = end;
-            if (graphemes_[end - 1].text == "/")
+        std::size_t lastBreak = begin;
+        std::size_t used = graphemes_[begin].width;
+        for (std::size_t end = begin + 1; end < graphemes_.size(); ++end) {
+            const Grapheme& previous = graphemes_[end - 1];
+            if (previous.text == "/")
                 lastFolder = end;
+            if (mayBreakBetween(previous, graphemes_[end]))
+                lastBreak = end;
+            used += graphemes_[end].width;
             if (used > width)
                 return lastFolder > begin ? lastFolder : lastBreak > begin ? lastBreak : end;
         }
-        return end;
+        return graphemes_.size();
     }
 
     std::vector<Grapheme> graphemes_;
@@ -110,20 +97,16 @@ class LineFiller {
 public:
     explicit LineFiller(std::size_t width) : width_(width) {}
 
-    // Adds a grapheme. `mayBreak` tells whether a line may end before it.
-    void add(const Grapheme& grapheme, bool mayBreak) {
+    void add(const Grapheme& grapheme) {
         if (grapheme.text == " ") {
             hasSpace_ = true;
             return;
         }
-        // Options, paths and names with hyphens stay whole.
-        const bool isInAsciiWord =
-            !piece_.isEmpty() && !hasSpace_ && isAscii(grapheme.text) && isAscii(piece_.end());
-        if (piece_.isEmpty() || (mayBreak && !isInAsciiWord)) {
+        if (piece_.isEmpty() || mayBreakBefore(grapheme)) {
             endPiece();
             hasSpaceBeforePiece_ = hasSpace_;
         } else if (hasSpace_) {
-            piece_.add({" ", 1});
+            piece_.add({.text = " ", .base = U' ', .width = 1, .isWide = false});
         }
         piece_.add(grapheme);
         hasSpace_ = false;
@@ -138,6 +121,13 @@ public:
     std::vector<std::string> take() { return std::move(lines_); }
 
 private:
+    bool mayBreakBefore(const Grapheme& grapheme) const {
+        if (hasSpace_)
+            return !grapheme.isWide || mayStartLine(grapheme);
+        const bool isBesideWide = grapheme.isWide || piece_.last().isWide;
+        return isBesideWide && mayBreakBetween(piece_.last(), grapheme);
+    }
+
     void endPiece() {
         const std::size_t gap = hasSpaceBeforePiece_ && !line_.empty() ? 1 : 0;
         if (lineWidth_ + gap + piece_.width() <= width_) {
@@ -176,15 +166,13 @@ private:
 } // namespace
 
 std::vector<std::string> wrapText(std::string_view text, std::size_t width) {
-    const std::vector<bool> breaks = findBreaks(text);
     LineFiller filler(width);
-    std::size_t position = 0;
-    for (const Grapheme& grapheme : graphemesOf(text)) {
+    for (std::size_t position = 0; position < text.size();) {
+        const Grapheme grapheme = nextGrapheme(text, position);
         if (grapheme.text == "\n")
             filler.endLine();
         else
-            filler.add(grapheme, breaks[position]);
-        position += grapheme.text.size();
+            filler.add(grapheme);
     }
     filler.endLine();
     return filler.take();
@@ -194,12 +182,10 @@ std::string cutText(std::string_view text, std::size_t width) {
     if (displayWidth(text) <= width)
         return std::string(text);
     std::size_t end = 0;
-    std::size_t used = 0;
-    for (const Grapheme& grapheme : graphemesOf(text)) {
-        used += grapheme.width;
+    for (std::size_t used = 0, position = 0;; end = position) {
+        used += nextGrapheme(text, position).width;
         if (used >= width) // no column is left for the ellipsis
             break;
-        end += grapheme.text.size();
     }
     const auto isSpace = [](char byte) { return byte == ' '; };
     return boost::trim_right_copy_if(std::string(text.substr(0, end)), isSpace) + "…";

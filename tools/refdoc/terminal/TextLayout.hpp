@@ -12,12 +12,10 @@ namespace refdoc {
 
 /// Breaks a string into lines of at most `width` columns.
 ///
-/// A line ends at a line feed, or where the line breaking algorithm of Unicode (UAX #14) allows it:
-/// between words and beside East Asian characters, but never before closing punctuation or small
-/// kana, and never after opening punctuation. Words of ASCII characters, such as options and paths,
-/// stay whole. A word that is wider than a line is broken at the end of the line, also not before
-/// closing punctuation unless there is no other position. A run of spaces counts as one. Graphemes
-/// are never broken.
+/// A line ends at a line feed, between words, or beside an East Asian wide character, but never
+/// before closing punctuation or small kana, and never after opening punctuation. A run of spaces
+/// counts as one. A word that is wider than a line is broken after a slash, else where punctuation
+/// allows it, else at the end of the line. Graphemes are never broken.
 /// \param width  1 or more; a grapheme that is wider gets a line of its own
 /// \returns      at least one line, which may be empty
 std::vector<std::string> wrapText(std::string_view text, std::size_t width);

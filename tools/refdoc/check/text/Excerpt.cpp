@@ -23,11 +23,11 @@ struct Extent {
 // Returns the extent of the longest start of a string that fits into a number of columns.
 Extent measureStart(std::string_view visible, std::size_t columns) {
     Extent extent;
-    for (const Grapheme& grapheme : graphemesOf(visible)) {
-        if (extent.columns + grapheme.width > columns)
+    for (std::size_t end = 0; end < visible.size();) {
+        const std::size_t width = nextGrapheme(visible, end).width;
+        if (extent.columns + width > columns)
             break;
-        extent.bytes += grapheme.text.size();
-        extent.columns += grapheme.width;
+        extent = {end, extent.columns + width};
     }
     return extent;
 }

@@ -16,10 +16,10 @@ void expectWidths(const std::vector<std::pair<std::string, std::size_t>>& cases)
         EXPECT_EQ(displayWidth(text), width) << text;
 }
 
-std::vector<std::string> split(std::string_view text) {
+std::vector<std::string> graphemesOf(std::string_view text) {
     std::vector<std::string> graphemes;
-    for (const Grapheme& grapheme : graphemesOf(text))
-        graphemes.emplace_back(grapheme.text);
+    for (std::size_t position = 0; position < text.size();)
+        graphemes.emplace_back(nextGrapheme(text, position).text);
     return graphemes;
 }
 
@@ -80,25 +80,30 @@ TEST(DisplayTextTest, MarksAndInvisibleCharactersFillNoColumn) {
 }
 
 TEST(DisplayTextTest, UnknownAndPrivateCharactersFillOneColumn) {
-    expectWidths({{"\u0378", 1}, {"\ue000", 1}, {"\ufffd", 1}, {"\xff", 1}, {"a\xe6\x9c", 2}});
+    expectWidths({{"\u0378", 1}, {"\ue000", 1}, {"\ufffd", 1}, {"\xff", 1}, {"a\xe6\x9c", 3}});
 }
 
 TEST(DisplayTextTest, SplitsIntoGraphemes) {
     using Graphemes = std::vector<std::string>;
-    EXPECT_EQ(split("ae\u0301木"), (Graphemes{"a", "e\u0301", "木"}));
-    EXPECT_EQ(split("हिन्दी"), (Graphemes{"हि", "न्", "दी"}));
-    EXPECT_EQ(split("🇩🇪🇯🇵🇫"), (Graphemes{"🇩🇪", "🇯🇵", "🇫"}));
-    EXPECT_EQ(split("👩\u200d🚒👍🏽"), (Graphemes{"👩\u200d🚒", "👍🏽"}));
-    EXPECT_EQ(split("a\nb"), (Graphemes{"a", "\n", "b"}));
-    EXPECT_EQ(split("\u1112\u1161\u11ab글"), (Graphemes{"\u1112\u1161\u11ab", "글"}));
-    EXPECT_EQ(split("a\xff"), (Graphemes{"a", "\xff"}));
+    EXPECT_EQ(graphemesOf("ae\u0301木"), (Graphemes{"a", "e\u0301", "木"}));
+    EXPECT_EQ(graphemesOf("हिन्दी"), (Graphemes{"हि", "न्", "दी"}));
+    EXPECT_EQ(graphemesOf("🇩🇪🇯🇵🇫"), (Graphemes{"🇩🇪", "🇯🇵", "🇫"}));
+    EXPECT_EQ(graphemesOf("👩\u200d🚒👍🏽"), (Graphemes{"👩\u200d🚒", "👍🏽"}));
+    EXPECT_EQ(graphemesOf("a\nb"), (Graphemes{"a", "\n", "b"}));
+    EXPECT_EQ(graphemesOf("\u1112\u1161\u11ab글"), (Graphemes{"\u1112\u1161\u11ab", "글"}));
+    EXPECT_EQ(graphemesOf("a\xff"), (Graphemes{"a", "\xff"}));
 }
 
-TEST(DisplayTextTest, MeasuresEachGrapheme) {
-    std::vector<std::size_t> widths;
-    for (const Grapheme& grapheme : graphemesOf("か\u3099हिa👩\u200d🚒"))
-        widths.push_back(grapheme.width);
-    EXPECT_EQ(widths, (std::vector<std::size_t>{2, 2, 1, 2}));
+TEST(DisplayTextTest, KnowsTheBaseOfAGrapheme) {
+    std::size_t position = 0;
+    const Grapheme wide = nextGrapheme("か\u3099", position);
+    EXPECT_EQ(wide.base, U'か');
+    EXPECT_TRUE(wide.isWide);
+    position = 0;
+    const Grapheme narrow = nextGrapheme("हि", position);
+    EXPECT_EQ(narrow.base, U'ह');
+    EXPECT_EQ(narrow.width, 2U);
+    EXPECT_FALSE(narrow.isWide);
 }
 
 TEST(DisplayTextTest, TextKeepsLineFeedsAndReplacesOtherControls) {

@@ -55,8 +55,8 @@ TEST(WrapTextTest, ClosingPunctuationAndSmallKanaDoNotBeginALine) {
 TEST(WrapTextTest, OpeningPunctuationDoesNotEndALine) {
     for (const std::string character : {"「", "『", "（", "【", "〈", "《", "〔", "［", "｛"})
         EXPECT_EQ(wrapText("木林" + character + "森", 6), (Lines{"木林", character + "森"}));
-    for (const std::string character : {"“", "‘"}) // also an apostrophe, so not after 林 either
-        EXPECT_EQ(wrapText("木林" + character + "森", 6), (Lines{"木", "林" + character + "森"}));
+    for (const std::string character : {"“", "‘"})
+        EXPECT_EQ(wrapText("木林" + character + "森", 6), (Lines{"木林", character + "森"}));
     EXPECT_EQ(wrapText("木(林森", 3).front(), "木");
 }
 
