@@ -5,7 +5,6 @@
 #include <unicase.h>
 
 #include <array>
-#include <cstdint>
 
 namespace refdoc {
 
@@ -22,8 +21,8 @@ constexpr bool isSurrogate(char32_t codePoint) noexcept {
 void appendFolded(char32_t codePoint, std::u16string& folded) {
     if (isSurrogate(codePoint))
         return appendCodePoint(codePoint, folded);
-    const auto point = static_cast<std::uint32_t>(codePoint);
-    std::array<std::uint32_t, 16> points{}; // the longest folding has three code points
+    const auto point = static_cast<ucs4_t>(codePoint);
+    std::array<ucs4_t, 16> points{}; // the longest folding has three code points
     std::size_t count = points.size();
     u32_casefold(&point, 1, nullptr, nullptr, points.data(), &count);
     for (std::size_t at = 0; at < count; ++at)

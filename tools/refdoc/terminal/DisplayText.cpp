@@ -7,7 +7,6 @@
 #include <uniwidth.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace refdoc {
@@ -38,8 +37,8 @@ bool isPrintableAscii(std::string_view text) noexcept {
     return std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte <= '~'; });
 }
 
-const std::uint8_t* bytesOf(std::string_view text) noexcept {
-    return reinterpret_cast<const std::uint8_t*>(text.data());
+const unsigned char* bytesOf(std::string_view text) noexcept {
+    return reinterpret_cast<const unsigned char*>(text.data());
 }
 
 std::size_t widthOf(std::string_view grapheme) noexcept {

@@ -6,7 +6,6 @@
 #include <unilbrk.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <numeric>
 #include <utility>
 
@@ -19,8 +18,8 @@ namespace {
 // opening punctuation.
 std::vector<bool> findBreaks(std::string_view text) {
     std::string breaks(text.size(), UC_BREAK_UNDEFINED);
-    u8_possible_linebreaks(reinterpret_cast<const std::uint8_t*>(text.data()), text.size(), "UTF-8",
-                           breaks.data());
+    u8_possible_linebreaks(reinterpret_cast<const unsigned char*>(text.data()), text.size(),
+                           "UTF-8", breaks.data());
     std::vector<bool> isBreak(text.size());
     std::transform(breaks.begin(), breaks.end(), isBreak.begin(), [](char kind) {
         return kind == UC_BREAK_POSSIBLE || kind == UC_BREAK_MANDATORY;
