@@ -6,6 +6,7 @@
 #include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/lookup/EmptyIndex.hpp"
 #include "tools/refdoc/lookup/EntryCells.hpp"
+#include "tools/refdoc/session/LookupIndex.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
@@ -18,37 +19,37 @@
 
 namespace refdoc {
 
-using reference::docparser::DocResource;
 using reference::docparser::DocResourceParser;
-using reference::docparser::ParsingResults;
-using reference::docparser::ResourceMap;
 using reference::property::RefItemLookup;
-using LookupMap = ResourceMap<RefItemLookup>;
-using LookupResults = ParsingResults<LookupMap>;
 
 namespace {
 
-void addSections(Table& table, const LookupMap& sections, bool isInstalled, bool withLink) {
+void addSections(Table& table, const LookupMap& sections, bool isInstalled,
+                 const EnglishEntries& english, bool withLinks) {
     for (const auto& [key, resource] : sections) {
         std::vector<Cell> heading{{resource.header.getProductName(), Paint::Heading},
                                   {key, Paint::Dim}};
         if (!isInstalled)
             heading.push_back({u"not installed", Paint::Dim});
+        const bool isEnglish = english.hasSection(key);
+        if (isEnglish)
+            heading.push_back({u"English", Paint::Dim});
         table.addHeading(std::move(heading));
         for (const auto& [name, entries] : resource.items) {
             for (const RefItemLookup& entry : entries)
-                table.addRow(
-                    entryCells(entry, resource.header.getProduct(), isInstalled, withLink));
+                table.addRow(entryCells(entry, resource.header.getProduct(),
+                                        {.withLink = withLinks,
+                                         .isEnglish = !isEnglish && english.hasEntry(key, entry)}));
         }
     }
 }
 
-std::string pageOf(const LookupResults& results, const PageSetup& setup, bool withLinks) {
+std::string pageOf(const LookupIndex& index, const PageSetup& setup, bool withLinks) {
     Table table;
-    addSections(table, results.installed, true, withLinks);
-    addSections(table, results.notInstalled, false, withLinks);
+    addSections(table, index.entries.installed, true, index.english, withLinks);
+    addSections(table, index.entries.notInstalled, false, index.english, withLinks);
     Page page(setup);
-    page.index(table);
+    page.records(table);
     return page.take();
 }
 
@@ -79,18 +80,20 @@ std::string plainLinesOf(const LookupResults& results) {
     return lines;
 }
 
-std::string outputOf(const Options& options, const LookupResults& results, const PageSetup& setup) {
+std::string outputOf(const Options& options, const LookupIndex& index, const PageSetup& setup) {
+    const LookupResults& results = index.entries;
     switch (options.format) {
     case OutputFormat::Json: return documentOf(results);
     case OutputFormat::JsonLines: return linesOf(results);
     case OutputFormat::Plain: return plainLinesOf(results);
     case OutputFormat::Text: break;
     }
-    return pageOf(results, setup, /*withLinks=*/!options.arguments.empty());
+    return pageOf(index, setup, /*withLinks=*/!options.arguments.empty());
 }
 
 Answer runLookup(const Options& options, const PageSetup& setup) {
-    LookupResults results = DocResourceParser::getResourceLookupFiles();
+    LookupIndex index = readLookupIndex();
+    LookupResults& results = index.entries;
     Answer answer;
     if (!options.arguments.empty()) {
         answer.complaints = complaintsAboutNames(options.arguments, results);
@@ -101,7 +104,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
         answer.complaints.push_back(emptyIndexReason());
     }
-    answer.output = outputOf(options, results, setup);
+    answer.output = outputOf(options, index, setup);
     return answer;
 }
 
@@ -136,8 +139,12 @@ CommandEntry lookupCommand() {
     return {
         .name = "lookup",
         .help = "Print the lookup index of all products",
-        .description = "Each record is one line, installed products first. With NAMEs, only the "
-                       "records of these names are printed, with their links.",
+        .description =
+            "Each record is one line, installed products first. With NAMEs, only the records of "
+            "these names are printed, with their links. A terminal shows as much of the purposes "
+            "as "
+            "fits and folds longer records. Records that the translation lacks are marked "
+            "\"English\".",
         .arguments = {{.name = "NAME",
                        .type = ValueType::LookupName,
                        .isList = true,

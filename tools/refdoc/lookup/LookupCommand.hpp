@@ -1,7 +1,7 @@
 #pragma once
 
-#include "docparser/DocResourceParser.hpp"
 #include "tools/refdoc/cli/CommandTable.hpp"
+#include "tools/refdoc/session/LookupIndex.hpp"
 
 #include <string>
 #include <string_view>
@@ -17,14 +17,10 @@ CommandEntry lookupCommand();
 
 /// Returns all names of the index, those of installed products first. A name of several sections is
 /// repeated. The views refer to `results`.
-std::vector<std::u16string_view>
-namesOf(const reference::docparser::ParsingResults<
-        reference::docparser::ResourceMap<reference::property::RefItemLookup>>& results);
+std::vector<std::u16string_view> namesOf(const LookupResults& results);
 
 /// Returns a complaint for each of the names that no section of the index has.
-std::vector<std::string> complaintsAboutNames(
-    const std::vector<std::u16string>& names,
-    const reference::docparser::ParsingResults<
-        reference::docparser::ResourceMap<reference::property::RefItemLookup>>& results);
+std::vector<std::string> complaintsAboutNames(const std::vector<std::u16string>& names,
+                                              const LookupResults& results);
 
 } // namespace refdoc

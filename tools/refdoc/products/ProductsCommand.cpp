@@ -177,7 +177,7 @@ void addFolders(Page& page, const ProductOverview& overview) {
     table.addRow({{u"support packages", Paint::Dim},
                   {overview.supportFolder.empty() ? u"none" : overview.supportFolder}});
     table.addRow({{u"lookup files", Paint::Dim}, {overview.roots->lookupFolder}});
-    page.index(table);
+    page.records(table);
 }
 
 void addLanguages(Page& page, const ProductOverview& overview) {
@@ -239,7 +239,7 @@ void addTable(Page& page, const Table& table, std::u16string_view ifEmpty) {
     if (table.isEmpty())
         page.text(0, ifEmpty);
     else
-        page.index(table);
+        page.records(table);
 }
 
 void addFiles(Page& page, std::u16string_view title, const ProductLists& files,

@@ -1,6 +1,5 @@
 #include "tools/refdoc/search/SearchCommand.hpp"
 
-#include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Number.hpp"
 #include "tools/refdoc/cli/Options.hpp"
@@ -11,6 +10,7 @@
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/search/CaseFolding.hpp"
 #include "tools/refdoc/search/Ranking.hpp"
+#include "tools/refdoc/session/LookupIndex.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -27,12 +27,8 @@ namespace refdoc {
 
 using fl::i18n::to_string;
 using fl::i18n::to_ustring;
-using reference::docparser::DocResourceParser;
-using reference::docparser::ParsingResults;
-using reference::docparser::ResourceMap;
 using reference::property::RefEntityType;
 using reference::property::RefItemLookup;
-using LookupResults = ParsingResults<ResourceMap<RefItemLookup>>;
 
 namespace {
 
@@ -126,7 +122,7 @@ private:
 
 std::vector<Result> allMatches(Search& search, const LookupResults& index) {
     std::vector<Result> matches;
-    const auto add = [&](const ResourceMap<RefItemLookup>& sections, bool isInstalled) {
+    const auto add = [&](const LookupMap& sections, bool isInstalled) {
         for (const auto& [key, resource] : sections) {
             for (const auto& [name, entries] : resource.items) {
                 for (const RefItemLookup& entry : entries) {
@@ -209,29 +205,32 @@ std::string plainLinesOf(const Results& results) {
     return lines;
 }
 
-std::string pageOf(const Search& search, const Results& results, const PageSetup& setup) {
+std::string pageOf(const Search& search, const Results& results, const EnglishEntries& english,
+                   const PageSetup& setup) {
     const LineSplitter splitter = [&](std::string_view line) { return search.split(line); };
-    Table table;
+    std::vector<std::vector<Cell>> installed;
+    std::vector<std::vector<Cell>> notInstalled;
     for (const Result& result : results.best) {
-        std::vector<Cell> cells = entryCells(*result.entry, *result.product, result.isInstalled(),
-                                             /*withLink=*/true);
+        std::vector<Cell> cells =
+            entryCells(*result.entry, *result.product,
+                       {.isEnglish = english.hasEntry(*result.section, *result.entry)});
         search.highlight(cells, splitter);
-        table.addRow(std::move(cells));
+        (result.isInstalled() ? installed : notInstalled).push_back(std::move(cells));
     }
     Page page(setup);
-    page.index(table);
+    page.records(groupedEntries(std::move(installed), std::move(notInstalled)));
     return page.take();
 }
 
 std::string outputOf(const Options& options, const Search& search, const Results& results,
-                     const PageSetup& setup) {
+                     const EnglishEntries& english, const PageSetup& setup) {
     switch (options.format) {
     case OutputFormat::Json: return documentOf(options, results);
     case OutputFormat::JsonLines: return jsonLinesOf(results);
     case OutputFormat::Plain: return plainLinesOf(results);
     case OutputFormat::Text: break;
     }
-    return pageOf(search, results, setup);
+    return pageOf(search, results, english, setup);
 }
 
 // Only the JSON document has the number of all matches.
@@ -253,10 +252,10 @@ Answer runSearch(const Options& options, const PageSetup& setup) {
                 .complaints = {fmt::format("--limit must be a number, not \"{}\"; see refdoc "
                                            "search --help",
                                            *options.values.value("--limit"))}};
-    const LookupResults index = DocResourceParser::getResourceLookupFiles();
+    const auto [index, english] = readLookupIndex();
     Search search(options);
     const Results results = bestMatches(search, index, *limit);
-    Answer answer{.output = outputOf(options, search, results, setup)};
+    Answer answer{.output = outputOf(options, search, results, english, setup)};
     addRemainder(answer, results, options.format);
     if (results.total == 0) {
         answer.status = ExitStatus::Negative;
@@ -299,7 +298,8 @@ CommandEntry searchCommand() {
             "An entry is found if every TEXT matches its name, link or purpose. Exact matches come "
             "first, then those at the start, whole words, other parts, and names with one or two "
             "typing errors. Among equal matches, those of installed products come first and "
-            "deprecated entries last. Letter case is ignored.",
+            "deprecated entries last; the text output lists products that are not installed "
+            "separately. Letter case is ignored.",
         .arguments = {{.name = "TEXT",
                        .type = ValueType::LookupName,
                        .isRequired = true,

@@ -34,19 +34,44 @@ private:
     Table table_;
 };
 
-// "series (class, constructor method), shift (function)"
+// One or more names, and their types in words.
+struct TypedNames {
+    std::vector<std::u16string> names;
+    std::vector<std::u16string> types;
+};
+
+// Names that follow each other in the item are grouped if they have the same types.
+std::vector<TypedNames> groupedByTypes(const std::vector<RefEntity>& entities) {
+    std::vector<TypedNames> typed;
+    for (const RefEntity& entity : entities) {
+        const std::u16string type = typeText(entity.getEntityType(), entity.getFunctionType());
+        if (!typed.empty() && typed.back().names.front() == entity.getName())
+            typed.back().types.push_back(type);
+        else
+            typed.push_back({{entity.getName()}, {type}});
+    }
+    std::vector<TypedNames> groups;
+    for (TypedNames& next : typed) {
+        if (!groups.empty() && groups.back().types == next.types)
+            groups.back().names.push_back(std::move(next.names.front()));
+        else
+            groups.push_back(std::move(next));
+    }
+    return groups;
+}
+
+// "series (class, constructor method), shift, lag (functions)". A name is not separated from the
+// types after it at the end of a line.
 std::u16string titleOf(const RefItem& item) {
     if (item.getRefEntities().empty())
         return item.getHref();
     std::vector<std::u16string> parts;
-    const std::u16string* name = nullptr;
-    for (const RefEntity& entity : item.getRefEntities()) {
-        const std::u16string type = typeText(entity.getEntityType(), entity.getFunctionType());
-        if (name && *name == entity.getName())
-            parts.back().insert(parts.back().size() - 1, u", " + type);
-        else
-            parts.push_back(entity.getName() + u" (" + type + u")");
-        name = &entity.getName();
+    for (TypedNames& group : groupedByTypes(item.getRefEntities())) {
+        if (group.names.size() > 1)
+            std::ranges::transform(group.types, group.types.begin(), pluralOf);
+        const std::u16string names = boost::join(group.names, u", ");
+        const std::u16string gap(names.empty() ? 0 : 1, Page::kNoBreakSpace);
+        parts.push_back(names + gap + u"(" + boost::join(group.types, u", ") + u")");
     }
     return boost::join(parts, u", ");
 }

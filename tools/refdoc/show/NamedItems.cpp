@@ -9,7 +9,6 @@
 namespace refdoc {
 
 using reference::docparser::DocResourceParser;
-using reference::docparser::ParsingResults;
 using reference::docparser::ResourceMap;
 using reference::property::RefEntity;
 using reference::property::RefItem;
@@ -55,11 +54,10 @@ std::vector<std::u16string> hrefsFor(const std::u16string& argument, const std::
 
 } // namespace
 
-std::vector<NamedItem> itemsNamed(const std::u16string& name,
-                                  const ParsingResults<ResourceMap<RefItemLookup>>& index) {
+std::vector<NamedItem> itemsNamed(const std::u16string& name, const LookupResults& index) {
     std::vector<NamedItem> items;
     std::set<std::pair<std::u16string, std::u16string>> seen;
-    const auto add = [&](const ResourceMap<RefItemLookup>& sections, bool isInstalled) {
+    const auto add = [&](const LookupMap& sections, bool isInstalled) {
         for (const auto& [key, resource] : sections) {
             const auto found = resource.items.find(name);
             if (found == resource.items.end())
@@ -67,7 +65,7 @@ std::vector<NamedItem> itemsNamed(const std::u16string& name,
             const std::u16string& product = resource.header.getProduct();
             for (const RefItemLookup& entry : found->second) {
                 if (seen.emplace(product, entry.getHref()).second)
-                    items.push_back({product, isInstalled, entry});
+                    items.push_back({product, key, isInstalled, entry});
             }
         }
     };

@@ -9,6 +9,7 @@
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/session/EnglishFallback.hpp"
+#include "tools/refdoc/session/LookupIndex.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
@@ -146,21 +147,22 @@ Answer showItem(const NamedItem& item, const Options& options, const PageSetup& 
 
 // A list of the items, each with the number that picks it.
 Answer listItems(const std::u16string& name, const std::vector<NamedItem>& items,
-                 const Options& options, const PageSetup& setup) {
+                 const EnglishEntries& english, const Options& options, const PageSetup& setup) {
     const std::string remedy =
         fmt::format("refdoc show {} --pick N prints item N of {}", quoted(name), items.size());
     if (options.format != OutputFormat::Text)
         return notFound(options, fmt::format("{} names several items; {}", quoted(name), remedy));
-    Table table;
+    std::vector<std::vector<Cell>> installed;
+    std::vector<std::vector<Cell>> notInstalled;
     for (const NamedItem& item : items) {
-        std::vector<Cell> cells =
-            entryCells(item.entry, item.product, item.isInstalled, /*withLink=*/true);
-        const std::size_t number = table.size() + 1;
+        std::vector<Cell> cells = entryCells(
+            item.entry, item.product, {.isEnglish = english.hasEntry(item.section, item.entry)});
+        const std::size_t number = installed.size() + notInstalled.size() + 1;
         cells.insert(cells.begin(), {to_ustring(std::to_string(number)), Paint::Dim});
-        table.addRow(std::move(cells));
+        (item.isInstalled ? installed : notInstalled).push_back(std::move(cells));
     }
     Page page(setup);
-    page.index(table);
+    page.records(groupedEntries(std::move(installed), std::move(notInstalled)));
     page.emptyLine();
     page.text(0, to_ustring(remedy));
     return {.output = page.take()};
@@ -179,14 +181,14 @@ Answer showPicked(const std::vector<NamedItem>& items, const std::string& value,
 // Shows the item of a name, or the picked one of several.
 Answer showNamed(const LoadAccount& account, const Options& options, const PageSetup& setup) {
     const std::u16string& name = options.arguments.front();
-    const auto index = DocResourceParser::getResourceLookupFiles();
+    const auto [index, english] = readLookupIndex();
     const std::vector<NamedItem> items = itemsNamed(name, index);
     if (items.empty())
         return notFound(options, complaintAboutProduct(name, account, namesOf(index)));
     if (const std::optional<std::string> pick = options.values.value("--pick"))
         return showPicked(items, *pick, options, setup);
     return items.size() == 1 ? showItem(items.front(), options, setup)
-                             : listItems(name, items, options, setup);
+                             : listItems(name, items, english, options, setup);
 }
 
 Answer runShow(const Options& options, const PageSetup& setup) {

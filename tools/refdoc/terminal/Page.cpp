@@ -3,15 +3,23 @@
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
+#include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
 
 #include <algorithm>
 
 namespace refdoc {
 
+namespace {
+
+constexpr std::size_t kNarrowestTable = 40; // in columns of a terminal
+
+} // namespace
+
 void Page::title(std::u16string_view text, char rule) {
     std::size_t widest = 0;
-    for (const std::string& part : wrapText(visibleLine(text), setup_.textWidth)) {
+    for (std::string& part : wrapText(visibleLine(text), setup_.textWidth)) {
+        boost::replace_all(part, "\u00A0", " ");
         line(0, painted(part, Paint::Heading, setup_.color));
         widest = std::max(widest, displayWidth(part));
     }
@@ -36,14 +44,16 @@ void Page::text(std::size_t indent, std::u16string_view text, Paint paint) {
 }
 
 void Page::table(std::size_t indent, const Table& table) {
-    for (const std::string& row :
-         table.layOut(widthAt(indent), Table::Overflow::Wrap, setup_.color))
+    const bool isNarrow = setup_.textWidth < kNarrowestTable && table.hasTitles();
+    const auto form = isNarrow ? Table::Form::FieldPerLine : Table::Form::Wrapped;
+    for (const std::string& row : table.layOut(widthAt(indent), form, setup_.color))
         line(indent, row);
 }
 
-void Page::index(const Table& table) {
-    for (const std::string& row :
-         table.layOut(setup_.lineWidth, Table::Overflow::Cut, setup_.color))
+void Page::records(const Table& table) {
+    const bool isNarrow = setup_.lineWidth < kNarrowestTable;
+    const auto form = isNarrow ? Table::Form::FieldPerLine : Table::Form::Folded;
+    for (const std::string& row : table.layOut(setup_.lineWidth, form, setup_.color))
         line(0, row);
 }
 

@@ -18,6 +18,9 @@ class Page {
 public:
     explicit Page(const PageSetup& setup) : setup_(setup) {}
 
+    /// Keeps the words beside it on one line of a title, which shows a space instead.
+    static constexpr char16_t kNoBreakSpace = u'\x00A0';
+
     /// Adds a line in bold, underlined with a rule of this character.
     void title(std::u16string_view text, char rule);
 
@@ -30,11 +33,13 @@ public:
     /// Adds wrapped text.
     void text(std::size_t indent, std::u16string_view text, Paint paint = Paint::Plain);
 
-    /// Adds a table that wraps its cells.
+    /// Adds a table that wraps its cells. If there are fewer than 40 columns, a table with titles
+    /// has one field per line.
     void table(std::size_t indent, const Table& table);
 
-    /// Adds a table with one line per row, cut only to the width of a terminal.
-    void index(const Table& table);
+    /// Adds a table with one line per row. Rows that are wider than the terminal are folded; if it
+    /// has fewer than 40 columns, there is one field per line.
+    void records(const Table& table);
 
     void emptyLine() { page_ += '\n'; }
     bool isEmpty() const noexcept { return page_.empty(); }

@@ -11,7 +11,7 @@ namespace refdoc {
 namespace {
 
 constexpr std::size_t kUsualWidth = 80;
-constexpr std::size_t kNarrowestText = 40;
+constexpr std::size_t kNarrowestText = 20;
 constexpr std::size_t kWidestText = 100;
 
 // Returns 0 for everything but a positive number.

@@ -20,7 +20,7 @@ struct LayoutEnvironment {
 /// The layout of text for people. Widths are in columns of a terminal.
 struct PageSetup {
     std::size_t textWidth; ///< where text is wrapped
-    std::size_t lineWidth; ///< where a line that is never wrapped is cut
+    std::size_t lineWidth; ///< where a record is cut or folded
     bool color;
 };
 
@@ -29,8 +29,8 @@ LayoutEnvironment readLayoutEnvironment();
 
 /// Chooses the layout.
 ///
-/// The width is COLUMNS, or the terminal's, or 80. Text is wrapped at 40 to 100 columns, where it
-/// is easy to read. Lines are cut only on a terminal; a file or a pipe gets complete lines. `Auto`
+/// The width is COLUMNS, or the terminal's, or 80. Text is wrapped at 20 to 100 columns.
+/// Records are cut and folded only on a terminal; a file or a pipe gets complete lines. `Auto`
 /// means colour on a terminal, unless NO_COLOR is set and not empty, or TERM is "dumb".
 PageSetup choosePageSetup(ColorChoice color, const platform::OutputDevice& device,
                           const LayoutEnvironment& environment);

@@ -1,130 +1,64 @@
 #include "tools/refdoc/terminal/Table.hpp"
 
 #include "tools/refdoc/terminal/DisplayText.hpp"
+#include "tools/refdoc/terminal/RowLines.hpp"
 #include "tools/refdoc/terminal/TextLayout.hpp"
 
 #include <boost/algorithm/string/split.hpp>
 
 #include <algorithm>
-#include <string_view>
-#include <utility>
 
 namespace refdoc {
 
 namespace {
 
-constexpr std::size_t kGap = 2;           // columns between two cells
 constexpr std::size_t kHeadingIndent = 2; // of the rows below a heading
 
 using Lines = std::vector<std::string>;
 
-std::size_t widestLine(const std::string& text) {
+std::size_t widthOnOneLine(const Cell& cell) {
+    return displayWidth(textOnOneLine(cell));
+}
+
+std::size_t widestLine(const Cell& cell) {
+    const std::string text = visibleText(cell.text);
     Lines lines;
     boost::split(lines, text, [](char byte) { return byte == '\n'; });
     return displayWidth(*std::ranges::max_element(lines, {}, displayWidth));
 }
 
-// Puts the cells of a row on one line, without trailing spaces.
-class LineBuilder {
+// Rows whose cells are wrapped side by side.
+class WrappedRows {
 public:
-    LineBuilder(std::size_t indent, bool color) : color_(color), owed_(indent) {}
-
-    void add(std::string_view text, const Cell& cell, std::size_t width) {
-        if (!text.empty()) {
-            line_.append(std::exchange(owed_, 0), ' ');
-            addPainted(text, cell);
-        }
-        owed_ += width - std::min(width, displayWidth(text)) + kGap;
+    WrappedRows(const std::vector<ColumnExtent>& columns, const RowPlace& place) : place_(place) {
+        std::vector<std::size_t> natural;
+        for (const ColumnExtent& column : columns)
+            natural.push_back(column.width);
+        const std::size_t empty = static_cast<std::size_t>(std::ranges::count(natural, 0U));
+        const std::size_t gaps = std::max<std::size_t>(natural.size() - empty, 1) - 1;
+        const std::size_t taken = place.indent + gaps * kColumnGap;
+        widths_ = shareWidth(natural, place.width - std::min(place.width, taken));
     }
 
-    std::string take() { return std::move(line_); }
-
-private:
-    void addPainted(std::string_view text, const Cell& cell) {
-        if (!color_ || !cell.splitter) {
-            line_ += painted(text, cell.paint, color_);
-            return;
-        }
-        for (const auto& [part, isMatch] : (*cell.splitter)(text))
-            line_ += painted(part, isMatch ? Paint::Match : cell.paint, color_);
-    }
-
-    bool color_;
-    std::string line_;
-    std::size_t owed_; // spaces before the next text
-};
-
-std::string headingLine(const std::vector<Cell>& words, bool color) {
-    LineBuilder line(/*indent=*/0, color);
-    for (const Cell& word : words) {
-        const std::string text = visibleLine(word.text);
-        line.add(text, word, displayWidth(text));
-    }
-    return line.take();
-}
-
-// Measures rows, then lays them out.
-class Grid {
-public:
-    Grid(std::size_t indent, Table::Overflow overflow, bool color)
-        : indent_(indent), overflow_(overflow), color_(color) {}
-
-    void measure(const std::vector<Cell>& cells) {
-        widths_.resize(std::max(widths_.size(), cells.size()));
-        for (std::size_t column = 0; column < cells.size(); ++column)
-            widen(column, cells[column]);
-    }
-
-    // A column that has only a title stays empty.
-    void measureTitles(const std::vector<Cell>& titles) {
-        widths_.resize(std::max(widths_.size(), titles.size()));
-        for (std::size_t column = 0; column < titles.size(); ++column) {
-            if (widths_[column] > 0)
-                widen(column, titles[column]);
-        }
-    }
-
-    void limitWidth(std::size_t width) {
-        const auto shown = static_cast<std::size_t>(
-            std::ranges::count_if(widths_, [](std::size_t natural) { return natural > 0; }));
-        const std::size_t taken = indent_ + (shown > 0 ? shown - 1 : 0) * kGap;
-        widths_ = shareWidth(widths_, width - std::min(width, taken));
-    }
-
-    void layOut(const std::vector<Cell>& cells, Lines& lines) const {
+    void add(const std::vector<Cell>& cells) const {
         std::vector<Lines> texts;
         std::size_t height = 0;
         for (std::size_t column = 0; column < cells.size(); ++column) {
-            texts.push_back(fit(visible(cells[column]), widths_[column]));
+            texts.push_back(wrap(cells[column], widths_[column]));
             height = std::max(height, texts.back().size());
         }
         for (std::size_t index = 0; index < height; ++index)
-            lines.push_back(lineAt(index, cells, texts));
+            place_.lines.push_back(lineAt(index, cells, texts));
     }
 
 private:
-    void widen(std::size_t column, const Cell& cell) {
-        widths_[column] = std::max(widths_[column], widestLine(visible(cell)));
-    }
-
-    // A row that is cut is one line.
-    std::string visible(const Cell& cell) const {
-        std::string text = visibleText(cell.text);
-        if (overflow_ == Table::Overflow::Cut)
-            std::ranges::replace(text, '\n', ' ');
-        return text;
-    }
-
-    Lines fit(const std::string& text, std::size_t width) const {
-        if (width == 0)
-            return {};
-        return overflow_ == Table::Overflow::Wrap ? wrapText(text, width)
-                                                  : Lines{cutText(text, width)};
+    static Lines wrap(const Cell& cell, std::size_t width) {
+        return width > 0 ? wrapText(visibleText(cell.text), width) : Lines();
     }
 
     std::string lineAt(std::size_t index, const std::vector<Cell>& cells,
                        const std::vector<Lines>& texts) const {
-        LineBuilder line(indent_, color_);
+        LineBuilder line(place_.indent, place_.color);
         for (std::size_t column = 0; column < cells.size(); ++column) {
             if (widths_[column] > 0)
                 line.add(index < texts[column].size() ? texts[column][index] : "", cells[column],
@@ -133,9 +67,7 @@ private:
         return line.take();
     }
 
-    std::size_t indent_;
-    Table::Overflow overflow_;
-    bool color_;
+    RowPlace place_;
     std::vector<std::size_t> widths_; // of the columns; 0: the column is empty and left out
 };
 
@@ -146,29 +78,57 @@ Table::Table(const std::vector<std::u16string>& titles) {
         titles_.push_back({title, Paint::Dim});
 }
 
-std::vector<std::string> Table::layOut(std::size_t width, Overflow overflow, bool color) const {
+std::vector<std::string> Table::layOut(std::size_t width, Form form, bool color) const {
+    Lines lines;
     const bool hasHeadings = std::ranges::any_of(rows_, &Row::isHeading);
-    Grid grid(hasHeadings ? kHeadingIndent : 0, overflow, color);
-    for (const Row& row : rows_) {
-        if (!row.isHeading)
-            grid.measure(row.cells);
-    }
-    grid.measureTitles(titles_);
-    grid.limitWidth(width);
-
-    std::vector<std::string> lines;
-    if (!rows_.empty())
-        grid.layOut(titles_, lines);
+    const RowWriter write = writerOf(form, {lines, hasHeadings ? kHeadingIndent : 0, width, color});
+    if (!rows_.empty() && !titles_.empty() && form != Form::FieldPerLine)
+        write(titles_);
     for (const Row& row : rows_) {
         if (!row.isHeading) {
-            grid.layOut(row.cells, lines);
+            write(row.cells);
             continue;
         }
         if (!lines.empty())
             lines.emplace_back();
-        lines.push_back(headingLine(row.cells, color));
+        addFoldedRow(row.cells, {lines, /*indent=*/0, width, color});
     }
     return lines;
+}
+
+Table::RowWriter Table::writerOf(Form form, const RowPlace& place) const {
+    switch (form) {
+    case Form::Wrapped:
+        return [rows = WrappedRows(measure(widestLine), place)](const auto& cells) {
+            rows.add(cells);
+        };
+    case Form::Folded:
+        return [rows = FoldedRows(measure(widthOnOneLine), place)](const auto& cells) {
+            rows.add(cells);
+        };
+    case Form::FieldPerLine: break;
+    }
+    return [&, place](const auto& cells) { addFieldPerLine(cells, titles_, place); };
+}
+
+std::vector<ColumnExtent> Table::measure(std::size_t (*widthOf)(const Cell&)) const {
+    std::vector<ColumnExtent> columns(titles_.size());
+    for (const Row& row : rows_) {
+        if (row.isHeading)
+            continue;
+        columns.resize(std::max(columns.size(), row.cells.size()));
+        for (std::size_t index = 0; index < row.cells.size(); ++index) {
+            const Cell& cell = row.cells[index];
+            ColumnExtent& column = columns[index];
+            column.width = std::max(column.width, widthOf(cell));
+            column.mayBeCut = column.mayBeCut || cell.mayBeCut;
+        }
+    }
+    for (std::size_t index = 0; index < titles_.size(); ++index) {
+        if (columns[index].width > 0)
+            columns[index].width = std::max(columns[index].width, widthOf(titles_[index]));
+    }
+    return columns;
 }
 
 } // namespace refdoc

@@ -1,30 +1,17 @@
 #pragma once
 
-#include "tools/refdoc/terminal/Paint.hpp"
+#include "tools/refdoc/terminal/Cell.hpp"
 
 #include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
 
-/// A part of a line, in UTF-8.
-struct LinePart {
-    std::string text;
-    bool isMatch; ///< painted as a match, whatever the paint of the cell
-};
-
-/// Splits a line into its parts.
-using LineSplitter = std::function<std::vector<LinePart>(std::string_view line)>;
-
-/// One cell of a table. The text may contain any characters, even control characters.
-struct Cell {
-    std::u16string text;
-    Paint paint = Paint::Plain;
-    const LineSplitter* splitter = nullptr; ///< applied to each line; null: a line is one part
-};
+struct ColumnExtent;
+struct RowPlace;
 
 /// Rows in aligned columns. Empty columns are left out.
 class Table {
@@ -39,22 +26,28 @@ public:
     void addHeading(std::vector<Cell> words) { rows_.push_back({std::move(words), true}); }
 
     bool isEmpty() const noexcept { return rows_.empty(); }
+    bool hasTitles() const noexcept { return !titles_.empty(); }
 
-    /// Returns the number of rows and headings.
-    std::size_t size() const noexcept { return rows_.size(); }
-
-    /// How to lay out a cell that is wider than its column.
-    enum class Overflow { Wrap, Cut };
+    /// How to lay out rows that are wider than the available width.
+    enum class Form {
+        Wrapped,      ///< cells are wrapped side by side
+        Folded,       ///< cells that may be cut are cut; then rows continue on further lines
+        FieldPerLine, ///< each cell is on a line of its own, after the title of its column
+    };
 
     /// Returns the lines of the table in UTF-8, without trailing spaces.
-    /// \param width  the most columns of a terminal that a row may fill
-    std::vector<std::string> layOut(std::size_t width, Overflow overflow, bool color) const;
+    /// \param width  the most columns of a terminal that a line may fill
+    std::vector<std::string> layOut(std::size_t width, Form form, bool color) const;
 
 private:
     struct Row {
         std::vector<Cell> cells;
         bool isHeading;
     };
+    using RowWriter = std::function<void(const std::vector<Cell>& cells)>;
+
+    RowWriter writerOf(Form form, const RowPlace& place) const;
+    std::vector<ColumnExtent> measure(std::size_t (*widthOf)(const Cell&)) const;
 
     std::vector<Cell> titles_;
     std::vector<Row> rows_;

@@ -3,6 +3,7 @@
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <boost/algorithm/string/trim.hpp>
+#include <utf8proc.h>
 
 #include <algorithm>
 #include <numeric>
@@ -12,13 +13,84 @@ namespace refdoc {
 
 namespace {
 
-// Punctuation and small kana that must not start a line.
-constexpr std::u32string_view kNotAtLineStart =
-    U"、。，．）」』】〉》〕］｝！？：；ー・ぁぃぅぇぉっゃゅょァィゥェォッャュョ々";
+// Small kana, and marks that repeat or lengthen the character before them.
+constexpr std::u32string_view kBoundToPrevious =
+    U"ぁぃぅぇぉっゃゅょゎァィゥェォッャュョヮヵヶｧｨｩｪｫｬｭｮｯーｰ々〻ゝゞヽヾ゛゜〜";
+
+utf8proc_category_t categoryOf(const Grapheme& grapheme) {
+    return utf8proc_category(static_cast<utf8proc_int32_t>(grapheme.base));
+}
 
 bool mayStartLine(const Grapheme& grapheme) {
-    return kNotAtLineStart.find(grapheme.base) == std::u32string_view::npos;
+    switch (categoryOf(grapheme)) {
+    case UTF8PROC_CATEGORY_PE: // closing brackets
+    case UTF8PROC_CATEGORY_PF: // closing quotation marks
+    case UTF8PROC_CATEGORY_PO: // full stops, commas and the like
+        return false;
+    default: return kBoundToPrevious.find(grapheme.base) == kBoundToPrevious.npos;
+    }
 }
+
+bool mayEndLine(const Grapheme& grapheme) {
+    const utf8proc_category_t category = categoryOf(grapheme);
+    return category != UTF8PROC_CATEGORY_PS && category != UTF8PROC_CATEGORY_PI;
+}
+
+bool mayBreakBetween(const Grapheme& left, const Grapheme& right) {
+    return mayEndLine(left) && mayStartLine(right);
+}
+
+// A word, or any other part of a text that stays on one line if it is not wider than the line.
+class Piece {
+public:
+    void add(const Grapheme& grapheme) {
+        graphemes_.push_back(grapheme);
+        width_ += grapheme.width;
+    }
+
+    bool isEmpty() const { return graphemes_.empty(); }
+    std::size_t width() const { return width_; }
+    const Grapheme& last() const { return graphemes_.back(); }
+
+    // Breaks the piece into parts of at most `width` columns.
+    std::vector<Piece> split(std::size_t width) const {
+        std::vector<Piece> parts;
+        for (std::size_t begin = 0; begin < graphemes_.size();) {
+            const std::size_t end = endOfPart(begin, width);
+            Piece& part = parts.emplace_back();
+            while (begin < end)
+                part.add(graphemes_[begin++]);
+        }
+        return parts;
+    }
+
+    void appendTo(std::string& line) const {
+        for (const Grapheme& grapheme : graphemes_)
+            line += grapheme.text;
+    }
+
+private:
+    // A part ends after a slash if there is one, else where punctuation allows it, else anywhere.
+    std::size_t endOfPart(std::size_t begin, std::size_t width) const {
+        std::size_t lastFolder = begin;
+        std::size_t lastBreak = begin;
+        std::size_t used = graphemes_[begin].width;
+        for (std::size_t end = begin + 1; end < graphemes_.size(); ++end) {
+            const Grapheme& previous = graphemes_[end - 1];
+            if (previous.text == "/")
+                lastFolder = end;
+            if (mayBreakBetween(previous, graphemes_[end]))
+                lastBreak = end;
+            used += graphemes_[end].width;
+            if (used > width)
+                return lastFolder > begin ? lastFolder : lastBreak > begin ? lastBreak : end;
+        }
+        return graphemes_.size();
+    }
+
+    std::vector<Grapheme> graphemes_;
+    std::size_t width_ = 0;
+};
 
 // Fills lines with pieces. A piece is broken only if it is wider than a line.
 class LineFiller {
@@ -27,42 +99,49 @@ public:
 
     void add(const Grapheme& grapheme) {
         if (grapheme.text == " ") {
-            endPiece();
-            spaceBefore_ = true;
+            hasSpace_ = true;
             return;
         }
-        const bool isBesideWide = grapheme.isWide || (!piece_.empty() && piece_.back().isWide);
-        if (isBesideWide && mayStartLine(grapheme))
+        if (piece_.isEmpty() || mayBreakBefore(grapheme)) {
             endPiece();
-        piece_.push_back(grapheme);
-        pieceWidth_ += grapheme.width;
+            hasSpaceBeforePiece_ = hasSpace_;
+        } else if (hasSpace_) {
+            piece_.add({.text = " ", .base = U' ', .width = 1, .isWide = false});
+        }
+        piece_.add(grapheme);
+        hasSpace_ = false;
     }
 
     void endLine() {
         endPiece();
         breakLine();
-        spaceBefore_ = false;
+        hasSpace_ = false;
     }
 
     std::vector<std::string> take() { return std::move(lines_); }
 
 private:
+    bool mayBreakBefore(const Grapheme& grapheme) const {
+        if (hasSpace_)
+            return !grapheme.isWide || mayStartLine(grapheme);
+        const bool isBesideWide = grapheme.isWide || piece_.last().isWide;
+        return isBesideWide && mayBreakBetween(piece_.last(), grapheme);
+    }
+
     void endPiece() {
-        if (piece_.empty())
-            return;
-        const std::size_t gap = spaceBefore_ && !line_.empty() ? 1 : 0;
-        if (!line_.empty() && lineWidth_ + gap + pieceWidth_ > width_)
-            breakLine();
-        else
-            append(std::string_view(" ", gap), gap);
-        for (const Grapheme& grapheme : piece_) {
-            if (!line_.empty() && lineWidth_ + grapheme.width > width_)
-                breakLine();
-            append(grapheme.text, grapheme.width);
+        const std::size_t gap = hasSpaceBeforePiece_ && !line_.empty() ? 1 : 0;
+        if (lineWidth_ + gap + piece_.width() <= width_) {
+            line_.append(gap, ' ');
+            lineWidth_ += gap;
+            append(piece_);
+        } else {
+            for (const Piece& part : piece_.split(width_)) {
+                if (!line_.empty())
+                    breakLine();
+                append(part);
+            }
         }
-        piece_.clear();
-        pieceWidth_ = 0;
-        spaceBefore_ = false;
+        piece_ = {};
     }
 
     void breakLine() {
@@ -70,18 +149,18 @@ private:
         lineWidth_ = 0;
     }
 
-    void append(std::string_view text, std::size_t width) {
-        line_ += text;
-        lineWidth_ += width;
+    void append(const Piece& piece) {
+        piece.appendTo(line_);
+        lineWidth_ += piece.width();
     }
 
     std::size_t width_;
     std::vector<std::string> lines_;
     std::string line_;
     std::size_t lineWidth_ = 0;
-    std::vector<Grapheme> piece_;
-    std::size_t pieceWidth_ = 0;
-    bool spaceBefore_ = false;
+    Piece piece_;
+    bool hasSpaceBeforePiece_ = false;
+    bool hasSpace_ = false; // before the next grapheme
 };
 
 } // namespace

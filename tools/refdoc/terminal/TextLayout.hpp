@@ -12,9 +12,10 @@ namespace refdoc {
 
 /// Breaks a string into lines of at most `width` columns.
 ///
-/// A line ends at a line feed, between words, or beside an East Asian wide character, except before
-/// closing punctuation. A run of spaces counts as one. A word that is wider than a line is broken
-/// at the end of the line. Graphemes are never broken.
+/// A line ends at a line feed, between words, or beside an East Asian wide character, but never
+/// before closing punctuation or small kana, and never after opening punctuation. A run of spaces
+/// counts as one. A word that is wider than a line is broken after a slash, else where punctuation
+/// allows it, else at the end of the line. Graphemes are never broken.
 /// \param width  1 or more; a grapheme that is wider gets a line of its own
 /// \returns      at least one line, which may be empty
 std::vector<std::string> wrapText(std::string_view text, std::size_t width);

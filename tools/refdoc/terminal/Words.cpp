@@ -21,6 +21,14 @@ std::u16string typeText(RefEntityType::Value entityType, FunctionType::Value fun
     return fl::i18n::to_ustring(fmt::format("{} {}", function, entity));
 }
 
+std::u16string pluralOf(const std::u16string& type) {
+    if (type.ends_with(u's'))
+        return type + u"es";
+    if (type.ends_with(u'y'))
+        return type.substr(0, type.size() - 1) + u"ies";
+    return type + u's';
+}
+
 std::string quoted(const std::u16string& text) {
     return fmt::format("\"{}\"", fl::i18n::to_string(text));
 }

@@ -11,6 +11,9 @@ namespace refdoc {
 std::u16string typeText(reference::property::RefEntityType::Value entityType,
                         reference::property::FunctionType::Value functionType);
 
+/// Returns the plural of what typeText() returns: "classes", "static methods", "properties".
+std::u16string pluralOf(const std::u16string& type);
+
 /// Returns a string in quotation marks, as UTF-8.
 std::string quoted(const std::u16string& text);
 

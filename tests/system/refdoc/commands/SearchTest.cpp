@@ -34,18 +34,21 @@ protected:
     }
 };
 
-TEST_F(SearchTest, PrintsTheBestMatchesFirst) {
+TEST_F(SearchTest, PrintsTheBestMatchesOfEachGroupFirst) {
     EXPECT_EQ(
         run({"search", "graft"}),
         (Outcome{0,
-                 "graft       function   Join trees       Orchard  ref/graft.html\n"
-                 "graft       component  Größe der Reben  Cellar   g.html          not installed\n"
-                 "grafting    function   Old way          Orchard  b.html          deprecated\n"
-                 "graftage    function   All of it        Cellar   h.html          not installed\n"
-                 "tree.graft  method     Join             Orchard  c.html\n"
-                 "prune       function   Undo a graft     Orchard  e.html\n"
-                 "regraft     function   Again            Orchard  d.html\n"
-                 "craft       function   Make it          Orchard  f.html\n",
+                 "Installed\n"
+                 "  graft       function   Join trees       Orchard  ref/graft.html\n"
+                 "  grafting    function   Old way          Orchard  b.html          deprecated\n"
+                 "  tree.graft  method     Join             Orchard  c.html\n"
+                 "  prune       function   Undo a graft     Orchard  e.html\n"
+                 "  regraft     function   Again            Orchard  d.html\n"
+                 "  craft       function   Make it          Orchard  f.html\n"
+                 "\n"
+                 "Not installed\n"
+                 "  graft       component  Größe der Reben  Cellar   g.html\n"
+                 "  graftage    function   All of it        Cellar   h.html\n",
                  ""}));
 }
 
@@ -91,8 +94,8 @@ TEST_F(SearchTest, PrintsAtMost20ResultsByDefault) {
                  std::to_string(item) + R"(", "href": "a", "refpurpose": "b"})";
     addLookup("Vines", section("vines", items));
     const std::string out = run({"search", "vine"}).out;
-    EXPECT_EQ(std::ranges::count(out, '\n'), 21);
-    EXPECT_THAT(out, StartsWith("vine10  "));
+    EXPECT_EQ(std::ranges::count(out, '\n'), 22);
+    EXPECT_THAT(out, StartsWith("Not installed\n  vine10  "));
     EXPECT_THAT(out, EndsWith("\nand 37 more; --limit 0 prints all\n"));
 }
 

@@ -39,8 +39,11 @@ TEST_F(ShowNameTest, NameOfOneItemPrintsIt) {
 TEST_F(ShowNameTest, NameOfSeveralItemsListsThemAndPickPrintsOne) {
     EXPECT_EQ(run({"--installed", "orchard", "show", "graft"}),
               (Outcome{0,
-                       "1  graft  function  Join trees  Orchard  graft.html\n"
-                       "2  graft  function  Mix wines   Cellar   g.html      not installed\n"
+                       "Installed\n"
+                       "  1  graft  function  Join trees  Orchard  graft.html\n"
+                       "\n"
+                       "Not installed\n"
+                       "  2  graft  function  Mix wines   Cellar   g.html\n"
                        "\n"
                        "refdoc show \"graft\" --pick N prints item N of 2\n",
                        ""}));

@@ -132,6 +132,27 @@ TEST_F(ShowTextTest, EmptyTextsShowOnlyHeadings) {
                 HasSubstr("\n\n(class)\n-------\n\n  Outputs\n\n  Examples\n\n  See also\n"));
 }
 
+TEST_F(ShowTextTest, TitleGroupsNamesOfTheSameTypes) {
+    const auto titleOf = [&](const std::string& entities) {
+        const std::string out =
+            show(R"({"href": "a", "refpurpose": "b", "refentity": [)" + entities + "]}");
+        const std::size_t start = out.find("\n\n") + 2;
+        return out.substr(start, out.find('\n', start) - start);
+    };
+    const std::string printf = R"({"type": "function", "name": "printf"})";
+    const std::string fprintf = R"({"type": "function", "name": "fprintf"})";
+    const std::string series = R"({"type": "class", "name": "series"},
+                                  {"type": "method", "fcntype": "constructor", "name": "series"})";
+    const std::string list = R"({"type": "class", "name": "list"},
+                                {"type": "method", "fcntype": "constructor", "name": "list"})";
+    EXPECT_EQ(titleOf(printf), "printf (function)");
+    EXPECT_EQ(titleOf(printf + "," + fprintf), "printf, fprintf (functions)");
+    EXPECT_EQ(titleOf(series), "series (class, constructor method)");
+    EXPECT_EQ(titleOf(series + "," + list), "series, list (classes, constructor methods)");
+    EXPECT_EQ(titleOf(printf + "," + series + "," + fprintf),
+              "printf (function), series (class, constructor method), fprintf (function)");
+}
+
 TEST_F(ShowTextTest, MarksDeprecation) {
     const auto shown = [&](const std::string& status) {
         return show(R"({"href": "a", "refpurpose": "b", "deprecationstatus": ")" + status + "\"}");
@@ -154,7 +175,7 @@ std::size_t longestLine(const std::string& text) {
     return longest;
 }
 
-TEST_F(ShowTextTest, WrapsAtTheWidthOfColumnsBetween40And100) {
+TEST_F(ShowTextTest, WrapsAtTheWidthOfColumnsBetween20And100) {
     std::string words;
     for (int count = 0; count < 60; ++count)
         words += "word ";
@@ -164,7 +185,7 @@ TEST_F(ShowTextTest, WrapsAtTheWidthOfColumnsBetween40And100) {
     };
     EXPECT_EQ(longestLine(show(item)), 2 + 15 * 5 - 1u);
     EXPECT_EQ(widthWith("60"), 2 + 11 * 5 - 1u);
-    EXPECT_EQ(widthWith("1"), 2 + 7 * 5 - 1u);
+    EXPECT_EQ(widthWith("30"), 2 + 5 * 5 - 1u);
     EXPECT_EQ(widthWith("1000"), 2 + 19 * 5 - 1u);
     EXPECT_EQ(widthWith("many"), 2 + 15 * 5 - 1u);
     EXPECT_EQ(widthWith(""), 2 + 15 * 5 - 1u);

@@ -35,7 +35,7 @@ TEST_F(ColorTest, AlwaysPaintsHeadingsLinksAndDeprecation) {
 TEST_F(ColorTest, AlwaysPaintsTheIndexAndKeepsItAligned) {
     EXPECT_EQ(run({"lookup", "--color=always"}).out,
               "\x1b[1mp name\x1b[0m  \x1b[2mp\x1b[0m  \x1b[2mnot installed\x1b[0m\n"
-              "  \x1b[33ma\x1b[0m  function  b  P  \x1b[33mdeprecated, not installed\x1b[0m\n");
+              "  \x1b[33ma\x1b[0m  function  b  P  \x1b[33mdeprecated\x1b[0m\n");
 }
 
 TEST_F(ColorTest, AlwaysOverridesNoColor) {

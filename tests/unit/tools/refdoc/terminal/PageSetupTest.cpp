@@ -40,7 +40,8 @@ TEST(PageSetupTest, WidthIsColumnsOrTheTerminalsOr80) {
     EXPECT_EQ(widths(kFile, nullptr), std::pair(std::size_t{80}, kUnlimited));
     EXPECT_EQ(widths(kFile, "60"), std::pair(std::size_t{60}, kUnlimited));
     EXPECT_EQ(widths(kTerminal, nullptr), std::pair(std::size_t{100}, std::size_t{132}));
-    EXPECT_EQ(widths(kTerminal, "20"), std::pair(std::size_t{40}, std::size_t{20}));
+    EXPECT_EQ(widths(kTerminal, "20"), std::pair(std::size_t{20}, std::size_t{20}));
+    EXPECT_EQ(widths(kTerminal, "10"), std::pair(std::size_t{20}, std::size_t{10}));
     for (const char* nonsense : {"", "0", "-5", "wide", "80x", " 60", "99999999999999999999999"})
         EXPECT_EQ(widths(kTerminal, nonsense), std::pair(std::size_t{100}, std::size_t{132}))
             << nonsense;

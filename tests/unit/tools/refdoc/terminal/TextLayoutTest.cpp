@@ -31,14 +31,52 @@ TEST(WrapTextTest, BreaksBetweenWords) {
         EXPECT_EQ(wrapText(text, width), lines) << text << ' ' << width;
 }
 
-TEST(WrapTextTest, BreaksBesideWideCharactersButNotBeforeClosingPunctuation) {
+TEST(WrapTextTest, BreaksBesideEastAsianCharacters) {
     EXPECT_EQ(wrapText("木林森", 4), (Lines{"木林", "森"}));
-    EXPECT_EQ(wrapText("木林。", 4), (Lines{"木", "林。"}));
     EXPECT_EQ(wrapText("a木b林", 3), (Lines{"a木", "b林"}));
     EXPECT_EQ(wrapText("木", 1), (Lines{"木"}));
     EXPECT_EQ(wrapText("🌳🌳", 2), (Lines{"🌳", "🌳"}));
     EXPECT_EQ(wrapText("木 林", 4), (Lines{"木", "林"}));
     EXPECT_EQ(wrapText("木 林", 5), (Lines{"木 林"}));
+    EXPECT_EQ(wrapText("ｶﾀｶﾅ", 2), (Lines{"ｶﾀ", "ｶﾅ"}));
+    EXPECT_EQ(wrapText("한국어", 4), (Lines{"한국", "어"}));
+}
+
+TEST(WrapTextTest, ClosingPunctuationAndSmallKanaDoNotBeginALine) {
+    for (const std::string character :
+         {"。", "、", "，", "．", "」", "』", "）", "】", "〉", "》", "〕", "］", "｝", "！", "？",
+          "：", "；", "・", "ー", "々", "ぁ", "っ", "ャ", "ッ", "”",  "’",  "…",  "゛", "ゝ", "〜"})
+        EXPECT_EQ(wrapText("木林" + character, 4).back(), "林" + character);
+    for (const std::string character : {"ｯ", "ｰ", "｡", "､", "｣", ")", "]", "}", "!", "?", ".", ","})
+        EXPECT_EQ(wrapText("木林" + character, 4).back(), "林" + character);
+    EXPECT_EQ(wrapText("木林 。", 5), (Lines{"木", "林 。"}));
+}
+
+TEST(WrapTextTest, OpeningPunctuationDoesNotEndALine) {
+    for (const std::string character : {"「", "『", "（", "【", "〈", "《", "〔", "［", "｛"})
+        EXPECT_EQ(wrapText("木林" + character + "森", 6), (Lines{"木林", character + "森"}));
+    for (const std::string character : {"“", "‘"})
+        EXPECT_EQ(wrapText("木林" + character + "森", 6), (Lines{"木林", character + "森"}));
+    EXPECT_EQ(wrapText("木(林森", 3).front(), "木");
+}
+
+TEST(WrapTextTest, WordsOfAsciiCharactersStayWhole) {
+    EXPECT_EQ(wrapText("use --case-sensitive ref/a-b.html", 18),
+              (Lines{"use", "--case-sensitive", "ref/a-b.html"}));
+}
+
+TEST(WrapTextTest, TooLongPathIsBrokenAfterASlash) {
+    EXPECT_EQ(wrapText("help/reference/Orchard.json", 20),
+              (Lines{"help/reference/", "Orchard.json"}));
+    EXPECT_EQ(wrapText("help/reference", 6), (Lines{"help/", "refere", "nce"}));
+}
+
+TEST(WrapTextTest, TooLongWordIsNotBrokenBesidePunctuation) {
+    EXPECT_EQ(wrapText("smooth(x)", 7), (Lines{"smooth", "(x)"}));
+    EXPECT_EQ(wrapText("smooth(x)", 8), (Lines{"smooth", "(x)"}));
+    EXPECT_EQ(wrapText("abcdefgh。", 8), (Lines{"abcdefg", "h。"}));
+    EXPECT_EQ(wrapText("ไทยไทย。", 6), (Lines{"ไทยไท", "ย。"}));
+    EXPECT_EQ(wrapText("木。。。", 4), (Lines{"木。", "。。"}));
 }
 
 TEST(WrapTextTest, NeverBreaksAGrapheme) {

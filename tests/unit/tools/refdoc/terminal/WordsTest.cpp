@@ -6,6 +6,7 @@ namespace refdoc_tests {
 namespace {
 
 using refdoc::alternatives;
+using refdoc::pluralOf;
 using refdoc::quoted;
 using refdoc::typeText;
 using reference::property::FunctionType;
@@ -25,6 +26,12 @@ TEST(WordsTest, NamesTheFunctionTypeUnlessItIsTheDefaultOrTheEntityType) {
     EXPECT_EQ(typeText(RefEntityType::Class, FunctionType::Function), u"class");
     EXPECT_EQ(typeText(RefEntityType::Method, FunctionType::Static), u"static method");
     EXPECT_EQ(typeText(RefEntityType::Method, FunctionType::Method), u"method");
+}
+
+TEST(WordsTest, FormsThePluralOfTypes) {
+    EXPECT_EQ(pluralOf(u"static method"), u"static methods");
+    EXPECT_EQ(pluralOf(u"class"), u"classes");
+    EXPECT_EQ(pluralOf(u"property"), u"properties");
 }
 
 } // namespace
