@@ -9,11 +9,14 @@
 
 namespace reference::docparser::benchmarks {
 
-// Each function does the work of parseResourceText() with another JSON library, for RefItem and
-// RefItemLookup, and returns the same records.
-
 /// The room at the end of a text that saves simdjson from copying it.
 inline constexpr std::size_t kSpareBytes = 64;
+
+/// Does the work of parseResourceText() with another JSON library and returns the same records.
+/// Required keys are not checked.
+/// \tparam T  property::RefItem or property::RefItemLookup
+template <class T>
+using ReadText = ResourceMap<T> (*)(std::string text, const std::u16string& product);
 
 /// nlohmann::json: a document of standard containers.
 template <class T>

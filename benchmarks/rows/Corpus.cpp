@@ -81,7 +81,9 @@ void Corpus::setLanguage(const std::string& language) const {
     std::vector<std::u16string> supported;
     for (const std::string& each : languages_)
         supported.push_back(fl::i18n::to_ustring(each));
-    setHost(fl::i18n::to_ustring(language), supported, installed_);
+    platform::setHostServices(
+        std::make_shared<Host>(fl::i18n::to_ustring(language), std::move(supported)));
+    DocResourceParser::setTestProducts(installed_, {});
 }
 
 std::vector<std::string> Corpus::fullTexts(const std::u16string& product,

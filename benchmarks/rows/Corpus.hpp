@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -30,6 +29,8 @@ public:
     const std::u16string& lookupFolder() const { return lookupFolder_; }
     /// Two products in three count as installed.
     bool isInstalled(const std::u16string& product) const;
+    /// Returns whether a file name without its extension ends in a language other than English.
+    bool isTranslation(const std::string& stem) const;
     std::string fullFile(const std::u16string& product, const std::string& language) const;
 
     /// Removes all products except the one whose English full file has the median size.
@@ -47,8 +48,6 @@ public:
     std::vector<ProductText> lookupTexts() const;
 
 private:
-    bool isTranslation(const std::string& stem) const;
-
     std::vector<std::string> languages_;
     std::filesystem::path fullFolder_;
     std::u16string lookupFolder_;

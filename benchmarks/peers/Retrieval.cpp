@@ -1,12 +1,9 @@
-#include "benchmarks/peers/IndexReader.hpp"
+#include "benchmarks/peers/Retrieval.hpp"
 
-#include "benchmarks/peers/Peers.hpp"
-#include "benchmarks/rows/Corpus.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 
 #include <zip.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -28,13 +25,14 @@ void require(bool isDone) {
 
 class IndexReader {
 public:
-    explicit IndexReader(const IndexSettings& settings)
-        : settings_(settings), suffix_("_" + settings.language) {}
+    IndexReader(const Corpus& corpus, const std::string& language,
+                ReadText<property::RefItemLookup> readText)
+        : corpus_(corpus), suffix_("_" + language), readText_(readText) {}
 
-    LookupResults read(const fs::path& folder) {
+    LookupResults read() {
         std::vector<fs::path> packages;
         std::vector<fs::path> files;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        for (const fs::directory_entry& entry : fs::directory_iterator(corpus_.lookupFolder())) {
             if (!isWanted(entry.path().stem()))
                 continue;
             if (entry.path().extension() == ".zip")
@@ -51,10 +49,7 @@ public:
 
 private:
     bool isWanted(const std::string& stem) const {
-        return stem.ends_with(suffix_) ||
-               std::ranges::none_of(settings_.languages, [&](const std::string& language) {
-                   return stem.ends_with("_" + language);
-               });
+        return stem.ends_with(suffix_) || !corpus_.isTranslation(stem);
     }
 
     void addPackage(const fs::path& path) {
@@ -78,33 +73,49 @@ private:
     }
 
     void add(std::string stem, std::string text) {
-        const bool isTranslation = settings_.language != "en" && stem.ends_with(suffix_);
+        const bool isTranslation = corpus_.isTranslation(stem);
         if (isTranslation)
             stem.resize(stem.size() - suffix_.size());
-        for (auto& [key, section] : settings_.readText(std::move(text), fs::path(stem).u16string()))
-            merge(key, section, isTranslation);
+        for (auto& [key, section] : readText_(std::move(text), fs::path(stem).u16string())) {
+            LookupMap& map = corpus_.isInstalled(key) ? results_.installed : results_.notInstalled;
+            const auto [known, isNew] = map.try_emplace(key, std::move(section));
+            if (isNew)
+                continue;
+            if (isTranslation)
+                std::swap(known->second, section);
+            mergeLookupItems(known->second.items, section.items, unobserved);
+        }
     }
 
-    void merge(const std::u16string& key, DocResource<property::RefItemLookup>& section,
-               bool isTranslation) {
-        LookupMap& map = settings_.isInstalled(key) ? results_.installed : results_.notInstalled;
-        const auto [known, isNew] = map.try_emplace(key, std::move(section));
-        if (isNew)
-            return;
-        if (isTranslation)
-            std::swap(known->second, section);
-        mergeLookupItems(known->second.items, section.items, unobserved);
-    }
-
-    const IndexSettings& settings_;
+    const Corpus& corpus_;
     std::string suffix_;
+    ReadText<property::RefItemLookup> readText_;
     LookupResults results_;
 };
 
 } // namespace
 
-LookupResults readIndex(const std::u16string& folder, const IndexSettings& settings) {
-    return IndexReader(settings).read(folder);
+ResourceMap<property::RefItem> readProduct(const Corpus& corpus, const std::u16string& product,
+                                           const std::string& language,
+                                           ReadText<property::RefItem> readText) {
+    auto english = readText(readFile(corpus.fullFile(product, "en")), product);
+    if (language == "en")
+        return english;
+    std::string text = readFile(corpus.fullFile(product, language));
+    if (text.empty())
+        return english;
+    auto result = readText(std::move(text), product);
+    for (auto& [key, section] : english) {
+        const auto [translated, isNew] = result.try_emplace(key, std::move(section));
+        if (!isNew)
+            translated->second.items.merge(section.items);
+    }
+    return result;
+}
+
+LookupResults readIndex(const Corpus& corpus, const std::string& language,
+                        ReadText<property::RefItemLookup> readText) {
+    return IndexReader(corpus, language, readText).read();
 }
 
 } // namespace reference::docparser::benchmarks
