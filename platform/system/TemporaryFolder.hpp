@@ -30,7 +30,7 @@ private:
             std::filesystem::canonical(std::filesystem::temp_directory_path());
         std::random_device random;
         for (;;) {
-            const std::filesystem::path folder = parent / (prefix + std::to_string(random()));
+            std::filesystem::path folder = parent / (prefix + std::to_string(random()));
             // If another process has taken the name, try the next one.
             if (std::filesystem::create_directory(folder))
                 return folder;
