@@ -30,15 +30,16 @@ void requireCorrectRows(const std::vector<Row>& rows) {
 void run(benchmark::State& state, const Row& row) {
     Meter total;
     for (auto _ : state) {
-        const double before = total.seconds();
+        const double before = total.seconds;
         row.measure(total);
-        state.SetIterationTime(total.seconds() - before);
+        state.SetIterationTime(total.seconds - before);
     }
-    const auto passes = static_cast<double>(state.iterations());
-    state.counters["bytes"] = static_cast<double>(total.textBytes()) / passes;
-    state.counters["peak"] = total.peakBytesPerByte();
-    state.counters["kept"] = total.keptBytesPerByte();
-    state.counters["allocations"] = total.allocationsPerKiB();
+    const auto bytes = static_cast<double>(total.textBytes);
+    state.counters["bytes"] = bytes / static_cast<double>(state.iterations());
+    state.counters["peak"] = static_cast<double>(total.peakBytes) / bytes;
+    state.counters["kept"] = static_cast<double>(total.keptBytes) / bytes;
+    state.counters["allocations"] =
+        static_cast<double>(total.allocations) / bytes * 1024; // per KiB
 }
 
 void runRows(const std::string& root) {
@@ -61,7 +62,7 @@ void printFirstCall(const std::string& root, const std::string& name) {
         throw std::invalid_argument("no row " + name);
     Meter meter;
     row->measure(meter);
-    std::printf("%.9f\n", meter.seconds());
+    std::printf("%.9f\n", meter.seconds);
 }
 
 void printLoad(const std::string& root, std::vector<std::string> languages) {
@@ -76,7 +77,7 @@ void printLoad(const std::string& root, std::vector<std::string> languages) {
     Meter meter;
     for (const std::string& language : corpus.languages())
         meter.measure([&] { return language; }, loadAll);
-    std::printf("%.9f\n", meter.seconds());
+    std::printf("%.9f\n", meter.seconds);
 }
 
 } // namespace

@@ -1,5 +1,4 @@
-#include "benchmarks/peers/Retrieval.hpp"
-
+#include "benchmarks/peers/Peers.hpp"
 #include "docparser/retrieval/LookupMerge.hpp"
 
 #include <zip.h>
@@ -23,75 +22,37 @@ void require(bool isDone) {
         throw std::runtime_error("a package cannot be read");
 }
 
-class IndexReader {
-public:
-    IndexReader(const Corpus& corpus, const std::string& language,
-                ReadText<property::RefItemLookup> readText)
-        : corpus_(corpus), suffix_("_" + language), readText_(readText) {}
-
-    LookupResults read() {
-        std::vector<fs::path> packages;
-        std::vector<fs::path> files;
-        for (const fs::directory_entry& entry : fs::directory_iterator(corpus_.lookupFolder())) {
-            if (!isWanted(entry.path().stem()))
-                continue;
-            if (entry.path().extension() == ".zip")
-                packages.push_back(entry.path());
-            else if (entry.path().extension() == ".json")
-                files.push_back(entry.path());
-        }
-        for (const fs::path& package : packages)
-            addPackage(package);
-        for (const fs::path& file : files)
-            add(file.stem(), readFile(file));
-        return std::move(results_);
+// Calls add(stem, text) for each wanted JSON file of a package.
+template <class IsWanted, class Add>
+void readPackage(const fs::path& path, IsWanted isWanted, Add add) {
+    const Archive archive(zip_open(path.c_str(), ZIP_RDONLY, nullptr), zip_discard);
+    require(archive != nullptr);
+    const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive.get(), 0));
+    for (zip_uint64_t index = 0; index < count; ++index) {
+        zip_stat_t status;
+        require(zip_stat_index(archive.get(), index, 0, &status) == 0);
+        const fs::path name = fs::path(status.name).filename();
+        if (name.extension() != ".json" || !isWanted(name.stem()))
+            continue;
+        const ArchiveFile file(zip_fopen_index(archive.get(), index, 0), zip_fclose);
+        std::string text;
+        text.reserve(status.size + kSpareBytes);
+        text.resize(status.size);
+        require(file && zip_fread(file.get(), text.data(), status.size) ==
+                            static_cast<zip_int64_t>(status.size));
+        add(name.stem(), std::move(text));
     }
+}
 
-private:
-    bool isWanted(const std::string& stem) const {
-        return stem.ends_with(suffix_) || !corpus_.isTranslation(stem);
-    }
-
-    void addPackage(const fs::path& path) {
-        const Archive archive(zip_open(path.c_str(), ZIP_RDONLY, nullptr), zip_discard);
-        require(archive != nullptr);
-        const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive.get(), 0));
-        for (zip_uint64_t index = 0; index < count; ++index) {
-            zip_stat_t status;
-            require(zip_stat_index(archive.get(), index, 0, &status) == 0);
-            const fs::path name = fs::path(status.name).filename();
-            if (name.extension() != ".json" || !isWanted(name.stem()))
-                continue;
-            const ArchiveFile file(zip_fopen_index(archive.get(), index, 0), zip_fclose);
-            std::string text;
-            text.reserve(status.size + kSpareBytes);
-            text.resize(status.size);
-            require(file && zip_fread(file.get(), text.data(), status.size) ==
-                                static_cast<zip_int64_t>(status.size));
-            add(name.stem(), std::move(text));
-        }
-    }
-
-    void add(std::string stem, std::string text) {
-        const bool isTranslation = corpus_.isTranslation(stem);
-        if (isTranslation)
-            stem.resize(stem.size() - suffix_.size());
-        for (auto& [key, section] : readText_(std::move(text), fs::path(stem).u16string())) {
-            LookupMap& map = corpus_.isInstalled(key) ? results_.installed : results_.notInstalled;
-            const auto [known, isNew] = map.try_emplace(key, std::move(section));
-            if (isNew)
-                continue;
-            if (isTranslation)
-                std::swap(known->second, section);
-            mergeLookupItems(known->second.items, section.items, unobserved);
-        }
-    }
-
-    const Corpus& corpus_;
-    std::string suffix_;
-    ReadText<property::RefItemLookup> readText_;
-    LookupResults results_;
-};
+void addSection(LookupMap& map, const std::u16string& key,
+                DocResource<property::RefItemLookup>& section, bool isTranslation) {
+    const auto [known, isNew] = map.try_emplace(key, std::move(section));
+    if (isNew)
+        return;
+    if (isTranslation)
+        std::swap(known->second, section);
+    mergeLookupItems(known->second.items, section.items, unobserved);
+}
 
 } // namespace
 
@@ -115,7 +76,34 @@ ResourceMap<property::RefItem> readProduct(const Corpus& corpus, const std::u16s
 
 LookupResults readIndex(const Corpus& corpus, const std::string& language,
                         ReadText<property::RefItemLookup> readText) {
-    return IndexReader(corpus, language, readText).read();
+    const std::string suffix = "_" + language;
+    LookupResults results;
+    const auto isWanted = [&](const std::string& stem) {
+        return stem.ends_with(suffix) || !corpus.isTranslation(stem);
+    };
+    const auto add = [&](std::string stem, std::string text) {
+        const bool isTranslation = corpus.isTranslation(stem);
+        if (isTranslation)
+            stem.resize(stem.size() - suffix.size());
+        for (auto& [key, section] : readText(std::move(text), fs::path(stem).u16string()))
+            addSection(corpus.isInstalled(key) ? results.installed : results.notInstalled, key,
+                       section, isTranslation);
+    };
+    std::vector<fs::path> packages;
+    std::vector<fs::path> files;
+    for (const fs::directory_entry& entry : fs::directory_iterator(corpus.lookupFolder())) {
+        if (!isWanted(entry.path().stem()))
+            continue;
+        if (entry.path().extension() == ".zip")
+            packages.push_back(entry.path());
+        else if (entry.path().extension() == ".json")
+            files.push_back(entry.path());
+    }
+    for (const fs::path& package : packages)
+        readPackage(package, isWanted, add);
+    for (const fs::path& file : files)
+        add(file.stem(), readFile(file));
+    return results;
 }
 
 } // namespace reference::docparser::benchmarks

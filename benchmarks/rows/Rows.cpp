@@ -1,5 +1,4 @@
 #include "benchmarks/peers/Peers.hpp"
-#include "benchmarks/peers/Retrieval.hpp"
 #include "benchmarks/peers/SharedParse.hpp"
 #include "benchmarks/rows/Row.hpp"
 #include "docparser/DocResourceParser.hpp"
@@ -77,7 +76,7 @@ struct Group {
         loadTexts();
         for (const Case<Result>& work : cases) {
             for (const std::string& text : work.texts)
-                meter.addText(text.size());
+                meter.textBytes += text.size();
         }
     }
 
@@ -174,14 +173,10 @@ Method<ResourceMap<T>> reader(const char* name, ReadText<T> readText) {
         .needsTexts = true};
 }
 
-template <class T, SectionParser<T> parseSection>
-void addTextRows(std::vector<Row>& rows, const std::string& name, const Corpus& corpus,
-                 std::vector<ProductText> (Corpus::*loadTexts)() const) {
+// load(cases) adds the cases.
+template <class T, SectionParser<T> parseSection, class Load>
+void addTextRows(std::vector<Row>& rows, const std::string& name, const Corpus& corpus, Load load) {
     using Result = ResourceMap<T>;
-    const auto load = [&corpus, loadTexts](std::vector<Case<Result>>& cases) {
-        for (ProductText& text : (corpus.*loadTexts)())
-            cases.push_back({text.product, {std::move(text.text)}});
-    };
     const auto library = reader<T>("library", readWithLibrary<T, parseSection>);
     addRows<Result>(rows, {name, corpus, "de", {}, load, library},
                     {parse<Result>("parse", parseWithLibrary),
@@ -238,8 +233,8 @@ void addIndexRows(std::vector<Row>& rows, const Corpus& corpus, const std::strin
     Group<Result> group{.name = "lookup/" + language, .corpus = corpus, .language = language};
     group.cases.resize(1);
     group.load = [&corpus](std::vector<Case<Result>>& cases) {
-        for (ProductText& text : corpus.lookupTexts())
-            cases.front().texts.push_back(std::move(text.text));
+        for (auto& [product, text] : corpus.lookupTexts())
+            cases.front().texts.push_back(std::move(text));
     };
     group.library = {.name = "library", .run = [](const Case<Result>&, const Texts&) {
                          return DocResourceParser::getResourceLookupFiles();
@@ -254,9 +249,17 @@ void addIndexRows(std::vector<Row>& rows, const Corpus& corpus, const std::strin
 
 std::vector<Row> makeRows(const Corpus& corpus) {
     std::vector<Row> rows;
-    addTextRows<RefItem, parseRefItemSection>(rows, "full/text", corpus, &Corpus::allFullTexts);
-    addTextRows<RefItemLookup, parseRefItemLookupSection>(rows, "lookup/text", corpus,
-                                                          &Corpus::lookupTexts);
+    addTextRows<RefItem, parseRefItemSection>(rows, "full/text", corpus, [&corpus](auto& cases) {
+        for (const std::u16string& product : corpus.products()) {
+            for (std::string& text : corpus.fullTexts(product, corpus.languages()))
+                cases.push_back({product, {std::move(text)}});
+        }
+    });
+    addTextRows<RefItemLookup, parseRefItemLookupSection>(
+        rows, "lookup/text", corpus, [&corpus](auto& cases) {
+            for (auto& [product, text] : corpus.lookupTexts())
+                cases.push_back({product, {std::move(text)}});
+        });
     for (const char* language : {"en", "de"}) {
         addProductRows(rows, corpus, language);
         addIndexRows(rows, corpus, language);
