@@ -31,6 +31,7 @@ CommandEntry helpCommand() {
                            .type = ValueType::Command,
                            .help = "Print the help of this command"}},
             .examples = {{"refdoc help search", "Print the help of the command search."}},
+            .rootUse = RootUse::Never,
             .run = runHelp};
 }
 
@@ -48,14 +49,22 @@ std::vector<Remark> exitStatuses() {
 }
 
 std::vector<Remark> environment() {
-    return {{"PAGER",
-             "The shell command that shows output longer than the terminal; if it is empty "
-             "or \"cat\", there is no pager. By default less, if it is installed."},
-            {"LESS", "The options of less. If it is not set, the pager gets \"FRX\"."},
-            {"NO_COLOR", "If it is not empty, there is no colour unless --color asks for it."},
-            {"TERM", "If it is \"dumb\", there is no colour unless --color asks for it. If it is "
-                     "\"dumb\" or not set, there is no pager unless PAGER names one."},
-            {"COLUMNS", "The width of the output, instead of the terminal's."}};
+    return {
+        {"REFDOC_INSTALL", "The install folder, unless --install names one. A relative folder is "
+                           "relative to the current one. If this variable or one of the next "
+                           "two is empty, it is ignored."},
+        {"REFDOC_ROOT", "The reference root, unless --root or --install names one. If no "
+                        "option or variable names a folder, the current folder is the "
+                        "reference root if it contains the folder docCatalog, and the install "
+                        "folder if it contains installation.json."},
+        {"REFDOC_LANG", "The documentation language, unless --lang names one."},
+        {"PAGER", "The shell command that shows output longer than the terminal; if it is empty "
+                  "or \"cat\", there is no pager. By default less, if it is installed."},
+        {"LESS", "The options of less. If it is not set, the pager gets \"FRX\"."},
+        {"NO_COLOR", "If it is not empty, there is no colour unless --color asks for it."},
+        {"TERM", "If it is \"dumb\", there is no colour unless --color asks for it. If it is "
+                 "\"dumb\" or not set, there is no pager unless PAGER names one."},
+        {"COLUMNS", "The width of the output, instead of the terminal's."}};
 }
 
 CommandTable makeTable() {
@@ -67,7 +76,10 @@ CommandTable makeTable() {
              "document: the full records of one product, or the index of all names.",
              "Results go to standard output, everything else to standard error. Options may "
              "precede or follow the command. If an option is given twice, the last value wins. "
-             "\"--\" ends the options."},
+             "\"--\" ends the options.",
+             "A file is a translation if its name ends with \"_\" and a supported language. With "
+             "--langs auto, the supported languages are English and those that a pair of files "
+             "shows: \"zh_CN\" if there are files of Orchard and of Orchard_zh_CN."},
         .options = globalOptions(),
         .commands = commands(),
         .exitStatuses = exitStatuses(),

@@ -3,10 +3,10 @@
 #include "platform/terminal/ProgramText.hpp"
 #include "tools/refdoc/Commands.hpp"
 #include "tools/refdoc/cli/CommandLine.hpp"
-#include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/complete/Completion.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/LanguageNote.hpp"
+#include "tools/refdoc/session/Locations.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/LogToStderr.hpp"
 #include "tools/refdoc/terminal/PageSetup.hpp"
@@ -17,6 +17,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -28,18 +29,36 @@ namespace {
 
 using namespace refdoc;
 
+// What people should know about the choice of folders and languages.
+std::vector<std::string> notesOn(const CommandLine& line, const Options& options) {
+    if (!readsRoot(line))
+        return {};
+    std::vector<std::string> notes;
+    const auto add = [&](std::optional<std::string> note) {
+        if (note)
+            notes.push_back(std::move(*note));
+    };
+    if (platform::askStandardError().isTerminal)
+        add(currentFolderNote(options));
+    add(unsupportedLanguageNote(options));
+    add(uncountedTranslationsNote(options));
+    return notes;
+}
+
 Answer runCommand(const CommandLine& line) {
-    const Options options = readOptions(line);
+    const Options options = resolveOptions(line);
     if (options.verbose)
         logToStandardError();
-    applyOptions(options);
+    if (readsRoot(line))
+        applyOptions(options);
     const platform::OutputDevice device = platform::askStandardOutput();
     const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());
     Answer answer = line.command->run(options, setup);
     if (options.format != OutputFormat::Text)
         return answer;
-    if (std::optional<std::string> note = unsupportedLanguageNote(options))
-        answer.complaints.insert(answer.complaints.begin(), std::move(*note));
+    std::vector<std::string> notes = notesOn(line, options);
+    answer.complaints.insert(answer.complaints.begin(), std::move_iterator(notes.begin()),
+                             std::move_iterator(notes.end()));
     if (options.mayPage && isLong(answer.output, device))
         answer.pager = choosePager(readPagerEnvironment());
     return answer;
@@ -60,6 +79,8 @@ Answer answerTo(const std::vector<std::string>& arguments) {
         if (const CommandLine* line = std::get_if<CommandLine>(&parsed))
             return runCommand(*line);
         return std::get<Answer>(parsed);
+    } catch (const UsageError& error) {
+        return wrongUsage(commandTable(), error.what());
     } catch (const std::exception& error) {
         return failure(error.what());
     } catch (const foundation::core::except::IException& error) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace refdoc_tests {
@@ -23,13 +24,20 @@ struct Outcome {
     }
 };
 
-/// The environment of a run. The program inherits all variables except those that affect the
-/// layout, such as COLUMNS.
+/// The environment of a run. The program inherits all variables except those that it reads itself,
+/// such as COLUMNS and REFDOC_ROOT.
 struct Surroundings {
     std::map<std::string, std::string> variables{}; ///< added to the inherited ones
-    std::string folder{};                           ///< current folder; empty: that of the test
+    std::string folder{};                           ///< current folder; empty: an empty folder
     std::string output{}; ///< file or device for standard output, which is then not captured
+    bool isErrorOnTerminal = false; ///< for runOnTerminal(): standard error is the terminal too
 };
+
+/// Returns whether the program reads the environment variable.
+bool affectsProgram(std::string_view variable);
+
+/// Returns the current folder of a run.
+std::string currentFolder(const Surroundings& surroundings);
 
 /// Runs the program and waits for its end.
 /// \throws std::system_error  the program cannot be started

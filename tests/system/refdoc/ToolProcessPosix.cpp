@@ -67,19 +67,12 @@ private:
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
 };
 
-bool affectsLayout(std::string_view variable) {
-    for (const std::string_view name : {"NO_COLOR=", "COLUMNS=", "TERM=", "PAGER=", "LESS="}) {
-        if (variable.starts_with(name))
-            return true;
-    }
-    return false;
-}
-
 std::vector<std::string> environmentOf(const Surroundings& surroundings) {
     std::vector<std::string> environment;
     for (char** variable = environ; *variable; ++variable) {
-        if (!affectsLayout(*variable))
-            environment.emplace_back(*variable);
+        const std::string_view text = *variable;
+        if (!affectsProgram(text.substr(0, text.find('='))))
+            environment.emplace_back(text);
     }
     for (const auto& [name, value] : surroundings.variables)
         environment.push_back(name + '=' + value);
@@ -104,8 +97,7 @@ pid_t spawn(const std::vector<std::string>& arguments, const Surroundings& surro
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, out, STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, err, STDERR_FILENO);
-    if (!surroundings.folder.empty())
-        posix_spawn_file_actions_addchdir_np(&actions, surroundings.folder.c_str());
+    posix_spawn_file_actions_addchdir_np(&actions, currentFolder(surroundings).c_str());
     pid_t child = 0;
     const int error = posix_spawn(&child, REFDOC_PROGRAM, &actions, nullptr,
                                   pointersTo(words).data(), pointersTo(environment).data());
@@ -183,7 +175,8 @@ Outcome runOnTerminal(std::size_t columns, const std::vector<std::string>& argum
 
     const Capture err;
     Outcome outcome;
-    const pid_t child = spawn(arguments, surroundings, terminal.get(), err.descriptor());
+    const pid_t child = spawn(arguments, surroundings, terminal.get(),
+                              surroundings.isErrorOnTerminal ? terminal.get() : err.descriptor());
     terminal.close();
     outcome.out = readAll(observer.get());
     outcome.status = waitFor(child);

@@ -24,6 +24,10 @@ std::wstring toWide(std::string_view text) {
     return {units.begin(), units.end()};
 }
 
+std::string toUtf8(std::wstring_view text) {
+    return platform::toUtf8(std::u16string(text.begin(), text.end()));
+}
+
 class Handle {
 public:
     explicit Handle(HANDLE handle) : handle_(handle) {
@@ -72,22 +76,14 @@ std::wstring commandLine(const std::vector<std::string>& arguments) {
     return line;
 }
 
-bool affectsLayout(std::wstring_view variable) {
-    for (const std::wstring_view name :
-         {L"NO_COLOR=", L"COLUMNS=", L"TERM=", L"PAGER=", L"LESS="}) {
-        if (variable.starts_with(name))
-            return true;
-    }
-    return false;
-}
-
 // Returns the variables as a block of NUL-terminated strings.
 std::wstring environmentOf(const Surroundings& surroundings) {
     std::wstring block;
     wchar_t* const own = ::GetEnvironmentStringsW();
     for (const wchar_t* variable = own; *variable; variable += std::wcslen(variable) + 1) {
-        if (!affectsLayout(variable))
-            block.append(variable).push_back(L'\0');
+        const std::wstring_view text = variable;
+        if (!affectsProgram(toUtf8(text.substr(0, text.find(L'=')))))
+            block.append(text).push_back(L'\0');
     }
     ::FreeEnvironmentStringsW(own);
     for (const auto& [name, value] : surroundings.variables)
@@ -105,11 +101,11 @@ int runToEnd(const std::vector<std::string>& arguments, const Surroundings& surr
     startup.hStdError = err.get();
     std::wstring line = commandLine(arguments);
     std::wstring environment = environmentOf(surroundings);
-    const std::wstring folder = toWide(surroundings.folder);
+    const std::wstring folder = toWide(currentFolder(surroundings));
     PROCESS_INFORMATION process = {};
     if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, /*bInheritHandles=*/TRUE,
-                          CREATE_UNICODE_ENVIRONMENT, environment.data(),
-                          folder.empty() ? nullptr : folder.c_str(), &startup, &process))
+                          CREATE_UNICODE_ENVIRONMENT, environment.data(), folder.c_str(), &startup,
+                          &process))
         fail("cannot start the program");
     const Handle processHandle(process.hProcess);
     const Handle threadHandle(process.hThread);

@@ -89,9 +89,13 @@ ReportSettings settingsOf(const Options& options) {
 
 CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
-    if (options.arguments.empty())
-        return checkRoots(Scope::Everything, consequencesOf(options), names, progress);
     CheckResult result;
+    if (options.arguments.empty()) {
+        result = checkRoots(Scope::Everything, consequencesOf(options), names, progress);
+        for (std::string& complaint : result.complaints)
+            complaint += kOtherFolders;
+        return result;
+    }
     for (const std::u16string& target : options.arguments)
         checkTarget(target, options, names, progress, result);
     return result;
@@ -181,6 +185,7 @@ CommandEntry checkCommand() {
         .negative = "Errors were found.",
         .examples = {{"refdoc check --langs en,de,ja samples/help",
                       "Check a reference root in three languages."}},
+        .rootUse = RootUse::WithoutArguments,
         .run = runCheck,
     };
 }

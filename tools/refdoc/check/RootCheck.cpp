@@ -11,6 +11,7 @@
 #include "tools/refdoc/check/rules/LanguageContents.hpp"
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
+#include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -30,23 +31,8 @@ namespace refdoc::check {
 using reference::docparser::DocResourceParser;
 using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
-using Tools = DocResourceParser::ParsingTools;
 
 namespace {
-
-// English first: an English file reports what its translations have in common with it.
-std::vector<std::u16string> allLanguages() {
-    std::vector<std::u16string> languages{Tools::kEnglishLocale};
-    for (const std::u16string& suffix : Tools::getSupportedDocLocales())
-        languages.push_back(suffix.substr(1));
-    languages.push_back(Tools::getCurrentLocale());
-    std::vector<std::u16string> distinct;
-    for (std::u16string& language : languages) {
-        if (std::ranges::find(distinct, language) == distinct.end())
-            distinct.push_back(std::move(language));
-    }
-    return distinct;
-}
 
 std::string nothingToCheck() {
     const auto roots = DocResourceParser::getReferenceRoots();
@@ -64,7 +50,7 @@ public:
           consequences_(consequences),
           names_(names),
           progress_(progress),
-          languages_(allLanguages()) {}
+          languages_(allLanguages()) {} // English first: it reports what translations share
 
     CheckResult run() {
         retrieveAll();

@@ -41,6 +41,14 @@ std::optional<std::u16string> findInstallFolder(fs::path path) {
     return std::nullopt;
 }
 
+// Unless an option names the install folder, a path says more about it than the environment.
+void chooseInstallFolder(const fs::path& path, Options& options) {
+    if (options.values.has("--install"))
+        return;
+    if (std::optional<std::u16string> found = findInstallFolder(path))
+        options.installFolder = std::move(found);
+}
+
 CheckResult checkManifestFile(const fs::path& path) {
     const SourceFile file{.path = path.u16string()};
     CheckResult result{.fileCount = 1};
@@ -70,8 +78,7 @@ CheckResult checkFolder(const fs::path& folder, Options options, const PathNames
                         Progress& progress) {
     if (fs::exists(folder / "docCatalog")) {
         options.referenceRoot = folder.u16string();
-        if (!options.installFolder)
-            options.installFolder = findInstallFolder(folder);
+        chooseInstallFolder(folder, options);
     } else if (fs::exists(folder / "help") || fs::exists(folder / kManifestName)) {
         options.installFolder = folder.u16string();
         options.referenceRoot.reset();
@@ -107,8 +114,7 @@ TemporaryRoot::Folder folderFor(const fs::path& file) {
 CheckResult checkFile(const fs::path& file, Options options, PathNames& names, Progress& progress) {
     const TemporaryRoot root(file, folderFor(file));
     names.rename(root.folder(), file.parent_path());
-    if (!options.installFolder)
-        options.installFolder = findInstallFolder(file.parent_path());
+    chooseInstallFolder(file.parent_path(), options);
     options.referenceRoot = root.path().u16string();
     options.supportFolder = (root.path() / "none").u16string();
     CheckResult result = check(Scope::FilesAlone, options, names, progress);

@@ -25,13 +25,15 @@ bool looksLikeOption(std::string_view word) {
 
 // "a PRODUCT", "an OUT"
 std::string withArticle(std::string_view name) {
-    const bool startsWithVowel = std::string_view("AEIOU").find(name.front()) != name.npos;
+    const bool startsWithVowel =
+        std::string_view("AEIOU").find(name.front()) != std::string_view::npos;
     return fmt::format("{} {}", startsWithVowel ? "an" : "a", name);
 }
 
 template <class Entries>
 std::vector<std::string> namesOf(const Entries& entries) {
     std::vector<std::string> names;
+    names.reserve(entries.size());
     for (const auto& entry : entries)
         names.emplace_back(entry.name);
     return names;
@@ -83,11 +85,20 @@ private:
     }
 
     void addValue(const OptionEntry& option, const std::string& value) {
-        if (option.type == ValueType::Choice && line_.valueFault.empty() &&
-            std::ranges::find(option.choices, value, &Choice::name) == option.choices.end())
-            line_.valueFault = fmt::format("{} must be {}, not \"{}\"", option.name,
-                                           alternatives(namesOf(option.choices)), value);
+        if (line_.valueFault.empty())
+            line_.valueFault = faultOf(option, value);
         line_.options.add(option.name, value);
+    }
+
+    static std::string faultOf(const OptionEntry& option, const std::string& value) {
+        if (option.type == ValueType::Choice &&
+            std::ranges::find(option.choices, value, &Choice::name) == option.choices.end())
+            return fmt::format("{} must be {}, not \"{}\"", option.name,
+                               alternatives(namesOf(option.choices)), value);
+        // As a string, it would be the root of the file system in every path below it.
+        if (option.type == ValueType::Folder && value.empty())
+            return fmt::format("{} is empty; for the current folder, write \".\"", option.name);
+        return {};
     }
 
     std::string unknownOption(const std::string& name) const {
@@ -166,6 +177,11 @@ std::optional<std::string> OptionValues::value(std::string_view option) const {
 std::vector<std::string> OptionValues::values(std::string_view option) const {
     const auto found = values_.find(option);
     return found == values_.end() ? std::vector<std::string>() : found->second;
+}
+
+bool readsRoot(const CommandLine& line) {
+    const RootUse use = line.command ? line.command->rootUse : RootUse::Always;
+    return use == RootUse::Always || (use == RootUse::WithoutArguments && line.arguments.empty());
 }
 
 CommandLine sortWords(const CommandTable& table, const std::vector<std::string>& words) {

@@ -5,6 +5,7 @@
 
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -38,6 +39,14 @@ struct CommandLine {
     bool onlyArguments = false; ///< after "--": the next word is neither an option nor a command
     std::string valueFault{}; ///< a complaint about the first invalid value; empty if there is none
     std::string wordFault{};  ///< the same about the first unknown option or command
+};
+
+/// Returns whether the command reads the current reference root; true if there is no command yet.
+bool readsRoot(const CommandLine& line);
+
+/// A valid command line that asks for something impossible; the exit status is that of wrong usage.
+class UsageError : public std::logic_error {
+    using std::logic_error::logic_error;
 };
 
 /// Sorts the words that follow the program's name. Every fault is recorded and skipped, so that the

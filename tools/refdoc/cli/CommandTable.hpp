@@ -63,6 +63,13 @@ struct Remark {
     std::string_view text; ///< sentences
 };
 
+/// When a command reads the current reference root.
+enum class RootUse {
+    Always,
+    WithoutArguments, ///< the arguments name what it reads instead
+    Never
+};
+
 struct CommandEntry {
     std::string_view name;
     std::string_view help{};        ///< what it does, in one line
@@ -71,8 +78,10 @@ struct CommandEntry {
     std::vector<OptionEntry> options{}; ///< valid only after the command
     std::string_view negative{};        ///< when the exit status is 1; empty: it never is
     std::vector<Remark> examples{};     ///< command lines
+    RootUse rootUse = RootUse::Always;
 
-    /// Runs the command. The options have been applied to the library.
+    /// Runs the command. If it reads the current root, the options have been applied to the
+    /// library.
     /// \throws std::exception, foundation::core::except::IException  the command failed
     Answer (*run)(const Options& options, const PageSetup& setup) = nullptr;
 };

@@ -50,13 +50,20 @@ std::vector<OptionEntry> globalOptions() {
     return {
         {"--install", "DIR", ValueType::Folder,
          "The install folder, with its installation.json; the reference root is its folder "
-         "\"help\""},
-        {"--root", "DIR", ValueType::Folder, "The reference root"},
+         "\"help\"; by default $REFDOC_INSTALL"},
+        {"--root", "DIR", ValueType::Folder, "The reference root; by default $REFDOC_ROOT"},
         {"--support-folder", "DIR", ValueType::Folder,
          "The folder with the resource files of the support packages"},
         {"--lang", "L", ValueType::Language,
-         "The documentation language, as in \"ja\"; by default the one in installation.json"},
-        {"--langs", "L,L,...", ValueType::Languages, "The supported documentation languages"},
+         "The documentation language, as in \"ja\"; by default $REFDOC_LANG, or the one in "
+         "installation.json"},
+        {"--langs",
+         "L,L,...",
+         ValueType::Languages,
+         "The supported documentation languages; \"auto\": those that the names of the files "
+         "show",
+         {{"auto"}}},
+        {.name = "--lang-strict", .help = "Refuse a documentation language that is not supported"},
         {"--installed", "N,N,...", ValueType::Sections,
          "The products to treat as installed, and no others"},
         {"--support-packages", "N,N,...", ValueType::Sections,
@@ -95,6 +102,7 @@ Options readOptions(const CommandLine& line) {
     options.supportedLanguages = listOf(values, "--langs");
     options.installedProducts = listOf(values, "--installed");
     options.supportPackages = listOf(values, "--support-packages");
+    options.isLanguageStrict = values.has("--lang-strict");
     options.format = formatOf(values);
     options.color = colorOf(values);
     options.mayPage = !values.has("--no-pager");

@@ -19,6 +19,17 @@ enum class OutputFormat {
 /// The group of the options that choose the format of the output.
 inline constexpr std::string_view kFormatGroup = "format";
 
+/// The supported languages of `--langs auto`: those that the names of the files show.
+inline const std::vector<std::u16string> kInferredLanguages{u"auto"};
+
+/// Where settings come from: "option --root", "environment variable REFDOC_ROOT", "current folder"
+/// or "default".
+struct Origins {
+    std::string installFolder = "default";
+    std::string referenceRoot = "default"; ///< that of the install folder if it determines the root
+    std::string language = "default";      ///< the manifest, or English
+};
+
 /// What a command is run with: its arguments and the options. UTF-16 strings have U+FFFD in place
 /// of bytes that are not UTF-8.
 struct Options {
@@ -30,10 +41,12 @@ struct Options {
     std::optional<std::u16string> referenceRoot;
     std::optional<std::u16string> supportFolder;
     std::optional<std::u16string> language;
-    std::optional<std::vector<std::u16string>> supportedLanguages;
+    std::optional<std::vector<std::u16string>> supportedLanguages; ///< may be kInferredLanguages
     std::optional<std::vector<std::u16string>> installedProducts;
     std::optional<std::vector<std::u16string>> supportPackages;
 
+    Origins origins;
+    bool isLanguageStrict = false; ///< an unsupported language is wrong usage
     OutputFormat format = OutputFormat::Text;
     ColorChoice color = ColorChoice::Auto;
     bool mayPage = true; ///< long output may go through a pager

@@ -6,6 +6,7 @@
 #include "platform/terminal/ProgramText.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/Locations.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
@@ -117,7 +118,11 @@ Candidates valuesOf(const CommandTable& table, ValueType type, const std::vector
             candidates.emplace(name, help);
         return candidates;
     case ValueType::Language: return supportedLanguages();
-    case ValueType::Languages: return extendedLists(typed, supportedLanguages());
+    case ValueType::Languages:
+        candidates = extendedLists(typed, supportedLanguages());
+        for (const auto& [name, help] : choices) // in place of a list
+            candidates.emplace(name, help);
+        return candidates;
     case ValueType::Sections: return extendedLists(typed, sectionKeys());
     case ValueType::Product: return withoutDescriptions(productNames());
     case ValueType::Href:
@@ -191,7 +196,7 @@ std::string completionsOf(const CommandTable& table, std::vector<std::string> wo
             words.pop_back();
         std::ranges::transform(words, words.begin(), withHomeFolder);
         const CommandLine line = sortWords(table, words);
-        applyOptions(readOptions(line));
+        applyOptions(resolveOptions(line));
         return answerFor(table, line, word);
     } catch (const std::exception&) {
         // A malformed manifest, for example: running the command line will report it.

@@ -6,6 +6,7 @@
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
+#include "tools/refdoc/session/SupportFolder.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 
 #include <map>
@@ -92,6 +93,7 @@ Answer explainProduct(const Options& options, const PageSetup& setup) {
     ResourceMap<RefItem> resources;
     std::vector<std::string> complaints =
         readProduct(options.arguments, explanation.account, resources);
+    removeDisabledFolder(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.href);
     Counts counts;

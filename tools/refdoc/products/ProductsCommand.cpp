@@ -1,20 +1,29 @@
 #include "tools/refdoc/products/ProductsCommand.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "platform/HostServices.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/ToJson.hpp"
+#include "tools/refdoc/products/Inventory.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
+#include "tools/refdoc/session/SupportFolder.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/algorithm/string/join.hpp>
+#include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
@@ -34,12 +43,23 @@ inline const auto kFields<ProductPathData> =
                Field{"nonEnglishLocale", &ProductPathData::isNonEnglishLocale},
                Field{"fullPath", &ProductPathData::getFullPath}};
 
+template <>
+inline const auto kFields<ProductInventory> =
+    std::tuple{Field{"product", &ProductInventory::product},
+               Field{"languages", &ProductInventory::languages},
+               Field{"items", &ProductInventory::items},
+               Field{"translations", &ProductInventory::translations}};
+
 namespace {
 
 // What the command prints, in any format.
 struct ProductOverview {
+    explicit ProductOverview(Origins from) : origins(std::move(from)) {}
+
+    Origins origins;
+    std::u16string installFolder = platform::hostServices()->installPath();
     std::shared_ptr<const ReferenceRoots> roots = DocResourceParser::getReferenceRoots();
-    std::u16string supportFolder = *DocResourceParser::getSupportPackageRoot();
+    std::u16string supportFolder = refdoc::supportFolder();
     std::u16string language = Tools::getCurrentLocale();
     std::vector<std::u16string> localeSuffixes = Tools::getSupportedDocLocales();
     ProductLists lookupFiles = productsIn(roots->lookupFolder);
@@ -69,6 +89,8 @@ std::vector<std::string> shortNames(const ProductOverview& overview) {
 }
 
 boost::json::value documentOf(const ProductOverview& overview) {
+    const Inventory inventory = takeInventory();
+    const Origins& origins = overview.origins;
     return {{"roots",
              {{"root", toJson(overview.roots->root)},
               {"lookupFolder", toJson(overview.roots->lookupFolder)},
@@ -79,7 +101,14 @@ boost::json::value documentOf(const ProductOverview& overview) {
             {"jsonProducts", toJson(overview.lookupFiles.jsonProducts)},
             {"zipProducts", toJson(overview.lookupFiles.zipProducts)},
             {"topLevelProducts", toJson(shortNames(overview))},
-            {"supportPackages", toJson(overview.supportPackages)}};
+            {"supportPackages", toJson(overview.supportPackages)},
+            {"installFolder", toJson(overview.installFolder)},
+            {"origins",
+             {{"installFolder", origins.installFolder},
+              {"root", origins.referenceRoot},
+              {"language", origins.language}}},
+            {"products", toJson(inventory.products)},
+            {"undocumented", toJson(inventory.undocumented)}};
 }
 
 // A product file of any folder.
@@ -142,9 +171,11 @@ std::u16string languagesOf(const std::vector<std::u16string>& localeSuffixes) {
 void addFolders(Page& page, const ProductOverview& overview) {
     page.title(u"Folders", '-');
     Table table;
+    table.addRow({{u"install folder", Paint::Dim}, {overview.installFolder}});
     table.addRow({{u"reference root", Paint::Dim}, {overview.roots->root}});
     table.addRow({{u"full resource files", Paint::Dim}, {overview.roots->referenceApiFolder}});
-    table.addRow({{u"support packages", Paint::Dim}, {overview.supportFolder}});
+    table.addRow({{u"support packages", Paint::Dim},
+                  {overview.supportFolder.empty() ? u"none" : overview.supportFolder}});
     table.addRow({{u"lookup files", Paint::Dim}, {overview.roots->lookupFolder}});
     page.index(table);
 }
@@ -156,6 +187,39 @@ void addLanguages(Page& page, const ProductOverview& overview) {
     table.addRow({{u"current", Paint::Dim}, {overview.language}});
     table.addRow({{u"besides English", Paint::Dim}, {languagesOf(overview.localeSuffixes)}});
     page.table(0, table);
+}
+
+void addOrigins(Page& page, const Origins& origins) {
+    page.emptyLine();
+    page.title(u"Origins", '-');
+    Table table;
+    table.addRow({{u"install folder", Paint::Dim}, {to_ustring(origins.installFolder)}});
+    table.addRow({{u"reference root", Paint::Dim}, {to_ustring(origins.referenceRoot)}});
+    table.addRow({{u"language", Paint::Dim}, {to_ustring(origins.language)}});
+    page.table(0, table);
+}
+
+// "de 12, ja 7"
+std::u16string translationsOf(const ProductInventory& product) {
+    std::vector<std::u16string> counts;
+    for (const auto& [language, count] : product.translations)
+        counts.push_back(language + u' ' + to_ustring(std::to_string(count)));
+    return boost::join(counts, u", ");
+}
+
+void addInventory(Page& page, const std::vector<ProductInventory>& products) {
+    page.emptyLine();
+    page.title(u"Products", '-');
+    Table table({u"Product", u"Items", u"Translations", u"Remark"});
+    for (const ProductInventory& product : products)
+        table.addRow({{product.product},
+                      {to_ustring(std::to_string(product.items))},
+                      {translationsOf(product)},
+                      {product.languages.empty() ? u"no usable file" : u""}});
+    if (table.isEmpty())
+        page.text(0, u"none found");
+    else
+        page.table(0, table);
 }
 
 // Adds the files sorted by name, because the order of a folder is arbitrary.
@@ -189,28 +253,38 @@ void addFiles(Page& page, std::u16string_view title, const ProductLists& files,
     addTable(page, table, u"none found");
 }
 
-void addInstalled(Page& page, const ProductOverview& overview) {
+void addInstalled(Page& page, const ProductOverview& overview, const Inventory& inventory) {
+    const auto remarkOn = [&](const std::u16string& name) -> Cell {
+        const bool isDocumented = !std::ranges::binary_search(inventory.undocumented, name);
+        return {isDocumented ? u"" : u"no documentation"};
+    };
     page.emptyLine();
     page.title(u"Installed products", '-');
-    Table table({u"Name", u"Display name", u"Help location"});
-    for (const auto& product : *overview.topLevelProducts)
-        table.addRow({{to_ustring(product->getShortName())},
-                      {to_ustring(product->getDisplayName())},
-                      {to_ustring(product->getHelpLocation()), Paint::Dim}});
-    addTable(page, table, u"none");
+    Table products({u"Name", u"Display name", u"Help location", u"Remark"});
+    for (const auto& product : *overview.topLevelProducts) {
+        const std::u16string name = to_ustring(product->getShortName());
+        products.addRow({{name},
+                         {to_ustring(product->getDisplayName())},
+                         {to_ustring(product->getHelpLocation()), Paint::Dim},
+                         remarkOn(name)});
+    }
+    addTable(page, products, u"none");
 
     page.emptyLine();
     page.title(u"Installed support packages", '-');
+    Table packages;
     for (const std::u16string& name : overview.supportPackages)
-        page.words(0, {{name}});
-    if (overview.supportPackages.empty())
-        page.text(0, u"none");
+        packages.addRow({{name}, remarkOn(name)});
+    addTable(page, packages, u"none");
 }
 
 std::string pageOf(const ProductOverview& overview, const PageSetup& setup) {
+    const Inventory inventory = takeInventory();
     Page page(setup);
     addFolders(page, overview);
     addLanguages(page, overview);
+    addOrigins(page, overview.origins);
+    addInventory(page, inventory.products);
     addFiles(page, u"Full resource files", overview.productsIn(overview.roots->referenceApiFolder),
              overview.language, /*withPackages=*/false);
     addFiles(page, u"Full resource files of support packages",
@@ -218,19 +292,28 @@ std::string pageOf(const ProductOverview& overview, const PageSetup& setup) {
              /*withPackages=*/false);
     addFiles(page, u"Lookup files", overview.lookupFiles, overview.language,
              /*withPackages=*/true);
-    addInstalled(page, overview);
+    addInstalled(page, overview, inventory);
     return page.take();
 }
 
+// Empty lists alone would not tell an empty root from a wrong one.
+std::vector<std::string> complaintsAbout(const ReferenceRoots& roots) {
+    std::error_code unknown;
+    if (std::filesystem::exists(std::filesystem::path(roots.root), unknown))
+        return {};
+    return {
+        fmt::format("the reference root {} does not exist{}", quoted(roots.root), kOtherFolders)};
+}
+
 Answer runProducts(const Options& options, const PageSetup& setup) {
-    const ProductOverview overview;
+    const ProductOverview overview(options.origins);
     switch (options.format) {
     case OutputFormat::Json: return {.output = toIndentedJson(documentOf(overview))};
     case OutputFormat::JsonLines: return {.output = jsonLinesOf(overview)};
     case OutputFormat::Plain: return {.output = plainLinesOf(overview)};
     case OutputFormat::Text: break;
     }
-    return {.output = pageOf(overview, setup)};
+    return {.output = pageOf(overview, setup), .complaints = complaintsAbout(*overview.roots)};
 }
 
 } // namespace
@@ -238,10 +321,12 @@ Answer runProducts(const Options& options, const PageSetup& setup) {
 CommandEntry productsCommand() {
     return {
         .name = "products",
-        .help = "List the product files, installed products, support packages, languages and "
-                "folders",
-        .description =
-            "The lists show which files the other commands read, and from which folders.",
+        .help = "List the products, their languages and files, what is installed, and the "
+                "folders that are read",
+        .description = "Each product is listed with the number of its records in English and in "
+                       "each other supported language. Installed products without full resources "
+                       "and lookup entries are marked. The other lists show which files the other "
+                       "commands read, from which folders, and why from these.",
         .options = {plainOption("Print one file per line, with tabs between product, folder, "
                                 "language, yes or no for package, and path")},
         .examples = {{"refdoc --install samples products",

@@ -1,6 +1,7 @@
 #include "tools/refdoc/session/ProductNames.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/session/SupportFolder.hpp"
 
 #include <set>
 
@@ -22,8 +23,8 @@ std::vector<std::u16string> productNames() {
     const std::u16string language = Tools::getCurrentLocale();
     const std::vector<std::u16string> suffixes = Tools::getSupportedDocLocales();
     std::set<std::u16string> names;
-    for (const std::u16string& folder : {DocResourceParser::getReferenceRoots()->referenceApiFolder,
-                                         *DocResourceParser::getSupportPackageRoot()}) {
+    for (const std::u16string& folder :
+         {DocResourceParser::getReferenceRoots()->referenceApiFolder, supportFolder()}) {
         const auto files =
             DocResourceParser::getAllProducts(folder, suffixes, Tools::kLocaleSeparator + language);
         for (const ProductPathData& file : files.jsonProducts)

@@ -11,6 +11,7 @@
 #include "tools/refdoc/session/EnglishFallback.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/Selection.hpp"
+#include "tools/refdoc/session/SupportFolder.hpp"
 #include "tools/refdoc/show/ItemText.hpp"
 #include "tools/refdoc/show/NamedItems.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
@@ -45,6 +46,15 @@ std::string triedPlace(const std::string& product, const std::u16string& folder)
         language != Tools::kEnglishLocale)
         files += fmt::format(", {}_{}.json", product, to_string(language));
     return fmt::format("{} ({})", to_string(folder), files);
+}
+
+// The places in the order they are tried.
+std::string triedPlaces(const std::string& product) {
+    std::string places =
+        triedPlace(product, DocResourceParser::getReferenceRoots()->referenceApiFolder);
+    if (const std::u16string support = supportFolder(); !support.empty())
+        places += ", " + triedPlace(product, support);
+    return places;
 }
 
 // The complaint about the first malformed file; absent if there is none.
@@ -204,12 +214,10 @@ std::string complaintAboutProduct(const std::u16string& product, const LoadAccou
                                   std::vector<std::u16string_view> otherNames) {
     if (std::optional<std::string> damage = complaintAboutDamage(account))
         return std::move(*damage);
-    const std::string name = to_string(product);
     const std::vector<std::u16string> products = productNames();
     otherNames.insert(otherNames.end(), products.begin(), products.end());
-    return fmt::format("no resources for {}; tried {}, {}{}", quoted(product),
-                       triedPlace(name, DocResourceParser::getReferenceRoots()->referenceApiFolder),
-                       triedPlace(name, *DocResourceParser::getSupportPackageRoot()),
+    return fmt::format("no resources for {}; tried {}{}", quoted(product),
+                       triedPlaces(to_string(product)),
                        didYouMean(nearNames(product, otherNames),
                                   products.empty() ? kOtherFolders : "; see refdoc products"));
 }

@@ -158,7 +158,7 @@ TEST_F(CheckPathTest, RootThatDoesNotExistIsAnError) {
     EXPECT_EQ(check({"--root", "/nowhere/help"}),
               (Outcome{3, "no files checked\n",
                        "refdoc: nothing to check: the reference root \"/nowhere/help\" does not "
-                       "exist\n"}));
+                       "exist; --install or --root names another folder\n"}));
 }
 
 TEST_F(CheckPathTest, FileThatIsNoResourceFileIsAnError) {

@@ -163,8 +163,6 @@ documentation language: en
 Files considered
   malformed ROOT/referenceapi/Cellar.json:2:17
             expected a string, found a number, at /productName
-  missing   /help/docCatalog/referenceapi/Cellar.json
-            the file does not exist
 )");
     EXPECT_EQ(explain({"Cellar"}).status, 1);
 }

@@ -44,6 +44,14 @@ protected:
         return joined;
     }
 
+    // The entry of a product without a usable file.
+    static boost::json::value unusable(const std::string& product) {
+        return {{"product", product},
+                {"languages", boost::json::array()},
+                {"items", 0},
+                {"translations", boost::json::object()}};
+    }
+
     std::string file(const std::string& name, bool isTranslation,
                      const std::string& fileName) const {
         return boost::json::serialize(boost::json::object{
@@ -76,13 +84,20 @@ TEST_F(ProductsTest, JsonListsRootsLanguagesFilesAndInstalledProducts) {
         {"jsonProducts", "compared above"},
         {"zipProducts", "compared above"},
         {"topLevelProducts", {"orchard", "cellar"}},
-        {"supportPackages", {"gauge", "kit"}}};
+        {"supportPackages", {"gauge", "kit"}},
+        {"installFolder", path()},
+        {"origins",
+         {{"installFolder", "option --install"},
+          {"root", "option --install"},
+          {"language", "default"}}},
+        {"products", {unusable("Kit"), unusable("Orchard")}},
+        {"undocumented", {"cellar", "gauge", "kit", "orchard"}}};
     EXPECT_EQ(boost::json::serialize(products), boost::json::serialize(expected));
 }
 
 TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
-    EXPECT_EQ(runProgram({"--root", "r", "--support-folder", "s", "--installed", "", "--langs",
-                          "en", "--lang", "en", "products", "--json"})
+    EXPECT_EQ(runProgram({"--install", "i", "--root", "r", "--support-folder", "s", "--installed",
+                          "", "--langs", "en", "--lang", "en", "products", "--json"})
                   .out,
               R"({
   "roots": {
@@ -98,7 +113,15 @@ TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
   "jsonProducts": [],
   "zipProducts": [],
   "topLevelProducts": [],
-  "supportPackages": []
+  "supportPackages": [],
+  "installFolder": "i",
+  "origins": {
+    "installFolder": "option --install",
+    "root": "option --root",
+    "language": "option --lang"
+  },
+  "products": [],
+  "undocumented": []
 }
 )");
 }
@@ -109,7 +132,10 @@ TEST_F(ProductsTest, TextHasTheContentOfTheJsonInTables) {
     const std::string packages = path("packages/help/docCatalog/referenceapi");
     EXPECT_EQ(run({"products"}).out, "Folders\n"
                                      "-------\n"
-                                     "reference root       " +
+                                     "install folder       " +
+                                         path() +
+                                         "\n"
+                                         "reference root       " +
                                          help +
                                          "\n"
                                          "full resource files  " +
@@ -126,6 +152,18 @@ TEST_F(ProductsTest, TextHasTheContentOfTheJsonInTables) {
                                          "---------\n"
                                          "current          de\n"
                                          "besides English  de, ja\n"
+                                         "\n"
+                                         "Origins\n"
+                                         "-------\n"
+                                         "install folder  option --install\n"
+                                         "reference root  option --install\n"
+                                         "language        default\n"
+                                         "\n"
+                                         "Products\n"
+                                         "--------\n"
+                                         "Product  Items  Remark\n"
+                                         "Kit      0      no usable file\n"
+                                         "Orchard  0      no usable file\n"
                                          "\n"
                                          "Full resource files\n"
                                          "-------------------\n"
@@ -159,14 +197,14 @@ TEST_F(ProductsTest, TextHasTheContentOfTheJsonInTables) {
                                          "\n"
                                          "Installed products\n"
                                          "------------------\n"
-                                         "Name     Display name  Help location\n"
-                                         "orchard  Obstgarten    help/or\n"
-                                         "cellar\n"
+                                         "Name     Display name  Help location  Remark\n"
+                                         "orchard  Obstgarten    help/or        no documentation\n"
+                                         "cellar                                no documentation\n"
                                          "\n"
                                          "Installed support packages\n"
                                          "--------------------------\n"
-                                         "gauge\n"
-                                         "kit\n");
+                                         "gauge  no documentation\n"
+                                         "kit    no documentation\n");
 }
 
 TEST_F(ProductsTest, TextSaysNoneForEmptyLists) {
@@ -176,6 +214,84 @@ TEST_F(ProductsTest, TextSaysNoneForEmptyLists) {
     EXPECT_THAT(out, HasSubstr("Full resource files\n-------------------\nnone found\n"));
     EXPECT_THAT(out, HasSubstr("Installed products\n------------------\nnone\n"));
     EXPECT_THAT(out, HasSubstr("Installed support packages\n--------------------------\nnone\n"));
+}
+
+class InventoryTest : public RefdocTest {
+protected:
+    static constexpr const char* kPrune = R"({"href": "prune.html", "refpurpose": "Cut"})";
+    static constexpr const char* kGraft = R"({"href": "graft.html", "refpurpose": "Join"})";
+
+    static std::string both() { return std::string(kPrune) + "," + kGraft; }
+
+    // The element of "products" for the only product.
+    std::string inventory(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"products", "--json"});
+        const boost::json::value products = document(run(arguments).out);
+        EXPECT_EQ(products.at("products").as_array().size(), 1U);
+        return boost::json::serialize(products.at_pointer("/products/0"));
+    }
+
+    std::string undocumented(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"products", "--json"});
+        return boost::json::serialize(document(run(arguments).out).at("undocumented"));
+    }
+};
+
+TEST_F(InventoryTest, CountsRecordsAndTranslationsWhateverTheLanguage) {
+    addResource("P",
+                section("p", both(), R"(, "supportPackages": [)" + section("kit", kPrune) + "]"));
+    addResource("P_ja", section("p", kPrune));
+    addResource("P_de", section("p", both()));
+    for (const char* language : {"en", "de", "ja", "fr"})
+        EXPECT_EQ(inventory({"--langs", "en,ja,de", "--lang", language}),
+                  R"({"product":"P","languages":["en","de","ja"],"items":3,)"
+                  R"("translations":{"de":2,"ja":1}})")
+            << language;
+    EXPECT_THAT(run({"--langs", "en,ja,de", "products"}).out,
+                HasSubstr("Product  Items  Translations\n"
+                          "P        3      de 2, ja 1\n"));
+}
+
+TEST_F(InventoryTest, ProductMayHaveOnlyATranslation) {
+    addResource("P_de", section("p", kPrune));
+    EXPECT_EQ(inventory({"--langs", "en,de"}),
+              R"({"product":"P","languages":["de"],"items":0,"translations":{"de":1}})");
+}
+
+TEST_F(InventoryTest, UnusableFilesDoNotCount) {
+    addResource("P", section("p", kPrune));
+    addResource("P_de", "{");
+    EXPECT_EQ(inventory({"--langs", "en,de"}),
+              R"({"product":"P","languages":["en"],"items":1,"translations":{}})");
+}
+
+TEST_F(InventoryTest, TranslationsCountOnlyIfTheyAreUsed) {
+    const std::vector<std::string> options{"--support-folder", path("support"), "--langs", "en,de"};
+    add("support/P_de.json", section("p", kPrune));
+    EXPECT_EQ(inventory(options),
+              R"({"product":"P","languages":["de"],"items":0,"translations":{"de":1}})");
+    add("support/P.json", section("p", both()));
+    EXPECT_EQ(inventory(options),
+              R"({"product":"P","languages":["en","de"],"items":2,"translations":{"de":1}})");
+    addResource("P", section("p", kPrune));
+    EXPECT_EQ(inventory(options),
+              R"({"product":"P","languages":["en"],"items":1,"translations":{}})");
+}
+
+TEST_F(InventoryTest, InstalledProductsWithoutAnySectionHaveNoDocumentation) {
+    addResource("Full", section("full", kPrune));
+    addResource("German_de", section("german", kPrune));
+    addLookup("Index_ja",
+              section("index", R"({"name": "a", "href": "a.html", "refpurpose": "b"})"));
+    const std::vector<std::string> options{
+        "--langs", "en,de,ja", "--installed", "none,full,german,index", "--support-packages",
+        "kit"};
+    EXPECT_EQ(undocumented(options), R"(["kit","none"])");
+    std::vector<std::string> text = options;
+    text.push_back("products");
+    EXPECT_THAT(run(text).out, HasSubstr("\nnone    testDisplayName  testHelpLocation  no "
+                                         "documentation\n"
+                                         "full    testDisplayName  testHelpLocation\n"));
 }
 
 POSIX_TEST_F(ProductsTest, ReplacesInvalidUtf8InFileNames) {

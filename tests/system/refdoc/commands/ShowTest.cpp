@@ -19,8 +19,7 @@ protected:
     static constexpr const char* kNoProducts = "; --install or --root names another folder\n";
 
     std::string tried(const std::string& files) const {
-        return path("help/docCatalog/referenceapi") + " (" + files + "), " +
-               native("/help/docCatalog/referenceapi") + " (" + files + ")";
+        return path("help/docCatalog/referenceapi") + " (" + files + ")";
     }
 };
 

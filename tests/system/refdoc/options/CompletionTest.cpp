@@ -96,6 +96,7 @@ TEST_F(CompletionTest, OffersLanguagesAndChoicesAsValues) {
 }
 
 TEST_F(CompletionTest, OffersTheRestOfALanguageList) {
+    EXPECT_EQ(completions({"--langs", ""}), "auto\nde\nen\nja\n");
     EXPECT_EQ(completions({"--langs", "en,"}), "en,de\nen,ja\n");
     EXPECT_EQ(completions({"--langs=de,en,j"}), "--langs=de,en,ja\n");
 }

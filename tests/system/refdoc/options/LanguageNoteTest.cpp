@@ -1,5 +1,7 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
 
+#include <boost/json/serialize.hpp>
+
 namespace refdoc_tests {
 namespace {
 
@@ -63,6 +65,113 @@ TEST_F(UnsupportedLanguageTest, LangsReplacesTheListOfTheManifest) {
 
 TEST_F(UnsupportedLanguageTest, WithoutAListThereIsNoNote) {
     EXPECT_THAT(run({"--lang", "fr", "show", "P"}).err, IsEmpty());
+}
+
+TEST_F(UnsupportedLanguageTest, NoteNamesTheNearestLanguage) {
+    addManifest(kManifest);
+    const auto note = [](const std::string& language) {
+        return "refdoc: note: \"" + language +
+               "\" is not a supported language (en, de, ja); it is added for this call; did you "
+               "mean \"de\"?\n";
+    };
+    for (const char* language : {"DE", "de-DE", "de_AT"})
+        EXPECT_EQ(run({"--lang", language, "show", "P"}).err, note(language));
+    EXPECT_EQ(run({"show", "P"}, {.variables = {{"REFDOC_LANG", "DE"}}}).err, note("DE"));
+}
+
+TEST_F(UnsupportedLanguageTest, WithoutAListTheNamesOfTheFilesDecide) {
+    addResource("P_de", section("p", ""));
+    addResource("Q_ja", section("q", ""));
+    EXPECT_EQ(
+        run({"--lang", "DE", "show", "P"}).err,
+        "refdoc: note: \"DE\" is not a supported language (en, de); it is added for this call; "
+        "did you mean \"de\"?\n");
+    EXPECT_THAT(run({"--lang", "de", "show", "P"}).err, IsEmpty());
+    EXPECT_THAT(run({"--lang", "ja", "show", "P"}).err, IsEmpty());
+}
+
+TEST_F(UnsupportedLanguageTest, StrictLanguageIsWrongUsageInAllFormats) {
+    addManifest(kManifest);
+    for (const Arguments& command : {Arguments{"show", "P"},
+                                     {"lookup"},
+                                     {"products", "--json"},
+                                     {"check"},
+                                     {"check", path()}}) {
+        Arguments arguments{"--lang", "de-DE", "--lang-strict"};
+        arguments.insert(arguments.end(), command.begin(), command.end());
+        EXPECT_EQ(
+            run(arguments),
+            (Outcome{2, "",
+                     "refdoc: \"de-DE\" is not a supported language (en, de, ja); did you mean "
+                     "\"de\"?; see refdoc --help\n"}));
+    }
+    for (const char* language : {"de", "en"})
+        EXPECT_EQ(run({"--lang", language, "--lang-strict", "show", "P"}).status, 0);
+    EXPECT_EQ(run({"--lang-strict", "show", "P"}).status, 0);
+}
+
+TEST_F(UnsupportedLanguageTest, StrictLanguageNeedsAListOrAFile) {
+    EXPECT_EQ(run({"--lang", "de", "--lang-strict", "show", "P"}).status, 2);
+    addLookup("P_de", section("p", ""));
+    EXPECT_EQ(run({"--lang", "de", "--lang-strict", "show", "P"}).status, 0);
+}
+
+class UncountedTranslationsTest : public RefdocTest {
+protected:
+    UncountedTranslationsTest() {
+        for (const char* name : {"P", "P_de", "P_ja", "Q", "Q_de", "foo_bar"})
+            addResource(name, section("p", R"({"href": "a.html", "refpurpose": "b"})"));
+        addLookup("Q_ja", section("p", ""));
+    }
+
+    Outcome runAtRoot(Arguments arguments) const {
+        arguments.insert(arguments.begin(), {"--root", path("help")});
+        return runProgram(arguments);
+    }
+
+    std::string localeSuffixes(const Arguments& options) const {
+        Arguments arguments = options;
+        arguments.insert(arguments.end(), {"products", "--json"});
+        return boost::json::serialize(document(runAtRoot(arguments).out).at("localeSuffixes"));
+    }
+
+    static constexpr const char* kNote =
+        "refdoc: note: several products also exist with \"_de\" or \"_ja\" after their names; "
+        "--langs auto reads these files as translations\n";
+};
+
+TEST_F(UncountedTranslationsTest, NoteNamesTheSuffixesOnce) {
+    for (const Arguments& command : {Arguments{"show", "P"}, {"lookup"}, {"products"}})
+        EXPECT_EQ(runAtRoot(command).err, kNote) << command.front();
+}
+
+TEST_F(UncountedTranslationsTest, ThereIsNoNoteIfTheLanguagesAreNamed) {
+    EXPECT_THAT(runAtRoot({"--langs", "en,de,ja", "show", "P"}).err, IsEmpty());
+    EXPECT_THAT(runAtRoot({"--langs", "auto", "show", "P"}).err, IsEmpty());
+    EXPECT_THAT(runAtRoot({"show", "P", "--json"}).err, IsEmpty());
+    addManifest("{}");
+    EXPECT_THAT(run({"show", "P"}).err, IsEmpty());
+}
+
+TEST_F(UncountedTranslationsTest, NoteNeedsTwoProductsWithTheSuffix) {
+    addResource("P_fr", section("p", ""));
+    EXPECT_EQ(runAtRoot({"show", "P"}).err, kNote);
+    EXPECT_THAT(runAtRoot({"--lang", "de", "show", "P"}).err, HasSubstr("with \"_ja\" after"));
+}
+
+TEST_F(UncountedTranslationsTest, AutoInfersTheLanguagesFromAllFolders) {
+    EXPECT_EQ(localeSuffixes({}), "[]");
+    EXPECT_EQ(localeSuffixes({"--langs", "auto"}), R"(["_de","_ja"])");
+    add("help/docCatalog/referenceapi_lookup/Pack.zip", "");
+    add("help/docCatalog/referenceapi_lookup/Pack_zh_CN.zip", "");
+    EXPECT_EQ(localeSuffixes({"--langs", "auto"}), R"(["_de","_ja","_zh_CN"])");
+    EXPECT_EQ(localeSuffixes({"--langs", "auto", "--lang", "fr"}),
+              R"(["_de","_ja","_zh_CN","_fr"])");
+}
+
+TEST_F(UncountedTranslationsTest, AutoAlsoServesCheckedPaths) {
+    EXPECT_EQ(runProgram({"check", "--langs", "auto", path("help")}).out,
+              runProgram({"check", "--langs", "en,de,ja", path("help")}).out);
 }
 
 class EnglishFallbackTest : public RefdocTest {

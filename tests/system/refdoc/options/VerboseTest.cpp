@@ -29,8 +29,8 @@ TEST_F(VerboseTest, MissingProductIsLoggedAtBothSeverities) {
         outcome.err,
         testing::StartsWith(
             reading("referenceapi/P.json") + reading("referenceapi/P_de.json") +
-            native("[16] Reading file: /help/docCatalog/referenceapi/P.json\n"
-                   "[16] Reading file: /help/docCatalog/referenceapi/P_de.json\n") +
+            native("[16] Reading file: (no support packages)␀/P.json\n"
+                   "[16] Reading file: (no support packages)␀/P_de.json\n") +
             "[512] DocParserException thrown in getResourceFile for product: P\nrefdoc: no "));
 }
 

@@ -95,6 +95,8 @@ class Shell:
         self.seen = b""
         self.process, self.terminal = pty.fork()
         if self.process == 0:
+            for name in ("REFDOC_INSTALL", "REFDOC_ROOT", "REFDOC_LANG"):
+                os.environ.pop(name, None)
             os.environ.update(PATH=f"{record.parent}:{programs}:{os.environ['PATH']}", TERM="dumb",
                               HOME=str(folder), WORDS=str(self.words_file), LC_ALL="C.UTF-8")
             os.execvp(command[0], command)

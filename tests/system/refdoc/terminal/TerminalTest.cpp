@@ -71,5 +71,35 @@ TEST_F(TerminalTest, JsonHasNoColorOnATerminal) {
     EXPECT_EQ(runAtTerminal(80, {"show", "P", "--json"}), run({"show", "P", "--json"}));
 }
 
+class CurrentFolderNoteTest : public RefdocTest {
+protected:
+    // What a terminal shows of both streams, in a folder with these files.
+    std::string shown(const std::vector<std::string>& files) const {
+        for (const std::string& file : files)
+            add("here/" + file, "{}");
+        return runOnTerminal(80, {"--no-pager", "lookup"},
+                             {.folder = path("here"), .isErrorOnTerminal = true})
+            .out;
+    }
+
+    static std::string note(const std::string& content) {
+        return "refdoc: note: reading the current folder, because it contains " + content +
+               "; --install or --root names another folder\n";
+    }
+};
+
+TEST_F(CurrentFolderNoteTest, TerminalShowsWhyTheCurrentFolderIsRead) {
+    EXPECT_THAT(shown({"docCatalog/x"}), testing::StartsWith(note("\"docCatalog\"")));
+    EXPECT_THAT(shown({"installation.json"}),
+                testing::StartsWith(note("\"docCatalog\" and \"installation.json\"")));
+    std::filesystem::remove_all(path("here/docCatalog"));
+    EXPECT_THAT(shown({}), testing::StartsWith(note("\"installation.json\"")));
+}
+
+TEST_F(CurrentFolderNoteTest, OtherFoldersNeedNoNote) {
+    EXPECT_THAT(runOnTerminal(80, {"--no-pager", "lookup"}, {.isErrorOnTerminal = true}).out,
+                testing::StartsWith("refdoc: no lookup entries in "));
+}
+
 } // namespace
 } // namespace refdoc_tests

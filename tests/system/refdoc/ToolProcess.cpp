@@ -1,0 +1,24 @@
+#include "tests/system/refdoc/ToolProcess.hpp"
+
+#include "tests/support/NativeText.hpp"
+#include "tests/support/TemporaryFolder.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace refdoc_tests {
+
+bool affectsProgram(std::string_view variable) {
+    constexpr std::array<std::string_view, 8> kRead = {
+        "NO_COLOR", "COLUMNS",        "TERM",        "PAGER",
+        "LESS",     "REFDOC_INSTALL", "REFDOC_ROOT", "REFDOC_LANG"};
+    return std::ranges::find(kRead, variable) != kRead.end();
+}
+
+std::string currentFolder(const Surroundings& surroundings) {
+    static const docparser_tests::TemporaryFolder empty;
+    return surroundings.folder.empty() ? docparser_tests::textOf(empty.path())
+                                       : surroundings.folder;
+}
+
+} // namespace refdoc_tests

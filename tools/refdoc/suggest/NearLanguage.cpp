@@ -1,0 +1,45 @@
+#include "tools/refdoc/suggest/NearLanguage.hpp"
+
+#include "tools/refdoc/suggest/NearNames.hpp"
+
+#include <algorithm>
+
+namespace refdoc {
+
+namespace {
+
+// "zh_CN" for "zh-CN"
+std::u16string withUnderscores(std::u16string_view language) {
+    std::u16string result(language);
+    std::ranges::replace(result, u'-', u'_');
+    return result;
+}
+
+// "zh" for "zh_CN"
+std::u16string_view withoutTerritory(std::u16string_view language) {
+    return language.substr(0, language.find(u'_'));
+}
+
+bool areSame(std::u16string_view left, std::u16string_view right) {
+    return editDistance(left, right, /*limit=*/0) == 0;
+}
+
+} // namespace
+
+std::vector<std::u16string> nearLanguage(std::u16string_view language,
+                                         const std::vector<std::u16string>& known) {
+    const std::u16string wanted = withUnderscores(language);
+    for (const std::u16string& candidate : known) {
+        if (areSame(wanted, candidate))
+            return {candidate};
+    }
+    for (const std::u16string& candidate : known) {
+        if (areSame(withoutTerritory(wanted), withoutTerritory(candidate)))
+            return {candidate};
+    }
+    std::vector<std::u16string_view> translated(known.begin(), known.end());
+    std::erase(translated, u"en");
+    return nearNames(wanted, translated, /*maximum=*/1);
+}
+
+} // namespace refdoc
