@@ -40,12 +40,12 @@ bool isWord(std::u16string_view field, std::size_t start, std::size_t size) {
 }
 
 std::optional<Match> matchOf(std::u16string_view text, std::u16string_view field) {
-    std::size_t start = text.empty() ? std::u16string_view::npos : field.find(text);
-    if (start == std::u16string_view::npos)
+    std::size_t start = text.empty() ? field.npos : field.find(text);
+    if (start == field.npos)
         return std::nullopt;
     if (start == 0)
         return field.size() == text.size() ? Match::Exact : Match::Prefix;
-    for (; start != std::u16string_view::npos; start = field.find(text, start + 1)) {
+    for (; start != field.npos; start = field.find(text, start + 1)) {
         if (isWord(field, start, text.size()))
             return Match::Word;
     }
@@ -98,7 +98,7 @@ std::vector<TextRange> matchesIn(std::u16string_view string,
 
     std::vector<bool> isMatched(string.size());
     for (const std::u16string& text : texts) {
-        for (std::size_t at = searched.find(text); !text.empty() && at != std::u16string_view::npos;
+        for (std::size_t at = searched.find(text); !text.empty() && at != searched.npos;
              at = searched.find(text, at + 1)) {
             // A match that ends within the folding of a character has all of the character.
             std::size_t end = at + text.size();
