@@ -152,11 +152,6 @@ Method<Result> parseAndCopy(const char* name, Parse parseText) {
             .needsRecords = true};
 }
 
-template <class T>
-ResourceMap<T> readNothing(std::string, const std::u16string&) {
-    return {};
-}
-
 // From text to records.
 
 template <class T, SectionParser<T> parseSection>
@@ -199,7 +194,8 @@ void addRetrievalRows(std::vector<Row>& rows, const Group<Result>& group, Retrie
                                   return retrieve(work, readText);
                               }};
     };
-    Method<Result> read = method("read", readNothing<T>);
+    Method<Result> read =
+        method("read", [](std::string, const std::u16string&) { return ResourceMap<T>(); });
     read.makesRecords = false;
     addRows<Result>(rows, group,
                     {read, parse<Result>("parse", parseWithLibrary),
