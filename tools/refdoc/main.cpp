@@ -49,7 +49,7 @@ Answer runCommand(const CommandLine& line) {
     const Options options = resolveOptions(line);
     if (options.verbose)
         logToStandardError();
-    if (readsRoot(line))
+    if (readsRoot(line) && line.command->isRunWithOptions)
         applyOptions(options);
     const platform::OutputDevice device = platform::askStandardOutput();
     const PageSetup setup = choosePageSetup(options.color, device, readLayoutEnvironment());

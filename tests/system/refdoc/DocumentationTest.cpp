@@ -85,7 +85,7 @@ bool matches(std::string_view output, std::string_view shown) {
 // Writes the folder "help" that the pages check.
 void writeDamagedTree(const TemporaryFolder& folder) {
     const std::string header = R"({"productName": "O", "baseCode": "OR", "helpFolder": "orchard",)"
-                               R"( "helpLocation": "o", "refItems": [)";
+                               R"( "helpLocation": "help/orchard", "refItems": [)";
     folder.write("help/docCatalog/referenceapi/Cellar.JSON", header + "]}");
     folder.write("help/docCatalog/referenceapi/NoKey.json",
                  header + "\n{\"href\": \"press.html\"}]}");

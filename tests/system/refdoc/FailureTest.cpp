@@ -45,9 +45,8 @@ TEST_F(FailureTest, FolderWithTheNameOfTheManifestIsFailure) {
 TEST_F(FailureTest, MissingInstallFolderIsEmptyInstallation) {
     EXPECT_EQ(runProgram({"--install", path("nowhere"), "lookup"}),
               (Outcome{0, "",
-                       "refdoc: no lookup entries in " +
-                           path("nowhere/help/docCatalog/referenceapi_lookup") +
-                           "; --install or --root names another folder\n"}));
+                       "refdoc: the lookup index is empty: " + path("nowhere/help") +
+                           " does not exist; --install or --root names another folder\n"}));
 }
 
 } // namespace

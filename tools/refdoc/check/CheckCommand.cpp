@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -61,7 +62,9 @@ Answer explain(const std::string& name, const PageSetup& setup) {
 std::set<std::string, std::less<>> readBaseline(const std::string& name) {
     const std::filesystem::path file(to_ustring(name));
     if (!std::filesystem::is_regular_file(file))
-        throw std::runtime_error(fmt::format("can't read the baseline \"{}\"", name));
+        throw std::runtime_error(
+            fmt::format("the baseline \"{}\" {}", name,
+                        std::filesystem::exists(file) ? "is not a file" : "does not exist"));
     try {
         return readFingerprints(SourceTexts().read({.path = file.u16string()}));
     } catch (const std::runtime_error& error) {
@@ -91,7 +94,7 @@ CheckResult checkAll(const Options& options, PathNames& names) {
     Progress progress(platform::askStandardError().isTerminal);
     CheckResult result;
     if (options.arguments.empty()) {
-        result = checkRoots(Scope::Everything, consequencesOf(options), names, progress);
+        result = checkCurrentRoots(options, names, progress);
         for (std::string& complaint : result.complaints)
             complaint += kOtherFolders;
         return result;
@@ -128,12 +131,13 @@ Answer runCheck(const Options& options, const PageSetup& setup) {
     const std::vector<ReportedFinding> findings =
         makeReport(std::move(result.findings), names, settings);
     const Summary summary = summarize(findings, result.fileCount, result.consequenceCount);
-    const bool isComplete = result.complaints.empty();
-    return {.status = !isComplete          ? ExitStatus::Failed
-                      : summary.errors > 0 ? ExitStatus::Negative
-                                           : ExitStatus::Success,
-            .output = formatted(findings, summary, options, setup, names),
-            .complaints = std::move(result.complaints)};
+    Answer answer{.status = !result.complaints.empty() ? ExitStatus::Failed
+                            : summary.errors > 0       ? ExitStatus::Negative
+                                                       : ExitStatus::Success,
+                  .output = formatted(findings, summary, options, setup, names),
+                  .complaints = std::move(result.complaints)};
+    std::ranges::move(result.notes, std::back_inserter(answer.complaints));
+    return answer;
 }
 
 std::vector<Choice> ruleChoices() {
@@ -157,8 +161,7 @@ std::vector<OptionEntry> checkOptions() {
          .isValueOptional = true},
         {"--ignore", "RULE", ValueType::Name,
          "Leave out the findings of the rule; may be given more than once", ruleChoices()},
-        {.name = "--show-consequences",
-         .help = "Report also the findings that follow from errors in other files"},
+        {.name = "--show-consequences", .help = "Also report findings that follow from others"},
         {.name = "--rules", .help = "Print the rules and exit"},
         {"--explain", "RULE", ValueType::Name, "Explain the rule and how to fix its findings",
          ruleChoices()},
@@ -186,6 +189,7 @@ CommandEntry checkCommand() {
         .examples = {{"refdoc check --langs en,de,ja samples/help",
                       "Check a reference root in three languages."}},
         .rootUse = RootUse::WithoutArguments,
+        .isRunWithOptions = false,
         .run = runCheck,
     };
 }

@@ -12,6 +12,7 @@
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
 #include "tools/refdoc/session/Languages.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -23,6 +24,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -36,9 +38,14 @@ namespace {
 
 std::string nothingToCheck() {
     const auto roots = DocResourceParser::getReferenceRoots();
-    if (!std::filesystem::exists(std::filesystem::path(roots->root)))
-        return fmt::format("nothing to check: the reference root {} does not exist",
-                           quoted(roots->root));
+    const std::filesystem::path catalog = std::filesystem::path(roots->lookupFolder).parent_path();
+    for (const auto& [folder, what] :
+         {std::pair(catalog.parent_path(), "reference root"), std::pair(catalog, "folder")}) {
+        std::error_code ignored; // The library skips a folder that cannot be seen.
+        if (!std::filesystem::exists(folder, ignored))
+            return fmt::format("nothing to check: the {} {} does not exist{}", what,
+                               quoted(folder.u16string()), didYouMean(nearFolders(folder)));
+    }
     return fmt::format("nothing to check: there is no resource file in {} or {}",
                        quoted(roots->referenceApiFolder), quoted(roots->lookupFolder));
 }
@@ -57,8 +64,10 @@ public:
         checkNames();
         checkFiles();
         mergeLosses_.report(names_, findings_);
-        if (scope_ == Scope::Everything)
+        if (scope_ == Scope::Everything) {
+            addFolderFindings(hasNames_, findings_);
             checkInstallation();
+        }
         std::size_t consequenceCount = 0;
         if (consequences_ == Consequences::Hidden)
             consequenceCount = removeConsequences(languages_, texts_, findings_);
@@ -72,11 +81,10 @@ public:
 
 private:
     void retrieveAll() {
-        ProductNames products;
-        addFullProducts(languages_, products);
-        progress_.begin("retrieving", languages_.size() * (products.size() + 1));
+        addFullProducts(languages_, products_);
+        progress_.begin("retrieving", languages_.size() * (products_.size() + 1));
         for (const std::u16string& language : languages_)
-            take(retrieveLanguage(language, products, [&] { progress_.step(); }));
+            take(retrieveLanguage(language, products_, [&] { progress_.step(); }));
     }
 
     void take(LanguageContents contents) {
@@ -93,6 +101,7 @@ private:
         if (scope_ == Scope::Everything)
             addCrossFileFindings(contents, pending_);
         addSectionKeys(contents, sectionKeys_);
+        hasNames_ |= contents.hasNames();
     }
 
     void checkNames() {
@@ -100,6 +109,7 @@ private:
         const std::u16string reference = DocResourceParser::getReferenceRoots()->referenceApiFolder;
         checkNames(lookupFiles_);
         addPackageFindings(lookupFiles_, languages_, findings_);
+        addCutNames(lookupFiles_, languages_, findings_);
         checkNames(listResourceFolder(reference));
         if (support == reference)
             return;
@@ -110,7 +120,7 @@ private:
 
     void checkNames(const std::set<NamedFile>& files) {
         addIgnoredFiles(files, texts_, findings_);
-        addLanguageFindings(files, languages_, findings_);
+        addLanguageFindings(files, products_, languages_, findings_);
     }
 
     void checkFiles() {
@@ -145,7 +155,8 @@ private:
         fileCount_ += text.empty() ? 0 : 1;
         std::vector<Finding> found = checkManifest(manifest, text);
         addFindings(found, manifest, findings_);
-        addUndocumented(sectionKeys_, manifest, text, findings_);
+        if (!files_.empty())
+            addUndocumented(sectionKeys_, manifest, text, findings_);
     }
 
     Scope scope_;
@@ -153,12 +164,14 @@ private:
     const PathNames& names_;
     Progress& progress_;
     std::vector<std::u16string> languages_;
+    ProductNames products_;
     SourceTexts texts_;
     PendingFindings pending_;
     MergeLosses mergeLosses_;
     std::set<NamedFile> lookupFiles_;
     std::set<std::u16string> consideredPaths_;
     std::set<std::u16string> sectionKeys_;
+    bool hasNames_ = false;
     std::map<SourceFile, FileAccount> files_; // that were read, or have a finding
     std::size_t fileCount_ = 0;
     Findings findings_;

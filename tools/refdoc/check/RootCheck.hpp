@@ -22,6 +22,7 @@ struct CheckResult {
     std::size_t fileCount = 0;             ///< the files and package entries that were checked
     std::size_t consequenceCount = 0;      ///< findings that were removed: they follow from others
     std::vector<std::string> complaints{}; ///< why something could not be checked
+    std::vector<std::string> notes{};      ///< what was not checked because of a finding
 };
 
 /// Whether findings that follow from other findings are kept.

@@ -6,6 +6,7 @@
 #include "tools/refdoc/check/rules/ContentRules.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/parse.hpp>
@@ -57,18 +58,29 @@ CheckResult checkManifestFile(const fs::path& path) {
     return result;
 }
 
+Consequences consequencesOf(const Options& options) {
+    return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
+}
+
+bool hasErrors(const Findings& findings) {
+    return std::ranges::any_of(findings, [](const auto& file) {
+        return std::ranges::any_of(file.second, [](const Finding& finding) {
+            return finding.rule->severity == Severity::Error;
+        });
+    });
+}
+
 CheckResult check(Scope scope, const Options& options, const PathNames& names, Progress& progress) {
     DocResourceParser::restoreDefaultSettings();
     try {
         applyOptions(options);
-    } catch (const std::runtime_error& error) {
-        if (!options.installFolder)
+    } catch (const std::runtime_error&) {
+        const fs::path folder(selectedServices(options)->installPath());
+        CheckResult result = checkManifestFile(folder / kManifestName);
+        if (!hasErrors(result.findings))
             throw;
-        // The manifest decides the languages, so that nothing else can be checked without it.
-        CheckResult result = checkManifestFile(fs::path(*options.installFolder) / kManifestName);
-        if (result.findings.empty())
-            throw;
-        result.complaints.push_back(fmt::format("{}; nothing else was checked", error.what()));
+        result.notes.push_back("only installation.json was checked, because it determines the "
+                               "languages and the installed products");
         return result;
     }
     return checkRoots(scope, consequencesOf(options), names, progress);
@@ -85,7 +97,8 @@ CheckResult checkFolder(const fs::path& folder, Options options, const PathNames
     } else {
         throw std::runtime_error(quoted(folder.u16string()) +
                                  " is neither a reference root nor an install folder: it has no "
-                                 "\"docCatalog\", \"help\" or \"installation.json\"");
+                                 "\"docCatalog\", \"help\" or \"installation.json\"" +
+                                 didYouMean(nearFolders(folder / "docCatalog")));
     }
     return check(Scope::Everything, options, names, progress);
 }
@@ -120,7 +133,8 @@ CheckResult checkFile(const fs::path& file, Options options, PathNames& names, P
     CheckResult result = check(Scope::FilesAlone, options, names, progress);
     if (result.fileCount == 0)
         result.complaints.push_back(fmt::format(
-            "nothing to check: {} is no resource file and has none", quoted(file.u16string())));
+            "nothing to check: {} is neither a resource file nor a package with resource files",
+            quoted(file.u16string())));
     return result;
 }
 
@@ -142,18 +156,24 @@ CheckResult checkPath(const std::u16string& target, const Options& options, Path
 
 } // namespace
 
-Consequences consequencesOf(const Options& options) {
-    return options.values.has("--show-consequences") ? Consequences::Shown : Consequences::Hidden;
+CheckResult checkCurrentRoots(const Options& options, const PathNames& names, Progress& progress) {
+    return check(Scope::Everything, options, names, progress);
 }
 
 void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, CheckResult& result) {
-    CheckResult checked = checkPath(target, options, names, progress);
+    CheckResult checked;
+    try {
+        checked = checkPath(target, options, names, progress);
+    } catch (const std::runtime_error& error) {
+        checked.complaints.emplace_back(error.what());
+    }
     for (auto& [file, found] : checked.findings)
         addFindings(found, file, result.findings);
     result.fileCount += checked.fileCount;
     result.consequenceCount += checked.consequenceCount;
     std::ranges::move(checked.complaints, std::back_inserter(result.complaints));
+    std::ranges::move(checked.notes, std::back_inserter(result.notes));
 }
 
 } // namespace refdoc::check

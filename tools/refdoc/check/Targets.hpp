@@ -9,8 +9,9 @@
 
 namespace refdoc::check {
 
-/// Returns what `--show-consequences` says.
-Consequences consequencesOf(const Options& options);
+/// Checks the roots that the options choose.
+/// \throws std::exception  the check could not be completed
+CheckResult checkCurrentRoots(const Options& options, const PathNames& names, Progress& progress);
 
 /// Checks what an argument names: a reference root (a folder with "docCatalog"), an install folder
 /// (with "help" or installation.json), an installation.json, a package, or a resource file. A
@@ -19,8 +20,8 @@ Consequences consequencesOf(const Options& options);
 /// Without --install, the nearest installation.json above determines the languages and what is
 /// installed. Afterwards the settings of the library are those of this target.
 /// \param names   receives the names of temporary folders
-/// \param result  receives the findings, and why something could not be checked
-/// \throws std::exception  there is no such file or folder, or the check could not be completed
+/// \param result  receives the findings, and a complaint if there is no such file or folder or if
+///                the check could not be completed
 void checkTarget(const std::u16string& target, const Options& options, PathNames& names,
                  Progress& progress, CheckResult& result);
 

@@ -80,6 +80,9 @@ struct CommandEntry {
     std::vector<Remark> examples{};     ///< command lines
     RootUse rootUse = RootUse::Always;
 
+    /// False if `run` applies the options to the library itself.
+    bool isRunWithOptions = true;
+
     /// Runs the command. If it reads the current root, the options have been applied to the
     /// library.
     /// \throws std::exception, foundation::core::except::IException  the command failed

@@ -46,7 +46,7 @@ bool isProblem(const FileAccount& file) {
 
 std::string_view remarkOn(Fate fate) {
     switch (fate) {
-    case Fate::SkippedLanguage: return "a translation into another language than the current one";
+    case Fate::SkippedLanguage: return "a translation into a language other than the current one";
     case Fate::SkippedName: return "its name is not that of a product file";
     case Fate::Missing: return "the file does not exist";
     case Fate::NotRegular: return "a folder, pipe, socket or device has the name";
@@ -193,9 +193,10 @@ private:
         case SectionFate::KeyTaken:
             return u"key-taken: an earlier section of the same file has the key";
         case SectionFate::Overlay:
-            return u"overlay: the header of the translation takes its place, from " + winner;
-        case SectionFate::Merged: return u"merged: the section was there already, from " + winner;
-        case SectionFate::Unused: return u"unused: the retrieval failed before its turn came";
+            return u"overlay: replaced by the header of the translation, in " + winner;
+        case SectionFate::Merged:
+            return u"merged: the header of the earlier section is kept, in " + winner;
+        case SectionFate::Unused: return u"unused: the retrieval failed before";
         case SectionFate::New: break; // never lost
         }
         return {};
@@ -210,9 +211,9 @@ private:
         switch (fate) {
         case RecordFate::Replaced: return u"replaced: the translation has the href, in " + winner;
         case RecordFate::DroppedHref:
-            return u"dropped-href: the name has a record with this href already, from " + winner;
+            return u"dropped-href: a record of the name has this href, in " + winner;
         case RecordFate::DroppedCount:
-            return u"dropped-count: the name has no fewer records already, from " + winner;
+            return u"dropped-count: the name has at least as many records, in " + winner;
         case RecordFate::AddedName:
         case RecordFate::AddedHref: break; // never lost
         }
@@ -222,7 +223,7 @@ private:
     static std::u16string recordRule(SectionFate fate, const std::u16string&) {
         return fate == SectionFate::KeyTaken
                    ? u"key-taken: an earlier section of the same file has the section's key"
-                   : u"unused: the retrieval failed before its turn came";
+                   : u"unused: the retrieval failed before";
     }
 
     Page& page_;

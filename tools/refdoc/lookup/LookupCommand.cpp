@@ -4,6 +4,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/RecordLines.hpp"
+#include "tools/refdoc/lookup/EmptyIndex.hpp"
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
@@ -98,11 +99,7 @@ Answer runLookup(const Options& options, const PageSetup& setup) {
         keepOnly(options.arguments, results.installed);
         keepOnly(options.arguments, results.notInstalled);
     } else if (results == LookupResults{} && options.format == OutputFormat::Text) {
-        // Empty output alone would not tell an empty index from a wrong folder.
-        answer.complaints.push_back(
-            fmt::format("no lookup entries in {}{}",
-                        fl::i18n::to_string(DocResourceParser::getReferenceRoots()->lookupFolder),
-                        kOtherFolders));
+        answer.complaints.push_back(emptyIndexReason());
     }
     answer.output = outputOf(options, results, setup);
     return answer;

@@ -7,10 +7,10 @@
 #include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/RecordFields.hpp"
 #include "tools/refdoc/json/ToJson.hpp"
+#include "tools/refdoc/lookup/EmptyIndex.hpp"
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/search/CaseFolding.hpp"
 #include "tools/refdoc/search/Ranking.hpp"
-#include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -261,8 +261,10 @@ Answer runSearch(const Options& options, const PageSetup& setup) {
     if (results.total == 0) {
         answer.status = ExitStatus::Negative;
         answer.complaints.push_back(
-            fmt::format("no entry of the lookup index matches \"{}\"{}", queryOf(options),
-                        index == LookupResults{} ? kOtherFolders : "; see refdoc lookup"));
+            index == LookupResults{}
+                ? emptyIndexReason()
+                : fmt::format("no entry of the lookup index matches \"{}\"; see refdoc lookup",
+                              queryOf(options)));
     }
     return answer;
 }

@@ -1,6 +1,7 @@
 #include "tools/refdoc/session/LanguageNote.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "platform/path/Path.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
@@ -42,7 +43,10 @@ std::optional<Languages> namedLanguages(const Options& options) {
     const std::shared_ptr<const platform::HostServices> services = selectedServices(options);
     if (!hasManifest(*services))
         return std::nullopt;
-    return services->supportedDocLanguages();
+    std::optional<std::vector<std::u16string>> languages;
+    // A malformed manifest names none. The command itself reports it.
+    platform::ignoreFailure([&] { languages = services->supportedDocLanguages(); });
+    return languages;
 }
 
 bool contains(const Languages& languages, const std::u16string& language) {

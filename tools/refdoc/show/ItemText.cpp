@@ -55,7 +55,7 @@ void addDeprecation(Page& page, DeprecationStatus::Value status) {
     switch (status) {
     case DeprecationStatus::None: break;
     case DeprecationStatus::Discouraged:
-        page.text(kBody, u"DISCOURAGED: better not used in new work", Paint::Caution);
+        page.text(kBody, u"DISCOURAGED: not recommended for new work", Paint::Caution);
         break;
     case DeprecationStatus::Deprecated:
         page.text(kBody, u"DEPRECATED: to be removed in a later release", Paint::Caution);

@@ -1,6 +1,9 @@
 #include "tools/refdoc/suggest/Suggestions.hpp"
 
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "platform/path/DirectoryIterator.hpp"
+#include "platform/path/Path.hpp"
 #include "tools/refdoc/suggest/NearNames.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
@@ -67,6 +70,21 @@ std::string didYouMean(std::string_view name, const std::vector<std::string>& kn
     std::ranges::transform(known, std::back_inserter(names), fl::i18n::to_ustring);
     return didYouMean(
         nearNames(fl::i18n::to_ustring(name), {names.begin(), names.end()}, /*maximum=*/1));
+}
+
+std::vector<std::u16string> nearFolders(const std::filesystem::path& missing) {
+    std::vector<std::u16string> folders;
+    // A folder that cannot be read has no suggestions.
+    platform::ignoreFailure([&] {
+        const std::u16string parent = missing.parent_path().u16string();
+        fl::filesystem::directory_iterator entry(fl::filesystem::make_native_form(parent), u"*");
+        for (; entry.is_open(); entry.increment()) {
+            if (std::filesystem::is_directory(entry.full_pathname().string()))
+                folders.push_back(entry.filename().string());
+        }
+    });
+    return nearNames(missing.filename().u16string(), {folders.begin(), folders.end()},
+                     /*maximum=*/1);
 }
 
 std::vector<std::u16string> nearHrefs(const std::u16string& href,

@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,10 @@ std::string didYouMean(const std::vector<std::u16string>& names, std::string_vie
 /// Returns `; did you mean "a"?` with the known name that is nearest to `name`; empty if none is
 /// near. All strings are UTF-8.
 std::string didYouMean(std::string_view name, const std::vector<std::string>& known);
+
+/// Returns the name of the folder that a missing folder may be meant by: the one beside it whose
+/// name is nearest. It is the only element of the list, which is empty if none is near.
+std::vector<std::u16string> nearFolders(const std::filesystem::path& missing);
 
 /// Returns at most three hrefs that the user may have meant: those whose items document something
 /// of this name, or whose file has this name; otherwise those that are near to it.

@@ -45,7 +45,10 @@ TEST_F(BaselineTest, FailsIfTheFileIsNotAReport) {
             << text;
     }
     EXPECT_EQ(check({"--baseline", "gone"}),
-              (Outcome{3, "", "refdoc: can't read the baseline \"gone\"\n"}));
+              (Outcome{3, "", "refdoc: the baseline \"gone\" does not exist\n"}));
+    add("folder/file", "");
+    EXPECT_EQ(check({"--baseline", "folder"}),
+              (Outcome{3, "", "refdoc: the baseline \"folder\" is not a file\n"}));
 }
 
 TEST_F(BaselineTest, LinesMayBeEmptyOrFromSeveralReports) {
@@ -64,6 +67,7 @@ protected:
         addResource("A", section("a", R"({"href": "a.html", "refpurpose": "", "unknown": 1,
                                           "deprecationstatus": "old",
                                           "refentity": [{"name": "a"}]})"));
+        addLookupFolder();
     }
 };
 

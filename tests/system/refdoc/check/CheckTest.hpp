@@ -4,6 +4,7 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
 #include "tests/system/refdoc/check/SeededTree.hpp"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -20,6 +21,12 @@ protected:
     Outcome check(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), "check");
         return runProgram(arguments, {.variables = {}, .folder = path(), .output = {}});
+    }
+
+    /// Adds an empty folder of lookup files, which a root with full resources should have.
+    void addLookupFolder() const {
+        std::filesystem::create_directories(
+            docparser_tests::pathOf(path("help/docCatalog/referenceapi_lookup")));
     }
 
     void seed() { tree_.emplace(docparser_tests::pathOf(path())); }

@@ -92,6 +92,7 @@ TEST_F(CheckPathTest, SeveralPathsGiveOneReport) {
 TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
     addResource("A", section("a", ""));
     addResource("A_fr", section("a", ""));
+    addLookupFolder();
     EXPECT_THAT(check({"help"}).out, HasSubstr("[unsupported-language]"));
     addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
     EXPECT_EQ(check({"help"}), (Outcome{0, "3 files checked, no problems found\n", ""}));
@@ -99,6 +100,7 @@ TEST_F(CheckPathTest, ReferenceRootUsesManifestOfItsInstallFolder) {
 
 TEST_F(CheckPathTest, WithoutPathCurrentRootsAreChecked) {
     addResource("A", kNoPurpose);
+    addLookupFolder();
     const std::string file = docparser_tests::portable(path("help/docCatalog/referenceapi/A.json"));
     EXPECT_EQ(
         run({"check"}),
@@ -119,31 +121,67 @@ TEST_F(CheckPathTest, FolderWithoutDocumentationIsAnError) {
     add("empty/x", "");
     const Outcome outcome = check({"empty"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.out, "no files checked\n");
     EXPECT_THAT(outcome.err, HasSubstr("is neither a reference root nor an install folder"));
 }
 
 TEST_F(CheckPathTest, MissingFileIsAnError) {
     EXPECT_EQ(check({"gone.json"}),
-              (Outcome{3, "", "refdoc: file or folder \"gone.json\" does not exist\n"}));
+              (Outcome{3, "no files checked\n",
+                       "refdoc: file or folder \"gone.json\" does not exist\n"}));
+}
+
+TEST_F(CheckPathTest, OtherFilesAreCheckedWhenOneIsMissing) {
+    add("A.json", kNoPurpose);
+    const Outcome outcome = check({"gone.json", "A.json"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_THAT(linesOf(outcome.out), testing::ElementsAre(HasSubstr("[missing-key]"),
+                                                           "1 error in 1 file; 1 file checked"));
+    EXPECT_EQ(outcome.err, "refdoc: file or folder \"gone.json\" does not exist\n");
 }
 
 TEST_F(CheckPathTest, MalformedManifestIsAFindingAndNothingElseIsChecked) {
     addManifest("{");
     addResource("A", kNoPurpose);
-    const Outcome outcome = check({"."});
-    EXPECT_EQ(outcome.status, 3);
-    EXPECT_EQ(outcome.out,
-              "installation.json:1:2: error: invalid JSON, so the whole file is dropped: cut off: "
-              "the object that begins at 1:1 has no end [malformed-json]\n"
-              "1 error in 1 file; 1 file checked\n");
-    EXPECT_THAT(outcome.err, testing::EndsWith("incomplete JSON; nothing else was checked\n"));
-    EXPECT_THAT(check({".", "--sarif"}).out, HasSubstr("\"ruleId\":\"malformed-json\""));
+    const Outcome expected{
+        1,
+        "installation.json:1:2: error: invalid JSON, so the whole file is dropped: cut off: "
+        "the object that begins at 1:1 has no end [malformed-json]\n"
+        "1 error in 1 file; 1 file checked\n",
+        "refdoc: only installation.json was checked, because it determines the languages and the "
+        "installed products\n"};
+    EXPECT_EQ(check({"."}), expected);
+    EXPECT_EQ(check({"--install", "."}), expected);
+    EXPECT_EQ(check({"--install", ".", "--lang", "de"}), expected);
+    for (const char* where : {".", "--install=."})
+        EXPECT_THAT(check({where, "--sarif"}).out, HasSubstr("\"ruleId\":\"malformed-json\""));
+}
+
+TEST_F(CheckPathTest, ManifestOfTheWrongFormatIsAFinding) {
+    addManifest("{\"topLevelProducts\": [{}]}");
+    const Outcome outcome = check({"--install", "."});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "installation.json:1:23: error: the required key \"shortName\" is "
+                           "missing; the whole file is dropped [missing-key]\n"
+                           "1 error in 1 file; 1 file checked\n");
+}
+
+TEST_F(CheckPathTest, FileInTheWrongFolderIsOneFinding) {
+    const std::string items = R"({"href": "a.html", "refpurpose": ""},)"
+                              R"({"href": "b.html", "refpurpose": ""})";
+    add("referenceapi_lookup/Plain.json", section("a", items));
+    add("referenceapi_lookup/Package.json",
+        section("a", "", ", \"supportPackages\": [" + section("kit", items) + "]"));
+    for (const char* file : {"Plain", "Package"})
+        EXPECT_THAT(
+            linesOf(check({std::string("referenceapi_lookup/") + file + ".json"}).out),
+            testing::ElementsAre(HasSubstr("[wrong-folder]"), "1 error in 1 file; 1 file checked"));
 }
 
 TEST_F(CheckPathTest, EmptyPathIsAnError) {
     EXPECT_EQ(check({""}),
-              (Outcome{3, "", "refdoc: the PATH is empty; for the current folder, write \".\"\n"}));
+              (Outcome{3, "no files checked\n",
+                       "refdoc: the PATH is empty; for the current folder, write \".\"\n"}));
 }
 
 TEST_F(CheckPathTest, RootWithoutResourceFilesIsAnError) {
@@ -165,7 +203,7 @@ TEST_F(CheckPathTest, FileThatIsNoResourceFileIsAnError) {
     add("readme.txt", "Read me");
     const Outcome outcome = check({"readme.txt"});
     EXPECT_EQ(outcome.status, 3);
-    EXPECT_THAT(outcome.err, HasSubstr("readme.txt\" is no resource file and has none"));
+    EXPECT_THAT(outcome.err, HasSubstr("readme.txt\" is neither a resource file nor a package"));
 }
 
 TEST_F(CheckPathTest, WithoutInstalledProductsEachLookupNeedsFullResources) {

@@ -65,6 +65,9 @@ std::set<std::string> warnedOf(const Schema& schema, const json::value& document
     addSchemaFindings(schema, document, findings);
     std::set<std::string> pointers;
     for (const Finding& finding : findings) {
+        // The document has its pointers in place of a version and a help location.
+        if (finding.rule->name == "unknown-version" || finding.rule->name == "help-location")
+            continue;
         EXPECT_EQ(finding.rule->name, "not-ascii") << finding.message;
         pointers.insert(*finding.location.pointer);
     }

@@ -15,7 +15,7 @@ const std::string kRecord = R"({"name": "graft", "href": "graft.html", "refpurpo
 std::string sectionOf(const std::string& key, const std::string& items = {},
                       const std::string& more = {}) {
     return R"({"productName": "", "baseCode": "b", "helpFolder": ")" + key +
-           R"(", "helpLocation": "help", "refItems": [)" +
+           R"(", "helpLocation": "help/)" + key + R"(", "refItems": [)" +
            (items.empty() ? "" : "\n" + items + "\n") + "]" + more + "}";
 }
 
@@ -45,7 +45,7 @@ const std::vector<RuleExample>& ruleExamples() {
              {"repeated-key",
               {{kResources + "Orchard.json", sectionOf("orchard", kItem, ",\n \"refItems\": []")}},
               R"(help/docCatalog/referenceapi/Orchard.json:4:2: error: the object already has this key; the earlier value is ignored [repeated-key]
-    help/docCatalog/referenceapi/Orchard.json:1:87: the value that is ignored)"},
+    help/docCatalog/referenceapi/Orchard.json:1:95: the value that is ignored)"},
 
              {"wrong-folder",
               {{kResources + "Orchard.json", sectionOf("orchard", kRecord)}},
@@ -71,7 +71,7 @@ const std::vector<RuleExample>& ruleExamples() {
                 sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
  "refentity": [{"name": "graft", "type": "functon"}]})")},
                {kLookups + "Orchard.json", sectionOf("orchard", kRecord)}},
-              R"(help/docCatalog/referenceapi/Orchard.json:3:42: warning: unknown word "functon", read as the default "function"; did you mean "function"? [unknown-word])"},
+              R"(help/docCatalog/referenceapi/Orchard.json:3:42: warning: unknown word "functon", read as the default "function" [unknown-word])"},
 
              {"not-ascii",
               {{kResources + "Orchard.json",
@@ -85,6 +85,17 @@ const std::vector<RuleExample>& ruleExamples() {
                     "orchard",
                     R"({"name": "graft", "href": "graft.html", "refpurpose": "Join", "deprecated": false})")}},
               R"(help/docCatalog/referenceapi_lookup/Orchard.json:2:63: warning: "deprecated": false has the same effect as true [deprecated-false])"},
+
+             {"unknown-version",
+              {{kResources + "Orchard.json",
+                sectionOf("orchard", {}, ",\n \"schemaVersion\": \"2\"")}},
+              R"(help/docCatalog/referenceapi/Orchard.json:2:19: note: unknown format version "2"; known: "2.0", "2.1" [unknown-version])"},
+
+             {"help-location",
+              {{kResources + "Orchard.json",
+                R"({"productName": "", "baseCode": "b", "helpFolder": "orchard",
+ "helpLocation": "help/cellar", "refItems": []})"}},
+              R"(help/docCatalog/referenceapi/Orchard.json:2:18: note: the help location "help/cellar" does not contain the help folder "orchard" [help-location])"},
 
              {"repeated-section-key",
               {{kResources + "Orchard.json",
@@ -100,6 +111,19 @@ const std::vector<RuleExample>& ruleExamples() {
                           ", \"supportPackages\": [\n" + supportPackage("orchard") + "]")}},
               R"(help/docCatalog/referenceapi/Orchard.json:2:33: error: the section is dropped: its base code "orchard" is the help folder of the main section [base-code-is-help-folder]
     help/docCatalog/referenceapi/Orchard.json:1:52: the section that is kept)"},
+
+             {"misnamed-folder",
+              {{kResources + "Orchard.json", sectionOf("orchard")},
+               {kLookups, {}, Form::Missing},
+               {"help/docCatalog/referenceapi-lookup/Orchard.json", sectionOf("orchard", kRecord)}},
+              R"(help/docCatalog/referenceapi-lookup: error: the folder is ignored: its name must be "referenceapi_lookup" [misnamed-folder])"},
+
+             {"no-lookup-folder",
+              {{kResources + "Orchard.json",
+                sectionOf("orchard", R"({"href": "graft.html", "refpurpose": "Join",
+ "refentity": [{"name": "graft"}]})")},
+               {kLookups, {}, Form::Missing}},
+              R"(help/docCatalog: warning: the folder "referenceapi_lookup" does not exist: no item can be found by its name [no-lookup-folder])"},
 
              {"unreadable-file",
               {{kLookups + "Orchard.json", {}, Form::Unopenable}},
@@ -135,6 +159,12 @@ const std::vector<RuleExample>& ruleExamples() {
                {kResources + "Orchard_fr.json", sectionOf("orchard")}},
               R"(help/docCatalog/referenceapi/Orchard_fr.json: warning: "fr" is not a supported language; the file is read as the English file of a product "Orchard_fr" [unsupported-language])"},
 
+             {"cut-product-name",
+              {{"installation.json", R"({"supportedDocLanguages": ["en", "de"]})"},
+               {kResources + "Orchard.json", sectionOf("orchard", kItem)},
+               {kLookups + "Orchard_demo_de.json", sectionOf("orchard", kRecord)}},
+              R"(help/docCatalog/referenceapi_lookup/Orchard_demo_de.json: error: in the language "de", the product name "Orchard_demo" is cut to "Orchard" [cut-product-name])"},
+
              {"package-language",
               {{"installation.json", R"({"supportedDocLanguages": ["en", "de"]})"},
                {kLookups + "Orchard_de.zip!Orchard.json", sectionOf("orchard")}},
@@ -157,7 +187,9 @@ const std::vector<RuleExample>& ruleExamples() {
                 sectionOf("orchard",
                           kItem + ",\n" + R"({"href": "join.html", "refpurpose": "Join"})")},
                {kLookups + "Orchard.zip!Orchard.json", sectionOf("orchard", kRecord)},
-               {kLookups + "Orchard.json", sectionOf("orchard", R"({"name": "graft", "href": "join.html", "refpurpose": "Join"})")}},
+               {kLookups + "Orchard.json",
+                sectionOf("orchard",
+                          R"({"name": "graft", "href": "join.html", "refpurpose": "Join"})")}},
               R"(help/docCatalog/referenceapi_lookup/Orchard.json:2:1: warning: the record "graft" with the link "join.html" is lost in the merge: help/docCatalog/referenceapi_lookup/Orchard.zip!Orchard.json has at least as many records of the name [dropped-record]
     help/docCatalog/referenceapi_lookup/Orchard.zip!Orchard.json:2:1: the record that is kept)"},
 
@@ -196,7 +228,8 @@ const std::vector<RuleExample>& ruleExamples() {
               R"(help/docCatalog/referenceapi_lookup/Orchard.json:1:1: warning: the product "Orchard" has no full resources [lookup-without-resources])"},
 
              {"installed-without-documentation",
-              {{"installation.json", R"({"topLevelProducts": [{"shortName": "orchard"}]})"}},
+              {{"installation.json", R"({"topLevelProducts": [{"shortName": "orchard"}]})"},
+               {kResources + "Cellar.json", sectionOf("cellar")}},
               R"(installation.json:1:37: warning: the installed product "orchard" has neither lookup records nor full resources [installed-without-documentation])"}};
     return examples;
 }

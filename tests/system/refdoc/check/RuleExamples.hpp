@@ -11,6 +11,7 @@ enum class Form {
     ByteOrderMark, ///< with a byte-order mark before the content
     OverLimit,     ///< with one byte more than a file may have; without content
     Folder,
+    Missing,    ///< a folder of resource files that does not exist; otherwise both do
     Unopenable, ///< a link to a file that does not exist or, on Windows, a locked file
     Encrypted   ///< an encrypted entry of a package
 };

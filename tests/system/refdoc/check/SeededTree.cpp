@@ -28,7 +28,8 @@ void write(const fs::path& file, std::string_view text) {
 std::string section(const std::string& key, const std::string& items,
                     const std::string& more = {}) {
     return R"({"productName": "", "baseCode": "b", "helpFolder": ")" + key +
-           R"(", "helpLocation": "help", "refItems": [)" + "\n" + items + "\n]" + more + "}\n";
+           R"(", "helpLocation": "help/)" + key + R"(", "refItems": [)" + "\n" + items + "\n]" +
+           more + "}\n";
 }
 
 constexpr std::string_view kManifest = R"({

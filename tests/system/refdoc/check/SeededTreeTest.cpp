@@ -24,7 +24,7 @@ help/docCatalog/referenceapi/Huge.json: error: the file is not read: larger than
 help/docCatalog/referenceapi/Mark.json:1:1: error: the file begins with a byte-order mark; the whole file is dropped [byte-order-mark]
 help/docCatalog/referenceapi/NoJson.json:2:12: error: invalid JSON, so the whole file is dropped: missing colon after the key; add one [malformed-json]
 help/docCatalog/referenceapi/NoKey.json:2:1: error: the required key "refpurpose" is missing; the whole file is dropped [missing-key]
-help/docCatalog/referenceapi/Orchard.json:3:87: warning: unknown word "functon", read as the default "function"; did you mean "function"? [unknown-word]
+help/docCatalog/referenceapi/Orchard.json:3:87: warning: unknown word "functon", read as the default "function" [unknown-word]
 help/docCatalog/referenceapi/Orchard.json:4:79: warning: unknown key "introducd", ignored; did you mean "introduced"? [unknown-key]
 help/docCatalog/referenceapi/Orchard.json:5:60: warning: the string is read as ASCII: "é" becomes "Ã©" [not-ascii]
 help/docCatalog/referenceapi/Orchard.json:6:1: note: no lookup record has the link "lost.html": the item can't be found by name [page-without-lookup]

@@ -92,7 +92,7 @@ Section orchard
   dropped   ROOT/referenceapi/Orchard.json:8:3
             key-taken: an earlier section of the same file has the key
   dropped   ROOT/referenceapi/Orchard.json:1:1
-            overlay: the header of the translation takes its place, from Orchard_de.json
+            overlay: replaced by the header of the translation, in Orchard_de.json
 
   graft.html
     from      ROOT/referenceapi/Orchard_de.json:4:3
@@ -291,7 +291,7 @@ Section orchard
 ---------------
   header    ROOT/referenceapi_lookup/Estate.zip!lookup/Orchard.json:1:1
   dropped   ROOT/referenceapi_lookup/Orchard.json:1:1
-            merged: the section was there already, from Estate.zip!lookup/Orchard.json
+            merged: the header of the earlier section is kept, in Estate.zip!lookup/Orchard.json
 
   graft
     from      ROOT/referenceapi_lookup/Estate.zip!lookup/Orchard.json:2:1
@@ -300,8 +300,7 @@ Section orchard
               b.html: Join
     dropped   ROOT/referenceapi_lookup/Orchard.json:2:1
               a.html: Join
-              dropped-href: the name has a record with this href already, from
-              Estate.zip!lookup/Orchard.json
+              dropped-href: a record of the name has this href, in Estate.zip!lookup/Orchard.json
 )",
                                                      ""}));
 }
@@ -311,7 +310,7 @@ TEST_F(ExplainNameTest, ShowsRecordsThatAreDroppedByTheirNumber) {
     EXPECT_THAT(explain({"--name", "graft"}).out, HasSubstr(R"(
     dropped   ROOT/referenceapi_lookup/Orchard.json:2:1
               b.html: Join
-              dropped-count: the name has no fewer records already, from
+              dropped-count: the name has at least as many records, in
               Estate.zip!lookup/Orchard.json
 )"));
 }

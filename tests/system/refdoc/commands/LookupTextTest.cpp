@@ -84,11 +84,22 @@ TEST_F(LookupTextTest, RecordStaysOnOneLine) {
 
 class EmptyIndexTest : public RefdocTest {};
 
-TEST_F(EmptyIndexTest, IsStatus0WithANote) {
-    EXPECT_EQ(run({"lookup"}), (Outcome{0, "",
-                                        "refdoc: no lookup entries in " +
-                                            path("help/docCatalog/referenceapi_lookup") +
-                                            "; --install or --root names another folder\n"}));
+TEST_F(EmptyIndexTest, NoteNamesTheCause) {
+    const auto expectNote = [&](const std::string& cause) {
+        EXPECT_EQ(run({"lookup"}),
+                  (Outcome{0, "", "refdoc: the lookup index is empty: " + cause + '\n'}));
+    };
+    const std::string remedy = "; --install or --root names another folder";
+    expectNote(path("help") + " does not exist" + remedy);
+    add("help/readme.txt", "");
+    expectNote(path("help/docCatalog") + " does not exist" + remedy);
+    addResource("Orchard", section("orchard", ""));
+    const std::string lookups = path("help/docCatalog/referenceapi_lookup");
+    expectNote(lookups + " does not exist" + remedy);
+    add("help/docCatalog/referenceapi_lookup/readme.txt", "");
+    expectNote(lookups + " has no lookup files" + remedy);
+    addLookup("Orchard", "{");
+    expectNote("the files in " + lookups + " have no valid records; run refdoc check");
 }
 
 TEST_F(EmptyIndexTest, JsonIsStatus0) {

@@ -136,8 +136,8 @@ TEST_F(SearchTest, NoMatchIsStatus1) {
                        "lookup\n"}));
     EXPECT_EQ(run({"search", ""}).status, 1);
     EXPECT_EQ(run({"--root", path("none"), "search", "zebra"}).err,
-              "refdoc: no entry of the lookup index matches \"zebra\"; --install or --root names "
-              "another folder\n");
+              "refdoc: the lookup index is empty: " + path("none") +
+                  " does not exist; --install or --root names another folder\n");
     EXPECT_EQ(run({"search"}),
               (Outcome{2, "", "refdoc: search needs a TEXT; see refdoc --help\n"}));
 }

@@ -28,7 +28,7 @@ format         referenceapi 2.1
 
 graft (class, constructor method), join (function)
 --------------------------------------------------
-  DISCOURAGED: better not used in new work
+  DISCOURAGED: not recommended for new work
   Join two trees
   link        graft.html
   package     orchard.trees
@@ -137,7 +137,8 @@ TEST_F(ShowTextTest, MarksDeprecation) {
         return show(R"({"href": "a", "refpurpose": "b", "deprecationstatus": ")" + status + "\"}");
     };
     EXPECT_THAT(shown("none"), HasSubstr("-\n  b\n"));
-    EXPECT_THAT(shown("discouraged"), HasSubstr("-\n  DISCOURAGED: better not used in new work\n"));
+    EXPECT_THAT(shown("discouraged"),
+                HasSubstr("-\n  DISCOURAGED: not recommended for new work\n"));
     EXPECT_THAT(shown("deprecated"),
                 HasSubstr("-\n  DEPRECATED: to be removed in a later release\n"));
     EXPECT_THAT(shown("removed"), HasSubstr("-\n  REMOVED: no longer in the product\n"));

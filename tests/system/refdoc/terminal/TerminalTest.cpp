@@ -98,7 +98,7 @@ TEST_F(CurrentFolderNoteTest, TerminalShowsWhyTheCurrentFolderIsRead) {
 
 TEST_F(CurrentFolderNoteTest, OtherFoldersNeedNoNote) {
     EXPECT_THAT(runOnTerminal(80, {"--no-pager", "lookup"}, {.isErrorOnTerminal = true}).out,
-                testing::StartsWith("refdoc: no lookup entries in "));
+                testing::StartsWith("refdoc: the lookup index is empty: "));
 }
 
 } // namespace

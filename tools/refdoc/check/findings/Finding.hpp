@@ -20,10 +20,13 @@ enum class Severity { Note, Warning, Error };
 /// Returns "note", "warning" or "error".
 std::string_view toWord(Severity severity) noexcept;
 
-/// How findings of a rule are related to errors in other files. Errors are causes: they cost
-/// content, and whatever refers to that content is reported as well.
+/// How findings of a rule are related to findings in other files. Causes cost content, and whatever
+/// refers to that content is reported as well.
 enum class Relation {
-    None,
+    None,                 ///< an error is a cause: it costs content of the type of its folder
+    CostsProduct,         ///< a cause: it costs full resources and lookup records of its product
+    MisnamesProduct,      ///< a cause: the library reads the file under the name of another product
+    CostsRoot,            ///< a cause: it costs content of many products
     Independent,          ///< an error that is not a cause
     FollowsFromResources, ///< follows from errors in full resources
     FollowsFromLookups,   ///< follows from errors in lookup files

@@ -40,7 +40,7 @@ std::string summaryText(const Summary& summary) {
         return summary.checkedFiles == 0 ? checked + '\n' : checked + ", no problems found\n";
     text = fmt::format("{} in {}; {}\n", text, counted(summary.files, "file"), checked);
     if (summary.consequences > 0)
-        text += fmt::format("{} of these errors not shown; see --show-consequences\n",
+        text += fmt::format("{} of these findings not shown; see --show-consequences\n",
                             counted(summary.consequences, "consequence"));
     return text;
 }

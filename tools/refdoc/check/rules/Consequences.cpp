@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string_view>
 #include <unordered_set>
@@ -20,11 +21,12 @@ bool isInLookupFolder(const SourceFile& file) {
 
 // What the damaged files of one type were about.
 struct Damage {
+    bool isTotal = false; // anything may be missing
     std::set<std::u16string> products;
     std::unordered_set<std::string> strings; // in the texts of the files, without their quotes
 
-    void add(std::u16string product, std::string_view text) {
-        products.insert(std::move(product));
+    void add(const std::u16string& product, std::string_view text) {
+        products.insert(product);
         JsonLexer lexer(text);
         for (Token token = lexer.next(); token.type != TokenType::End; token = lexer.next()) {
             if (token.type == TokenType::String)
@@ -46,7 +48,17 @@ struct Damage {
 };
 
 bool isCause(const Finding& finding) {
-    return finding.rule->severity == Severity::Error && finding.rule->relation == Relation::None;
+    switch (finding.rule->relation) {
+    case Relation::None: return finding.rule->severity == Severity::Error;
+    case Relation::CostsProduct:
+    case Relation::MisnamesProduct:
+    case Relation::CostsRoot: return true;
+    case Relation::Independent:
+    case Relation::FollowsFromResources:
+    case Relation::FollowsFromLookups:
+    case Relation::FollowsFromAny: return false;
+    }
+    return false;
 }
 
 class ConsequenceFilter {
@@ -55,19 +67,22 @@ public:
                       const Findings& findings)
         : languages_(languages) {
         for (const auto& [file, found] : findings) {
-            const auto cause = std::ranges::find_if(found, isCause);
-            if (cause == found.end())
-                continue;
-            // Without a position, the library has not read the file: it may be too large.
-            (isInLookupFolder(file) ? lookups_ : resources_)
-                .add(productNameOf(file, languages),
-                     cause->location.position ? texts.read(file) : std::string());
+            std::map<Relation, const Finding*> causes; // one of each type
+            for (const Finding& finding : found) {
+                if (isCause(finding))
+                    causes.emplace(finding.rule->relation, &finding);
+            }
+            for (const auto& [relation, cause] : causes)
+                addDamage(file, *cause, texts);
         }
     }
 
     bool isConsequence(const SourceFile& file, const Finding& finding) const {
         switch (finding.rule->relation) {
         case Relation::None:
+        case Relation::CostsProduct:
+        case Relation::MisnamesProduct:
+        case Relation::CostsRoot:
         case Relation::Independent: return false;
         case Relation::FollowsFromResources: return followsFrom(resources_, file, finding);
         case Relation::FollowsFromLookups: return followsFrom(lookups_, file, finding);
@@ -78,7 +93,27 @@ public:
     }
 
 private:
+    void addDamage(const SourceFile& file, const Finding& cause, SourceTexts& texts) {
+        const Relation relation = cause.rule->relation;
+        if (relation == Relation::CostsRoot) {
+            lookups_.isTotal = resources_.isTotal = true;
+            return;
+        }
+        const bool costsBoth = relation != Relation::None;
+        const std::u16string product = productNameOf(file, languages_);
+        // Without a position, the library has not read the file: it may be too large.
+        const bool hasText = cause.location.position || relation == Relation::CostsProduct;
+        const std::string text = hasText ? texts.read(file) : std::string();
+        const bool isLookup = isInLookupFolder(file);
+        if (isLookup || costsBoth)
+            lookups_.add(product, text);
+        if (!isLookup || costsBoth)
+            resources_.add(product, text);
+    }
+
     bool followsFrom(const Damage& damage, const SourceFile& file, const Finding& finding) const {
+        if (damage.isTotal)
+            return true;
         // The identity ends with the link or the name that the finding is about.
         const std::string_view identity = finding.identity;
         return damage.products.contains(productNameOf(file, languages_)) ||

@@ -8,9 +8,9 @@
 
 namespace refdoc::check {
 
-/// Removes the findings that follow from errors in other files: those about a product with a
-/// damaged file, and those about a link or product that the text of a damaged file mentions. A
-/// broken package, for example, leaves the items of its product without lookup records.
+/// Removes the findings that follow from others: those about a product with a damaged or misnamed
+/// file, and those about a link or product that the text of a damaged file mentions. A broken
+/// package, for example, leaves the items of its product without lookup records.
 ///
 /// Which rules have consequences, and of which files, is their Relation.
 /// \param languages  all supported languages

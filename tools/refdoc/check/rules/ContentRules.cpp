@@ -49,7 +49,8 @@ constexpr Rule kWrongFolder{
     "wrong-folder", Severity::Error, "the file belongs in another folder",
     "Lookup files are read only in the folder `referenceapi_lookup`, full resource files only in "
     "`referenceapi`. The content of the file is that of the other type, so its records are lost. "
-    "Move the file. Its other findings are not reported."};
+    "Move the file. Its other findings are not reported.",
+    Relation::CostsProduct};
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
@@ -91,6 +92,36 @@ Finding wrongFolder(FileRole role) {
                            : "a lookup file in the folder of full resource files"};
 }
 
+// Returns the array at a key; empty if there is none.
+const json::array& arrayIn(const json::value& value, std::string_view key) {
+    static const json::array empty;
+    const json::object* object = value.if_object();
+    const json::value* array = object ? object->if_contains(key) : nullptr;
+    return array && array->is_array() ? array->get_array() : empty;
+}
+
+// Returns the items of each section.
+std::vector<const json::array*> itemLists(const json::value& document) {
+    std::vector<const json::array*> lists{&arrayIn(document, "refItems")};
+    for (const json::value& section : arrayIn(document, "supportPackages"))
+        lists.push_back(&arrayIn(section, "refItems"));
+    return lists;
+}
+
+// Returns the role of the file of an item; empty if the keys that the roles have in common are all
+// that it has, or if it has keys of both.
+std::optional<FileRole> roleOfItem(const json::object& item) {
+    const auto isFullKey = [](const json::key_value_pair& member) {
+        const SchemaNode& full = *resourceSchema().root().find("refItems")->node->items;
+        const SchemaNode& record = *lookupSchema().root().find("refItems")->node->items;
+        return full.find(member.key()) && !record.find(member.key());
+    };
+    const bool isFull = std::ranges::any_of(item, isFullKey);
+    if (item.contains("name") == isFull)
+        return std::nullopt;
+    return isFull ? FileRole::Resources : FileRole::Lookup;
+}
+
 std::vector<Location*> locationsIn(std::vector<Finding>& findings) {
     std::vector<Location*> locations;
     for (Finding& finding : findings) {
@@ -110,22 +141,17 @@ std::span<const Rule* const> contentRules() {
 }
 
 std::optional<FileRole> roleOf(const json::value& document) {
-    const json::object* section = document.if_object();
-    const json::value* items = section ? section->if_contains("refItems") : nullptr;
-    if (!items || !items->is_array() || items->get_array().empty())
-        return std::nullopt;
-    const json::object* item = items->get_array().front().if_object();
-    if (!item)
-        return std::nullopt;
-    const auto isFullKey = [](const json::key_value_pair& member) {
-        const SchemaNode& full = *resourceSchema().root().find("refItems")->node->items;
-        const SchemaNode& record = *lookupSchema().root().find("refItems")->node->items;
-        return full.find(member.key()) && !record.find(member.key());
-    };
-    const bool isFull = std::ranges::any_of(*item, isFullKey);
-    if (item->contains("name") == isFull)
-        return std::nullopt;
-    return isFull ? FileRole::Resources : FileRole::Lookup;
+    std::size_t namelessItems = 0;
+    for (const json::array* items : itemLists(document)) {
+        for (const json::value& element : *items) {
+            const json::object* item = element.if_object();
+            if (const auto role = item ? roleOfItem(*item) : std::nullopt)
+                return role;
+            namelessItems += item && !item->contains("name") ? 1 : 0;
+        }
+    }
+    // One nameless item may be a record whose name is missing.
+    return namelessItems > 1 ? std::optional(FileRole::Resources) : std::nullopt;
 }
 
 void checkContent(const FileAccount& account, const SourceFile& file, std::string_view text,

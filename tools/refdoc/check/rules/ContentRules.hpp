@@ -19,8 +19,8 @@ namespace refdoc::check {
 
 std::span<const Rule* const> contentRules();
 
-/// Returns whether a document is a lookup file or a full resource file, by the keys of its first
-/// item; empty if they don't tell.
+/// Returns whether a document is a lookup file or a full resource file, by the first item whose
+/// keys tell; empty if there is none.
 std::optional<reference::docparser::FileRole> roleOf(const boost::json::value& document);
 
 /// Checks a file that the library has read. Parses its text once, for all purposes.

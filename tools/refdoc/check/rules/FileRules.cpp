@@ -1,16 +1,23 @@
 #include "tools/refdoc/check/rules/FileRules.hpp"
 
+#include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace refdoc::check {
 
+namespace fs = std::filesystem;
+
 using fl::i18n::to_string;
+using reference::docparser::DocResourceParser;
 using reference::docparser::Fate;
 using reference::docparser::FileAccount;
 using reference::docparser::FileRole;
@@ -32,6 +39,20 @@ constexpr Rule kBaseCodeIsHelpFolder{
     "`baseCode`. If the two are equal, the support package is dropped with all its items. Change "
     "the `baseCode`.",
     Relation::Independent};
+
+constexpr Rule kMisnamedFolder{
+    "misnamed-folder", Severity::Error, "a folder of resource files has the wrong name",
+    "A reference root has its full resource files in `docCatalog/referenceapi` and its lookup "
+    "files in `docCatalog/referenceapi_lookup`. There is no such folder, but one with a similar "
+    "name, whose files are not read. Most systems distinguish upper and lower case in names. "
+    "Rename the folder.",
+    Relation::CostsRoot};
+
+constexpr Rule kNoLookupFolder{
+    "no-lookup-folder", Severity::Warning, "there are full resources but no lookup files",
+    "The items document names, but the folder `docCatalog/referenceapi_lookup` does not exist, so "
+    "they can't be found by name. Add the folder and its lookup files.",
+    Relation::CostsRoot};
 
 constexpr Rule kUnreadableFile{
     "unreadable-file", Severity::Error, "the file can't be read",
@@ -71,11 +92,13 @@ std::string_view causeOf(const FileAccount& file) {
     return cause == reason.npos ? reason : reason.substr(cause + 2);
 }
 
-// An entry whose data is damaged usually decompresses to another size.
-std::string entryCause(const FileAccount& file) {
+// Everything except these two features is damage, which the library reports in many ways: a wrong
+// size, a wrong checksum, or an invalid compressed stream.
+std::string_view entryCause(const FileAccount& file) {
     const std::string_view cause = causeOf(file);
-    const bool hasOtherSize = cause.find("than the package says") != cause.npos;
-    return hasOtherSize ? "damaged data" : std::string(cause);
+    const bool isUnsupported =
+        cause == "it is encrypted" || cause.starts_with("compression method ");
+    return isUnsupported ? cause : "damaged data";
 }
 
 Finding unreadable(const FileAccount& file) {
@@ -120,11 +143,30 @@ Finding droppedSection(const FileAccount& account, const SourceFile& file,
     return finding;
 }
 
+// \param areLookupsMissing  whether it is the folder of lookup files, and items need them
+void addFolderFinding(const fs::path& folder, bool areLookupsMissing, Findings& findings) {
+    std::error_code ignored; // The library skips a folder that cannot be seen.
+    if (fs::exists(folder, ignored))
+        return;
+    const std::string name = to_string(folder.filename().u16string());
+    const std::vector<std::u16string> misnamed = nearFolders(folder);
+    if (!misnamed.empty())
+        findings[{.path = (folder.parent_path() / misnamed.front()).u16string()}].push_back(
+            {.rule = &kMisnamedFolder,
+             .message = fmt::format("the folder is ignored: its name must be \"{}\"", name)});
+    else if (areLookupsMissing)
+        findings[{.path = folder.parent_path().u16string()}].push_back(
+            {.rule = &kNoLookupFolder,
+             .message = fmt::format(
+                 "the folder \"{}\" does not exist: no item can be found by its name", name)});
+}
+
 } // namespace
 
 std::span<const Rule* const> fileRules() {
     static constexpr const Rule* kRules[] = {
-        &kRepeatedSectionKey, &kBaseCodeIsHelpFolder, &kUnreadableFile, &kNotAFile,
+        &kRepeatedSectionKey, &kBaseCodeIsHelpFolder, &kMisnamedFolder,
+        &kNoLookupFolder,     &kUnreadableFile,       &kNotAFile,
         &kOverLimit,          &kUnreadablePackage,    &kUnreadableEntry};
     return kRules;
 }
@@ -167,6 +209,13 @@ std::vector<Finding> findDroppedSections(const FileAccount& account, const Sourc
             findings.push_back(droppedSection(account, file, section));
     }
     return findings;
+}
+
+void addFolderFindings(bool hasNames, Findings& findings) {
+    const auto roots = DocResourceParser::getReferenceRoots();
+    addFolderFinding(fs::path(roots->lookupFolder), hasNames, findings);
+    // Lookup files alone are complete: full resources are installed with their products.
+    addFolderFinding(fs::path(roots->referenceApiFolder), /*areLookupsMissing=*/false, findings);
 }
 
 } // namespace refdoc::check

@@ -9,7 +9,8 @@
 
 namespace refdoc::check {
 
-// Rules about files and sections that the library does not use, according to its load account.
+// Rules about folders, files and sections that the library does not use, according to its load
+// account.
 
 std::span<const Rule* const> fileRules();
 
@@ -25,5 +26,9 @@ std::optional<Finding> findUnreadable(const reference::docparser::FileAccount& a
 /// \param file  the file or entry of the account
 std::vector<Finding> findDroppedSections(const reference::docparser::FileAccount& account,
                                          const SourceFile& file);
+
+/// Adds the findings about folders of the current reference root that are missing or misnamed.
+/// \param hasNames  whether the full resources document names, which need lookup records
+void addFolderFindings(bool hasNames, Findings& findings);
 
 } // namespace refdoc::check

@@ -59,6 +59,14 @@ void retrieveProduct(const std::u16string& product, LanguageContents& contents) 
 
 } // namespace
 
+bool LanguageContents::hasNames() const {
+    return std::ranges::any_of(products, [](const auto& product) {
+        return std::ranges::any_of(product.second, [](const auto& section) {
+            return std::ranges::any_of(section.second.pages, &Page::hasNames);
+        });
+    });
+}
+
 void addFullProducts(const std::vector<std::u16string>& languages, ProductNames& names) {
     for (const std::u16string& language : languages) {
         const LanguageGuard current(language);

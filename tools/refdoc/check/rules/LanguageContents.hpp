@@ -37,6 +37,9 @@ struct LanguageContents {
     reference::docparser::LoadAccount account{};
     std::map<std::u16string, LookupSection> lookups{};
     std::map<std::u16string, std::map<std::u16string, FullSection>> products{};
+
+    /// Returns whether an item of full resources documents names.
+    bool hasNames() const;
 };
 
 /// The names of all products that have a full resource file in some language, or a section in the

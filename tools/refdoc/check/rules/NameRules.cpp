@@ -43,7 +43,15 @@ constexpr Rule kUnsupportedLanguage{
     "A file is a translation only if its name ends with `_` and a supported language other than "
     "English, spelt as the application spells it. With any other suffix, including `_en`, the file "
     "is the English file of a product with that longer name. Rename the file, or list the "
-    "languages in `--langs` or `installation.json`."};
+    "languages in `--langs` or `installation.json`.",
+    Relation::MisnamesProduct};
+
+constexpr Rule kCutName{
+    "cut-product-name", Severity::Error, "the name of a product contains a language suffix",
+    "The product name of a translated lookup file ends where the suffix of the language occurs "
+    "first. In `Orchard_demo_de.json`, that is before `_demo`: the German records belong to a "
+    "product `Orchard`, so they lead to its items or to none. Rename the files of the product.",
+    Relation::MisnamesProduct};
 
 constexpr Rule kPackageLanguage{
     "package-language", Severity::Error,
@@ -149,13 +157,9 @@ std::u16string plainForm(std::u16string_view language) {
 
 class LanguageSuffixes {
 public:
-    LanguageSuffixes(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages)
-        : languages_(languages) {
-        for (const NamedFile& file : files) {
-            if (!file.isIgnored)
-                stems_.insert(stemOf(file.source));
-        }
-    }
+    LanguageSuffixes(const std::set<std::u16string>& products,
+                     const std::vector<std::u16string>& languages)
+        : languages_(languages), products_(products) {}
 
     // Returns what is wrong with the language at the end of a stem.
     std::optional<std::string> problemOf(const std::u16string& stem) const {
@@ -175,7 +179,7 @@ public:
     }
 
 private:
-    static constexpr const char16_t* kSeparators = u"_-.";
+    static constexpr const char16_t* kSeparators = u"_-. ";
 
     static std::string effectOf(const std::u16string& stem) {
         return fmt::format("the file is read as the English file of a product \"{}\"",
@@ -190,7 +194,7 @@ private:
             return language != Tools::kEnglishLocale && plainForm(language) == plainForm(suffix);
         };
         const auto language = std::ranges::find_if(languages_, isSuffix);
-        if (language == languages_.end() || !stems_.contains(product))
+        if (language == languages_.end() || !products_.contains(product))
             return std::nullopt;
         return fmt::format("the separator before a language must be \"_\", as in \"{}_{}\"; {}",
                            to_string(product), to_string(*language), effectOf(stem));
@@ -208,13 +212,13 @@ private:
                 return fmt::format("\"_{}\" differs from the supported language \"{}\"; {}",
                                    to_string(suffix), to_string(language), effect);
         }
-        if (isLanguageShaped(suffix) && stems_.contains(product))
+        if (isLanguageShaped(suffix) && products_.contains(product))
             return fmt::format("\"{}\" is not a supported language; {}", to_string(suffix), effect);
         return std::nullopt;
     }
 
     const std::vector<std::u16string>& languages_;
-    std::set<std::u16string> stems_;
+    const std::set<std::u16string>& products_;
 };
 
 std::string languageText(const std::u16string& language) {
@@ -274,9 +278,9 @@ Suspicion suspicionOf(const SourceFile& file, SourceTexts& texts) {
 } // namespace
 
 std::span<const Rule* const> nameRules() {
-    static constexpr const Rule* kRules[] = {&kExtensionCase,       &kIgnoredFile,
-                                             &kUnsupportedLanguage, &kPackageLanguage,
-                                             &kExtraEntry,          &kShadowedFile};
+    static constexpr const Rule* kRules[] = {
+        &kExtensionCase,   &kIgnoredFile, &kUnsupportedLanguage, &kCutName,
+        &kPackageLanguage, &kExtraEntry,  &kShadowedFile};
     return kRules;
 }
 
@@ -326,15 +330,39 @@ void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findi
     }
 }
 
-void addLanguageFindings(const std::set<NamedFile>& files,
+void addLanguageFindings(const std::set<NamedFile>& files, const std::set<std::u16string>& products,
                          const std::vector<std::u16string>& languages, Findings& findings) {
-    const LanguageSuffixes suffixes(files, languages);
-    for (const NamedFile& file : files) {
-        if (file.isIgnored)
+    const LanguageSuffixes suffixes(products, languages);
+    std::u16string reportedPackage;
+    for (const auto& [source, isIgnored] : files) {
+        // The entries of a package usually have the suffix of its name. They come after it.
+        if (isIgnored || source.path == reportedPackage)
             continue;
-        if (auto problem = suffixes.problemOf(stemOf(file.source)))
-            findings[file.source].push_back(
-                {.rule = &kUnsupportedLanguage, .message = std::move(*problem)});
+        auto problem = suffixes.problemOf(stemOf(source));
+        if (!problem)
+            continue;
+        findings[source].push_back({.rule = &kUnsupportedLanguage, .message = std::move(*problem)});
+        if (isPackage(source))
+            reportedPackage = source.path;
+    }
+}
+
+void addCutNames(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
+                 Findings& findings) {
+    for (const auto& [source, isIgnored] : files) {
+        const std::u16string stem = stemOf(source);
+        const std::u16string language = languageOf(stem, languages);
+        const std::u16string suffix = Tools::kLocaleSeparator + language;
+        const std::size_t cut = stem.find(suffix);
+        if (isIgnored || isPackage(source) || language.empty() ||
+            cut + suffix.size() == stem.size())
+            continue;
+        findings[source].push_back(
+            {.rule = &kCutName,
+             .message = fmt::format(
+                 "in the language \"{}\", the product name \"{}\" is cut to \"{}\"",
+                 to_string(language), to_string(stem.substr(0, stem.size() - suffix.size())),
+                 to_string(stem.substr(0, cut)))});
     }
 }
 

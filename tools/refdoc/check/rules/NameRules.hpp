@@ -40,9 +40,14 @@ void addIgnoredFiles(const std::set<NamedFile>& files, SourceTexts& texts, Findi
 
 /// Adds findings about files that look like translations but are not.
 /// \param files      of one folder, including the entries of its packages
+/// \param products   the names of all products
 /// \param languages  all supported languages
-void addLanguageFindings(const std::set<NamedFile>& files,
+void addLanguageFindings(const std::set<NamedFile>& files, const std::set<std::u16string>& products,
                          const std::vector<std::u16string>& languages, Findings& findings);
+
+/// Adds findings about translated lookup files whose product name contains their language.
+void addCutNames(const std::set<NamedFile>& files, const std::vector<std::u16string>& languages,
+                 Findings& findings);
 
 /// Adds findings about packages whose number of entries changes how they are read.
 /// \param files  with all entries of the packages

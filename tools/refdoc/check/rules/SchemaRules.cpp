@@ -52,6 +52,18 @@ constexpr Rule kDeprecatedFalse{
     "If the key `deprecated` is present, the record is deprecated, whatever the value of the key. "
     "Remove the key from records that are not deprecated."};
 
+constexpr Rule kUnknownVersion{
+    "unknown-version", Severity::Note, "the version of the format is unknown",
+    "The version has no effect: files of all versions are read in the same way. `refdoc check` "
+    "knows the keys and words of the listed versions only, so its other findings in the file may "
+    "be wrong. Correct the version, or use a newer `refdoc`."};
+
+constexpr Rule kHelpLocation{
+    "help-location", Severity::Note, "the help location is not that of the help folder",
+    "Links are relative to the `helpLocation` of their section. One of its folders should be the "
+    "`helpFolder` or, for a support package, the `baseCode`. Otherwise the links probably lead to "
+    "the pages of another product. Correct the `helpLocation` or the `helpFolder`."};
+
 std::string_view typeOf(const json::value& value) {
     switch (value.kind()) {
     case json::kind::object: return "an object";
@@ -83,6 +95,12 @@ std::string_view firstBeyondAscii(std::string_view text) {
     const auto isBeyond = [](char byte) { return static_cast<signed char>(byte) < 0; };
     const auto first = std::ranges::find_if(text, isBeyond);
     return {first, std::find_if_not(first, text.end(), isBeyond)};
+}
+
+// Returns the string under a key; empty if there is none.
+std::string_view textIn(const json::object& object, std::string_view key) {
+    const json::value* value = object.if_contains(key);
+    return value && value->is_string() ? std::string_view(value->get_string()) : std::string_view();
 }
 
 // What identifies an element of an array for its author; empty if nothing does.
@@ -127,7 +145,7 @@ private:
         if (node.countsByPresence)
             return checkPresence(value);
         if (const json::string* text = value.if_string())
-            return checkText(*text, readAs);
+            return checkText(*text, node, readAs);
         if (const json::array* elements = value.if_array())
             return walkElements(*elements, node);
         if (const json::object* object = value.if_object())
@@ -155,6 +173,8 @@ private:
         if (!node.members.empty()) {
             checkRequired(object, node);
             walkMembers(object, node);
+            if (node.pathRule)
+                checkPath(object, *node.pathRule);
         }
         namesAreUtf8_ = outerNames;
     }
@@ -199,6 +219,14 @@ private:
         }
     }
 
+    // Returns a suggestion unless it is the word that the library reads anyway.
+    static std::string suggestionFor(std::string_view word, const SchemaNode& node) {
+        std::string suggestion = didYouMean(word, node.words);
+        const bool isDefault =
+            suggestion.find(fmt::format("\"{}\"", node.defaultWord)) != std::string::npos;
+        return isDefault ? std::string() : suggestion;
+    }
+
     void checkWord(const json::value& value, const SchemaNode& node) {
         const json::string* word = value.if_string();
         if (!word)
@@ -208,8 +236,22 @@ private:
         if (std::ranges::find(node.words, std::string_view(*word)) == node.words.end())
             add(kUnknownWord, /*isAtKey=*/false,
                 fmt::format("unknown word \"{}\", read as the default \"{}\"{}",
-                            std::string_view(*word), node.defaultWord,
-                            didYouMean(*word, node.words)));
+                            std::string_view(*word), node.defaultWord, suggestionFor(*word, node)));
+    }
+
+    void checkPath(const json::object& object, const PathRule& rule) {
+        const std::string_view path = textIn(object, rule.path);
+        const auto hasFolder = [&](const std::string& key) {
+            const std::string folder = fmt::format("/{}/", textIn(object, key));
+            return fmt::format("/{}/", path).find(folder) != std::string::npos;
+        };
+        if (path.empty() || std::ranges::any_of(rule.folders, hasFolder))
+            return;
+        steps_.push_back({rule.path, 0, nullptr});
+        add(kHelpLocation, /*isAtKey=*/false,
+            fmt::format("the help location \"{}\" does not contain the help folder \"{}\"", path,
+                        textIn(object, rule.folders.front())));
+        steps_.pop_back();
     }
 
     void checkPresence(const json::value& value) {
@@ -218,7 +260,11 @@ private:
                 fmt::format("\"{}\": false has the same effect as true", steps_.back().key));
     }
 
-    void checkText(std::string_view text, ReadAs readAs) {
+    void checkText(std::string_view text, const SchemaNode& node, ReadAs readAs) {
+        if (!node.knownTexts.empty() && !std::ranges::count(node.knownTexts, text))
+            add(kUnknownVersion, /*isAtKey=*/false,
+                fmt::format("unknown format version \"{}\"; known: \"{}\"", text,
+                            fmt::join(node.knownTexts, "\", \"")));
         const bool isAsciiRead =
             readAs == ReadAs::Ascii || (readAs == ReadAs::Names && !namesAreUtf8_);
         if (!isAsciiRead || isAscii(text))
@@ -264,8 +310,9 @@ private:
 } // namespace
 
 std::span<const Rule* const> schemaRules() {
-    static constexpr const Rule* kRules[] = {&kMissingKey,  &kWrongKind, &kUnknownKey,
-                                             &kUnknownWord, &kNotAscii,  &kDeprecatedFalse};
+    static constexpr const Rule* kRules[] = {&kMissingKey,     &kWrongKind,   &kUnknownKey,
+                                             &kUnknownWord,    &kNotAscii,    &kDeprecatedFalse,
+                                             &kUnknownVersion, &kHelpLocation};
     return kRules;
 }
 

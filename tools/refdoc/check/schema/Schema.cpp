@@ -15,6 +15,13 @@ std::string textOf(const json::value& value) {
     return std::string(value.as_string());
 }
 
+std::vector<std::string> textsOf(const json::value& values) {
+    std::vector<std::string> texts;
+    for (const json::value& value : values.as_array())
+        texts.push_back(textOf(value));
+    return texts;
+}
+
 bool hasText(const json::object& source, std::string_view key, std::string_view text) {
     const json::value* value = source.if_contains(key);
     return value && value->is_string() && value->as_string() == text;
@@ -24,8 +31,7 @@ void fillWords(SchemaNode& node, const json::object& source) {
     const json::value* branches = source.if_contains("anyOf");
     if (!branches)
         return;
-    for (const json::value& word : branches->as_array().at(0).at("enum").as_array())
-        node.words.push_back(textOf(word));
+    node.words = textsOf(branches->as_array().at(0).at("enum"));
     node.defaultWord = textOf(source.at("default"));
 }
 
@@ -99,12 +105,17 @@ void Schema::fillKeywords(SchemaNode& node, const json::object& source) {
     if (const json::value* names = source.if_contains("x-names"))
         node.nameRule = NameRule{textOf(names->at("list")), textOf(names->at("key")),
                                  textOf(names->at("word"))};
+    if (const json::value* known = source.if_contains("x-known"))
+        node.knownTexts = textsOf(*known);
+    if (const json::value* path = source.if_contains("x-path"))
+        node.pathRule = PathRule{textOf(path->at("path")), textsOf(path->at("folders"))};
 }
 
 void Schema::inherit(SchemaNode& node, const json::value& reference) {
     const SchemaNode& parent = *resolve(reference.as_string());
     node.type = parent.type;
     node.nameRule = parent.nameRule;
+    node.pathRule = parent.pathRule;
     node.members.insert(node.members.end(), parent.members.begin(), parent.members.end());
 }
 

@@ -25,6 +25,12 @@ struct NameRule {
     std::string word;
 };
 
+/// The path under a key has a folder whose name is under one of the other keys.
+struct PathRule {
+    std::string path;
+    std::vector<std::string> folders;
+};
+
 struct SchemaNode;
 
 struct SchemaMember {
@@ -42,7 +48,9 @@ struct SchemaNode {
     std::string defaultWord{};         ///< how other words are read
     ReadAs readAs = ReadAs::Utf8;
     bool countsByPresence = false;           ///< the value of the key has no effect
+    std::vector<std::string> knownTexts{};   ///< of a string; empty: any
     std::optional<NameRule> nameRule{};      ///< of an item
+    std::optional<PathRule> pathRule{};      ///< of a section
     std::string alternativeKey{};            ///< an object with this key
     const SchemaNode* alternative = nullptr; ///< is described by this node instead
 
@@ -50,7 +58,7 @@ struct SchemaNode {
 };
 
 /// A JSON Schema of the project, compiled for comparisons with documents. Supports the keywords
-/// that the schemas in `schema/` use, including "x-readAs", "x-names" and "x-countsBy".
+/// that the schemas in `schema/` use, including those that begin with "x-".
 class Schema {
 public:
     /// \throws std::exception  the text is not a schema, or has other keywords

@@ -20,45 +20,36 @@ using reference::docparser::placeOfOffset;
 using reference::docparser::TextPlace;
 using std::string_view_literals::operator""sv;
 
-std::string_view unicodeEncodingOf(std::string_view text) {
-    // The mark of UTF-32LE begins with the one of UTF-16LE.
-    if (text.starts_with("\xFF\xFE\0\0"sv))
-        return "UTF-32LE";
-    if (text.starts_with("\0\0\xFE\xFF"sv))
-        return "UTF-32BE";
-    if (text.starts_with("\xFF\xFE"))
-        return "UTF-16LE";
-    if (text.starts_with("\xFE\xFF"))
-        return "UTF-16BE";
-
-    // The first characters of JSON are nearly always ASCII.
-    const auto hasZeros = [&](std::string_view zeros) {
-        return text.size() >= zeros.size() &&
-               std::ranges::equal(text.substr(0, zeros.size()), zeros, {},
-                                  [](char byte) { return byte == '\0' ? '0' : 'x'; });
-    };
-    if (hasZeros("x000"))
-        return "UTF-32LE";
-    if (hasZeros("000x"))
-        return "UTF-32BE";
-    if (hasZeros("x0x0"))
-        return "UTF-16LE";
-    return hasZeros("0x0x") ? "UTF-16BE" : "";
-}
+// How a text in another encoding begins: with a byte-order mark, or with ASCII characters, for each
+// of which 'x' stands here. The mark of UTF-32LE begins with the one of UTF-16LE.
+constexpr struct {
+    std::string_view start;
+    std::string_view encoding;
+} kOtherEncodings[] = {
+    {"\xFF\xFE\0\0"sv, "UTF-32LE"}, {"\0\0\xFE\xFF"sv, "UTF-32BE"}, {"\xFF\xFE"sv, "UTF-16LE"},
+    {"\xFE\xFF"sv, "UTF-16BE"},     {"x\0\0\0"sv, "UTF-32LE"},      {"\0\0\0x"sv, "UTF-32BE"},
+    {"x\0x\0"sv, "UTF-16LE"},       {"\0x\0x"sv, "UTF-16BE"},
+};
 
 // Finds errors that concern the whole file rather than a position in it.
 std::optional<JsonDiagnosis> diagnoseFile(std::string_view text) {
-    if (text.empty())
-        return JsonDiagnosis{0, "the file is empty; restore its content or delete it"};
-    if (text.find_first_not_of('\0') == std::string_view::npos)
+    const auto hasOnly = [&](std::string_view characters) {
+        return text.find_first_not_of(characters) == std::string_view::npos;
+    };
+    const std::string_view content = text.empty()         ? "is empty"
+                                     : hasOnly("\0"sv)    ? "contains only NUL bytes"
+                                     : hasOnly(" \t\r\n") ? "contains only white space"
+                                                          : "";
+    if (!content.empty())
         return JsonDiagnosis{0,
-                             "the file contains only NUL bytes; restore its content or delete it"};
-    if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
-        return JsonDiagnosis{
-            0, "the file contains only white space; restore its content or delete it"};
-    const std::string_view encoding = unicodeEncodingOf(text);
-    if (!encoding.empty())
-        return JsonDiagnosis{0, fmt::format("the file is {}; save it as UTF-8", encoding)};
+                             fmt::format("the file {}; restore its content or delete it", content)};
+    const auto matches = [](char expected, char byte) {
+        return expected == 'x' ? byte != '\0' : expected == byte;
+    };
+    for (const auto& [start, encoding] : kOtherEncodings) {
+        if (std::ranges::equal(start, text.substr(0, start.size()), matches))
+            return JsonDiagnosis{0, fmt::format("the file is {}; save it as UTF-8", encoding)};
+    }
     return std::nullopt;
 }
 
@@ -114,26 +105,20 @@ private:
     }
 
     JsonDiagnosis checkCharacter(const Token& token) const {
-        if (auto diagnosis = diagnoseKnownCharacter(text_, token))
+        if (auto diagnosis = diagnoseToken(text_, token))
             return *diagnosis;
         return {token.begin, fmt::format("expected {}, found the character {}", describe(expected_),
                                          nameCharacter(text_, token))};
     }
 
     std::optional<JsonDiagnosis> checkContent(const Token& token) const {
-        if (token.type == TokenType::Word) {
-            auto diagnosis = diagnoseWord(text_, token);
-            const bool isAtEnd = token.end == text_.size() && !open_.empty();
-            return diagnosis && isAtEnd ? cutOff({TokenType::End, token.end, token.end})
-                                        : diagnosis;
-        }
-        if (token.type == TokenType::String)
-            return diagnoseString(text_, token);
-        if (token.type == TokenType::OpenString) {
-            auto diagnosis = diagnoseString(text_, token);
-            return diagnosis ? diagnosis : cutOff(token);
-        }
-        return std::nullopt;
+        auto diagnosis = diagnoseToken(text_, token);
+        if (token.type == TokenType::OpenString && !diagnosis)
+            return cutOff(token);
+        const bool isAtEnd = token.end == text_.size() && !open_.empty();
+        if (token.type == TokenType::Word && diagnosis && isAtEnd)
+            return cutOff({TokenType::End, token.end, token.end});
+        return diagnosis;
     }
 
     std::optional<JsonDiagnosis> checkStructure(const Token& token) const {

@@ -179,8 +179,6 @@ bool isTypographicQuote(char32_t codePoint) {
            codePoint == 0x00BB;
 }
 
-} // namespace
-
 std::optional<JsonDiagnosis> diagnoseString(std::string_view text, const Token& token) {
     const bool isOpen = token.type == TokenType::OpenString;
     const std::size_t end = isOpen ? token.end : token.end - 1;
@@ -210,7 +208,7 @@ std::optional<JsonDiagnosis> diagnoseWord(std::string_view text, const Token& to
                            : std::optional(JsonDiagnosis{token.begin, std::string(message)});
 }
 
-std::optional<JsonDiagnosis> diagnoseKnownCharacter(std::string_view text, const Token& token) {
+std::optional<JsonDiagnosis> diagnoseCharacter(std::string_view text, const Token& token) {
     const std::string_view rest = text.substr(token.begin);
     const DecodedSequence first = decodeUtf8(rest);
     if (!first.isWellFormed)
@@ -225,6 +223,18 @@ std::optional<JsonDiagnosis> diagnoseKnownCharacter(std::string_view text, const
         return JsonDiagnosis{token.begin,
                              "a typographic quotation mark; use straight double quotes"};
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<JsonDiagnosis> diagnoseToken(std::string_view text, const Token& token) {
+    switch (token.type) {
+    case TokenType::String:
+    case TokenType::OpenString: return diagnoseString(text, token);
+    case TokenType::Word: return diagnoseWord(text, token);
+    case TokenType::Character: return diagnoseCharacter(text, token);
+    default: return std::nullopt;
+    }
 }
 
 std::string nameCharacter(std::string_view text, const Token& token) {

@@ -21,12 +21,15 @@ using testing::IsEmpty;
 
 constexpr const char* kSchema = R"({
     "type": "object",
+    "x-path": {"path": "place", "folders": ["title", "code"]},
     "required": ["title"],
     "properties": {
         "title": {"type": "string"},
         "code": {"type": "string", "x-readAs": "ascii"},
         "codes": {"type": "array", "x-readAs": "ascii", "items": {"type": "string"}},
         "mark": {"x-countsBy": "presence"},
+        "version": {"type": "string", "x-known": ["1", "2"]},
+        "place": {"type": "string"},
         "parts": {"type": "array", "items": {"$ref": "#/definitions/partOrParts"}}
     },
     "definitions": {
@@ -103,10 +106,13 @@ TEST(SchemaRules, ReportOtherKeysBesideAlternative) {
 
 TEST(SchemaRules, ReportUnknownWordsWithDefault) {
     EXPECT_THAT(
-        compare(R"({"title": "", "parts": [{"kinds": [{"kind": "Wide"}, {"kind": 1}]}]})"),
+        compare(R"({"title": "",
+                    "parts": [{"kinds": [{"kind": "Wide"}, {"kind": "Narrow"}, {"kind": 1}]}]})"),
         ElementsAre(IsFinding("unknown-word", "/parts/0/kinds/0/kind", false,
                               "\"Wide\", read as the default \"narrow\"; did you mean \"wide\"?"),
                     IsFinding("unknown-word", "/parts/0/kinds/1/kind", false,
+                              "\"Narrow\", read as the default \"narrow\""),
+                    IsFinding("unknown-word", "/parts/0/kinds/2/kind", false,
                               "expected a word, found a number; read as the default \"narrow\"")));
 }
 
@@ -130,6 +136,26 @@ TEST(SchemaRules, ReportFalseWhereValueHasNoEffect) {
     EXPECT_THAT(compare(R"({"title": "", "mark": false})"),
                 ElementsAre(IsFinding("deprecated-false", "/mark", true, "\"mark\": false")));
     EXPECT_THAT(compare(R"({"title": "", "mark": null})"), IsEmpty());
+}
+
+TEST(SchemaRules, ReportUnknownVersions) {
+    EXPECT_THAT(compare(R"({"title": "", "version": "3"})"),
+                ElementsAre(IsFinding("unknown-version", "/version", false,
+                                      "unknown format version \"3\"; known: \"1\", \"2\"")));
+    EXPECT_THAT(compare(R"({"title": "", "version": "2"})"), IsEmpty());
+}
+
+TEST(SchemaRules, ReportPathsWithoutTheirFolder) {
+    EXPECT_THAT(compare(R"({"title": "a", "code": "b", "place": "x/aa/y"})"),
+                ElementsAre(IsFinding("help-location", "/place", false,
+                                      "\"x/aa/y\" does not contain the help folder \"a\"")));
+    for (const char* place : {"", "a", "b", "/a/", "x/b", "x/a/y"})
+        EXPECT_THAT(
+            compare(std::string(R"({"title": "a", "code": "b", "place": ")") + place + "\"}"),
+            IsEmpty())
+            << place;
+    EXPECT_THAT(compare(R"({"title": "a", "place": 1})"),
+                ElementsAre(IsFinding("wrong-kind", "/place", false, "")));
 }
 
 TEST(SchemaRules, IdentifyElementsByNameNotIndex) {
