@@ -10,15 +10,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <span>
 #include <stdexcept>
-#include <string_view>
+#include <string>
+#include <vector>
 
 namespace {
 
 using namespace reference::docparser::benchmarks;
-
-using Arguments = std::span<char* const>;
 
 const std::vector<std::string> kLanguages{"en", "de", "ja", "ru"};
 
@@ -32,18 +30,19 @@ void requireCorrectRows(const std::vector<Row>& rows) {
 void run(benchmark::State& state, const Row& row) {
     Meter total;
     for (auto _ : state) {
-        const double before = total.seconds();
+        const double before = total.seconds;
         row.measure(total);
-        state.SetIterationTime(total.seconds() - before);
+        state.SetIterationTime(total.seconds - before);
     }
-    const auto passes = static_cast<double>(state.iterations());
-    state.counters["bytes"] = static_cast<double>(total.textBytes()) / passes;
-    state.counters["peak"] = total.peakBytesPerByte();
-    state.counters["kept"] = total.keptBytesPerByte();
-    state.counters["allocations"] = total.allocationsPerKiB();
+    const auto bytes = static_cast<double>(total.textBytes);
+    state.counters["bytes"] = bytes / static_cast<double>(state.iterations());
+    state.counters["peak"] = static_cast<double>(total.peakBytes) / bytes;
+    state.counters["kept"] = static_cast<double>(total.keptBytes) / bytes;
+    state.counters["allocations"] =
+        static_cast<double>(total.allocations) / bytes * 1024; // per KiB
 }
 
-void runRows(const char* root) {
+void runRows(const std::string& root) {
     const Corpus corpus(root, kLanguages);
     const std::vector<Row> rows = makeRows(corpus);
     requireCorrectRows(rows);
@@ -54,19 +53,19 @@ void runRows(const char* root) {
     benchmark::RunSpecifiedBenchmarks();
 }
 
-void printFirstCall(const char* root, const char* name) {
+void printFirstCall(const std::string& root, const std::string& name) {
     Corpus corpus(root, kLanguages);
     corpus.keepTypicalProduct();
     const std::vector<Row> rows = makeRows(corpus);
     const auto row = std::ranges::find(rows, name, &Row::name);
     if (row == rows.end())
-        throw std::invalid_argument("no row " + std::string(name));
+        throw std::invalid_argument("no row " + name);
     Meter meter;
     row->measure(meter);
-    std::printf("%.9f\n", meter.seconds());
+    std::printf("%.9f\n", meter.seconds);
 }
 
-void printLoad(const char* root, std::vector<std::string> languages) {
+void printLoad(const std::string& root, std::vector<std::string> languages) {
     using reference::docparser::DocResourceParser;
     const Corpus corpus(root, std::move(languages));
     const auto loadAll = [&](const std::string& language) {
@@ -78,19 +77,7 @@ void printLoad(const char* root, std::vector<std::string> languages) {
     Meter meter;
     for (const std::string& language : corpus.languages())
         meter.measure([&] { return language; }, loadAll);
-    std::printf("%.9f\n", meter.seconds());
-}
-
-bool runCommand(Arguments arguments) {
-    if (arguments.size() == 2)
-        runRows(arguments[1]);
-    else if (arguments.size() == 4 && arguments[2] == std::string_view("--first-call"))
-        printFirstCall(arguments[1], arguments[3]);
-    else if (arguments.size() > 3 && arguments[2] == std::string_view("--load"))
-        printLoad(arguments[1], {arguments.begin() + 3, arguments.end()});
-    else
-        return false;
-    return true;
+    std::printf("%.9f\n", meter.seconds);
 }
 
 } // namespace
@@ -98,13 +85,21 @@ bool runCommand(Arguments arguments) {
 int main(int argc, char** argv) {
     try {
         benchmark::Initialize(&argc, argv);
-        if (runCommand({argv, static_cast<std::size_t>(argc)}))
-            return 0;
-        std::fputs("usage: docparser_benchmark ROOT [--benchmark_...]\n"
-                   "       docparser_benchmark ROOT --first-call ROW\n"
-                   "       docparser_benchmark ROOT --load LANGUAGE...\n",
-                   stderr);
-        return 2;
+        const std::vector<std::string> arguments(argv + 1, argv + argc);
+        if (arguments.size() == 1) {
+            runRows(arguments[0]);
+        } else if (arguments.size() == 3 && arguments[1] == "--first-call") {
+            printFirstCall(arguments[0], arguments[2]);
+        } else if (arguments.size() > 2 && arguments[1] == "--load") {
+            printLoad(arguments[0], {arguments.begin() + 2, arguments.end()});
+        } else {
+            std::fputs("usage: docparser_benchmark ROOT [--benchmark_...]\n"
+                       "       docparser_benchmark ROOT --first-call ROW\n"
+                       "       docparser_benchmark ROOT --load LANGUAGE...\n",
+                       stderr);
+            return 2;
+        }
+        return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "docparser_benchmark: %s\n", error.what());
         return 1;

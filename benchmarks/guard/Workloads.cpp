@@ -39,7 +39,9 @@ Workload parsing(const char* path, std::u16string product, SectionParser<T> pars
 /// Reads a product with its German translation, and the lookup index.
 Workload retrieval(const char* root, std::u16string product) {
     DocResourceParser::setReferenceRoot(fl::i18n::to_ustring(root));
-    setHost(u"de", {u"en", u"de", u"ja", u"ru"}, {product});
+    platform::setHostServices(
+        std::make_shared<Host>(u"de", std::vector<std::u16string>{u"en", u"de", u"ja", u"ru"}));
+    DocResourceParser::setTestProducts({product}, {});
     return [product = std::move(product)] {
         const auto lookups = DocResourceParser::getResourceLookupFiles();
         return DocResourceParser::getResourceFile(product).size() + lookups.installed.size() +

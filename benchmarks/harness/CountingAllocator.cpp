@@ -30,19 +30,20 @@ void* countIn(void* block) {
 
 } // namespace
 
+// The parameters have the names that the C library gives them.
 extern "C" {
 
 void* malloc(std::size_t size) noexcept {
     return countIn(__libc_malloc(size));
 }
 
-void* calloc(std::size_t count, std::size_t size) noexcept {
-    return countIn(__libc_calloc(count, size));
+void* calloc(std::size_t nmemb, std::size_t size) noexcept {
+    return countIn(__libc_calloc(nmemb, size));
 }
 
-void* realloc(void* block, std::size_t size) noexcept {
-    allocationCounts.liveBytes -= malloc_usable_size(block);
-    return countIn(__libc_realloc(block, size));
+void* realloc(void* ptr, std::size_t size) noexcept {
+    allocationCounts.liveBytes -= malloc_usable_size(ptr);
+    return countIn(__libc_realloc(ptr, size));
 }
 
 void* memalign(std::size_t alignment, std::size_t size) noexcept {
@@ -53,14 +54,14 @@ void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
     return memalign(alignment, size);
 }
 
-int posix_memalign(void** block, std::size_t alignment, std::size_t size) noexcept {
-    *block = memalign(alignment, size);
-    return *block ? 0 : ENOMEM;
+int posix_memalign(void** memptr, std::size_t alignment, std::size_t size) noexcept {
+    *memptr = memalign(alignment, size);
+    return *memptr ? 0 : ENOMEM;
 }
 
-void free(void* block) noexcept {
-    allocationCounts.liveBytes -= malloc_usable_size(block);
-    __libc_free(block);
+void free(void* ptr) noexcept {
+    allocationCounts.liveBytes -= malloc_usable_size(ptr);
+    __libc_free(ptr);
 }
 
 } // extern "C"

@@ -16,8 +16,13 @@ struct AllocationCounts {
 inline AllocationCounts allocationCounts;
 
 /// Adds up what calls cost. For one thread.
-class Meter {
-public:
+struct Meter {
+    double seconds = 0;        ///< processor time of the thread, the system's included
+    std::size_t textBytes = 0; ///< JSON text that the measured calls processed; added by the caller
+    std::size_t peakBytes = 0;
+    std::size_t keptBytes = 0;
+    std::size_t allocations = 0;
+
     /// Measures call(makeInput()). Making the input and destroying the result take no time that is
     /// counted; the input counts as memory, because the caller holds it.
     template <class MakeInput, class Call>
@@ -25,24 +30,14 @@ public:
         const AllocationCounts before = allocationCounts;
         auto input = makeInput();
         allocationCounts.peakBytes = allocationCounts.liveBytes;
-        const std::size_t allocations = allocationCounts.allocations;
+        const std::size_t allocationsBefore = allocationCounts.allocations;
         const double started = threadSeconds();
         [[maybe_unused]] const auto result = call(std::move(input));
-        seconds_ += threadSeconds() - started;
-        allocations_ += allocationCounts.allocations - allocations;
-        peakBytes_ += allocationCounts.peakBytes - before.liveBytes;
-        keptBytes_ += allocationCounts.liveBytes - before.liveBytes;
+        seconds += threadSeconds() - started;
+        allocations += allocationCounts.allocations - allocationsBefore;
+        peakBytes += allocationCounts.peakBytes - before.liveBytes;
+        keptBytes += allocationCounts.liveBytes - before.liveBytes;
     }
-
-    /// Adds JSON text that the measured calls processed.
-    void addText(std::size_t bytes) { textBytes_ += bytes; }
-
-    /// Processor time of the thread, the system's included.
-    double seconds() const { return seconds_; }
-    std::size_t textBytes() const { return textBytes_; }
-    double peakBytesPerByte() const { return perByte(peakBytes_); }
-    double keptBytesPerByte() const { return perByte(keptBytes_); }
-    double allocationsPerKiB() const { return perByte(allocations_) * 1024; }
 
 private:
     static double threadSeconds() {
@@ -50,16 +45,6 @@ private:
         clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
     }
-
-    double perByte(std::size_t count) const {
-        return textBytes_ == 0 ? 0 : static_cast<double>(count) / static_cast<double>(textBytes_);
-    }
-
-    double seconds_ = 0;
-    std::size_t textBytes_ = 0;
-    std::size_t peakBytes_ = 0;
-    std::size_t keptBytes_ = 0;
-    std::size_t allocations_ = 0;
 };
 
 } // namespace reference::docparser::benchmarks

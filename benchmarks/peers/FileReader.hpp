@@ -7,60 +7,40 @@
 namespace reference::docparser::benchmarks {
 
 template <class Value>
-void readItem(Value element, DocResource<RefItem>::Items& items) {
-    docparser_tests::RefItemFields item = ItemReader<Value>().read(element);
-    std::vector<RefItem>& sameHref = items[item.href];
-    docparser_tests::appendRefItem(sameHref, std::move(item));
-}
-
-template <class Value>
 void readItem(Value element, DocResource<RefItemLookup>::Items& items) {
-    std::u16string name;
-    auto type = RefEntityType::getDefaultValue();
-    std::u16string purpose;
-    std::u16string href;
-    auto functionType = FunctionType::getDefaultValue();
-    bool isDeprecated = false;
-    require(readMembers(
-        element.object(), required(text<"name">(name, Utf8)), word<"type", RefEntityType>(type),
-        required(text<"refpurpose">(purpose, Utf8)), required(text<"href">(href, Ascii)),
-        word<"fcntype", FunctionType>(functionType),
-        member<"deprecated">([&](Value) { isDeprecated = true; })));
-    std::vector<RefItemLookup>& sameName = items[name];
-    sameName.emplace_back(std::move(name), type, std::move(purpose), isDeprecated, std::move(href),
-                          functionType);
+    auto name = text<"name">(Utf8);
+    auto type = word<"type", RefEntityType>();
+    auto purpose = text<"refpurpose">(Utf8);
+    auto href = text<"href">(Ascii);
+    auto functionType = word<"fcntype", FunctionType>();
+    auto isDeprecated = member<"deprecated", bool>([](Value) { return true; });
+    readMembers(element.object(), name, type, purpose, href, functionType, isDeprecated);
+    std::vector<RefItemLookup>& sameName = items[name.value];
+    sameName.emplace_back(std::move(name.value), type.value, std::move(purpose.value),
+                          isDeprecated.value, std::move(href.value), functionType.value);
 }
 
-template <class T, class Object>
-DocResource<T> readSection(Object object, const std::u16string& product,
-                           std::vector<DocResource<T>>* packages) {
-    std::u16string schema;
-    std::u16string schemaVersion;
-    std::u16string productName;
-    std::u16string baseCode;
-    std::u16string helpFolder;
-    std::u16string helpLocation;
-    typename DocResource<T>::Items items;
-    const auto readPackages = [&](auto array) {
-        if (packages)
-            array.forEachElement([&](auto section) {
-                packages->push_back(readSection<T>(section.object(), product, nullptr));
-            });
-    };
-    require(readMembers(object, text<"schema">(schema, Ascii),
-                        text<"schemaVersion">(schemaVersion, Ascii),
-                        required(text<"productName">(productName, Utf8)),
-                        required(text<"baseCode">(baseCode, Ascii)),
-                        required(text<"helpFolder">(helpFolder, Ascii)),
-                        required(text<"helpLocation">(helpLocation, Ascii)),
-                        required(member<"refItems">([&](auto array) {
-                            array.forEachElement([&](auto element) { readItem(element, items); });
-                        })),
-                        member<"supportPackages">(readPackages)));
-    return {HeaderInfo(std::move(schema), std::move(schemaVersion), std::move(productName),
-                       std::move(baseCode), std::move(helpFolder), std::move(helpLocation),
-                       product),
-            std::move(items)};
+/// Reads a section. `packages` is the member for its "supportPackages" if they are wanted.
+template <class T, class Object, class... Packages>
+DocResource<T> readSection(Object object, const std::u16string& product, Packages&... packages) {
+    using Items = typename DocResource<T>::Items;
+    auto schema = text<"schema">(Ascii);
+    auto schemaVersion = text<"schemaVersion">(Ascii);
+    auto productName = text<"productName">(Utf8);
+    auto baseCode = text<"baseCode">(Ascii);
+    auto helpFolder = text<"helpFolder">(Ascii);
+    auto helpLocation = text<"helpLocation">(Ascii);
+    auto items = member<"refItems", Items>([](auto array) {
+        Items all;
+        array.forEachElement([&](auto element) { readItem(element, all); });
+        return all;
+    });
+    readMembers(object, schema, schemaVersion, productName, baseCode, helpFolder, helpLocation,
+                items, packages...);
+    return {HeaderInfo(std::move(schema.value), std::move(schemaVersion.value),
+                       std::move(productName.value), std::move(baseCode.value),
+                       std::move(helpFolder.value), std::move(helpLocation.value), product),
+            std::move(items.value)};
 }
 
 /// Reads a resource file whose root is the object of a library's adapter, as ObjectReader.hpp
@@ -68,12 +48,13 @@ DocResource<T> readSection(Object object, const std::u16string& product,
 /// \tparam T  RefItem or RefItemLookup
 template <class T, class Object>
 ResourceMap<T> readFile(Object root, const std::u16string& product) {
-    std::vector<DocResource<T>> packages;
-    DocResource<T> mainSection = readSection<T>(root, product, &packages);
+    auto packages = list<"supportPackages", DocResource<T>>(
+        [&](auto section) { return readSection<T>(section.object(), product); });
+    DocResource<T> mainSection = readSection<T>(root, product, packages);
     ResourceMap<T> sections;
     std::u16string helpFolder = mainSection.header.getHelpFolder();
     sections.try_emplace(std::move(helpFolder), std::move(mainSection));
-    for (DocResource<T>& section : packages) {
+    for (DocResource<T>& section : packages.value) {
         std::u16string baseCode = section.header.getBaseCode();
         sections.try_emplace(std::move(baseCode), std::move(section));
     }

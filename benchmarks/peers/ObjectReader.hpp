@@ -2,15 +2,12 @@
 
 #include "docparser/parsing/Members.hpp"
 #include "docparser/parsing/StringConverters.hpp"
+#include "platform/Failure.hpp"
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
-#include <exception>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace reference::docparser::benchmarks {
@@ -26,73 +23,51 @@ namespace reference::docparser::benchmarks {
 //   object.forEachMember(visit)    visit(key, value), where key == std::string_view
 //   object.restart()               permits another pass
 
-/// Calls handle(slot, value) for each member that has one of the keys.
-/// \returns  the bits of the slots that the object has
-template <class Object, std::size_t N, class Handle>
-std::uint32_t matchMembers(Object& object, const std::array<std::string_view, N>& keys,
-                           Handle handle) {
-    std::uint32_t seen = 0;
-    std::size_t next = 0;
-    object.forEachMember([&](const auto& key, auto value) {
-        // Most files have the keys in the order of the format, so the next one is tried first.
-        for (std::size_t tried = 0; tried < N; ++tried) {
-            const std::size_t slot = next;
-            next = next + 1 == N ? 0 : next + 1;
-            if (key == keys[slot]) {
-                seen |= 1U << slot;
-                handle(slot, value);
-                return;
-            }
-        }
-    });
-    return seen;
-}
-
-/// How readMembers() reads the value of a key.
-template <Key key, bool isRequired, class Read>
+/// A member that a reader looks up in an object.
+template <Key key, class T, class Read>
 struct Member {
     static constexpr std::string_view kKey = key.view();
-    static constexpr bool kIsRequired = isRequired;
-    Read read; ///< read(value)
+
+    Read read; ///< makes a T from the JSON value
+    T value{}; ///< unchanged if the object lacks the key
 };
 
-template <Key key, class Read>
-Member<key, false, Read> member(Read read) {
-    return {read};
+template <Key key, class T, class Read>
+Member<key, T, Read> member(Read read) {
+    return {std::move(read)};
 }
 
-template <Key key, class Read>
-Member<key, true, Read> required(Member<key, false, Read> optional) {
-    return {optional.read};
+template <Key key, class T, class Read>
+Member<key, T, Read> member(Read read, T absent) {
+    return {std::move(read), std::move(absent)};
 }
 
-/// Reads the members of an object that has few.
-/// \returns  whether the object has all required members
+/// Reads the values of members in one pass over an object. List the members in the order of the
+/// format: objects that have their keys in this order are read fastest.
 template <class Object, class... Members>
-bool readMembers(Object object, const Members&... members) {
-    std::uint32_t missing = (1U << sizeof...(Members)) - 1;
+void readMembers(Object&& object, Members&... members) {
+    std::size_t next = 0;
     object.forEachMember([&](const auto& key, auto value) {
-        std::uint32_t bit = 1;
-        const auto readIfNamed = [&](const auto& member) {
-            if (key == member.kKey) {
-                member.read(value);
-                missing &= ~bit;
+        for (const std::size_t first : {next, std::size_t{0}}) {
+            std::size_t slot = 0;
+            const auto readIfNamed = [&](auto& member) {
+                if (slot++ < first || !(key == member.kKey))
+                    return false;
+                member.value = member.read(value);
+                next = slot;
                 return true;
-            }
-            bit <<= 1;
-            return false;
-        };
-        static_cast<void>((readIfNamed(members) || ...));
+            };
+            if ((readIfNamed(members) || ...))
+                return;
+        }
     });
-    std::uint32_t bit = 1;
-    std::uint32_t required = 0;
-    ((required |= Members::kIsRequired ? bit : 0, bit <<= 1), ...);
-    return (missing & required) == 0;
 }
 
-inline void require(bool hasAllMembers) {
-    if (!hasAllMembers)
-        throw std::runtime_error("a required key is missing");
+/// Makes a record from the values of members, in the order of the arguments.
+template <class Record, class Value, class... Members>
+Record readRecord(Value element, Members... members) {
+    readMembers(element.object(), members...);
+    return {std::move(members.value)...};
 }
 
 /// Converts a string as the library does.
@@ -103,50 +78,46 @@ std::u16string readText(Value value, StringParsingType type) {
     return StringConverters(ascii, utf8).convert(value.string(), type);
 }
 
-/// Returns the enumeration's default for an unknown word and for a value of another type.
-template <class Enumeration, class Value>
-typename Enumeration::Value readWord(Value value) {
-    try {
-        return Enumeration::stringToEnum(value.string());
-    } catch (const std::exception&) {
-        return Enumeration::getDefaultValue();
-    }
+template <Key key>
+auto text(StringParsingType type) {
+    return member<key, std::u16string>([type](auto value) { return readText(value, type); });
 }
 
-/// Reads an array: append(element, records) appends the records of one element.
-template <class Record, class Value, class Append>
-std::vector<Record> appendEach(Value array, Append append) {
-    std::vector<Record> records;
-    records.reserve(array.count());
-    array.forEachElement([&](Value element) { append(element, records); });
-    return records;
+/// A string that names an enumeration value. The result is the enumeration's default for an unknown
+/// string and for a value of another type.
+template <Key key, class Enumeration>
+auto word() {
+    return member<key>(
+        [](auto value) {
+            auto result = Enumeration::getDefaultValue();
+            platform::ignoreFailure([&] { result = Enumeration::stringToEnum(value.string()); });
+            return result;
+        },
+        Enumeration::getDefaultValue());
 }
 
-/// Reads an array: read(element) returns the record of one element.
-template <class Value, class Read>
-auto readEach(Value array, Read read) {
-    using Record = std::invoke_result_t<Read&, Value>;
-    return appendEach<Record>(array, [&](Value element, std::vector<Record>& records) {
+/// An array: append(element, records) appends the records of one element.
+template <Key key, class Record, class Append>
+auto appendedList(Append append) {
+    return member<key, std::vector<Record>>([append](auto array) {
+        std::vector<Record> records;
+        records.reserve(array.count());
+        array.forEachElement([&](auto element) { append(element, records); });
+        return records;
+    });
+}
+
+/// An array: read(element) returns the record of one element.
+template <Key key, class Record, class Read>
+auto list(Read read) {
+    return appendedList<key, Record>([read](auto element, std::vector<Record>& records) {
         records.emplace_back(InPlace([&] { return read(element); }));
     });
 }
 
 template <Key key>
-auto text(std::u16string& target, StringParsingType type) {
-    return member<key>([&target, type](auto value) { target = readText(value, type); });
-}
-
-template <Key key>
-auto texts(std::vector<std::u16string>& target, StringParsingType type) {
-    return member<key>([&target, type](auto array) {
-        target = appendEach<std::u16string>(
-            array, [type](auto value, auto& list) { list.push_back(readText(value, type)); });
-    });
-}
-
-template <Key key, class Enumeration>
-auto word(typename Enumeration::Value& target) {
-    return member<key>([&target](auto value) { target = readWord<Enumeration>(value); });
+auto texts(StringParsingType type) {
+    return list<key, std::u16string>([type](auto value) { return readText(value, type); });
 }
 
 } // namespace reference::docparser::benchmarks

@@ -1,19 +1,19 @@
 #pragma once
 
+#include "benchmarks/rows/Corpus.hpp"
 #include "docparser/parsing/DocResource.hpp"
 #include "docparser/parsing/RefItem.hpp"
-#include "docparser/parsing/RefItemLookup.hpp"
+#include "docparser/retrieval/LookupFiles.hpp"
 
-#include <cstddef>
 #include <string>
 
 namespace reference::docparser::benchmarks {
 
-// Each function does the work of parseResourceText() with another JSON library, for RefItem and
-// RefItemLookup, and returns the same records.
-
-/// The room at the end of a text that saves simdjson from copying it.
-inline constexpr std::size_t kSpareBytes = 64;
+/// Does the work of parseResourceText() with another JSON library and returns the same records.
+/// Required keys are not checked.
+/// \tparam T  property::RefItem or property::RefItemLookup
+template <class T>
+using ReadText = ResourceMap<T> (*)(std::string text, const std::u16string& product);
 
 /// nlohmann::json: a document of standard containers.
 template <class T>
@@ -28,5 +28,16 @@ ResourceMap<T> readWithRapidJson(std::string text, const std::u16string& product
 /// between calls, as its authors recommend.
 template <class T>
 ResourceMap<T> readWithSimdjson(std::string text, const std::u16string& product);
+
+/// Reads the records of a product, in a language over English, as an application would without the
+/// library: with POSIX calls.
+ResourceMap<property::RefItem> readProduct(const Corpus& corpus, const std::u16string& product,
+                                           const std::string& language,
+                                           ReadText<property::RefItem> readText);
+
+/// Reads the lookup index, in a language over English, as an application would without the library:
+/// with the standard walk over a folder, POSIX calls and libzip. The library merges the sections.
+LookupResults readIndex(const Corpus& corpus, const std::string& language,
+                        ReadText<property::RefItemLookup> readText);
 
 } // namespace reference::docparser::benchmarks

@@ -1,14 +1,18 @@
 """Measures the library, floors and other JSON libraries, and reports the figures."""
 
 import argparse
+import datetime
 import pathlib
+import re
 import sys
 
-import document
 import guard
+import instructions
 import measure
 import picture
 import tables
+
+PAGE = pathlib.Path("docs/performance.md")
 
 
 def parse_arguments():
@@ -33,6 +37,32 @@ def parse_arguments():
     return arguments
 
 
+def processor():
+    cpu = pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8")
+    return re.search(r"^model name\s*: (.*)$", cpu, re.MULTILINE)[1]
+
+
+def replace(page, mark, content):
+    pattern = re.compile(f"(<!-- {mark} -->\n).*?(<!-- end of {mark} -->)", re.DOTALL)
+    page, count = pattern.subn(lambda found: f"{found[1]}{content}\n{found[2]}", page)
+    if count != 1:
+        raise ValueError(f"{PAGE} has no place for {mark}")
+    return page
+
+
+def write_page(report, programs):
+    """Puts the figures into the page, each between the comments that mark its place."""
+    contents = tables.all_tables(report)
+    contents["machine"] = (f"Measured on {datetime.date.today():%d %B %Y}: {processor()}, "
+                           f"{guard.compiler()}.")
+    contents["profile"] = instructions.table(instructions.measure(programs))
+    page = PAGE.read_text(encoding="utf-8")
+    for mark, content in contents.items():
+        page = replace(page, mark, content)
+    PAGE.write_text(page, encoding="utf-8")
+    PAGE.with_suffix(".svg").write_text(picture.draw(report), encoding="utf-8")
+
+
 def main():
     arguments = parse_arguments()
     programs = arguments.build / "benchmarks"
@@ -50,7 +80,7 @@ def main():
     if arguments.svg:
         arguments.svg.write_text(picture.draw(reports[0]), encoding="utf-8")
     if arguments.docs:
-        document.write(reports[0], programs)
+        write_page(reports[0], programs)
     return 0
 
 

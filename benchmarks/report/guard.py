@@ -63,12 +63,6 @@ def count_all(programs):
     return {workload: count(programs, workload) for workload in WORKLOADS}
 
 
-def package_version(package):
-    done = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", package],
-                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-    return done.stdout or "unknown"
-
-
 def compiler():
     done = subprocess.run(["c++", "--version"], stdout=subprocess.PIPE, text=True, check=True)
     return done.stdout.splitlines()[0]
@@ -78,8 +72,9 @@ def built_with():
     """What the counts depend on besides the project's own code."""
     packages = ("libboost1.81-dev", "libc6", "libdeflate0", "libstdc++6", "libzip4", "valgrind",
                 "zlib1g")
-    return {"compiler": compiler(), "preset": "release",
-            **{package: package_version(package) for package in packages}}
+    versions = subprocess.run(["dpkg-query", "--show", "--showformat=${Package} ${Version}\\n",
+                               *packages], stdout=subprocess.PIPE, text=True).stdout.splitlines()
+    return {"compiler": compiler(), "preset": "release"} | dict(map(str.split, versions))
 
 
 def update(programs):

@@ -11,18 +11,13 @@ BAR = 16
 STEP = 22
 GROUP_GAP = 44
 LONGEST = 2.5      # longer bars are cut
-COLORS = {"library": "#1f6f8b", "floor": "#b8c4cc", "peer": "#8fa3ad"}
+COLORS = {"library": "#1f6f8b"} | dict.fromkeys(tables.PEERS, "#8fa3ad")
+FLOOR_COLOR = "#b8c4cc"
 FONT = 'font-family="sans-serif" font-size="13"'
 
 
 def text(x, y, content, extra=""):
     return f'<text x="{x:.0f}" y="{y:.0f}" {FONT} fill="#222" {extra}>{html.escape(content)}</text>'
-
-
-def kind_of(name):
-    if name == "library":
-        return "library"
-    return "peer" if name in tables.PEERS else "floor"
 
 
 def bar(y, name, ratio, suffix):
@@ -32,7 +27,7 @@ def bar(y, name, ratio, suffix):
     shapes = [
         text(LABEL - 10, y + 13, name, f'text-anchor="end" {weight}'),
         f'<rect x="{LABEL}" y="{y}" width="{length:.1f}" height="{BAR}" '
-        f'fill="{COLORS[kind_of(name)]}"/>',
+        f'fill="{COLORS.get(name, FLOOR_COLOR)}"/>',
         text(LABEL + length + 8, y + 13, f"{ratio:.2f}{suffix}", weight),
     ]
     if ratio > LONGEST:

@@ -1,7 +1,6 @@
 #include "benchmarks/rows/Corpus.hpp"
 
 #include "benchmarks/harness/Host.hpp"
-#include "benchmarks/peers/Peers.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/retrieval/LookupFiles.hpp"
 #include "platform/i18n/Converter.hpp"
@@ -11,7 +10,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace reference::docparser::benchmarks {
 
@@ -81,7 +79,9 @@ void Corpus::setLanguage(const std::string& language) const {
     std::vector<std::u16string> supported;
     for (const std::string& each : languages_)
         supported.push_back(fl::i18n::to_ustring(each));
-    setHost(fl::i18n::to_ustring(language), supported, installed_);
+    platform::setHostServices(
+        std::make_shared<Host>(fl::i18n::to_ustring(language), std::move(supported)));
+    DocResourceParser::setTestProducts(installed_, {});
 }
 
 std::vector<std::string> Corpus::fullTexts(const std::u16string& product,
@@ -94,19 +94,10 @@ std::vector<std::string> Corpus::fullTexts(const std::u16string& product,
     return texts;
 }
 
-std::vector<ProductText> Corpus::allFullTexts() const {
-    std::vector<ProductText> all;
-    for (const std::u16string& product : products_) {
-        for (std::string& text : fullTexts(product, languages_))
-            all.push_back({product, std::move(text)});
-    }
-    return all;
-}
-
-std::vector<ProductText> Corpus::lookupTexts() const {
-    std::vector<ProductText> texts;
+std::vector<std::pair<std::u16string, std::string>> Corpus::lookupTexts() const {
+    std::vector<std::pair<std::u16string, std::string>> texts;
     const auto collect = [&](std::string text, const std::u16string& product, RetrievalObserver&) {
-        texts.push_back({product, std::move(text)});
+        texts.emplace_back(product, std::move(text));
         return LookupMap();
     };
     collectLookupFiles(

@@ -1,7 +1,6 @@
-#include "benchmarks/peers/IndexReader.hpp"
 #include "benchmarks/peers/Peers.hpp"
+#include "benchmarks/peers/SharedParse.hpp"
 #include "benchmarks/rows/Row.hpp"
-#include "benchmarks/rows/SharedParse.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/parsing/DocumentParser.hpp"
 #include "docparser/parsing/ItemParser.hpp"
@@ -27,8 +26,6 @@ using Texts = std::vector<std::string>;
 // One call's worth of the work of a group.
 template <class Result>
 struct Case {
-    const Corpus& corpus;
-    std::string language;
     std::u16string product;          // whose records are wanted; empty for the lookup index
     Texts texts{};                   // what the call reads
     std::optional<Result> records{}; // what it returns
@@ -37,8 +34,8 @@ struct Case {
 // One way to do the work.
 template <class Result>
 struct Method {
-    const char* name;
-    Result (*run)(const Case<Result>& work, Texts texts);
+    const char* name = "";
+    std::function<Result(const Case<Result>& work, Texts texts)> run{};
     bool needsTexts = false;   // else `texts` is empty
     bool needsRecords = false; // of the case
     bool makesRecords = true;  // else the result is empty
@@ -57,57 +54,48 @@ Texts copyOf(const Texts& texts) {
 
 // The cases of a group, which all its rows share.
 template <class Result>
-class Group {
-public:
-    using Cases = std::vector<Case<Result>>;
-    using LoadTexts = std::function<void(Cases&)>;
-
-    // \param cases      may be empty, in which case `loadTexts` adds them
-    // \param loadTexts  called once, when the texts are first needed
-    Group(std::string language, const Corpus& corpus, Cases cases, LoadTexts loadTexts,
-          Method<Result> library)
-        : language_(std::move(language)),
-          corpus_(corpus),
-          cases_(std::move(cases)),
-          loadTexts_(std::move(loadTexts)),
-          library_(library) {}
+struct Group {
+    std::string name;
+    const Corpus& corpus;
+    std::string language;
+    std::vector<Case<Result>> cases{};                            // may be empty before `load`
+    std::function<void(std::vector<Case<Result>>& cases)> load{}; // adds texts; called once
+    Method<Result> library{};
 
     void measure(const Method<Result>& method, Meter& meter) {
-        corpus_.setLanguage(language_);
+        corpus.setLanguage(language);
         // Loading the lookup files runs code of the library, which must not precede a first call.
         if (method.needsTexts)
-            load();
-        for (Case<Result>& work : cases_) {
+            loadTexts();
+        for (Case<Result>& work : cases) {
             if (method.needsRecords)
                 warm(recordsOf(work));
             meter.measure([&] { return method.needsTexts ? copyOf(work.texts) : Texts(); },
                           [&](Texts texts) { return method.run(work, std::move(texts)); });
         }
-        load();
-        for (const Case<Result>& work : cases_) {
+        loadTexts();
+        for (const Case<Result>& work : cases) {
             for (const std::string& text : work.texts)
-                meter.addText(text.size());
+                meter.textBytes += text.size();
         }
     }
 
     bool isCorrect(const Method<Result>& method) {
-        corpus_.setLanguage(language_);
-        load();
-        return std::ranges::all_of(cases_, [&](Case<Result>& work) {
-            const Result& expected = recordsOf(work);
-            return method.run(work, copyOf(work.texts)) == expected;
+        corpus.setLanguage(language);
+        loadTexts();
+        return std::ranges::all_of(cases, [&](Case<Result>& work) {
+            return method.run(work, copyOf(work.texts)) == recordsOf(work);
         });
     }
 
-private:
-    void load() {
-        if (loadTexts_)
-            std::exchange(loadTexts_, nullptr)(cases_);
+    void loadTexts() {
+        if (load)
+            std::exchange(load, nullptr)(cases);
     }
 
     const Result& recordsOf(Case<Result>& work) {
         if (!work.records)
-            work.records = library_.run(work, copyOf(work.texts));
+            work.records = library.run(work, copyOf(work.texts));
         return *work.records;
     }
 
@@ -116,207 +104,158 @@ private:
         if (!(records == records))
             throw std::logic_error("records that differ from themselves");
     }
-
-    std::string language_;
-    const Corpus& corpus_;
-    Cases cases_;
-    LoadTexts loadTexts_;
-    Method<Result> library_;
 };
 
-// Floors.
-
 template <class Result>
-Result parse(const Case<Result>&, Texts texts) {
-    for (const std::string& text : texts) {
-        boost::json::monotonic_resource arena(1024);
-        parseDocument(text, arena);
-    }
-    return {};
-}
-
-template <class Result>
-Result sharedParse(const Case<Result>&, Texts texts) {
-    for (const std::string& text : texts)
-        parseWithSharedJson(text);
-    return {};
-}
-
-template <class Result, Result (*parse)(const Case<Result>&, Texts)>
-Result parseAndCopy(const Case<Result>& work, Texts texts) {
-    parse(work, std::move(texts));
-    return *work.records;
-}
-
-template <class T>
-ResourceMap<T> readNothing(std::string, const std::u16string&) {
-    return {};
-}
-
-// From text to records.
-
-template <class T>
-using ReadText = ResourceMap<T> (*)(std::string text, const std::u16string& product);
-
-ResourceMap<RefItem> readFullText(std::string text, const std::u16string& product) {
-    return parseResourceText<RefItem>(std::move(text), product, parseRefItemSection, unobserved);
-}
-
-ResourceMap<RefItemLookup> readLookupText(std::string text, const std::u16string& product) {
-    return parseResourceText<RefItemLookup>(std::move(text), product, parseRefItemLookupSection,
-                                            unobserved);
-}
-
-template <class T, ReadText<T> read>
-ResourceMap<T> readText(const Case<ResourceMap<T>>& work, Texts texts) {
-    return read(std::move(texts.front()), work.product);
-}
-
-// From the root to the records of a product.
-
-using Resources = ResourceMap<RefItem>;
-
-Resources getProduct(const Case<Resources>& work, Texts) {
-    return DocResourceParser::getResourceFile(work.product);
-}
-
-template <ReadText<RefItem> read>
-Resources readProduct(const Case<Resources>& work, Texts) {
-    Resources english = read(readFile(work.corpus.fullFile(work.product, "en")), work.product);
-    if (work.language == "en")
-        return english;
-    std::string text = readFile(work.corpus.fullFile(work.product, work.language));
-    if (text.empty())
-        return english;
-    Resources result = read(std::move(text), work.product);
-    for (auto& [key, section] : english) {
-        const auto [translated, isNew] = result.try_emplace(key, std::move(section));
-        if (!isNew)
-            translated->second.items.merge(section.items);
-    }
-    return result;
-}
-
-// From the root to the lookup index.
-
-LookupResults getIndex(const Case<LookupResults>&, Texts) {
-    return DocResourceParser::getResourceLookupFiles();
-}
-
-template <ReadText<RefItemLookup> read>
-LookupResults readIndexWith(const Case<LookupResults>& work, Texts) {
-    const Corpus& corpus = work.corpus;
-    return readIndex(corpus.lookupFolder(), {.readText = read,
-                                             .language = work.language,
-                                             .languages = corpus.languages(),
-                                             .isInstalled = [&](const std::u16string& key) {
-                                                 return corpus.isInstalled(key);
-                                             }});
-}
-
-// The groups.
-
-template <class Result>
-constexpr Method<Result> kParse{
-    .name = "parse", .run = parse<Result>, .needsTexts = true, .makesRecords = false};
-
-template <class Result>
-constexpr Method<Result> kParseAndCopy{.name = "parse and copy",
-                                       .run = parseAndCopy<Result, parse<Result>>,
-                                       .needsTexts = true,
-                                       .needsRecords = true};
-
-template <class T, ReadText<T> read>
-constexpr Method<ResourceMap<T>> textMethod(const char* name) {
-    return {.name = name, .run = readText<T, read>, .needsTexts = true};
-}
-
-template <class Result>
-void addRows(std::vector<Row>& rows, const std::string& name, Group<Result> cases,
+void addRows(std::vector<Row>& rows, Group<Result> cases,
              const std::vector<Method<Result>>& methods) {
     const auto group = std::make_shared<Group<Result>>(std::move(cases));
     for (const Method<Result>& method : methods) {
         Row& row = rows.emplace_back();
-        row.name = name + ":" + method.name;
+        row.name = group->name + ":" + method.name;
         row.measure = [group, method](Meter& meter) { group->measure(method, meter); };
         if (method.makesRecords)
             row.isCorrect = [group, method] { return group->isCorrect(method); };
     }
 }
 
-template <class T, ReadText<T> readWithLibrary>
-void addTextRows(std::vector<Row>& rows, const std::string& name, const Corpus& corpus,
-                 std::vector<ProductText> (Corpus::*loadTexts)() const) {
-    using Result = ResourceMap<T>;
-    constexpr auto library = textMethod<T, readWithLibrary>("library");
-    const auto load = [&corpus, loadTexts](std::vector<Case<Result>>& cases) {
-        for (ProductText& text : (corpus.*loadTexts)())
-            cases.push_back({corpus, {}, text.product, {std::move(text.text)}});
-    };
-    addRows<Result>(rows, name, {"de", corpus, {}, load, library},
-                    {kParse<Result>,
-                     kParseAndCopy<Result>,
-                     {.name = "shared parse",
-                      .run = sharedParse<Result>,
-                      .needsTexts = true,
-                      .makesRecords = false},
-                     {.name = "shared parse and copy",
-                      .run = parseAndCopy<Result, sharedParse<Result>>,
-                      .needsTexts = true,
-                      .needsRecords = true},
-                     library,
-                     textMethod<T, readWithSimdjson<T>>("simdjson"),
-                     textMethod<T, readWithRapidJson<T>>("RapidJSON"),
-                     textMethod<T, readWithNlohmann<T>>("nlohmann")});
+// Floors.
+
+using Parse = void (*)(std::string_view text);
+
+void parseWithLibrary(std::string_view text) {
+    boost::json::monotonic_resource arena(1024);
+    parseDocument(text, arena);
 }
 
-// The languages of the files that a retrieval reads.
-std::vector<std::string> languagesOf(const Case<Resources>& work) {
-    return work.language == "en" ? std::vector{work.language}
-                                 : std::vector<std::string>{"en", work.language};
+template <class Result>
+Method<Result> parse(const char* name, Parse parseText) {
+    return {.name = name,
+            .run =
+                [parseText](const Case<Result>&, const Texts& texts) {
+                    std::ranges::for_each(texts, parseText);
+                    return Result();
+                },
+            .needsTexts = true,
+            .makesRecords = false};
+}
+
+template <class Result>
+Method<Result> parseAndCopy(const char* name, Parse parseText) {
+    return {.name = name,
+            .run =
+                [parseText](const Case<Result>& work, Texts texts) {
+                    std::ranges::for_each(std::exchange(texts, {}), parseText);
+                    return *work.records;
+                },
+            .needsTexts = true,
+            .needsRecords = true};
+}
+
+// From text to records.
+
+template <class T, SectionParser<T> parseSection>
+ResourceMap<T> readWithLibrary(std::string text, const std::u16string& product) {
+    return parseResourceText<T>(std::move(text), product, parseSection, unobserved);
+}
+
+template <class T>
+Method<ResourceMap<T>> reader(const char* name, ReadText<T> readText) {
+    return {
+        .name = name,
+        .run = [readText](const Case<ResourceMap<T>>& work,
+                          Texts texts) { return readText(std::move(texts.front()), work.product); },
+        .needsTexts = true};
+}
+
+// load(cases) adds the cases.
+template <class T, SectionParser<T> parseSection, class Load>
+void addTextRows(std::vector<Row>& rows, const std::string& name, const Corpus& corpus, Load load) {
+    using Result = ResourceMap<T>;
+    const auto library = reader<T>("library", readWithLibrary<T, parseSection>);
+    addRows<Result>(rows, {name, corpus, "de", {}, load, library},
+                    {parse<Result>("parse", parseWithLibrary),
+                     parseAndCopy<Result>("parse and copy", parseWithLibrary),
+                     parse<Result>("shared parse", parseWithSharedJson),
+                     parseAndCopy<Result>("shared parse and copy", parseWithSharedJson), library,
+                     reader<T>("simdjson", readWithSimdjson),
+                     reader<T>("RapidJSON", readWithRapidJson),
+                     reader<T>("nlohmann", readWithNlohmann)});
+}
+
+// From the root to records.
+
+// retrieve(case, readText) does the work with any ReadText<T>.
+template <class T, class Result, class Retrieve>
+void addRetrievalRows(std::vector<Row>& rows, const Group<Result>& group, Retrieve retrieve) {
+    const auto method = [retrieve](const char* name, ReadText<T> readText) {
+        return Method<Result>{.name = name,
+                              .run = [retrieve, readText](const Case<Result>& work, const Texts&) {
+                                  return retrieve(work, readText);
+                              }};
+    };
+    Method<Result> read =
+        method("read", [](std::string, const std::u16string&) { return ResourceMap<T>(); });
+    read.makesRecords = false;
+    addRows<Result>(rows, group,
+                    {read, parse<Result>("parse", parseWithLibrary),
+                     parseAndCopy<Result>("parse and copy", parseWithLibrary), group.library,
+                     method("simdjson", readWithSimdjson), method("RapidJSON", readWithRapidJson)});
 }
 
 void addProductRows(std::vector<Row>& rows, const Corpus& corpus, const std::string& language) {
-    std::vector<Case<Resources>> cases;
+    using Result = ResourceMap<RefItem>;
+    Group<Result> group{.name = "full/" + language, .corpus = corpus, .language = language};
     for (const std::u16string& product : corpus.products())
-        cases.push_back({corpus, language, product});
-    const auto load = [](std::vector<Case<Resources>>& unread) {
-        for (Case<Resources>& work : unread)
-            work.texts = work.corpus.fullTexts(work.product, languagesOf(work));
+        group.cases.push_back({product});
+    std::vector<std::string> languages{"en"};
+    if (language != "en")
+        languages.push_back(language);
+    group.load = [&corpus, languages](std::vector<Case<Result>>& cases) {
+        for (Case<Result>& work : cases)
+            work.texts = corpus.fullTexts(work.product, languages);
     };
-    const Method<Resources> library{.name = "library", .run = getProduct};
-    addRows<Resources>(
-        rows, "full/" + language, {language, corpus, std::move(cases), load, library},
-        {{.name = "read", .run = readProduct<readNothing<RefItem>>, .makesRecords = false},
-         kParse<Resources>,
-         kParseAndCopy<Resources>,
-         library,
-         {.name = "simdjson", .run = readProduct<readWithSimdjson<RefItem>>},
-         {.name = "RapidJSON", .run = readProduct<readWithRapidJson<RefItem>>}});
+    group.library = {.name = "library", .run = [](const Case<Result>& work, const Texts&) {
+                         return DocResourceParser::getResourceFile(work.product);
+                     }};
+    addRetrievalRows<RefItem>(
+        rows, group, [&corpus, language](const Case<Result>& work, ReadText<RefItem> readText) {
+            return readProduct(corpus, work.product, language, readText);
+        });
 }
 
 void addIndexRows(std::vector<Row>& rows, const Corpus& corpus, const std::string& language) {
-    const auto load = [](std::vector<Case<LookupResults>>& cases) {
-        for (ProductText& text : cases.front().corpus.lookupTexts())
-            cases.front().texts.push_back(std::move(text.text));
+    using Result = LookupResults;
+    Group<Result> group{.name = "lookup/" + language, .corpus = corpus, .language = language};
+    group.cases.resize(1);
+    group.load = [&corpus](std::vector<Case<Result>>& cases) {
+        for (auto& [product, text] : corpus.lookupTexts())
+            cases.front().texts.push_back(std::move(text));
     };
-    const Method<LookupResults> library{.name = "library", .run = getIndex};
-    addRows<LookupResults>(
-        rows, "lookup/" + language, {language, corpus, {{corpus, language, {}}}, load, library},
-        {{.name = "read", .run = readIndexWith<readNothing<RefItemLookup>>, .makesRecords = false},
-         kParse<LookupResults>,
-         kParseAndCopy<LookupResults>,
-         library,
-         {.name = "simdjson", .run = readIndexWith<readWithSimdjson<RefItemLookup>>},
-         {.name = "RapidJSON", .run = readIndexWith<readWithRapidJson<RefItemLookup>>}});
+    group.library = {.name = "library", .run = [](const Case<Result>&, const Texts&) {
+                         return DocResourceParser::getResourceLookupFiles();
+                     }};
+    addRetrievalRows<RefItemLookup>(
+        rows, group, [&corpus, language](const Case<Result>&, ReadText<RefItemLookup> readText) {
+            return readIndex(corpus, language, readText);
+        });
 }
 
 } // namespace
 
 std::vector<Row> makeRows(const Corpus& corpus) {
     std::vector<Row> rows;
-    addTextRows<RefItem, readFullText>(rows, "full/text", corpus, &Corpus::allFullTexts);
-    addTextRows<RefItemLookup, readLookupText>(rows, "lookup/text", corpus, &Corpus::lookupTexts);
+    addTextRows<RefItem, parseRefItemSection>(rows, "full/text", corpus, [&corpus](auto& cases) {
+        for (const std::u16string& product : corpus.products()) {
+            for (std::string& text : corpus.fullTexts(product, corpus.languages()))
+                cases.push_back({product, {std::move(text)}});
+        }
+    });
+    addTextRows<RefItemLookup, parseRefItemLookupSection>(
+        rows, "lookup/text", corpus, [&corpus](auto& cases) {
+            for (auto& [product, text] : corpus.lookupTexts())
+                cases.push_back({product, {std::move(text)}});
+        });
     for (const char* language : {"en", "de"}) {
         addProductRows(rows, corpus, language);
         addIndexRows(rows, corpus, language);

@@ -216,6 +216,7 @@ using docparser_tests::fails;
 using docparser_tests::forget;
 using docparser_tests::release;
 
+// The parameters have the names that the C library gives them.
 extern "C" {
 
 // The leak sanitizer calls this. It must not report leaks of libzip either.
@@ -227,26 +228,26 @@ void* malloc(std::size_t size) noexcept {
     return allocate(size, __builtin_return_address(0));
 }
 
-void* calloc(std::size_t count, std::size_t size) noexcept {
+void* calloc(std::size_t nmemb, std::size_t size) noexcept {
     if (fails())
         return nullptr;
-    return account(__interceptor_calloc ? __interceptor_calloc(count, size)
-                                        : __libc_calloc(count, size),
+    return account(__interceptor_calloc ? __interceptor_calloc(nmemb, size)
+                                        : __libc_calloc(nmemb, size),
                    __builtin_return_address(0));
 }
 
-void* realloc(void* memory, std::size_t size) noexcept {
+void* realloc(void* ptr, std::size_t size) noexcept {
     if (fails())
         return nullptr;
     // Another thread may receive the old address as soon as it is freed.
-    forget(memory);
-    return account(__interceptor_realloc ? __interceptor_realloc(memory, size)
-                                         : __libc_realloc(memory, size),
+    forget(ptr);
+    return account(__interceptor_realloc ? __interceptor_realloc(ptr, size)
+                                         : __libc_realloc(ptr, size),
                    __builtin_return_address(0));
 }
 
-void free(void* memory) noexcept {
-    release(memory);
+void free(void* ptr) noexcept {
+    release(ptr);
 }
 
 } // extern "C"

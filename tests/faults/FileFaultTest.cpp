@@ -30,9 +30,10 @@ private:
 };
 
 class FileFaultTest : public FaultTest {
-protected:
+public:
     ~FileFaultTest() override { EXPECT_EQ(wrongCloses(), 0U) << "something was closed twice"; }
 
+protected:
     // Makes each call of one type fail in this way.
     template <class Result>
     static std::size_t failEach(const Operation<Result>& operation, FileCall call, int error,
@@ -75,7 +76,7 @@ protected:
     }
 
     Operation<Resources> readResources(const std::u16string& product,
-                                       std::vector<Resources> allowed) const {
+                                       const std::vector<Resources>& allowed) const {
         return operation<Resources>(
             [product] { return DocResourceParser::getResourceFile(product); },
             [allowed](const Outcome<Resources>& outcome) {

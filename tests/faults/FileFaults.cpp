@@ -99,84 +99,85 @@ using docparser_tests::next;
 using docparser_tests::noteClose;
 using docparser_tests::shorten;
 
+// The parameters have the names that the C library gives them.
 extern "C" {
 
-int open(const char* file, int flags, ...) {
+int open(const char* file, int oflag, ...) {
     static auto* const real = next<int(const char*, int, ...)>("open");
     va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
+    va_start(arguments, oflag);
+    const mode_t mode = modeOf(oflag, arguments);
     va_end(arguments);
-    return fails(FileCall::Open) ? -1 : real(file, flags, mode);
+    return fails(FileCall::Open) ? -1 : real(file, oflag, mode);
 }
 
-int openat(int folder, const char* file, int flags, ...) {
+int openat(int fd, const char* file, int oflag, ...) {
     static auto* const real = next<int(int, const char*, int, ...)>("openat");
     va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
+    va_start(arguments, oflag);
+    const mode_t mode = modeOf(oflag, arguments);
     va_end(arguments);
-    return fails(FileCall::Open) ? -1 : real(folder, file, flags, mode);
+    return fails(FileCall::Open) ? -1 : real(fd, file, oflag, mode);
 }
 
-FILE* fopen(const char* file, const char* mode) {
+FILE* fopen(const char* filename, const char* modes) {
     static auto* const real = next<FILE*(const char*, const char*)>("fopen");
-    return fails(FileCall::Open) ? nullptr : real(file, mode);
+    return fails(FileCall::Open) ? nullptr : real(filename, modes);
 }
 
-FILE* fopen64(const char* file, const char* mode) {
+FILE* fopen64(const char* filename, const char* modes) {
     static auto* const real = next<FILE*(const char*, const char*)>("fopen64");
-    return fails(FileCall::Open) ? nullptr : real(file, mode);
+    return fails(FileCall::Open) ? nullptr : real(filename, modes);
 }
 
-int stat(const char* file, struct stat* status) noexcept {
+int stat(const char* file, struct stat* buf) noexcept {
     static auto* const real = next<int(const char*, struct stat*)>("stat");
-    return fails(FileCall::Status) ? -1 : real(file, status);
+    return fails(FileCall::Status) ? -1 : real(file, buf);
 }
 
-int fstat(int file, struct stat* status) noexcept {
+int fstat(int fd, struct stat* buf) noexcept {
     static auto* const real = next<int(int, struct stat*)>("fstat");
-    return fails(FileCall::Status) ? -1 : real(file, status);
+    return fails(FileCall::Status) ? -1 : real(fd, buf);
 }
 
-ssize_t read(int file, void* room, std::size_t length) {
+ssize_t read(int fd, void* buf, std::size_t nbytes) {
     static auto* const real = next<ssize_t(int, void*, std::size_t)>("read");
-    return shorten(length) ? real(file, room, length) : -1;
+    return shorten(nbytes) ? real(fd, buf, nbytes) : -1;
 }
 
-ssize_t pread(int file, void* room, std::size_t length, off_t offset) {
+ssize_t pread(int fd, void* buf, std::size_t nbytes, off_t offset) {
     static auto* const real = next<ssize_t(int, void*, std::size_t, off_t)>("pread");
-    return shorten(length) ? real(file, room, length, offset) : -1;
+    return shorten(nbytes) ? real(fd, buf, nbytes, offset) : -1;
 }
 
-off_t lseek(int file, off_t offset, int whence) noexcept {
+off_t lseek(int fd, off_t offset, int whence) noexcept {
     static auto* const real = next<off_t(int, off_t, int)>("lseek");
-    return fails(FileCall::Seek) ? -1 : real(file, offset, whence);
+    return fails(FileCall::Seek) ? -1 : real(fd, offset, whence);
 }
 
-DIR* opendir(const char* folder) {
+DIR* opendir(const char* name) {
     static auto* const real = next<DIR*(const char*)>("opendir");
-    return fails(FileCall::OpenFolder) ? nullptr : real(folder);
+    return fails(FileCall::OpenFolder) ? nullptr : real(name);
 }
 
-DIR* fdopendir(int folder) {
+DIR* fdopendir(int fd) {
     static auto* const real = next<DIR*(int)>("fdopendir");
-    return fails(FileCall::OpenFolder) ? nullptr : real(folder);
+    return fails(FileCall::OpenFolder) ? nullptr : real(fd);
 }
 
-dirent* readdir(DIR* folder) {
+dirent* readdir(DIR* dirp) {
     static auto* const real = next<dirent*(DIR*)>("readdir");
-    return fails(FileCall::ReadFolder) ? nullptr : real(folder);
+    return fails(FileCall::ReadFolder) ? nullptr : real(dirp);
 }
 
-int close(int file) {
+int close(int fd) {
     static auto* const real = next<int(int)>("close");
-    return noteClose(real(file));
+    return noteClose(real(fd));
 }
 
-int closedir(DIR* folder) {
+int closedir(DIR* dirp) {
     static auto* const real = next<int(DIR*)>("closedir");
-    return noteClose(real(folder));
+    return noteClose(real(dirp));
 }
 
 } // extern "C"

@@ -40,7 +40,7 @@ private:
 class RetrievalAllocationFaultTest : public FaultTest {
 protected:
     Operation<Resources> readResources(const std::u16string& product,
-                                       std::vector<Resources> allowed) const {
+                                       const std::vector<Resources>& allowed) const {
         const Resources whole = DocResourceParser::getResourceFile(product);
         return operation<Resources>(
             [product] { return DocResourceParser::getResourceFile(product); },

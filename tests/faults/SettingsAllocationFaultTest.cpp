@@ -39,7 +39,8 @@ protected:
     // An operation that changes a setting, or throws std::bad_alloc and leaves it unchanged.
     // \param value  returns the setting; called before and after the change
     template <class Value>
-    Operation<bool> changing(std::function<void()> change, std::function<Value()> value) const {
+    Operation<bool> changing(const std::function<void()>& change,
+                             const std::function<Value()>& value) const {
         const auto before = std::make_shared<std::optional<Value>>();
         Operation<bool> result = operation<bool>(
             [change] {
@@ -178,6 +179,7 @@ TEST_F(SettingsAllocationFaultTest, TopLevelProductQueriesAreCorrectOrThrowBadAl
     const auto isInstalled = operation<std::vector<bool>>(
         [&] {
             std::vector<bool> answers;
+            answers.reserve(names.size());
             for (const std::u16string& name : names)
                 answers.push_back(DocResourceParser::isProductInstalled(name));
             return answers;

@@ -102,8 +102,10 @@ TEST_F(DescriptorTest, ProgramStartedWhileAPackageIsOpenDoesNotInheritIt) {
 
 TEST_F(DescriptorTest, ProgramsStartedDuringReadsInheritNoFiles) {
     std::atomic<bool> isDone = false;
+    constexpr int kReaders = 2;
     std::vector<std::thread> readers;
-    for (int reader = 0; reader < 2; ++reader)
+    readers.reserve(kReaders);
+    for (int reader = 0; reader < kReaders; ++reader)
         readers.emplace_back([&isDone] {
             while (!isDone)
                 expectAllFound();

@@ -13,7 +13,7 @@ namespace {
 
 // Files and folders without permissions, read by an unprivileged user.
 class PermissionTest : public SystemTest {
-protected:
+public:
     PermissionTest() {
         setLanguage(u"de");
         addSupport("Orchard.json", resourceText("supported", {}));
@@ -24,6 +24,7 @@ protected:
             std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     }
 
+protected:
     void lock(const std::string& path) {
         locked_.push_back(path);
         std::filesystem::permissions(path, std::filesystem::perms::none);

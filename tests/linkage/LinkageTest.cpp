@@ -96,6 +96,7 @@ TEST_F(LinkageTest, ConcurrentFirstCallsAllSucceed) {
     std::barrier start(kThreads);
     std::atomic<int> answered = 0;
     std::vector<std::thread> threads;
+    threads.reserve(kThreads);
     for (int thread = 0; thread < kThreads; ++thread)
         threads.emplace_back([&] {
             start.arrive_and_wait();

@@ -50,7 +50,7 @@ private:
 };
 
 class SamplesTest : public testing::TestWithParam<const char16_t*> {
-protected:
+public:
     SamplesTest() {
         platform::setHostServices(std::make_shared<SampleHost>(GetParam()));
         DocResourceParser::restoreDefaultSettings();
@@ -61,6 +61,7 @@ protected:
         DocResourceParser::restoreDefaultSettings();
     }
 
+protected:
     template <class Map>
     static std::set<std::u16string> keysOf(const Map& map) {
         std::set<std::u16string> keys;

@@ -48,14 +48,15 @@ struct LookupFile {
 
 template <class File>
 class ResourceAgreement : public testing::Test {
-protected:
-    using Format = typename File::Format;
-
+public:
     ResourceAgreement() {
         DocResourceParser::setReferenceRoot(root_.u16());
         DocResourceParser::setSupportPackageRoot(root_.u16() + u"/none");
     }
     ~ResourceAgreement() override { DocResourceParser::restoreDefaultSettings(); }
+
+protected:
+    using Format = typename File::Format;
 
     // Whether the library reads the text. Its account must agree.
     bool isRead(const std::string& text) const {

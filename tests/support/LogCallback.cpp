@@ -16,7 +16,7 @@ namespace docparser_tests {
 namespace {
 
 struct Backend : boost::log::sinks::basic_sink_backend<boost::log::sinks::concurrent_feeding> {
-    void consume(const boost::log::record_view& record) {
+    void consume(const boost::log::record_view& record) const {
         function(boost::log::extract_or_default<std::string>("Message", record, std::string()));
     }
 

@@ -24,7 +24,7 @@ public:
     /// \throws std::runtime_error  the bytes could not be written
     std::filesystem::path write(const std::filesystem::path& relative,
                                 std::string_view bytes) const {
-        const std::filesystem::path file = path() / relative;
+        std::filesystem::path file = path() / relative;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream stream(file, std::ios::binary | std::ios::trunc);
         stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -55,9 +55,11 @@ private:
 /// Creates a temporary reference root and support-package root and sets them, together with a
 /// FakeHost. The destructor restores the process-wide settings.
 class SystemTest : public testing::Test {
+public:
+    ~SystemTest() override;
+
 protected:
     SystemTest();
-    ~SystemTest() override;
 
     TemporaryFolder folder;
     std::shared_ptr<FakeHost> host = std::make_shared<FakeHost>();

@@ -27,9 +27,10 @@ protected:
         for (const std::string name : {"first", "second", "third"}) {
             const std::string english = resourceText(name, {{"a.html", name}});
             const std::string german = resourceText(name, {{"b.html", name}});
-            const std::string below = name == "third" ? "" : "docCatalog/referenceapi/";
-            folder.write(name + "/" + below + "P.json", english);
-            folder.write(name + "/" + below + "P_de.json", german);
+            const std::filesystem::path fullFolder =
+                name == "third" ? name : name + "/docCatalog/referenceapi";
+            folder.write(fullFolder / "P.json", english);
+            folder.write(fullFolder / "P_de.json", german);
             folder.write(name + "/docCatalog/referenceapi_lookup/P.json",
                          ResourceText(name).add(lookupItem("n", "a.html", name)).str());
         }
@@ -120,6 +121,7 @@ TEST_F(ThreadsTest, ConcurrentOperationsEachSeeOneState) {
     const LogCapture log(528);
     runWatched([this] {
         std::vector<std::future<void>> threads;
+        threads.reserve(kThreads);
         for (int thread = 0; thread < kThreads; ++thread)
             threads.push_back(std::async(std::launch::async, [this, thread] { work(thread); }));
         for (std::future<void>& thread : threads)
@@ -134,6 +136,7 @@ TEST_F(ThreadsTest, ConcurrentOperationsEachSeeOneState) {
 TEST_F(ThreadsTest, ConcurrentChangesOfSettingsDoNotDeadlock) {
     runWatched([this] {
         std::vector<std::future<void>> threads;
+        threads.reserve(kThreads);
         for (int thread = 0; thread < kThreads; ++thread)
             threads.push_back(std::async(std::launch::async, [this, thread] {
                 for (int round = 0; round < 3 * kRounds; ++round) {
@@ -152,6 +155,7 @@ TEST_F(ThreadsTest, ConcurrentCallsShareOneSupportFolder) {
     for (int round = 0; round < kRounds; ++round) {
         DocResourceParser::clearSupportPackageCaches();
         std::vector<std::future<std::shared_ptr<const std::u16string>>> threads;
+        threads.reserve(4);
         for (int thread = 0; thread < 4; ++thread)
             threads.push_back(
                 std::async(std::launch::async, DocResourceParser::getSupportPackageRoot));
@@ -173,6 +177,7 @@ TEST_F(ThreadsTest, ConcurrentCallsShareOnePackageQuery) {
         host->forgetQuestions();
         std::barrier start(kThreads);
         std::vector<std::future<std::shared_ptr<const FakeHost::Packages>>> threads;
+        threads.reserve(kThreads);
         for (int thread = 0; thread < kThreads; ++thread)
             threads.push_back(std::async(std::launch::async, [&start] {
                 start.arrive_and_wait();

@@ -75,7 +75,7 @@ protected:
     static std::optional<Resources> findWithout(const std::string& file) {
         const std::string away = file + ".away";
         std::filesystem::rename(file, away);
-        const auto resources = findResources(u"Orchard");
+        auto resources = findResources(u"Orchard");
         std::filesystem::rename(away, file);
         return resources;
     }

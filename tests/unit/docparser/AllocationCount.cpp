@@ -36,11 +36,11 @@ std::size_t AllocationCount::largestBytes() const noexcept {
     return tallies.largestBytes;
 }
 
-void* allocateForNew(std::size_t bytes) noexcept {
+void* allocateForNew(std::size_t size) noexcept {
     ++tallies.requests;
-    tallies.bytes += bytes;
-    tallies.largestBytes = std::max(tallies.largestBytes, bytes);
-    return std::malloc(std::max<std::size_t>(bytes, 1));
+    tallies.bytes += size;
+    tallies.largestBytes = std::max(tallies.largestBytes, size);
+    return std::malloc(std::max<std::size_t>(size, 1));
 }
 
 void releaseForDelete(void* memory) noexcept {

@@ -56,7 +56,7 @@ private:
 };
 
 class HostServicesTest : public testing::Test {
-protected:
+public:
     ~HostServicesTest() override { setHostServices(nullptr); }
 };
 

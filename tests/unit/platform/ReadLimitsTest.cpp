@@ -11,7 +11,7 @@ namespace platform {
 namespace {
 
 class ReadLimitsTest : public testing::Test {
-protected:
+public:
     ~ReadLimitsTest() override { setReadLimits(before_); }
 
 private:

@@ -55,9 +55,10 @@ public:
 };
 
 class Locales : public testing::Test {
-protected:
+public:
     ~Locales() override { platform::setHostServices(nullptr); }
 
+protected:
     static void host(std::u16string current, std::vector<std::u16string> supported) {
         platform::setHostServices(
             std::make_shared<LanguageHost>(std::move(current), std::move(supported)));

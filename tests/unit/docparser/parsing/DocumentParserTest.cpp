@@ -73,7 +73,7 @@ TEST(ParseDocument, AcceptsWellFormedTextInEveryPosition) {
          {"x", "\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
           "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         for (const std::string& text :
-             textsWith("{\"" + sequence + "\": \"\\n" + sequence + "\"}]"))
+             textsWith("{\"" + sequence + R"(": "\n)" + sequence + "\"}]"))
             EXPECT_EQ(parsed(text), Outcome(json::parse(text), {})) << text;
     }
 }
@@ -93,8 +93,8 @@ TEST(ParseDocument, ReportsIllFormedTextAsTheDefaultOptionsDo) {
 }
 
 TEST(ParseDocument, ReportsEveryOtherErrorAsTheDefaultOptionsDo) {
-    for (const std::string array : {"", "1", "\"\\uD83C\"]", "\"\\uDF33\"]", "\"\x01\"]",
-                                    "\"\\x\"]", "1] 2", "\xC3\xA9]", "1,]", "/**/1]", "\""}) {
+    for (const std::string array : {"", "1", R"("\uD83C"])", R"("\uDF33"])", "\"\x01\"]",
+                                    R"("\x"])", "1] 2", "\xC3\xA9]", "1,]", "/**/1]", "\""}) {
         for (const std::string& text : textsWith(array)) {
             const Outcome outcome = parsed(text);
             EXPECT_TRUE(outcome.second) << text;

@@ -88,7 +88,7 @@ TEST(GetFluString, ThrowsForEveryOtherTypeAndNamesIt) {
             continue;
         const auto throwsReason = ThrowsMessage<FormatError>("expected a string, found " + type);
         const json::object object{{"key", value}};
-        EXPECT_THAT([&] { getFluString(value, Utf8); }, throwsReason);
+        EXPECT_THAT([&value = value] { getFluString(value, Utf8); }, throwsReason);
         EXPECT_THAT([&] { getFluString(object, "key", Ascii); }, throwsReason);
         EXPECT_THAT([&] { getFluStringWithFallback(object, "key", Utf8); }, throwsReason);
     }
@@ -132,7 +132,7 @@ TEST(GetJsonArray, ThrowsForEveryOtherTypeAndNamesIt) {
             continue;
         const auto throwsReason = ThrowsMessage<FormatError>("expected an array, found " + type);
         const json::value object{{"key", value}};
-        EXPECT_THAT([&] { getJsonArray(value); }, throwsReason);
+        EXPECT_THAT([&value = value] { getJsonArray(value); }, throwsReason);
         EXPECT_THAT([&] { getJsonArray(object, "key"); }, throwsReason);
     }
 }
@@ -153,7 +153,7 @@ TEST(GetJsonObject, ThrowsForEveryOtherTypeAndNamesIt) {
     for (const auto& [value, type] : everyType()) {
         if (value.is_object())
             continue;
-        EXPECT_THAT([&] { getJsonObject(value); },
+        EXPECT_THAT([&value = value] { getJsonObject(value); },
                     ThrowsMessage<FormatError>("expected an object, found " + type));
     }
 }

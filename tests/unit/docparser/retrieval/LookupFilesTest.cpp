@@ -31,7 +31,7 @@ private:
 };
 
 class CollectLookupFilesTest : public testing::Test {
-protected:
+public:
     CollectLookupFilesTest() { platform::setHostServices(std::make_shared<SilentHost>()); }
     ~CollectLookupFilesTest() override { platform::setHostServices(nullptr); }
 };

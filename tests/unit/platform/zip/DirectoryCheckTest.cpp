@@ -21,9 +21,10 @@ using testing::EndsWith;
 constexpr const char* kCollision = "too many names of its entries have equal hashes";
 
 class DirectoryCheckTest : public PackageTest {
-protected:
+public:
     ~DirectoryCheckTest() override { platform::setReadLimits({}); }
 
+protected:
     /// Opens a package with `count` names and returns the number of its leaves.
     std::size_t leavesOf(std::size_t count,
                          const std::function<ZipEntryBytes(std::size_t)>& entryAt) const {

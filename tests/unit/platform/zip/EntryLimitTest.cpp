@@ -27,9 +27,10 @@ std::string beyondPackageLimit(std::uint64_t limit) {
 constexpr std::uint64_t kLengths[] = {50'000, (std::uint64_t{1} << 20) + 1};
 
 class EntryLimitTest : public PackageTest {
-protected:
+public:
     ~EntryLimitTest() override { platform::setReadLimits({}); }
 
+protected:
     static void setLimits(std::uint64_t entryBytes, std::uint64_t packageBytes) {
         platform::setReadLimits({.entryBytes = entryBytes, .packageBytes = packageBytes});
     }

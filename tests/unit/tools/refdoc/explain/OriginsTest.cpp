@@ -68,12 +68,13 @@ Lines linesOf(const std::vector<SectionOrigins>& sections) {
 }
 
 class OriginsTest : public testing::Test {
-protected:
+public:
     ~OriginsTest() override {
         platform::setHostServices(nullptr);
         DocResourceParser::restoreDefaultSettings();
     }
 
+protected:
     // Writes a plain lookup file; `name` without ".json".
     void addLookup(const std::string& name, std::string_view text) const {
         folder_.write("help/docCatalog/referenceapi_lookup/" + name + ".json", text);

@@ -1,6 +1,6 @@
 // In a shared library of its own, because the benchmarks contain the library's Boost.JSON.
 
-#include "benchmarks/rows/SharedParse.hpp"
+#include "benchmarks/peers/SharedParse.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
