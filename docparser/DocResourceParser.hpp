@@ -65,6 +65,8 @@ public:
     /// one takes precedence, except that a translation takes precedence over the sections before
     /// it. Every file in the folder is read on each call, so an application that looks up names
     /// often should keep the result.
+    /// If the check of a section's key throws, that section and the rest of its file are left out
+    /// without an exception or a log line. Only a LoadAccount shows it, as Fate::Failed.
     /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps if there
     ///           are no files
     /// \throws whatever the language service throws
