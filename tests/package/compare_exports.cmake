@@ -21,6 +21,4 @@ foreach(character IN ITEMS char char16_t)
 endforeach()
 
 string(REPLACE "\n" ";" exported "${text}")
-# A constructor has several symbols with one demangled name.
-list(REMOVE_DUPLICATES exported)
 compare_list("exported names" "${exported}")

@@ -1,6 +1,8 @@
 # compare_list(DESCRIPTION LINES): fails unless the lines of LIBRARY are exactly those in the file KEPT,
-# and prints the differences. With UPDATE, replaces the file instead. The order does not matter.
+# and prints the differences. With UPDATE, replaces the file instead. Order and repetition do not matter:
+# a constructor has several symbols with one demangled name, and several sources define a class.
 function(compare_list description lines)
+    list(REMOVE_DUPLICATES lines)
     list(SORT lines COMPARE NATURAL)
     if(UPDATE)
         list(JOIN lines "\n" text)
