@@ -1,6 +1,8 @@
 # docparser_export_names(TARGET NAMESPACES ... [TYPES ...])
 #
-# Limits the exports of a shared library to its own namespaces. Visibility settings alone would also
+# Limits the exports of a shared library to its own namespaces, and gives them a version node, such as
+# DOCPARSER_1. Programs then refer to the names of this major version, even if another version is in the
+# same process. Visibility settings alone would also
 # export template instances of Boost and of the standard library, which are not part of the interface.
 # TYPES are classes of other libraries whose type information programs need to catch the library's
 # exceptions. Has no effect with linkers that do not support version scripts, or on Windows, where a DLL
@@ -38,7 +40,8 @@ function(docparser_export_names target)
         # Type information and its name.
         string(APPEND patterns " _ZTIN${mangled}E; _ZTSN${mangled}E;")
     endforeach()
-    file(CONFIGURE OUTPUT ${script} CONTENT "{ global:${patterns} local: *; };\n")
+    string(TOUPPER ${target}_${PROJECT_VERSION_MAJOR} node)
+    file(CONFIGURE OUTPUT ${script} CONTENT "${node} { global:${patterns} local: *; };\n")
 
     set(option "LINKER:--version-script=${script}")
     check_linker_flag(CXX ${option} DOCPARSER_LINKER_READS_NAME_LISTS)

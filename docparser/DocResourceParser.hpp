@@ -50,7 +50,9 @@ public:
     /// them can be used, in the support-package folder: P.json, overlaid with P_L.json if the
     /// documentation language L is not "en". If both have a section, the language file's items
     /// replace the English items of the same href, and its header replaces the English one.
-    /// \param product  used in the file names as it is; the caller must validate it
+    /// \param product  the name of the file, such as "Orchard"; used as it is, so the caller must
+    ///                 validate it. For a section of the lookup index, `header.getProduct()`
+    ///                 returns it; neither the section key nor a short name is one.
     /// \returns        at least one section, keyed by the help folder of a file's main section and
     ///                 by the base code of each section of its "supportPackages"
     /// \throws DocParserException  neither folder has a usable file of the product; the channel has
@@ -65,6 +67,11 @@ public:
     /// one takes precedence, except that a translation takes precedence over the sections before
     /// it. Every file in the folder is read on each call, so an application that looks up names
     /// often should keep the result.
+    ///
+    /// The full record of an entry is in getResourceFile() of the product that
+    /// `section.header.getProduct()` returns, under the entry's href; see docparser/Queries.hpp.
+    /// If the check of a section's key throws, that section and the rest of its file are left out
+    /// without an exception or a log line. Only a LoadAccount shows it, as Fate::Failed.
     /// \returns  the sections by key, split by isProductInstalled() of the key; empty maps if there
     ///           are no files
     /// \throws whatever the language service throws

@@ -19,12 +19,19 @@ namespace platform {
 /// library deadlocks. It may throw; the header of each operation says what happens then.
 ///
 /// All strings are UTF-16, except those of the products, which are UTF-8.
+///
+/// The functions of this class stay the same within a major version, because a new one would be
+/// missing in host applications that were compiled earlier. Further functions will be in classes
+/// derived from this one, which the library finds with dynamic_cast; a host application that does
+/// not derive from them gets the behaviour of earlier versions.
 class DOCPARSER_SEAM_EXPORT HostServices {
 public:
     virtual ~HostServices();
 
-    /// Returns the folder that the application is installed in. fl::filesystem::get_install_path()
-    /// always asks the default services.
+    /// Returns the folder that the application is installed in. No operation of the parser calls
+    /// it: fl::filesystem::get_install_path(), which determines the default reference root when the
+    /// library is loaded, always asks the default services. Set another root with
+    /// DocResourceParser::setReferenceRoot().
     virtual std::u16string installPath() const = 0;
 
     /// Returns the language that documentation is shown in, spelled as in file names: "en", "ja",
@@ -55,7 +62,9 @@ public:
 /// Sets the services of the whole process. Null restores the default, an InstallationManifest of
 /// the folder that this library is installed in.
 ///
-/// Calls in progress keep the services that they started with. Any thread may call.
+/// Calls in progress keep the services that they started with. Any thread may call. What the
+/// library has cached of the earlier services stays until
+/// DocResourceParser::clearSupportPackageCaches() is called; the reference root does not change.
 DOCPARSER_SEAM_EXPORT void setHostServices(std::shared_ptr<const HostServices> services);
 
 /// Returns the current services, never null; they live at least as long as the pointer.

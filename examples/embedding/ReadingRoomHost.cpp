@@ -9,8 +9,7 @@ using docproduct::TopLevelDocProduct;
 // The library uses only the short name; the other strings are for the application.
 std::shared_ptr<const TopLevelDocProduct> makeProduct(const std::string& shortName) {
     return std::make_shared<const TopLevelDocProduct>(
-        /*displayName=*/"", /*helpLocation=*/"", shortName, /*baseCode=*/"", /*altShortName=*/"",
-        /*availability=*/"", std::vector<docproduct::ProductFamily>());
+        TopLevelDocProduct::fromShortName(shortName));
 }
 
 } // namespace

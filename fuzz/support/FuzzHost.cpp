@@ -25,8 +25,8 @@ std::vector<std::u16string> FuzzHost::supportedDocLanguages() const {
 
 std::vector<std::shared_ptr<const TopLevelDocProduct>>
 FuzzHost::installedTopLevelDocProducts() const {
-    return {std::make_shared<const TopLevelDocProduct>("", "", "orchard", "", "", "",
-                                                       std::vector<docproduct::ProductFamily>())};
+    return {
+        std::make_shared<const TopLevelDocProduct>(TopLevelDocProduct::fromShortName("orchard"))};
 }
 
 std::u16string FuzzHost::supportPackageRoot() const {

@@ -76,6 +76,12 @@ public:
                      std::move(baseCode), std::move(altShortName), std::move(availability)),
           families_(std::move(families)) {}
 
+    /// Returns a product that has only a short name; all that the parser needs. Since version 1.1.
+    /// \param shortName  UTF-8
+    static TopLevelDocProduct fromShortName(std::string shortName) {
+        return {"", "", std::move(shortName), "", "", "", {}};
+    }
+
     /// Returns the families of the product in the order of the host application; may be empty.
     const std::vector<ProductFamily>& getFamilies() const noexcept { return families_; }
 

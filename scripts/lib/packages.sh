@@ -22,6 +22,7 @@ test_packages=(
     libicu-dev
     libvalijson-dev
     zlib1g-dev
+    gdb
     python3
     mandoc
     patch

@@ -1,5 +1,6 @@
-# Fails unless LIBRARY exports exactly the names in the file KEPT, and prints the differences. With
-# UPDATE, replaces the file instead.
+# Compares the names that LIBRARY exports with the file KEPT; see compare_list.cmake.
+include(${CMAKE_CURRENT_LIST_DIR}/compare_list.cmake)
+
 execute_process(
     COMMAND ${NM} --dynamic --defined-only --demangle --format=just-symbols ${LIBRARY}
     OUTPUT_VARIABLE text
@@ -20,28 +21,4 @@ foreach(character IN ITEMS char char16_t)
 endforeach()
 
 string(REPLACE "\n" ";" exported "${text}")
-# Removes duplicates: a constructor has several symbols with one demangled name.
-list(REMOVE_DUPLICATES exported)
-list(SORT exported)
-
-if(UPDATE)
-    list(JOIN exported "\n" text)
-    file(WRITE ${KEPT} "${text}\n")
-    return()
-endif()
-
-file(STRINGS ${KEPT} kept)
-set(additional ${exported})
-list(REMOVE_ITEM additional ${kept})
-set(missing ${kept})
-list(REMOVE_ITEM missing ${exported})
-if(additional OR missing)
-    list(JOIN additional "\n    " additional)
-    list(JOIN missing "\n    " missing)
-    cmake_path(GET LIBRARY FILENAME name)
-    message("${name} does not export exactly the names in ${KEPT}\n"
-        "additional:\n    ${additional}\n"
-        "missing:\n    ${missing}\n"
-        "if this is intended: cmake --build ${BUILD_FOLDER} --target update_exports\n")
-    message(FATAL_ERROR "the exported names have changed")
-endif()
+compare_list("exported names" "${exported}")

@@ -36,6 +36,11 @@ TEST(TopLevelDocProductTest, EqualsAProductOfTheSameStrings) {
     EXPECT_THAT(named("orchard").getFamilies(), IsEmpty());
 }
 
+TEST(TopLevelDocProductTest, MayHaveOnlyAShortName) {
+    EXPECT_EQ(TopLevelDocProduct::fromShortName("orchard"),
+              TopLevelDocProduct("", "", "orchard", "", "", "", {}));
+}
+
 TEST(TopLevelDocProductTest, DiffersIfAnyStringOrFamilyDiffers) {
     const auto make = [](std::size_t other, const char* family) {
         std::array<std::string, 6> strings;
