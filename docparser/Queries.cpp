@@ -79,6 +79,8 @@ std::size_t editDistance(std::u16string_view left, std::u16string_view right, st
 std::vector<IndexEntry> findNames(const LookupIndex& index, std::u16string_view text,
                                   NameMatch loosest) {
     std::vector<IndexEntry> entries;
+    if (text.empty())
+        return entries;
     if (loosest == NameMatch::Exact) {
         const std::u16string name(text);
         addExactMatches(index.installed, name, true, entries);

@@ -67,8 +67,8 @@ DOCPARSER_EXPORT std::optional<NameMatch> matchName(std::u16string_view text,
 DOCPARSER_EXPORT std::size_t editDistance(std::u16string_view left, std::u16string_view right,
                                           std::size_t limit);
 
-/// Returns the records whose names match a text, the best matches first. Equally good ones are in
-/// the order of forEachEntry().
+/// Returns the records whose names match a text as matchName() says, the best matches first.
+/// Equally good ones are in the order of forEachEntry().
 /// \param loosest  the loosest match to return; NameMatch::Prefix returns exact matches too
 /// Cost: linear in the number of names, except that exact matches are looked up.
 DOCPARSER_EXPORT std::vector<IndexEntry> findNames(const LookupIndex& index,

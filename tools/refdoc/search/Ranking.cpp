@@ -1,8 +1,8 @@
 #include "tools/refdoc/search/Ranking.hpp"
 
+#include "docparser/Queries.hpp"
 #include "tools/refdoc/search/CaseFolding.hpp"
 #include "tools/refdoc/search/CodePoints.hpp"
-#include "tools/refdoc/suggest/NearNames.hpp"
 
 #include <utf8proc.h>
 
@@ -10,10 +10,10 @@
 
 namespace refdoc {
 
-namespace {
+using reference::docparser::matchName;
+using reference::docparser::NameMatch;
 
-constexpr std::size_t kUnitsPerEdit = 3;
-constexpr std::size_t kMostEdits = 2;
+namespace {
 
 // A match and the field that has it; the smaller one is the better one.
 struct FieldMatch {
@@ -39,36 +39,40 @@ bool isWord(std::u16string_view field, std::size_t start, std::size_t size) {
            (end == field.size() || !isWordCharacter(codePointAt(field, end)));
 }
 
-std::optional<Match> matchOf(std::u16string_view text, std::u16string_view field) {
-    std::size_t start = text.empty() ? field.npos : field.find(text);
-    if (start == field.npos)
-        return std::nullopt;
-    if (start == 0)
-        return field.size() == text.size() ? Match::Exact : Match::Prefix;
-    for (; start != field.npos; start = field.find(text, start + 1)) {
+bool hasWord(std::u16string_view text, std::u16string_view field) {
+    for (std::size_t start = field.find(text); start != field.npos;
+         start = field.find(text, start + 1)) {
         if (isWord(field, start, text.size()))
-            return Match::Word;
+            return true;
     }
-    return Match::Substring;
+    return false;
 }
 
-bool isNear(std::u16string_view text, std::u16string_view name) {
-    const std::size_t limit = std::min(text.size() / kUnitsPerEdit, kMostEdits);
-    return limit > 0 && editDistance(text, name, limit, LetterCase::Distinct) <= limit;
+std::optional<Match> matchOf(std::u16string_view text, std::u16string_view field) {
+    const std::optional<NameMatch> match = matchName(text, field);
+    if (!match)
+        return std::nullopt;
+    switch (*match) {
+    case NameMatch::Exact: return Match::Exact;
+    case NameMatch::Prefix: return Match::Prefix;
+    case NameMatch::Substring: return hasWord(text, field) ? Match::Word : Match::Substring;
+    case NameMatch::Near: break;
+    }
+    return Match::Near;
 }
 
 std::optional<FieldMatch> bestMatch(std::u16string_view text, const SearchedRecord& record) {
     std::optional<FieldMatch> best;
     const auto consider = [&](SearchField field, const auto& string) {
         const std::optional<Match> match = string ? matchOf(text, *string) : std::nullopt;
-        if (match && (!best || FieldMatch{*match, field} < *best))
+        if (!match || (*match == Match::Near && field != SearchField::Name))
+            return;
+        if (!best || FieldMatch{*match, field} < *best)
             best = {*match, field};
     };
     consider(SearchField::Name, record.name);
     consider(SearchField::Href, record.href);
     consider(SearchField::Purpose, record.purpose);
-    if (!best && record.name && isNear(text, *record.name))
-        best = {Match::Near, SearchField::Name};
     return best;
 }
 

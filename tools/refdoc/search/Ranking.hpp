@@ -15,8 +15,7 @@ enum class Match {
     Prefix,    ///< the field begins with the text
     Word,      ///< the text stands in the field, with no letter or digit beside it
     Substring, ///< the text stands in the field
-    Near       ///< one edit turns the field into the text; two if the text has six code units or
-               ///< more, none if it has fewer than three
+    Near       ///< as NameMatch::Near of the library
 };
 
 /// The fields of a lookup record, in the order of their weight.

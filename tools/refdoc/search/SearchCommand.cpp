@@ -1,5 +1,6 @@
 #include "tools/refdoc/search/SearchCommand.hpp"
 
+#include "docparser/Queries.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Number.hpp"
 #include "tools/refdoc/cli/Options.hpp"
@@ -27,6 +28,8 @@ namespace refdoc {
 
 using fl::i18n::to_string;
 using fl::i18n::to_ustring;
+using reference::docparser::forEachEntry;
+using reference::docparser::IndexEntry;
 using reference::property::RefEntityType;
 using reference::property::RefItemLookup;
 
@@ -122,19 +125,11 @@ private:
 
 std::vector<Result> allMatches(Search& search, const LookupResults& index) {
     std::vector<Result> matches;
-    const auto add = [&](const LookupMap& sections, bool isInstalled) {
-        for (const auto& [key, resource] : sections) {
-            for (const auto& [name, entries] : resource.items) {
-                for (const RefItemLookup& entry : entries) {
-                    if (const std::optional<Rank> rank = search.rank(entry, isInstalled))
-                        matches.push_back(
-                            {*rank, &key, &resource.header.getProduct(), &entry, matches.size()});
-                }
-            }
-        }
-    };
-    add(index.installed, true);
-    add(index.notInstalled, false);
+    forEachEntry(index, [&](const IndexEntry& entry) {
+        if (const std::optional<Rank> rank = search.rank(*entry.record, entry.isInstalled))
+            matches.push_back(
+                {*rank, entry.section, &entry.header->getProduct(), entry.record, matches.size()});
+    });
     return matches;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "docparser/DocResourceParser.hpp"
+#include "docparser/Queries.hpp"
 #include "docparser/account/LoadAccount.hpp"
 
 #include <map>
@@ -10,7 +10,7 @@
 namespace refdoc {
 
 using LookupMap = reference::docparser::ResourceMap<reference::property::RefItemLookup>;
-using LookupResults = reference::docparser::ParsingResults<LookupMap>;
+using LookupResults = reference::docparser::LookupIndex;
 
 /// Tells which entries of the lookup index are English because no translation has them.
 class EnglishEntries {

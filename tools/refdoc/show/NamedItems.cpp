@@ -1,5 +1,6 @@
 #include "tools/refdoc/show/NamedItems.hpp"
 
+#include "docparser/Queries.hpp"
 #include "tools/refdoc/session/Selection.hpp"
 
 #include <algorithm>
@@ -9,6 +10,9 @@
 namespace refdoc {
 
 using reference::docparser::DocResourceParser;
+using reference::docparser::findNames;
+using reference::docparser::IndexEntry;
+using reference::docparser::NameMatch;
 using reference::docparser::ResourceMap;
 using reference::property::RefEntity;
 using reference::property::RefItem;
@@ -57,20 +61,11 @@ std::vector<std::u16string> hrefsFor(const std::u16string& argument, const std::
 std::vector<NamedItem> itemsNamed(const std::u16string& name, const LookupResults& index) {
     std::vector<NamedItem> items;
     std::set<std::pair<std::u16string, std::u16string>> seen;
-    const auto add = [&](const LookupMap& sections, bool isInstalled) {
-        for (const auto& [key, resource] : sections) {
-            const auto found = resource.items.find(name);
-            if (found == resource.items.end())
-                continue;
-            const std::u16string& product = resource.header.getProduct();
-            for (const RefItemLookup& entry : found->second) {
-                if (seen.emplace(product, entry.getHref()).second)
-                    items.push_back({product, key, isInstalled, entry});
-            }
-        }
-    };
-    add(index.installed, true);
-    add(index.notInstalled, false);
+    for (const IndexEntry& found : findNames(index, name, NameMatch::Exact)) {
+        const std::u16string& product = found.header->getProduct();
+        if (seen.emplace(product, found.record->getHref()).second)
+            items.push_back({product, *found.section, found.isInstalled, *found.record});
+    }
     return items;
 }
 

@@ -20,21 +20,17 @@ std::u16string_view withoutTerritory(std::u16string_view language) {
     return language.substr(0, language.find(u'_'));
 }
 
-bool areSame(std::u16string_view left, std::u16string_view right) {
-    return editDistance(left, right, /*limit=*/0) == 0;
-}
-
 } // namespace
 
 std::vector<std::u16string> nearLanguage(std::u16string_view language,
                                          const std::vector<std::u16string>& known) {
     const std::u16string wanted = withUnderscores(language);
     for (const std::u16string& candidate : known) {
-        if (areSame(wanted, candidate))
+        if (isSameName(wanted, candidate))
             return {candidate};
     }
     for (const std::u16string& candidate : known) {
-        if (areSame(withoutTerritory(wanted), withoutTerritory(candidate)))
+        if (isSameName(withoutTerritory(wanted), withoutTerritory(candidate)))
             return {candidate};
     }
     std::vector<std::u16string_view> translated(known.begin(), known.end());

@@ -7,14 +7,16 @@
 
 namespace refdoc {
 
-/// Whether letters that differ only in case are the same. Only ASCII letters have a case here.
-enum class LetterCase { Ignored, Distinct };
+// Upper-case ASCII letters are the same as lower-case ones here.
 
-/// Returns how many letters must be added, removed, changed or swapped with their neighbour to turn
-/// one name into the other; `limit + 1` if it takes more than `limit`. The cost is the product of
-/// the lengths.
-std::size_t editDistance(std::u16string_view left, std::u16string_view right, std::size_t limit,
-                         LetterCase letterCase = LetterCase::Ignored);
+/// Returns a text with lower-case ASCII letters.
+std::u16string lowered(std::u16string_view text);
+
+/// Returns the edit distance of two names; see reference::docparser::editDistance().
+std::size_t nameDistance(std::u16string_view left, std::u16string_view right, std::size_t limit);
+
+/// Returns whether two names are the same.
+bool isSameName(std::u16string_view left, std::u16string_view right);
 
 /// Returns the known names that a user who typed `name` may have meant: the nearest first, equally
 /// near ones in code unit order, each once. A near name differs in at most a third of the letters,

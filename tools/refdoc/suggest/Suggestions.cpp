@@ -30,13 +30,9 @@ std::u16string_view fileStem(std::u16string_view href) {
     return href.substr(0, href.rfind(u'.'));
 }
 
-bool isSame(std::u16string_view left, std::u16string_view right) {
-    return editDistance(left, right, 0) == 0;
-}
-
 bool documents(const RefItem& item, std::u16string_view name) {
     return std::ranges::any_of(item.getRefEntities(), [&](const RefEntity& entity) {
-        return isSame(entity.getName(), name);
+        return isSameName(entity.getName(), name);
     });
 }
 
@@ -77,7 +73,7 @@ std::optional<NearestName> nearestName(std::string_view name,
     if (near.empty())
         return std::nullopt;
     const auto distanceTo = [&](const std::u16string& other) {
-        return editDistance(wanted, other, wanted.size());
+        return nameDistance(wanted, other, wanted.size());
     };
     return NearestName{to_string(near.front()),
                        near.size() == 1 || distanceTo(near.front()) < distanceTo(near.back())};
@@ -116,7 +112,7 @@ std::vector<std::u16string> nearHrefs(const std::u16string& href,
             all.push_back(known);
             const bool isNamed = std::ranges::any_of(
                 items, [&](const RefItem& item) { return documents(item, href); });
-            if (isNamed || (!stem.empty() && isSame(fileStem(known), stem)))
+            if (isNamed || (!stem.empty() && isSameName(fileStem(known), stem)))
                 named.push_back(known);
         }
     }

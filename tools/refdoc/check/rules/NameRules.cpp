@@ -72,15 +72,6 @@ constexpr Rule kShadowedFile{
     "The support-package folder is tried only if the reference root has no usable file of the "
     "product, in English or in the current language. Remove one of the two files."};
 
-std::u16string lowered(std::u16string_view text) {
-    std::u16string lower(text);
-    for (char16_t& unit : lower) {
-        if (unit >= u'A' && unit <= u'Z')
-            unit = static_cast<char16_t>(unit + (u'a' - u'A'));
-    }
-    return lower;
-}
-
 // The name of the file or entry without its folders.
 std::u16string baseNameOf(const SourceFile& file) {
     const std::u16string& name = file.entry.empty() ? file.path : file.entry;
@@ -107,7 +98,7 @@ bool isNearResourceName(const std::u16string& name) {
     if (lower.find(Tools::kDotJsonExt) != lower.npos || lower.find(Tools::kDotZipExt) != lower.npos)
         return true;
     const std::u16string extension = fl::filesystem::extract_extension(lower);
-    return extension.size() >= 3 && editDistance(extension, Tools::kJsonExt, 1) <= 1;
+    return extension.size() >= 3 && nameDistance(extension, Tools::kJsonExt, 1) <= 1;
 }
 
 // An object in JSON, or a zip package.
