@@ -123,7 +123,7 @@ std::u16string fromUtf8(std::string_view name) {
 }
 
 std::string toUtf8(std::u16string_view name) {
-    return fl::i18n::to_string(name);
+    return fl::i18n::to_string(std::u16string(name));
 }
 
 std::u16string fromPath(const std::filesystem::path& path) {

@@ -99,7 +99,8 @@ protected:
          "「接ぎ木」とは、二本の木をつなぐこと（ショート・カットではない）です。ちょっと待って！"},
         {"graftไทย", "ref/graft.th.html", "การต่อกิ่งไม้สองต้นเข้าด้วยกันแล้วรอจนกว่ามันจะโต"},
         {"graft🌳", "ref/graft.emoji.html",
-         "👩\u200d🌾🌳👍🏽🇩🇪🇯🇵🌳👩\u200d🌾🌳👍🏽🇩🇪🇯🇵🌳👩\u200d🌾🌳👍🏽🇩🇪🇯"
+         "👩\u200d🌾🌳👍🏽🇩🇪🇯🇵🌳👩\u200d🌾🌳👍🏽🇩🇪🇯🇵🌳👩\u200d🌾🌳👍🏽🇩🇪"
+         "🇯"
          "🇵"
          "🌳"}};
 };
@@ -236,8 +237,8 @@ TEST_F(NarrowTerminalTest, Below40ColumnsEachFieldIsALine) {
       ref/graft.th.html
   graft🌳
       function
-      👩‍🌾🌳👍🏽🇩🇪🇯🇵🌳👩‍🌾🌳👍🏽🇩🇪🇯🇵🌳👩‍🌾🌳👍🏽🇩🇪
-      🇯🇵🌳
+      👩‍🌾🌳👍🏽🇩🇪🇯🇵🌳👩‍🌾🌳👍🏽🇩🇪🇯🇵🌳👩‍🌾🌳👍🏽
+      🇩🇪🇯🇵🌳
       Orchard
       ref/graft.emoji.html
 
