@@ -8,8 +8,7 @@ using docproduct::TopLevelDocProduct;
 
 // The library uses only the short name; the other strings are for the application.
 std::shared_ptr<const TopLevelDocProduct> makeProduct(const std::string& shortName) {
-    return std::make_shared<const TopLevelDocProduct>(
-        TopLevelDocProduct::fromShortName(shortName));
+    return std::make_shared<const TopLevelDocProduct>(TopLevelDocProduct::fromShortName(shortName));
 }
 
 } // namespace

@@ -102,7 +102,9 @@ std::string visibleLine(std::string_view text) {
 std::string tabSeparatedLine(const std::vector<std::u16string>& fields) {
     std::string line;
     for (const std::u16string& field : fields)
-        line += (&field == &fields.front() ? "" : "\t") + visibleLine(field);
+        line += visibleLine(field) + '\t';
+    if (!line.empty())
+        line.pop_back();
     return line + '\n';
 }
 
