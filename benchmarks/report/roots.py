@@ -153,7 +153,7 @@ def lookup_records(section, language):
 
 def make_section(section, language, make_records):
     title = words.Random(section.seed).prose(language, 8)
-    return {"schema": "reference", "schemaVersion": "1.2", "productName": f"{section.name} {title}",
+    return {"schema": "reference", "schemaVersion": "2.1", "productName": f"{section.name} {title}",
             "baseCode": f"{section.name}code", "helpFolder": section.name,
             "helpLocation": f"help/{section.name}", "refItems": make_records(section, language)}
 
