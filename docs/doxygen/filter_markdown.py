@@ -6,6 +6,7 @@
 - Links to pages, sections and public headers become references. Pages in a list or table of a README
   become its sub-pages.
 - Other links into the source tree become plain text.
+- Pictures lose the path to their folder, which Doxygen knows.
 """
 
 import pathlib
@@ -13,12 +14,15 @@ import re
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+PICTURE = re.compile(r"(!\[[^\]]*\]\()(?:\.\./)*pictures/")
 LINK = re.compile(r"(?<!!)\[([^\]]*)\]\(([^)#]*)(?:#([^)]*))?\)")
 
 
 def page_name(file):
     """Returns the name of a page, or None if the file is not a page."""
     path = file.relative_to(ROOT).with_suffix("")
+    if path.name == "CHANGELOG":
+        return "changelog"
     if path.parts[0] not in ("docs", "examples") or file.suffix != ".md" or not file.exists():
         return None
     parts = [part for part in path.parts if part not in ("docs", "README")]
@@ -72,7 +76,7 @@ class Page:
 
     def prose(self, lines):
         """Converts text between code blocks. A link may span two lines."""
-        text = "\n".join(map(self.line, lines))
+        text = PICTURE.sub(r"\1", "\n".join(map(self.line, lines)))
 
         def link(match):
             line_start = text.rfind("\n", 0, match.start()) + 1
