@@ -92,7 +92,8 @@ void writeDamagedTree(const TemporaryFolder& folder) {
     folder.write("help/docCatalog/referenceapi/Orchard.json", header + R"(
 {"href": "graft.html", "refpurpose": "Join"},
 {"href": "water.html", "refpurpose": "Pour"},
-{"href": "prune.html", "refpurpose": "Cut", "refentity": [{"name": "prune"}], "introducd": "1"}]})");
+{"href": "prune.html", "refpurpose": "Cut", "refentity": [{"name": "prune"}], "introducd": "1"}]}
+)");
     folder.write("help/docCatalog/referenceapi_lookup/Orchard.json",
                  header + R"({"name": "prune", "href": "prune.html", "refpurpose": "Cut"}]})");
 }

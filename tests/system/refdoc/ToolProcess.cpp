@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 namespace refdoc_tests {
 
@@ -19,6 +20,10 @@ std::string currentFolder(const Surroundings& surroundings) {
     static const docparser_tests::TemporaryFolder empty;
     return surroundings.folder.empty() ? docparser_tests::textOf(empty.path())
                                        : surroundings.folder;
+}
+
+std::string samplesFolder() {
+    return docparser_tests::textOf(std::filesystem::absolute(SAMPLES_FOLDER));
 }
 
 } // namespace refdoc_tests

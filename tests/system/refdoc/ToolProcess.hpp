@@ -39,6 +39,10 @@ bool affectsProgram(std::string_view variable);
 /// Returns the current folder of a run.
 std::string currentFolder(const Surroundings& surroundings);
 
+/// Returns the folder samples/. On Windows, a path that begins with "/" is relative to the drive of
+/// the current folder, so it needs the drive of the test.
+std::string samplesFolder();
+
 /// Runs the program and waits for its end.
 /// \throws std::system_error  the program cannot be started
 Outcome runProgram(const std::vector<std::string>& arguments,

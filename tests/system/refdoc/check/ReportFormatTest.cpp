@@ -42,7 +42,7 @@ TEST_F(ReportFormatTest, JsonIsOneValidDocument) {
 
 TEST_F(ReportFormatTest, WithoutFindingsJsonIsADocumentAndThereAreNoLines) {
     const auto checkClean = [this](const char* format) {
-        return check({SAMPLES_FOLDER "/help", format, "--ignore", "page-without-lookup"});
+        return check({samplesFolder() + "/help", format, "--ignore", "page-without-lookup"});
     };
     EXPECT_EQ(checkClean("--json"), (Outcome{0,
                                              "{\n"

@@ -58,7 +58,7 @@ TEST_F(SeededTreeTest, FindingsAreSortedByFileAndPosition) {
 }
 
 TEST(CheckedSamples, AreClean) {
-    const Outcome outcome = runProgram({"check", SAMPLES_FOLDER});
+    const Outcome outcome = runProgram({"check", samplesFolder()});
     EXPECT_EQ(outcome, (Outcome{0, "19 files checked, no problems found\n", ""}));
 }
 

@@ -128,7 +128,7 @@ TEST_F(UntranslatedLookupTest, EntriesOfSupportPackagesAreMarkedToo) {
 
 TEST_F(UntranslatedLookupTest, EntriesOfPackagesAreMarkedToo) {
     const Outcome outcome = runProgram(
-        {"--install", SAMPLES_FOLDER, "--lang", "ja", "lookup", "blend", "tare", "volume"});
+        {"--install", samplesFolder(), "--lang", "ja", "lookup", "blend", "tare", "volume"});
     EXPECT_EQ(outcome, (Outcome{0, R"(Cellar – 搾汁と発酵  cellar
   blend   function  Blend batches into a new one        Cellar     ref/blend.html           English
   blend   method    Blend a batch with others in place  Cellar     ref/batch.blend.html     English

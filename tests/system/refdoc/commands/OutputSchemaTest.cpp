@@ -22,7 +22,7 @@ constexpr const char* kExplain = "refdoc-explain.schema.json";
 
 // What the program prints for the samples.
 std::string sampleOutput(Arguments arguments) {
-    arguments.insert(arguments.begin(), {"--install", SAMPLES_FOLDER});
+    arguments.insert(arguments.begin(), {"--install", samplesFolder()});
     const Outcome outcome = runProgram(arguments);
     EXPECT_LE(outcome.status, 1) << outcome.err;
     return outcome.out;

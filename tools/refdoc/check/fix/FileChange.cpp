@@ -26,13 +26,30 @@ void replaceContent(const fs::path& file, const std::string& text) {
     fs::rename(copy, file);
 }
 
+// Where letter case does not matter, some systems ignore a new name that differs only in case. The
+// file then gets another name in between.
+void renameFile(const fs::path& file, const fs::path& newFile) {
+    std::error_code ignored;
+    if (!fs::equivalent(file, newFile, ignored))
+        return fs::rename(file, newFile);
+    fs::path between = file.parent_path() / ".refdoc-";
+    between += newFile.filename();
+    fs::rename(file, between);
+    try {
+        fs::rename(between, newFile);
+    } catch (...) {
+        fs::rename(between, file);
+        throw;
+    }
+}
+
 } // namespace
 
 void write(const FileChange& change) {
     if (change.after != change.before)
         replaceContent(change.file, change.after);
     if (change.newFile != change.file)
-        fs::rename(change.file, change.newFile);
+        renameFile(change.file, change.newFile);
 }
 
 } // namespace refdoc::check

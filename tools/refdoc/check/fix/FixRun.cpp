@@ -37,6 +37,11 @@ public:
 private:
     // Returns whether the change has been made or, if it is only shown, would be made.
     bool make(FileChange change) {
+        if (isRepeated(change)) {
+            failures_.push_back(
+                fmt::format("can't rename \"{}\": it keeps its name", nameOf(change.file)));
+            return false;
+        }
         if (mode_ == FixMode::Write) {
             try {
                 write(change);
@@ -49,6 +54,13 @@ private:
         }
         record(std::move(change));
         return true;
+    }
+
+    // Returns whether an earlier pass has renamed the file in the same way, without effect.
+    bool isRepeated(const FileChange& change) const {
+        const auto earlier = made_.find(change.newFile);
+        return change.newFile != change.file && earlier != made_.end() &&
+               earlier->second.file == change.file;
     }
 
     // Combines the change with an earlier one of the same file, so that one diff shows both.
