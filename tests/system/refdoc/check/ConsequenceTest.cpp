@@ -116,7 +116,7 @@ TEST_F(LanguageSuffixTest, SeparatorOrCaseOfLanguageIsWrong) {
                             HasSubstr("A.de.json: " + separator + "\"A.de\" [unsupp"),
                             HasSubstr("A_DE.json: warning: \"_DE\" differs from the supported "
                                       "language \"de\""),
-                            "4 warnings in 4 files; 8 files checked"));
+                            HasSubstr("4 warnings in 4 files")));
 }
 
 TEST_F(LanguageSuffixTest, ProductMayHaveOnlyLookupFiles) {
