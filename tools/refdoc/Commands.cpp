@@ -10,6 +10,7 @@
 #include "tools/refdoc/products/ProductsCommand.hpp"
 #include "tools/refdoc/search/SearchCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
+#include "tools/refdoc/site/SiteCommand.hpp"
 
 namespace refdoc {
 
@@ -37,7 +38,7 @@ CommandEntry helpCommand() {
 
 std::vector<CommandEntry> commands() {
     return {showCommand(),  lookupCommand(), productsCommand(), explainCommand(),
-            checkCommand(), searchCommand(), helpCommand()};
+            checkCommand(), searchCommand(), siteCommand(),     helpCommand()};
 }
 
 std::vector<Remark> exitStatuses() {

@@ -9,8 +9,6 @@
 #include "tools/refdoc/session/SupportFolder.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 
-#include <map>
-#include <stdexcept>
 #include <utility>
 
 namespace refdoc {
@@ -20,32 +18,6 @@ using reference::property::RefItem;
 using LookupResults = ParsingResults<ResourceMap<reference::property::RefItemLookup>>;
 
 namespace {
-
-// The number of records in a result, by section and key.
-using Counts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
-
-// \param key  the key whose records are counted; all if absent
-template <class T>
-void addCounts(const ResourceMap<T>& sections, const std::optional<std::u16string>& key,
-               Counts& counts) {
-    for (const auto& [sectionKey, section] : sections) {
-        for (const auto& [name, records] : section.items) {
-            if (!key || name == *key)
-                counts[{sectionKey, name}] += records.size();
-        }
-    }
-}
-
-// Fails if the records that were read again are not those of the library.
-void expectCounts(const Counts& expected, const std::vector<SectionOrigins>& sections) {
-    Counts found;
-    for (const SectionOrigins& section : sections) {
-        for (const auto& [name, records] : section.kept)
-            found[{section.key, name}] += records.size();
-    }
-    if (found != expected)
-        throw std::runtime_error("files changed while they were explained; try again");
-}
 
 // Removes the sections that have neither kept nor lost records.
 void keepTelling(std::vector<SectionOrigins>& sections) {
@@ -96,7 +68,7 @@ Answer explainProduct(const Options& options, const PageSetup& setup) {
     removeDisabledFolder(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.href);
-    Counts counts;
+    RecordCounts counts;
     addCounts(resources, explanation.href, counts);
     expectCounts(counts, explanation.sections);
     if (explanation.href)
@@ -114,7 +86,7 @@ Answer explainName(const std::string& name, const Options& options, const PageSe
     const LookupResults results = readIndex(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
     explanation.sections = findOrigins(explanation.account, explanation.name);
-    Counts counts;
+    RecordCounts counts;
     addCounts(results.installed, explanation.name, counts);
     addCounts(results.notInstalled, explanation.name, counts);
     expectCounts(counts, explanation.sections);

@@ -1,6 +1,6 @@
 #include "platform/i18n/Converter.hpp"
-#include "platform/path/Path.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
+#include "tools/refdoc/explain/RuleText.hpp"
 #include "tools/refdoc/terminal/Page.hpp"
 
 #include <fmt/format.h>
@@ -9,7 +9,6 @@
 #include <map>
 #include <set>
 #include <string_view>
-#include <variant>
 
 namespace refdoc {
 
@@ -137,7 +136,7 @@ public:
                     '-');
         addPlace(page_, 2, {padded("header")}, place(section_.header), u"");
         for (const LostHeader& lost : section_.lostHeaders)
-            addDropped(2, lost.header, headerRule(lost));
+            addDropped(2, lost.header, ruleOf(lost, files_));
         for (const auto& [key, records] : recordsByKey())
             addRecords(key, records);
     }
@@ -169,7 +168,8 @@ private:
                 addPlace(page_, 4, {padded("from")}, place(record.origin), describe(record));
         }
         for (const LostRecord* lost : records.lost)
-            addDropped(4, lost->record.origin, describe(lost->record) + u"\n" + recordRule(*lost));
+            addDropped(4, lost->record.origin,
+                       describe(lost->record) + u"\n" + ruleOf(*lost, files_));
     }
 
     void addDropped(std::size_t indent, const Origin& origin, const std::u16string& why) {
@@ -180,52 +180,6 @@ private:
         return isLookup_ ? record.href + u": " + record.refPurpose : record.refPurpose;
     }
 
-    // Without the folder, which is shown with the winner's own records.
-    std::u16string nameOf(std::size_t file) const {
-        const std::u16string text = fileText(files_[file]);
-        const std::size_t name = fl::filesystem::path(files_[file].path).filename().string().size();
-        return text.substr(files_[file].path.size() - name);
-    }
-
-    std::u16string headerRule(const LostHeader& lost) const {
-        const std::u16string winner = nameOf(lost.winner);
-        switch (lost.fate) {
-        case SectionFate::KeyTaken:
-            return u"key-taken: an earlier section of the same file has the key";
-        case SectionFate::Overlay:
-            return u"overlay: replaced by the header of the translation, in " + winner;
-        case SectionFate::Merged:
-            return u"merged: the header of the earlier section is kept, in " + winner;
-        case SectionFate::Unused: return u"unused: the retrieval failed before";
-        case SectionFate::New: break; // never lost
-        }
-        return {};
-    }
-
-    std::u16string recordRule(const LostRecord& lost) const {
-        return std::visit([&](auto fate) { return recordRule(fate, nameOf(lost.winner)); },
-                          lost.fate);
-    }
-
-    static std::u16string recordRule(RecordFate fate, const std::u16string& winner) {
-        switch (fate) {
-        case RecordFate::Replaced: return u"replaced: the translation has the href, in " + winner;
-        case RecordFate::DroppedHref:
-            return u"dropped-href: a record of the name has this href, in " + winner;
-        case RecordFate::DroppedCount:
-            return u"dropped-count: the name has at least as many records, in " + winner;
-        case RecordFate::AddedName:
-        case RecordFate::AddedHref: break; // never lost
-        }
-        return {};
-    }
-
-    static std::u16string recordRule(SectionFate fate, const std::u16string&) {
-        return fate == SectionFate::KeyTaken
-                   ? u"key-taken: an earlier section of the same file has the section's key"
-                   : u"unused: the retrieval failed before";
-    }
-
     Page& page_;
     const std::vector<FileAccount>& files_;
     const SectionOrigins& section_;
@@ -233,16 +187,6 @@ private:
 };
 
 } // namespace
-
-std::u16string fileText(const FileAccount& file) {
-    return file.entry.empty() ? file.path : file.path + u"!" + file.entry;
-}
-
-std::u16string placeText(const FileAccount& file, const std::optional<TextPlace>& place) {
-    if (!place)
-        return fileText(file);
-    return fileText(file) + to_ustring(fmt::format(":{}:{}", place->line, place->column));
-}
 
 std::string explanationPage(const Explanation& explanation, const PageSetup& setup) {
     Page page(setup);

@@ -20,13 +20,6 @@ struct Explanation {
     std::vector<SectionOrigins> sections{}; ///< those that hold something of it, or did
 };
 
-/// "FILE", "PACKAGE!ENTRY".
-std::u16string fileText(const reference::docparser::FileAccount& file);
-
-/// The file's text with ":LINE:COLUMN" behind it where the place is known.
-std::u16string placeText(const reference::docparser::FileAccount& file,
-                         const std::optional<reference::docparser::TextPlace>& place);
-
 /// The answer for people.
 std::string explanationPage(const Explanation& explanation, const PageSetup& setup);
 

@@ -2,6 +2,7 @@
 
 #include "tools/refdoc/session/SourceTexts.hpp"
 
+#include <stdexcept>
 #include <utility>
 
 namespace refdoc {
@@ -144,6 +145,16 @@ std::vector<SectionOrigins> findOrigins(const LoadAccount& account,
             follower.follow(file.sections[number], std::move(sources[number]));
     }
     return follower.take();
+}
+
+void expectCounts(const RecordCounts& expected, const std::vector<SectionOrigins>& sections) {
+    RecordCounts found;
+    for (const SectionOrigins& section : sections) {
+        for (const auto& [name, records] : section.kept)
+            found[{section.key, name}] += records.size();
+    }
+    if (found != expected)
+        throw std::runtime_error("files changed while they were explained; try again");
 }
 
 } // namespace refdoc

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "docparser/DocResourceParser.hpp"
 #include "tools/refdoc/explain/SectionRecords.hpp"
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -49,5 +52,25 @@ struct SectionOrigins {
 /// \returns        the sections of the result, installed ones first, then by key
 std::vector<SectionOrigins> findOrigins(const reference::docparser::LoadAccount& account,
                                         const std::optional<std::u16string>& key);
+
+/// The number of records of a result, by section and key.
+using RecordCounts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;
+
+/// Adds the records of a result.
+/// \param key  counts only the records with this key; absent: all
+template <class T>
+void addCounts(const reference::docparser::ResourceMap<T>& sections,
+               const std::optional<std::u16string>& key, RecordCounts& counts) {
+    for (const auto& [sectionKey, section] : sections) {
+        for (const auto& [name, records] : section.items) {
+            if (!key || name == *key)
+                counts[{sectionKey, name}] += records.size();
+        }
+    }
+}
+
+/// Expects that the records that were read again are those of the result.
+/// \throws std::runtime_error  they are not, because files have changed
+void expectCounts(const RecordCounts& expected, const std::vector<SectionOrigins>& sections);
 
 } // namespace refdoc

@@ -4,6 +4,7 @@
 #include "docparser/parsing/TextPlaces.hpp"
 #include "platform/Failure.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 
 #include <utility>
@@ -72,7 +73,8 @@ std::vector<SourceSection> readSections(const FileAccount& file, std::size_t ind
         return sections;
     // The library could read the text, so a failure means that the file has changed.
     ignoreFailure([&] {
-        const json::value document = json::parse(text);
+        json::monotonic_resource memory;
+        const json::value document = json::parse(text, &memory);
         for (SourceSection& section : sections)
             readRecords(document, file.role, key, section);
         findPositions(text, sections);

@@ -1,8 +1,10 @@
 #include "tools/refdoc/show/ItemText.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/session/ArgumentFields.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
+#include <boost/algorithm/string/case_conv.hpp>
 #include <boost/algorithm/string/join.hpp>
 
 #include <algorithm>
@@ -77,43 +79,12 @@ std::u16string titleOf(const RefItem& item) {
 }
 
 void addDeprecation(Page& page, DeprecationStatus::Value status) {
-    switch (status) {
-    case DeprecationStatus::None: break;
-    case DeprecationStatus::Discouraged:
-        page.text(kBody, u"DISCOURAGED: not recommended for new work", Paint::Caution);
-        break;
-    case DeprecationStatus::Deprecated:
-        page.text(kBody, u"DEPRECATED: to be removed in a later release", Paint::Caution);
-        break;
-    case DeprecationStatus::Removed:
-        page.text(kBody, u"REMOVED: no longer in the product", Paint::Alarm);
-        break;
-    }
-}
-
-// Returns an empty string for a type without syntax types.
-template <class Argument>
-std::u16string syntaxTypeOf(const Argument& argument) {
-    if constexpr (requires { argument.getSyntaxType(); })
-        return to_ustring(SyntaxType::enumToString(argument.getSyntaxType()));
-    else
-        return {};
-}
-
-template <class Argument>
-std::u16string defaultOf(const Argument& argument) {
-    if constexpr (requires { argument.getDefaultValue(); })
-        return argument.getDefaultValue();
-    else
-        return {};
-}
-
-template <class Argument>
-bool isNameValuePair(const Argument& argument) {
-    if constexpr (requires { argument.getIsNameValuePair(); })
-        return argument.getIsNameValuePair();
-    else
-        return false;
+    if (status == DeprecationStatus::None)
+        return;
+    const std::string word(DeprecationStatus::enumToString(status));
+    page.text(kBody,
+              to_ustring(boost::to_upper_copy(word)) + u": " + std::u16string(meaningOf(status)),
+              status == DeprecationStatus::Removed ? Paint::Alarm : Paint::Caution);
 }
 
 // Adds the heading "Inputs" or "Inputs: title".

@@ -86,6 +86,8 @@ std::size_t displayWidth(std::string_view text) noexcept {
 }
 
 std::string visibleText(std::u16string_view text) {
+    if (std::ranges::none_of(text, isControl))
+        return fl::i18n::to_string(text);
     std::u16string visible = boost::replace_all_copy(std::u16string(text), u"\r\n", u"\n");
     std::ranges::replace(visible, u'\t', u' ');
     return withPictures(std::move(visible), u"\n");

@@ -5,10 +5,10 @@
 #include <fmt/format.h>
 
 #include <iterator>
-#include <string_view>
 
 namespace refdoc {
 
+using reference::property::DeprecationStatus;
 using reference::property::FunctionType;
 using reference::property::RefEntityType;
 
@@ -27,6 +27,16 @@ std::u16string pluralOf(const std::u16string& type) {
     if (type.ends_with(u'y'))
         return type.substr(0, type.size() - 1) + u"ies";
     return type + u's';
+}
+
+std::u16string_view meaningOf(DeprecationStatus::Value status) noexcept {
+    switch (status) {
+    case DeprecationStatus::None: break;
+    case DeprecationStatus::Discouraged: return u"not recommended for new work";
+    case DeprecationStatus::Deprecated: return u"to be removed in a later release";
+    case DeprecationStatus::Removed: return u"no longer in the product";
+    }
+    return {};
 }
 
 std::string quoted(const std::u16string& text) {

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace refdoc::html {
+
+// The files that all pages share.
+
+inline constexpr std::string_view kStyleName = "style.css";
+inline constexpr std::string_view kScriptName = "script.js";
+inline constexpr std::string_view kIconName = "icon.svg";
+
+struct Asset {
+    std::string_view name;
+    std::string_view content; ///< UTF-8
+};
+
+/// Returns the files of `assets/`, which are built into the tool.
+const std::array<Asset, 3>& assets();
+
+} // namespace refdoc::html

@@ -1,0 +1,99 @@
+#include "tools/refdoc/html/PageFrame.hpp"
+
+#include "tools/refdoc/html/Assets.hpp"
+
+#include <boost/algorithm/string/replace.hpp>
+
+#include <algorithm>
+#include <array>
+
+namespace refdoc::html {
+
+namespace {
+
+constexpr std::string_view kPolicy =
+    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; base-uri 'none'; "
+    "form-action 'none'";
+
+void writeHead(HtmlWriter& writer, const PageFrame& frame) {
+    writer.element("head", {}, [&] {
+        writer.emptyElement("meta", {{"charset", "utf-8"}});
+        writer.emptyElement("meta",
+                            {{"http-equiv", "Content-Security-Policy"}, {"content", kPolicy}});
+        writer.emptyElement(
+            "meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
+        writer.emptyElement("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
+        writer.element("title", {}, frame.title);
+        const std::string style = frame.assets + std::string(kStyleName);
+        const std::string icon = frame.assets + std::string(kIconName);
+        const std::string script = frame.assets + std::string(kScriptName);
+        writer.emptyElement("link", {{"rel", "stylesheet"}, {"href", style}});
+        writer.emptyElement("link", {{"rel", "icon"}, {"href", icon}});
+        writer.element("script", {{"src", script}, {"defer", ""}}, "");
+    });
+}
+
+void writeCrumbs(HtmlWriter& writer, const std::vector<Crumb>& crumbs) {
+    writer.element("nav", {{"aria-label", "Path"}, {"class", "crumbs"}}, [&] {
+        for (const Crumb& crumb : crumbs) {
+            writer.element("a", {{"href", crumb.url}},
+                           [&] { writer.element("bdi", {}, crumb.title); });
+        }
+    });
+}
+
+void writeLanguages(HtmlWriter& writer, const std::vector<LanguageLink>& links) {
+    writer.element("nav", {{"aria-label", "Language"}, {"class", "languages"}}, [&] {
+        for (const LanguageLink& link : links) {
+            const std::string tag = languageTag(link.language);
+            if (link.isCurrent)
+                writer.element("span", {{"aria-current", "true"}}, tag);
+            else
+                writer.element("a", {{"href", link.url}, {"hreflang", tag}}, tag);
+        }
+    });
+}
+
+void writeBody(HtmlWriter& writer, const PageFrame& frame,
+               const std::function<void(HtmlWriter&)>& writeContent) {
+    writer.element("body", {}, [&] {
+        const std::string contentUrl = "#" + std::string(kContentId);
+        writer.element("a", {{"class", "skip"}, {"href", contentUrl}}, "Skip to the content");
+        writer.element("header", {}, [&] {
+            if (!frame.crumbs.empty())
+                writeCrumbs(writer, frame.crumbs);
+            if (!frame.languages.empty())
+                writeLanguages(writer, frame.languages);
+        });
+        writer.element("main", {{"id", kContentId}}, [&] { writeContent(writer); });
+    });
+}
+
+} // namespace
+
+std::string framedPage(const PageFrame& frame,
+                       const std::function<void(HtmlWriter&)>& writeContent) {
+    HtmlWriter writer;
+    const std::string_view direction = isRightToLeft(frame.language) ? "rtl" : "ltr";
+    writer.element("html", {{"lang", kLabelLanguage}, {"dir", direction}}, [&] {
+        writeHead(writer, frame);
+        writeBody(writer, frame, writeContent);
+    });
+    return "<!DOCTYPE html>\n" + writer.take() + '\n';
+}
+
+std::string languageTag(std::string_view language) {
+    return boost::replace_all_copy(std::string(language), "_", "-");
+}
+
+bool isRightToLeft(std::string_view language) {
+    static constexpr std::array<std::string_view, 10> kLanguages{"ar", "ckb", "dv", "fa", "he",
+                                                                 "ps", "sd",  "ug", "ur", "yi"};
+    if (language.find("_Latn") != language.npos || language.find("_Cyrl") != language.npos)
+        return false;
+    return language.find("_Arab") != language.npos || language.find("_Hebr") != language.npos ||
+           std::ranges::find(kLanguages, language.substr(0, language.find('_'))) !=
+               kLanguages.end();
+}
+
+} // namespace refdoc::html

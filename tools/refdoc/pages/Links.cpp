@@ -1,0 +1,62 @@
+#include "tools/refdoc/pages/Links.hpp"
+
+#include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/terminal/DisplayText.hpp"
+
+namespace refdoc::site {
+
+namespace {
+
+// "ref/a.html" + "../b.html" = "b.html"
+std::u16string joined(const std::u16string& href, const std::u16string& link) {
+    std::u16string folder = href.substr(0, href.rfind(u'/') + 1);
+    std::u16string rest = link;
+    while (rest.starts_with(u"../") && !folder.empty()) {
+        rest.erase(0, 3);
+        folder.pop_back();
+        folder.resize(folder.rfind(u'/') + 1);
+    }
+    return folder + (rest.starts_with(u"./") ? rest.substr(2) : rest);
+}
+
+} // namespace
+
+Links::Links(const Product& product, const Edition& edition, const std::u16string& section,
+             const std::u16string& href)
+    : product_(product),
+      edition_(edition),
+      section_(section),
+      href_(href),
+      page_(product.pages.at(section).items.at(href)) {}
+
+std::optional<std::string> Links::urlOf(const std::u16string& link) const {
+    if (const std::string* page = pageOf(link))
+        return html::relativeUrl(page_, *page);
+    const std::size_t end = link.find(u'#');
+    const std::u16string path = link.substr(0, end);
+    const std::u16string_view fragment =
+        end == link.npos ? std::u16string_view() : std::u16string_view(link).substr(end + 1);
+    for (const std::u16string& href : {path.empty() ? href_ : path, joined(href_, path)}) {
+        if (const std::string* page = pageOf(href))
+            return html::relativeUrl(page_, *page, visibleLine(fragment));
+    }
+    return std::nullopt;
+}
+
+const std::string* Links::pageOf(const std::u16string& href) const {
+    if (const std::string* page = pageIn(section_, href))
+        return page;
+    for (const auto& [key, section] : edition_.resources) {
+        if (const std::string* page = pageIn(key, href))
+            return page;
+    }
+    return nullptr;
+}
+
+const std::string* Links::pageIn(const std::u16string& section, const std::u16string& href) const {
+    if (!edition_.resources.at(section).items.contains(href))
+        return nullptr;
+    return &product_.pages.at(section).items.at(href);
+}
+
+} // namespace refdoc::site

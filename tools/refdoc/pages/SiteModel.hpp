@@ -1,0 +1,64 @@
+#pragma once
+
+#include "docparser/DocResourceParser.hpp"
+#include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/explain/Origins.hpp"
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace refdoc::site {
+
+// What the pages of a site show. Paths are those of files below the folder of the site, in UTF-8,
+// with '/' between names.
+
+/// A language of the site. English comes first.
+struct SiteLanguage {
+    std::u16string code;
+    std::string folder; ///< of its pages: "de/"; empty for English
+};
+
+using SiteLanguages = std::vector<SiteLanguage>;
+
+/// The records of a product in one language, with English ones where a translation lacks them.
+struct Edition {
+    std::u16string language{};
+    reference::docparser::ResourceMap<reference::property::RefItem> resources{};
+    reference::docparser::LoadAccount account{};
+    /// Where the records of each section come from. Its lost records are sorted by key.
+    std::map<std::u16string, SectionOrigins> origins{};
+};
+
+/// The pages of a section, by href, in the folder of a language: "orchard/ref/smooth.html". Every
+/// language has the same paths.
+struct SectionPages {
+    std::string index{}; ///< "orchard/index.html"
+    std::map<std::u16string, std::string> items{};
+};
+
+/// A product in all languages of the site.
+struct Product {
+    std::vector<Edition> editions{};                ///< of the languages that have any resources
+    std::map<std::u16string, SectionPages> pages{}; ///< by section
+};
+
+/// A section in the list of the start page, in one language.
+struct SectionSummary {
+    std::u16string displayName{};
+    bool isInstalled = false;
+    std::size_t itemCount = 0;
+    std::size_t deprecatedCount = 0;         ///< of the items, those with any status but None
+    std::vector<std::u16string> languages{}; ///< those whose own file has the section
+    std::string index{};                     ///< see SectionPages
+};
+
+/// Returns whether the records of an item are English because no translation has them.
+bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href);
+
+/// Returns whether the file of the edition's own language has a section. If not, all of the section
+/// is English.
+bool hasOwnSection(const Edition& edition, const std::u16string& section);
+
+} // namespace refdoc::site

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tools/refdoc/pages/SiteModel.hpp"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace refdoc::site {
+
+// The pages of a site as HTML. The functions depend only on their arguments.
+
+/// The folder of the files that all pages share, below that of the site.
+inline constexpr std::string_view kAssetFolder = "refdoc-site";
+inline constexpr std::string_view kIndexName = "index.html";
+
+/// Returns the start page in one language: the sections that are installed, then the others.
+/// \param sections  in the order in which they are listed
+std::string startPage(const SiteLanguages& languages, const SiteLanguage& language,
+                      const std::vector<SectionSummary>& sections);
+
+/// Returns the page of a section that the edition has: its header and its items by type.
+std::string sectionPage(const SiteLanguages& languages, const Product& product,
+                        const Edition& edition, const std::u16string& section);
+
+/// Returns the page of an item that the edition has in a section. All records with the href are on
+/// it, each with the files that it comes from. Where a record's own links lead to an anchor, it has
+/// an element with that id.
+std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
+                     const std::u16string& section, const std::u16string& href);
+
+} // namespace refdoc::site

@@ -1,0 +1,162 @@
+#include "tools/refdoc/site/SiteBuild.hpp"
+
+#include "docparser/DocResourceParser.hpp"
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/html/Assets.hpp"
+#include "tools/refdoc/pages/FileNames.hpp"
+#include "tools/refdoc/pages/SitePages.hpp"
+#include "tools/refdoc/session/Languages.hpp"
+#include "tools/refdoc/show/ShowCommand.hpp"
+#include "tools/refdoc/site/ProductReader.hpp"
+#include "tools/refdoc/suggest/Suggestions.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <stdexcept>
+#include <utility>
+
+namespace refdoc::site {
+
+using namespace reference::docparser;
+using reference::property::DeprecationStatus;
+using reference::property::RefItem;
+
+namespace {
+
+std::set<std::u16string> hrefsIn(const Product& product, const std::u16string& section) {
+    std::set<std::u16string> hrefs;
+    for (const Edition& edition : product.editions) {
+        const auto resource = edition.resources.find(section);
+        if (resource == edition.resources.end())
+            continue;
+        for (const auto& [href, items] : resource->second.items)
+            hrefs.insert(href);
+    }
+    return hrefs;
+}
+
+std::size_t countDeprecated(const DocResource<RefItem>& resource) {
+    std::size_t count = 0;
+    for (const auto& [href, items] : resource.items)
+        count += static_cast<std::size_t>(std::ranges::count_if(items, [](const RefItem& item) {
+            return item.getDeprecationStatus() != DeprecationStatus::None;
+        }));
+    return count;
+}
+
+std::size_t countItems(const DocResource<RefItem>& resource) {
+    std::size_t count = 0;
+    for (const auto& [href, items] : resource.items)
+        count += items.size();
+    return count;
+}
+
+class SiteBuild {
+public:
+    explicit SiteBuild(SiteFolder& output)
+        : output_(output), names_{kIndexName, kAssetFolder, SiteFolder::kListName} {
+        for (const std::u16string& language : allLanguages()) {
+            // English is the first language, and its pages are not in a folder of their own.
+            const bool isEnglish = languages_.empty();
+            languages_.push_back({language, isEnglish ? "" : names_.addFolder(language) + '/'});
+        }
+        summaries_.resize(languages_.size());
+    }
+
+    void addProducts(Progress& progress, std::vector<std::string>& complaints) {
+        const std::set<std::u16string> products = siteProducts(languages_);
+        if (products.empty())
+            throw std::runtime_error(fmt::format(
+                "no product has a full resource file in {}{}",
+                quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
+        progress.begin("writing", products.size());
+        for (const std::u16string& name : products) {
+            LoadAccount failures;
+            Product product = readProduct(name, languages_, failures);
+            if (product.editions.empty())
+                complaints.push_back(complaintAboutProduct(name, failures));
+            choosePaths(product);
+            addPages(product);
+            progress.step();
+        }
+    }
+
+    void addSharedFiles() {
+        for (std::size_t index = 0; index < languages_.size(); ++index) {
+            std::vector<SectionSummary>& sections = summaries_[index];
+            std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
+            output_.add(languages_[index].folder + std::string(kIndexName),
+                        startPage(languages_, languages_[index], sections));
+        }
+        for (const html::Asset& asset : html::assets())
+            output_.add(fmt::format("{}/{}", kAssetFolder, asset.name), asset.content);
+    }
+
+private:
+    void choosePaths(Product& product) {
+        for (const Edition& edition : product.editions) {
+            for (const auto& [key, resource] : edition.resources)
+                product.pages.try_emplace(key);
+        }
+        for (auto& [key, pages] : product.pages) {
+            const std::string folder = names_.addFolder(key) + '/';
+            pages.index = folder + std::string(kIndexName);
+            FileNames names{kIndexName};
+            for (const std::u16string& href : hrefsIn(product, key))
+                pages.items.emplace(href, folder + names.addPage(href));
+        }
+    }
+
+    void addPages(const Product& product) {
+        for (const Edition& edition : product.editions) {
+            const auto language =
+                std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+            for (const auto& [key, resource] : edition.resources) {
+                addSection(product, edition, key, language->folder);
+                summaries_[static_cast<std::size_t>(language - languages_.begin())].push_back(
+                    summaryOf(product, key, resource));
+            }
+        }
+    }
+
+    void addSection(const Product& product, const Edition& edition, const std::u16string& key,
+                    const std::string& folder) {
+        const SectionPages& pages = product.pages.at(key);
+        output_.add(folder + pages.index, sectionPage(languages_, product, edition, key));
+        for (const auto& [href, items] : edition.resources.at(key).items)
+            output_.add(folder + pages.items.at(href),
+                        itemPage(languages_, product, edition, key, href));
+    }
+
+    static SectionSummary summaryOf(const Product& product, const std::u16string& key,
+                                    const DocResource<RefItem>& resource) {
+        SectionSummary summary{.displayName = resource.header.getProductName(),
+                               .isInstalled = DocResourceParser::isProductInstalled(key),
+                               .itemCount = countItems(resource),
+                               .deprecatedCount = countDeprecated(resource),
+                               .index = product.pages.at(key).index};
+        for (const Edition& edition : product.editions) {
+            if (hasOwnSection(edition, key))
+                summary.languages.push_back(edition.language);
+        }
+        return summary;
+    }
+
+    SiteFolder& output_;
+    FileNames names_; // of the folder of the site
+    SiteLanguages languages_;
+    std::vector<std::vector<SectionSummary>> summaries_; // by language
+};
+
+} // namespace
+
+void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints) {
+    SiteBuild build(output);
+    build.addProducts(progress, complaints);
+    build.addSharedFiles();
+}
+
+} // namespace refdoc::site

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "tools/refdoc/site/SiteFolder.hpp"
+#include "tools/refdoc/terminal/Progress.hpp"
+
+#include <string>
+#include <vector>
+
+namespace refdoc::site {
+
+/// Adds the files of the site that shows what the library finds with the current settings, in all
+/// languages. Only one product at a time is in memory.
+/// \param complaints  receives a complaint for each product that cannot be read
+/// \throws std::runtime_error  there is no product, or a file changed while it was read
+/// \throws std::filesystem::filesystem_error  a file cannot be written
+void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints);
+
+} // namespace refdoc::site

@@ -1,0 +1,157 @@
+#include "tools/refdoc/site/SiteFolder.hpp"
+
+#include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/terminal/Words.hpp"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <iterator>
+#include <stdexcept>
+#include <system_error>
+
+namespace refdoc::site {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Returns the folder without links and with the folders above it, which are created.
+fs::path prepared(const fs::path& folder) {
+    if (fs::exists(folder)) {
+        if (!fs::is_directory(folder))
+            throw std::runtime_error(quoted(folder.u16string()) + " is not a folder");
+        return fs::canonical(folder);
+    }
+    fs::path absolute = fs::absolute(folder).lexically_normal();
+    if (!absolute.has_filename()) // a slash at the end
+        absolute = absolute.parent_path();
+    fs::create_directories(absolute.parent_path());
+    return absolute;
+}
+
+fs::path below(const fs::path& folder, const std::string& path) {
+    return folder / fs::path(fl::i18n::to_ustring(path));
+}
+
+std::string read(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::set<std::string> readList(const fs::path& file) {
+    std::set<std::string> paths;
+    std::ifstream stream(file, std::ios::binary);
+    for (std::string path; std::getline(stream, path);)
+        paths.insert(path);
+    return paths;
+}
+
+bool hasContent(const fs::path& file, std::string_view content) {
+    std::error_code missing;
+    return fs::is_regular_file(fs::symlink_status(file, missing)) &&
+           fs::file_size(file, missing) == content.size() && read(file) == content;
+}
+
+void close(std::ofstream& stream, const fs::path& file) {
+    stream.close();
+    if (!stream)
+        throw fs::filesystem_error("can't write", file,
+                                   std::error_code(errno, std::generic_category()));
+}
+
+} // namespace
+
+SiteFolder::SiteFolder(const fs::path& folder, Others others)
+    : folder_(prepared(folder)),
+      oldFiles_(readList(folder_ / kListName)),
+      temporary_(".refdoc-", folder_.parent_path()),
+      staged_(temporary_.path() / "site"),
+      list_(temporary_.path() / "list", std::ios::binary) {
+    if (others == Others::Refused)
+        expectNoOthers();
+    fs::create_directory(staged_);
+}
+
+void SiteFolder::expectNoOthers() const {
+    if (!fs::exists(folder_))
+        return;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder_)) {
+        const std::u16string path = entry.path().lexically_relative(folder_).generic_u16string();
+        const bool isFolder = entry.is_directory() && !entry.is_symlink();
+        if (!isFolder && path != fl::i18n::to_ustring(kListName) &&
+            !oldFiles_.contains(fl::i18n::to_string(path)))
+            throw std::runtime_error(
+                fmt::format("{} contains {}, which is not a file of a site; name another folder, "
+                            "or keep such files with --force",
+                            quoted(folder_.u16string()), quoted(path)));
+    }
+}
+
+void SiteFolder::add(const std::string& path, std::string_view content) {
+    list_ << path << '\n';
+    oldFiles_.erase(path);
+    if (hasContent(below(folder_, path), content)) {
+        ++changes_.unchanged;
+        return;
+    }
+    stage(path, content);
+    ++changes_.written;
+}
+
+void SiteFolder::stage(const std::string& path, std::string_view content) {
+    const fs::path file = below(staged_, path);
+    std::ofstream stream(file, std::ios::binary);
+    if (!stream) {
+        fs::create_directories(file.parent_path());
+        stream.open(file, std::ios::binary);
+    }
+    stream << content;
+    close(stream, file);
+}
+
+SiteChanges SiteFolder::publish() {
+    const fs::path listFile = temporary_.path() / "list";
+    close(list_, listFile);
+    const std::string list = read(listFile);
+    const bool isListChanged = !hasContent(folder_ / kListName, list);
+    if (isListChanged)
+        stage(std::string(kListName), list);
+    if (!fs::exists(folder_) || fs::is_empty(folder_)) {
+        fs::remove(folder_);
+        fs::rename(staged_, folder_);
+        return changes_;
+    }
+    // Should the publication end early, the files of both sites are recognised later.
+    if (isListChanged)
+        std::ofstream(folder_ / kListName, std::ios::binary | std::ios::app) << list;
+    removeOldFiles();
+    moveStagedFiles();
+    return changes_;
+}
+
+void SiteFolder::removeOldFiles() {
+    for (const std::string& path : oldFiles_) {
+        fs::path file = below(folder_, path);
+        changes_.removed += fs::remove(file) ? 1 : 0;
+        std::error_code notEmpty;
+        do {
+            file = file.parent_path();
+        } while (file != folder_ && fs::remove(file, notEmpty));
+    }
+}
+
+// The list comes last, because it has no lines for the files of the old site.
+void SiteFolder::moveStagedFiles() {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(staged_)) {
+        const fs::path file = folder_ / entry.path().lexically_relative(staged_);
+        if (entry.is_directory())
+            fs::create_directory(file);
+        else if (entry.path() != staged_ / kListName)
+            fs::rename(entry.path(), file);
+    }
+    if (fs::exists(staged_ / kListName))
+        fs::rename(staged_ / kListName, folder_ / kListName);
+}
+
+} // namespace refdoc::site

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/system/TemporaryFolder.hpp"
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace refdoc::site {
+
+/// How many files a publication changed.
+struct SiteChanges {
+    std::size_t written = 0; ///< new, or with other content
+    std::size_t unchanged = 0;
+    std::size_t removed = 0;
+
+    bool operator==(const SiteChanges&) const = default;
+};
+
+/// The folder that a site is written to.
+///
+/// New files wait in a temporary folder beside it until publish(); without that, the folder stays
+/// as it is. A hidden file in the folder lists the files of the site, so that the next publication
+/// can tell them from the files of others.
+class SiteFolder {
+public:
+    /// The file that lists the others.
+    static constexpr std::string_view kListName = ".refdoc-site";
+
+    /// Whether the folder may contain files that are not of a site.
+    enum class Others { Refused, Kept };
+
+    /// Creates the folders above the folder.
+    /// \throws std::runtime_error  the folder contains files of others, and these are refused; or
+    ///                             it is not a folder
+    /// \throws std::filesystem::filesystem_error  a folder cannot be read or created
+    SiteFolder(const std::filesystem::path& folder, Others others);
+
+    /// Adds a file. One that is already there with this content is not written.
+    /// \param path  relative, with '/' between folders; UTF-8. Each path is added once.
+    /// \throws std::filesystem::filesystem_error  the file cannot be written
+    void add(const std::string& path, std::string_view content);
+
+    /// Makes the added files the site, and removes its other files and the folders that become
+    /// empty. The last call to the object.
+    /// \throws std::filesystem::filesystem_error  a file cannot be moved; the next publication
+    ///                                            completes the site
+    SiteChanges publish();
+
+private:
+    void expectNoOthers() const;
+    void stage(const std::string& path, std::string_view content);
+    void moveStagedFiles();
+    void removeOldFiles();
+
+    std::filesystem::path folder_;
+    std::set<std::string> oldFiles_; // of the present site, except those that were added again
+    platform::TemporaryFolder temporary_;
+    std::filesystem::path staged_; // as the folder of the site, with the new files only
+    std::ofstream list_;           // of the added files
+    SiteChanges changes_;
+};
+
+} // namespace refdoc::site
