@@ -24,7 +24,11 @@ test_packages=(
     zlib1g-dev
     gdb
     python3
+    python3-selenium
+    chromium
+    chromium-driver
     mandoc
+    nodejs
     patch
     shellcheck
     zsh

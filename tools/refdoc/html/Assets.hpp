@@ -8,6 +8,7 @@ namespace refdoc::html {
 // The files that all pages share.
 
 inline constexpr std::string_view kStyleName = "style.css";
+inline constexpr std::string_view kSearchName = "search.js"; ///< the ranking; before the script
 inline constexpr std::string_view kScriptName = "script.js";
 inline constexpr std::string_view kIconName = "icon.svg";
 
@@ -17,6 +18,6 @@ struct Asset {
 };
 
 /// Returns the files of `assets/`, which are built into the tool.
-const std::array<Asset, 3>& assets();
+const std::array<Asset, 4>& assets();
 
 } // namespace refdoc::html

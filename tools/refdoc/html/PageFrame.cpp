@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace refdoc::html {
 
@@ -26,10 +27,12 @@ void writeHead(HtmlWriter& writer, const PageFrame& frame) {
         writer.element("title", {}, frame.title);
         const std::string style = frame.assets + std::string(kStyleName);
         const std::string icon = frame.assets + std::string(kIconName);
-        const std::string script = frame.assets + std::string(kScriptName);
         writer.emptyElement("link", {{"rel", "stylesheet"}, {"href", style}});
         writer.emptyElement("link", {{"rel", "icon"}, {"href", icon}});
-        writer.element("script", {{"src", script}, {"defer", ""}}, "");
+        for (const std::string_view name : {kSearchName, kScriptName}) {
+            const std::string script = frame.assets + std::string(name);
+            writer.element("script", {{"src", script}, {"defer", ""}}, "");
+        }
     });
 }
 
@@ -54,6 +57,29 @@ void writeLanguages(HtmlWriter& writer, const std::vector<LanguageLink>& links) 
     });
 }
 
+// The script shows the search.
+void writeSearch(HtmlWriter& writer, const SearchBox& search) {
+    const std::optional<std::string_view> focus =
+        search.hasFocus ? std::optional<std::string_view>("") : std::nullopt;
+    writer.element("div",
+                   {{"class", "search"},
+                    {"role", "search"},
+                    {"data-index", search.index},
+                    {"data-pages", search.pages},
+                    {"data-focus", focus},
+                    {"hidden", ""}},
+                   [&] {
+                       writer.element("label", {}, [&] {
+                           writer.text("Search ");
+                           writer.emptyElement("input", {{"type", "search"},
+                                                         {"autocomplete", "off"},
+                                                         {"placeholder", "Press / to search"}});
+                       });
+                       writer.element("p", {{"role", "status"}}, "");
+                       writer.element("ol", {}, "");
+                   });
+}
+
 void writeBody(HtmlWriter& writer, const PageFrame& frame,
                const std::function<void(HtmlWriter&)>& writeContent) {
     writer.element("body", {}, [&] {
@@ -64,6 +90,7 @@ void writeBody(HtmlWriter& writer, const PageFrame& frame,
                 writeCrumbs(writer, frame.crumbs);
             if (!frame.languages.empty())
                 writeLanguages(writer, frame.languages);
+            writeSearch(writer, frame.search);
         });
         writer.element("main", {{"id", kContentId}}, [&] { writeContent(writer); });
     });

@@ -22,12 +22,20 @@ struct Crumb {
     std::string url;
 };
 
+/// The search of a page, which needs the script.
+struct SearchBox {
+    std::string index{};   ///< the path to the folder of the index, with '/' at its end
+    std::string pages{};   ///< the path to the folder that the pages in the index are in
+    bool hasFocus = false; ///< when the page is opened
+};
+
 /// What surrounds the content of a page. URLs are relative to the page.
 struct PageFrame {
     std::u16string title;
-    std::string language;                  ///< of the records on the page
-    std::string assets;                    ///< the path from the page to the folder of the assets,
-                                           ///< with '/' at its end
+    std::string language; ///< of the records on the page
+    std::string assets;   ///< the path from the page to the folder of the assets,
+                          ///< with '/' at its end
+    SearchBox search{};
     std::vector<Crumb> crumbs{};           ///< the start page first; empty on that page
     std::vector<LanguageLink> languages{}; ///< empty if there is only one
 };

@@ -31,10 +31,12 @@ languageLinks(const SiteLanguages& languages, std::u16string_view current, const
     return links;
 }
 
-PageFrame frameOf(std::u16string title, std::u16string_view language, const std::string& path) {
+PageFrame frameOf(std::u16string title, const SiteLanguage& language, const std::string& path) {
     return {.title = std::move(title),
-            .language = to_string(language),
-            .assets = html::relativeUrl(path, std::string(kAssetFolder) + '/')};
+            .language = to_string(language.code),
+            .assets = html::relativeUrl(path, std::string(kAssetFolder) + '/'),
+            .search = {.index = html::relativeUrl(path, language.search),
+                       .pages = html::relativeUrl(path, language.folder)}};
 }
 
 std::string startPath(const SiteLanguage& language) {
@@ -58,7 +60,8 @@ std::string nearestPath(const SiteLanguage& language, const Product& product,
 } // namespace
 
 PageFrame startFrame(const SiteLanguages& languages, const SiteLanguage& language) {
-    PageFrame frame = frameOf(kStartTitle, language.code, startPath(language));
+    PageFrame frame = frameOf(kStartTitle, language, startPath(language));
+    frame.search.hasFocus = true;
     frame.languages = languageLinks(languages, language.code, startPath(language), startPath);
     return frame;
 }
@@ -69,7 +72,7 @@ PageFrame productFrame(const SiteLanguages& languages, const Product& product,
     const SiteLanguage& language =
         *std::ranges::find(languages, edition.language, &SiteLanguage::code);
     const std::string path = nearestPath(language, product, section, href);
-    PageFrame frame = frameOf(std::move(title), language.code, path);
+    PageFrame frame = frameOf(std::move(title), language, path);
     frame.crumbs.push_back({kStartTitle, html::relativeUrl(path, startPath(language))});
     if (href)
         frame.crumbs.push_back(

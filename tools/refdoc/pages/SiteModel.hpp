@@ -17,7 +17,8 @@ namespace refdoc::site {
 /// A language of the site. English comes first.
 struct SiteLanguage {
     std::u16string code;
-    std::string folder; ///< of its pages: "de/"; empty for English
+    std::string folder;   ///< of its pages: "de/"; empty for English
+    std::string search{}; ///< the folder of its search index: "refdoc-site/search/de/"
 };
 
 using SiteLanguages = std::vector<SiteLanguage>;

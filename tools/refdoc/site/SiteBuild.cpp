@@ -4,9 +4,12 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/html/Assets.hpp"
 #include "tools/refdoc/pages/FileNames.hpp"
+#include "tools/refdoc/pages/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
+#include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -58,10 +61,13 @@ class SiteBuild {
 public:
     explicit SiteBuild(SiteFolder& output)
         : output_(output), names_{kIndexName, kAssetFolder, SiteFolder::kListName} {
+        FileNames searchNames{};
         for (const std::u16string& language : allLanguages()) {
             // English is the first language, and its pages are not in a folder of their own.
             const bool isEnglish = languages_.empty();
-            languages_.push_back({language, isEnglish ? "" : names_.addFolder(language) + '/'});
+            languages_.push_back(
+                {language, isEnglish ? "" : names_.addFolder(language) + '/',
+                 fmt::format("{}/search/{}/", kAssetFolder, searchNames.addFolder(language))});
         }
         summaries_.resize(languages_.size());
     }
@@ -80,6 +86,21 @@ public:
                 complaints.push_back(complaintAboutProduct(name, failures));
             choosePaths(product);
             addPages(product);
+            directory_.add(name, product);
+            progress.step();
+        }
+    }
+
+    void addSearchIndexes(Progress& progress) {
+        progress.begin("indexing", languages_.size());
+        for (const SiteLanguage& language : languages_) {
+            const LanguageGuard current(language.code);
+            makeSearchIndex(
+                DocResourceParser::getResourceLookupFiles(),
+                [&](const IndexEntry& entry) { return directory_.pageOf(language.code, entry); },
+                [&](const std::string& name, std::string_view content) {
+                    output_.add(language.search + name, content);
+                });
             progress.step();
         }
     }
@@ -149,6 +170,7 @@ private:
     FileNames names_; // of the folder of the site
     SiteLanguages languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
+    PageDirectory directory_;
 };
 
 } // namespace
@@ -156,6 +178,7 @@ private:
 void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints) {
     SiteBuild build(output);
     build.addProducts(progress, complaints);
+    build.addSearchIndexes(progress);
     build.addSharedFiles();
 }
 

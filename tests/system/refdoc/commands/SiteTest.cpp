@@ -109,14 +109,16 @@ protected:
 TEST_F(TwoProductsTest, EachSectionAndItemHasAPageInEachLanguage) {
     EXPECT_EQ(
         site(),
-        (Outcome{0, path("out/index.html") + ": 16 files written, 0 unchanged, 0 removed\n", ""}));
+        (Outcome{0, path("out/index.html") + ": 19 files written, 0 unchanged, 0 removed\n", ""}));
     EXPECT_THAT(filesIn(path("out")),
                 ElementsAre(".refdoc-site", "cellar/a.html", "cellar/index.html",
                             "de/cellar/a.html", "de/cellar/index.html", "de/index.html",
                             "de/orchard/b.html", "de/orchard/c.html", "de/orchard/index.html",
                             "de/orchard/ref/a.html", "index.html", "orchard/b.html",
                             "orchard/index.html", "orchard/ref/a.html", "refdoc-site/icon.svg",
-                            "refdoc-site/script.js", "refdoc-site/style.css"));
+                            "refdoc-site/script.js", "refdoc-site/search.js",
+                            "refdoc-site/search/de/parts.js", "refdoc-site/search/en/parts.js",
+                            "refdoc-site/style.css"));
     EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 
@@ -167,12 +169,36 @@ TEST_F(TwoProductsTest, RecordsTellWhereTheyComeFrom) {
                           "has the href, in Orchard_de.json</bdi>)</li>"));
 }
 
+TEST_F(TwoProductsTest, SearchIndexLeadsToThePagesOfEachLanguage) {
+    addLookup("Orchard", section("orchard", R"({"name": "a", "href": "ref/a.html", "type": "class",
+                                                "refpurpose": "<Join> trees"},
+                                               {"name": "b", "href": "c.html", "refpurpose": "new",
+                                                "deprecated": true},
+                                               {"name": "c", "href": "d.html", "refpurpose": ""})"));
+    addLookup("Cellar", section("cellar", R"({"name": "z", "href": "a.html",
+                                              "refpurpose": "Press"})"));
+    site();
+    EXPECT_EQ(page("refdoc-site/search/en/parts.js"), "refdocIndex(1);\n");
+    EXPECT_EQ(page("refdoc-site/search/en/1.js"),
+              R"(refdocIndex([
+["z","a.html","Press","function","cellar name","cellar/a.html",0],
+["a","ref/a.html","<Join> trees","class","orchard name","orchard/ref/a.html",1],
+["b","c.html","new","function","orchard name","",3],
+["c","d.html","","function","orchard name","",1],
+]);
+)");
+    EXPECT_THAT(page("refdoc-site/search/de/1.js"),
+                HasSubstr(R"(["b","c.html","new","function","orchard name","orchard/c.html",3],)"));
+    EXPECT_THAT(page("de/orchard/ref/a.html"),
+                HasSubstr("data-index=\"../../../refdoc-site/search/de/\" data-pages=\"../../\""));
+}
+
 TEST_F(TwoProductsTest, OnlyChangedFilesAreWrittenAgain) {
     site();
-    EXPECT_EQ(site().out, path("out/index.html") + ": 0 files written, 16 unchanged, 0 removed\n");
+    EXPECT_EQ(site().out, path("out/index.html") + ": 0 files written, 19 unchanged, 0 removed\n");
     addResource("Cellar", section("cellar", R"({"href": "a.html", "refpurpose": "Press grapes"})"));
     fs::remove(path("help/docCatalog/referenceapi/Orchard_de.json"));
-    EXPECT_EQ(site().out, path("out/index.html") + ": 8 files written, 7 unchanged, 1 removed\n");
+    EXPECT_EQ(site().out, path("out/index.html") + ": 8 files written, 10 unchanged, 1 removed\n");
     EXPECT_FALSE(fs::exists(path("out/de/orchard/c.html")));
 }
 
@@ -180,10 +206,10 @@ TEST_F(TwoProductsTest, JsonHasTheNumberOfFiles) {
     const docparser_tests::Schema schema("refdoc-output.schema.json", "site");
     for (const char* format : {"--json", "--jsonl"}) {
         const boost::json::value output = document(site({format}).out);
-        const std::size_t written = format == std::string("--json") ? 16 : 0;
+        const std::size_t written = format == std::string("--json") ? 19 : 0;
         EXPECT_EQ(output, (boost::json::value{{"index", path("out/index.html")},
                                               {"written", written},
-                                              {"unchanged", 16 - written},
+                                              {"unchanged", 19 - written},
                                               {"removed", 0}}));
         EXPECT_EQ(schema.problemsOf(output), "");
     }
@@ -281,7 +307,7 @@ TEST_F(SiteTest, HostileDataStaysText) {
         "dl",      "dt",      "h1",    "h2",     "head",    "header", "html",    "input",
         "label",   "li",      "link",  "main",   "meta",    "nav",    "p",       "script",
         "section", "small",   "span",  "strong", "summary", "table",  "tbody",   "td",
-        "th",      "thead",   "title", "tr",     "ul"};
+        "th",      "thead",   "title", "tr",     "ul",      "ol"};
     std::set<std::string> foreign;
     for (const std::string& name : filesIn(path("out"))) {
         if (!name.ends_with(".html"))

@@ -9,6 +9,7 @@ TEST(PageFrameTest, SurroundsTheContent) {
     const PageFrame frame{.title = u"a < b",
                           .language = "ar",
                           .assets = "../x/",
+                          .search = {"../y/", "../", true},
                           .crumbs = {{u"Start", "../index.html"}},
                           .languages = {{"en", "../../a.html", false}, {"ar_EG", "a.html", true}}};
     EXPECT_EQ(
@@ -21,12 +22,16 @@ TEST(PageFrameTest, SurroundsTheContent) {
         R"(<meta name="viewport" content="width=device-width, initial-scale=1">)"
         R"(<meta name="referrer" content="no-referrer"><title>a &lt; b</title>)"
         R"(<link rel="stylesheet" href="../x/style.css">)"
-        R"(<link rel="icon" href="../x/icon.svg"><script src="../x/script.js" defer></script>)"
+        R"(<link rel="icon" href="../x/icon.svg"><script src="../x/search.js" defer></script>)"
+        R"(<script src="../x/script.js" defer></script>)"
         R"(</head><body><a class="skip" href="#refdoc-content">Skip to the content</a>)"
         R"(<header><nav aria-label="Path" class="crumbs"><a href="../index.html">)"
         R"(<bdi>Start</bdi></a></nav><nav aria-label="Language" class="languages">)"
         R"(<a href="../../a.html" hreflang="en">en</a><span aria-current="true">ar-EG</span>)"
-        R"(</nav></header><main id="refdoc-content">content</main></body></html>
+        R"(</nav><div class="search" role="search" data-index="../y/" data-pages="../" )"
+        R"(data-focus hidden><label>Search <input type="search" autocomplete="off" )"
+        R"(placeholder="Press / to search"></label><p role="status"></p><ol></ol></div>)"
+        R"(</header><main id="refdoc-content">content</main></body></html>
 )");
 }
 

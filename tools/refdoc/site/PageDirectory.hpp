@@ -1,0 +1,37 @@
+#pragma once
+
+#include "docparser/Queries.hpp"
+#include "tools/refdoc/pages/SiteModel.hpp"
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace refdoc::site {
+
+/// Finds the pages of entries of the lookup index, after their products have been read.
+class PageDirectory {
+public:
+    /// Remembers the pages of a product.
+    /// \param name  of its resource file
+    void add(const std::u16string& name, const Product& product);
+
+    /// Returns the path of the page of an entry in the folder of a language; empty if its product
+    /// has no such item. The section of the entry comes before the other sections.
+    std::string pageOf(const std::u16string& language,
+                       const reference::docparser::IndexEntry& entry) const;
+
+private:
+    using SectionAndHref = std::pair<std::u16string, std::u16string>;
+
+    struct ProductPages {
+        std::map<std::u16string, SectionPages> sections{};
+        // What each language lacks of these pages. A language without an edition has none.
+        std::map<std::u16string, std::set<SectionAndHref>> missing{};
+    };
+
+    std::map<std::u16string, ProductPages> products_;
+};
+
+} // namespace refdoc::site
