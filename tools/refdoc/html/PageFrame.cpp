@@ -49,10 +49,11 @@ void writeLanguages(HtmlWriter& writer, const std::vector<LanguageLink>& links) 
     writer.element("nav", {{"aria-label", "Language"}, {"class", "languages"}}, [&] {
         for (const LanguageLink& link : links) {
             const std::string tag = languageTag(link.language);
+            const std::string label = tag.empty() ? "no language" : tag;
             if (link.isCurrent)
-                writer.element("span", {{"aria-current", "true"}}, tag);
+                writer.element("span", {{"aria-current", "true"}}, label);
             else
-                writer.element("a", {{"href", link.url}, {"hreflang", tag}}, tag);
+                writer.element("a", {{"href", link.url}, {"hreflang", tag}}, label);
         }
     });
 }

@@ -266,11 +266,13 @@ private:
         }
     }
 
-    auto lostRecords() const {
+    void writeLostRecords() {
         const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
             return lost.record.key;
         };
-        return std::ranges::equal_range(origins_.lost, href_, {}, keyOf);
+        auto lost = std::ranges::lower_bound(origins_.lost, href_, {}, keyOf);
+        for (; lost != origins_.lost.end() && keyOf(*lost) == href_; ++lost)
+            writeLost(*lost);
     }
 
     void writeOrigin(const SourceRecord& source) {
@@ -278,8 +280,7 @@ private:
             html_.element("summary", {}, "Where this record comes from");
             html_.element("ul", {}, [&] {
                 html_.element("li", {}, [&] { record_.code(placeOf(source.origin)); });
-                for (const LostRecord& lost : lostRecords())
-                    writeLost(lost);
+                writeLostRecords();
             });
         });
     }

@@ -9,7 +9,7 @@
 namespace refdoc::site {
 
 /// Adds the files of the site that shows what the library finds with the current settings, in all
-/// languages. Only one product at a time is in memory.
+/// languages. Only the full records of one product at a time are in memory.
 /// \param complaints  receives a complaint for each product that cannot be read
 /// \throws std::runtime_error  there is no product, or a file changed while it was read
 /// \throws std::filesystem::filesystem_error  a file cannot be written

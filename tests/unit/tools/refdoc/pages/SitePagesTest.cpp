@@ -181,7 +181,8 @@ TEST_F(SitePagesTest, StartPageListsSections) {
     const std::vector<SectionSummary> sections{
         {.displayName = u"Cellar", .itemCount = 12, .languages = {u"en", u"de"}, .index = "a"},
         {.displayName = u"Orchard", .isInstalled = true, .deprecatedCount = 3, .index = "b/c"}};
-    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections)), R"html(<main id="refdoc-content">
+    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections)),
+              R"html(<main id="refdoc-content">
 <h1>Reference documentation</h1>
 <h2>Installed</h2>
 <table><thead>
