@@ -87,4 +87,6 @@ if(TARGET refdoc AND BUILD_SHARED_LIBS)
     else()
         include(DebianPackages)
     endif()
+    # CPack would pack everything in the source folder. scripts/source-archive packs a commit.
+    file(REMOVE ${PROJECT_BINARY_DIR}/CPackSourceConfig.cmake)
 endif()
