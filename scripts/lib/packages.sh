@@ -26,6 +26,8 @@ test_packages=(
     python3
     mandoc
     patch
+    git
+    xz-utils
     shellcheck
     zsh
     fish
@@ -71,6 +73,12 @@ packaging_packages=(
     dpkg-dev
     file
     lintian
+)
+
+# For scripts/source-archive.
+archive_packages=(
+    git
+    xz-utils
 )
 
 # Also for scripts/abi.
