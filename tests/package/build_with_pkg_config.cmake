@@ -6,6 +6,7 @@ execute_process(
     OUTPUT_VARIABLE options
     COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(options UNIX_COMMAND "${options}")
+separate_arguments(ARGUMENTS UNIX_COMMAND "${ARGUMENTS}")
 
 execute_process(
     COMMAND ${COMPILER} ${STANDARD} ${FLAGS} ${SOURCE} -o ${PROGRAM} ${options}
