@@ -13,10 +13,7 @@
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/serialize.hpp>
 
-#include <cstdlib>
-#include <cstring>
 #include <memory>
-#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,13 +28,13 @@ using namespace reference::docparser::c;
 
 namespace {
 
-using OwnedText = std::unique_ptr<char, decltype(&docparser_free)>;
+// A string that the caller of the interface receives, and frees with docparser_free().
+using OwnedText = std::unique_ptr<char[]>;
 
 OwnedText copyOf(const std::string& text) {
-    OwnedText copy(static_cast<char*>(std::malloc(text.size() + 1)), &docparser_free);
-    if (!copy)
-        throw std::bad_alloc();
-    std::memcpy(copy.get(), text.c_str(), text.size() + 1);
+    OwnedText copy = std::make_unique_for_overwrite<char[]>(text.size() + 1);
+    text.copy(copy.get(), text.size());
+    copy[text.size()] = '\0';
     return copy;
 }
 
@@ -95,7 +92,7 @@ void deliver(const Retrieve& retrieve, char** result, char** account) {
     std::optional<LoadAccount::Scope> scope;
     if (account)
         scope.emplace(recorded);
-    OwnedText resultText(nullptr, &docparser_free);
+    OwnedText resultText;
     try {
         resultText = textOf(retrieve);
     } catch (const DocParserException& missing) {
@@ -112,11 +109,11 @@ void deliver(const Retrieve& retrieve, char** result, char** account) {
 
 } // namespace
 
-const char* docparser_version(void) {
+const char* docparser_version() {
     return DOCPARSER_C_VERSION;
 }
 
-const char* docparser_last_error(void) {
+const char* docparser_last_error() {
     return lastError();
 }
 
@@ -178,5 +175,5 @@ docparser_status docparser_get_index(char** index, char** account) {
 }
 
 void docparser_free(char* text) {
-    std::free(text);
+    delete[] text;
 }

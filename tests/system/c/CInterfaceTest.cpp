@@ -15,6 +15,10 @@ namespace {
 // Stands for a pointer that the caller has not initialised.
 char uninitialised[] = "not returned by the library";
 
+std::filesystem::path utf8Path(const std::string& path) {
+    return std::u8string(path.begin(), path.end());
+}
+
 std::optional<json::value> take(char* text) {
     EXPECT_NE(text, uninitialised);
     if (!text)
@@ -49,13 +53,12 @@ CInterfaceTest::~CInterfaceTest() {
 }
 
 std::string CInterfaceTest::path(const std::string& below) const {
-    const std::u8string utf8 = (folder.path() / below).make_preferred().u8string();
+    const std::u8string utf8 = (folder.path() / utf8Path(below)).make_preferred().u8string();
     return {utf8.begin(), utf8.end()};
 }
 
 void CInterfaceTest::addProduct(const std::string& file) const {
-    folder.write(std::filesystem::path(std::u8string(file.begin(), file.end())),
-                 resourceText("orchard", {{"a.html", file}}));
+    folder.write(utf8Path(file), resourceText("orchard", {{"a.html", file}}));
 }
 
 void CInterfaceTest::addManifest(std::string_view text) const {
