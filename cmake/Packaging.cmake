@@ -41,7 +41,7 @@ if(TARGET refdoc)
         INSTALL_RPATH_USE_LINK_PATH ON)
     install(TARGETS refdoc RUNTIME COMPONENT refdoc)
 endif()
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright
+install(FILES ${PROJECT_SOURCE_DIR}/debian/copyright
     DESTINATION ${CMAKE_INSTALL_DOCDIR}
     COMPONENT licences)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
@@ -77,6 +77,4 @@ endforeach()
 
 if(TARGET refdoc AND WIN32)
     include(WindowsPackage)
-elseif(TARGET refdoc)
-    include(DebianPackages)
 endif()
