@@ -66,10 +66,12 @@ windows_packages=(
     python3
 )
 
-# Also for scripts/package: tools that build and check Debian packages.
+# Also for scripts/package: tools that build and check Debian packages. debian/control names the packages
+# that the build needs.
 packaging_packages=(
+    debhelper
     dpkg-dev
-    file
+    git
     lintian
 )
 
