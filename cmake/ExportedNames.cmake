@@ -5,8 +5,8 @@
 # same process. Visibility settings alone would also
 # export template instances of Boost and of the standard library, which are not part of the interface.
 # TYPES are classes of other libraries whose type information programs need to catch the library's
-# exceptions. Has no effect with linkers that do not support version scripts, or on Windows, where a DLL
-# exports only what is marked with the export macro.
+# exceptions. Has no effect on static libraries, with linkers that do not support version scripts, or on
+# Windows, where a DLL exports only what is marked with the export macro.
 
 include(CheckLinkerFlag)
 
@@ -22,7 +22,8 @@ function(docparser_mangle name result)
 endfunction()
 
 function(docparser_export_names target)
-    if(WIN32)
+    get_target_property(type ${target} TYPE)
+    if(WIN32 OR NOT type STREQUAL "SHARED_LIBRARY")
         return()
     endif()
     cmake_parse_arguments(EXPORTED "" "" "NAMESPACES;TYPES" ${ARGN})

@@ -68,6 +68,11 @@ install(
     DESTINATION ${package_folder}
     COMPONENT development)
 
+# Not "Requires.private": Debian's libzip.pc requires more for static linking than libzip-dev installs.
+set(private_libraries ${CMAKE_DL_LIBS})
+list(TRANSFORM private_libraries PREPEND -l)
+list(PREPEND private_libraries ${libzip_LDFLAGS} ${libdeflate_LDFLAGS} -lboost_log -lboost_json)
+list(JOIN private_libraries " " private_libraries)
 foreach(name docparser docparser-platform)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
@@ -75,6 +80,9 @@ foreach(name docparser docparser-platform)
         COMPONENT development)
 endforeach()
 
-if(TARGET refdoc AND WIN32)
+# The package contains the shared libraries.
+if(TARGET refdoc AND WIN32 AND BUILD_SHARED_LIBS)
     include(WindowsPackage)
+    # CPack would pack everything in the source folder. scripts/source-archive packs a commit.
+    file(REMOVE ${PROJECT_BINARY_DIR}/CPackSourceConfig.cmake)
 endif()

@@ -26,6 +26,8 @@ test_packages=(
     python3
     mandoc
     patch
+    git
+    xz-utils
     shellcheck
     zsh
     fish
@@ -71,8 +73,13 @@ windows_packages=(
 packaging_packages=(
     debhelper
     dpkg-dev
-    git
     lintian
+)
+
+# For scripts/source-archive.
+archive_packages=(
+    git
+    xz-utils
 )
 
 # Also for scripts/abi.
