@@ -57,18 +57,17 @@ def _record_reader(record_type: Any) -> Reader:
                 value = {**value, **_expect(dict, value[inherited])}
             return record_type(*[reader(value[name]) for name, reader in members])
         except KeyError as missing:
-            raise DocparserError(f"{record_type.__name__} without the member {missing}") from None
+            raise DocparserError(f"{record_type.__name__} has no member {missing}") from None
 
     return read
 
 
 def _word_reader(word_type: Type[Enum]) -> Reader:
-    words = {word.value: word for word in word_type}
-
     def read(value: Any) -> Any:
-        if value not in words:
-            raise DocparserError(f"unknown {word_type.__name__}: {value!r}")
-        return words[value]
+        try:
+            return word_type(value)
+        except ValueError:
+            raise DocparserError(f"unknown {word_type.__name__}: {value!r}") from None
 
     return read
 
