@@ -49,6 +49,7 @@ debian_documents(refdoc refdoc)
 # release number in it. The trigger updates the loader's cache, which CPack does not support.
 file(WRITE ${debian_folder}/shlibs
     "libdocparser ${PROJECT_VERSION_MAJOR} ${library_package} (>= ${PROJECT_VERSION})\n"
+    "libdocparser_c 1 ${library_package} (>= ${PROJECT_VERSION})\n"
     "libdocparser_platform ${PROJECT_VERSION_MAJOR} ${library_package} (>= ${PROJECT_VERSION})\n")
 file(WRITE ${debian_folder}/triggers "activate-noawait ldconfig\n")
 
@@ -68,7 +69,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SOURCE docparser)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-    ${PROJECT_BINARY_DIR}/platform ${PROJECT_BINARY_DIR}/docparser)
+    ${PROJECT_BINARY_DIR}/platform ${PROJECT_BINARY_DIR}/docparser ${PROJECT_BINARY_DIR}/docparser/c)
 set(exact_library "${library_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(what_it_is "docparser provides a help system with the reference documentation of the
 installed products: the purpose, syntax, arguments, examples and links of

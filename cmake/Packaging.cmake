@@ -25,10 +25,10 @@ file(RELATIVE_PATH prefix_from_pkg_config
 string(REGEX REPLACE "/$" "" prefix_from_pkg_config ${prefix_from_pkg_config})
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/docparser)
 
-set_target_properties(docparser docparser_platform PROPERTIES
+set_target_properties(docparser docparser_c docparser_platform PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
-install(TARGETS docparser docparser_platform EXPORT docparserTargets
+install(TARGETS docparser docparser_c docparser_platform EXPORT docparserTargets
     RUNTIME COMPONENT libraries
     LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
     ARCHIVE COMPONENT development
@@ -68,7 +68,7 @@ install(
     DESTINATION ${package_folder}
     COMPONENT development)
 
-foreach(name docparser docparser-platform)
+foreach(name docparser docparser-c docparser-platform)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig

@@ -1,7 +1,7 @@
 #include "tools/refdoc/json/JsonText.hpp"
 
+#include "docparser/json/ToJson.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
