@@ -8,10 +8,11 @@ import functools
 import os
 import sys
 import threading
+from collections.abc import Iterator
 from ctypes import CDLL, POINTER, byref, c_char_p, c_int, c_size_t
 from dataclasses import dataclass
 from pathlib import Path
-from typing import Any, Iterator, Optional, Tuple
+from typing import Any, Optional
 
 from .errors import DocparserError
 
@@ -37,7 +38,7 @@ class Settings:
     install_folder: Optional[str]
     root: Optional[str]
     language: Optional[str]
-    languages: Optional[Tuple[str, ...]]
+    languages: Optional[tuple[str, ...]]
 
 
 class NotFound(Exception):
@@ -65,17 +66,17 @@ def apply(settings: Settings) -> None:
         _apply(settings)
 
 
-def get_product(settings: Settings, product: str) -> Tuple[bytes, bytes]:
+def get_product(settings: Settings, product: str) -> tuple[bytes, bytes]:
     """Returns the records and the account, as JSON. Raises NotFound."""
     return _retrieve(settings, _library().docparser_get_product, _encode(product))
 
 
-def get_index(settings: Settings) -> Tuple[bytes, bytes]:
+def get_index(settings: Settings) -> tuple[bytes, bytes]:
     """Returns the lookup index and the account, as JSON."""
     return _retrieve(settings, _library().docparser_get_index)
 
 
-def _retrieve(settings: Settings, function: Any, *arguments: bytes) -> Tuple[bytes, bytes]:
+def _retrieve(settings: Settings, function: Any, *arguments: bytes) -> tuple[bytes, bytes]:
     result, account = c_char_p(), c_char_p()
     with _lock:
         if settings != _settings_in_force:

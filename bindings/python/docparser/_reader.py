@@ -4,7 +4,7 @@ import functools
 from collections.abc import Mapping
 from dataclasses import fields, is_dataclass
 from enum import Enum
-from typing import Any, Callable, Type, TypeVar, Union, get_args, get_origin, get_type_hints
+from typing import Any, Callable, TypeVar, Union, get_args, get_origin, get_type_hints
 
 from .errors import DocparserError
 
@@ -12,7 +12,7 @@ T = TypeVar("T")
 Reader = Callable[[Any], Any]
 
 
-def read_record(record_type: Type[T], document: Any) -> T:
+def read_record(record_type: type[T], document: Any) -> T:
     """Makes a record from a JSON object. Members that the record does not have are ignored.
 
     Raises DocparserError if a member is missing or has another type.
@@ -62,7 +62,7 @@ def _record_reader(record_type: Any) -> Reader:
     return read
 
 
-def _word_reader(word_type: Type[Enum]) -> Reader:
+def _word_reader(word_type: type[Enum]) -> Reader:
     def read(value: Any) -> Any:
         try:
             return word_type(value)
@@ -72,7 +72,7 @@ def _word_reader(word_type: Type[Enum]) -> Reader:
     return read
 
 
-def _expect(expected: Type[T], value: Any) -> T:
+def _expect(expected: type[T], value: Any) -> T:
     if not isinstance(value, expected):
         raise DocparserError(f"expected {expected.__name__}, found {type(value).__name__}")
     return value

@@ -1,7 +1,7 @@
 """The load account: what became of each file that the library considered, and why."""
 
 from dataclasses import dataclass
-from typing import Optional, Tuple
+from typing import Optional
 
 from .words import Fate, FileRole, RecordFate, SectionFate
 
@@ -34,7 +34,7 @@ class SectionAccount:
     fate: SectionFate
     is_installed: bool  #: always false for full resources
     other: int  #: the file of the earlier section with the key; this file if there is none
-    records: Tuple[RecordAccount, ...]
+    records: tuple[RecordAccount, ...]
 
 
 @dataclass(frozen=True)
@@ -58,7 +58,7 @@ class FileAccount:
     reason: str  #: why it is not used; empty if the fate says everything
     pointer: str  #: JSON pointer to the invalid value of a malformed file
     place: Optional[TextPlace]  #: the position of the error in a malformed file
-    sections: Tuple[SectionAccount, ...]
+    sections: tuple[SectionAccount, ...]
 
     def __str__(self) -> str:
         name = f"{self.path}: {self.entry}" if self.entry else self.path
@@ -71,10 +71,10 @@ class FileAccount:
 class LoadAccount:
     """What became of each file that was considered, in the order of the decisions."""
 
-    files: Tuple[FileAccount, ...]
+    files: tuple[FileAccount, ...]
     is_complete: bool  #: false if memory ran out while the account was recorded
 
     @property
-    def problems(self) -> Tuple[FileAccount, ...]:
+    def problems(self) -> tuple[FileAccount, ...]:
         """The files that exist and could not be used, except those that were skipped on purpose."""
         return tuple(file for file in self.files if file.fate in _UNUSABLE)

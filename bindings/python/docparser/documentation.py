@@ -3,15 +3,16 @@
 import errno
 import json
 import os
+from collections.abc import Iterable, Iterator, Mapping
 from dataclasses import dataclass
-from typing import Dict, Iterable, Iterator, List, Mapping, Optional, Tuple, Union
+from typing import Optional, Union
 
 from . import _library
 from ._library import Settings
 from ._reader import read_record
 from .account import LoadAccount
 from .errors import ItemNotFound, ProductNotFound
-from .records import IndexEntry, Item, LookupSection, Section
+from .records import Header, IndexEntry, Item, LookupRecord, Section
 
 Folder = Union[str, "os.PathLike[str]"]
 
@@ -53,7 +54,7 @@ class Product:
 class Index:
     """The lookup index of all products."""
 
-    entries: Mapping[str, Tuple[IndexEntry, ...]]  #: by name; installed products come first
+    entries: Mapping[str, tuple[IndexEntry, ...]]  #: by name; installed products come first
     account: LoadAccount  #: the files that were read and those that were not, and why
 
 
@@ -63,9 +64,15 @@ class _ProductDocument:
 
 
 @dataclass(frozen=True)
+class _LookupSection:
+    header: Header
+    items: Mapping[str, tuple[LookupRecord, ...]]
+
+
+@dataclass(frozen=True)
 class _IndexDocument:
-    installed: Mapping[str, LookupSection]
-    not_installed: Mapping[str, LookupSection]
+    installed: Mapping[str, _LookupSection]
+    not_installed: Mapping[str, _LookupSection]
 
     def entries(self) -> Iterator[IndexEntry]:
         for is_installed, sections in (True, self.installed), (False, self.not_installed):
@@ -103,9 +110,9 @@ class Documentation:
         """
         _library.apply(self._settings)
         self._index: Optional[Index] = None
-        self._products: Dict[str, Product] = {}
+        self._products: dict[str, Product] = {}
 
-    def lookup(self, name: str) -> List[IndexEntry]:
+    def lookup(self, name: str) -> list[IndexEntry]:
         """Returns the entries of a name, those of installed products first; empty if it has none.
 
         Letter case matters. item() returns the full record of an entry.
@@ -116,7 +123,7 @@ class Documentation:
         """
         return list(self.index().entries.get(name, ()))
 
-    def names(self) -> List[str]:
+    def names(self) -> list[str]:
         """Returns the names in the index, sorted.
 
         >>> [name for name in open("samples").names() if name.startswith("sm")]
@@ -124,7 +131,7 @@ class Documentation:
         """
         return sorted(self.index().entries)
 
-    def products(self) -> List[str]:
+    def products(self) -> list[str]:
         """Returns the products in the index, sorted: arguments for product().
 
         >>> open("samples").products()
@@ -185,7 +192,7 @@ class Documentation:
 
     def _read_index(self) -> Index:
         index, account = _library.get_index(self._settings)
-        entries: Dict[str, List[IndexEntry]] = {}
+        entries: dict[str, list[IndexEntry]] = {}
         for entry in read_record(_IndexDocument, json.loads(index)).entries():
             entries.setdefault(entry.name, []).append(entry)
         return Index(
@@ -224,7 +231,7 @@ def open(
     )
 
 
-def _locate(folder: Optional[Folder]) -> Tuple[Optional[str], Optional[str]]:
+def _locate(folder: Optional[Folder]) -> tuple[Optional[str], Optional[str]]:
     """Returns the install folder and the reference root. None is the default of the library."""
     if folder is None:
         return None, None

@@ -4,8 +4,9 @@ The names are those of the resource format in snake case: `refPurpose` is `ref_p
 list that a file leaves out is empty.
 """
 
+from collections.abc import Mapping
 from dataclasses import dataclass
-from typing import Mapping, Tuple
+
 
 from .words import DeprecationStatus, EntityType, FunctionType, SyntaxType
 
@@ -45,14 +46,6 @@ class IndexEntry(LookupRecord):
 
 
 @dataclass(frozen=True)
-class LookupSection:
-    """A section of the lookup index: its header, and its records by name."""
-
-    header: Header
-    items: Mapping[str, Tuple[LookupRecord, ...]]
-
-
-@dataclass(frozen=True)
 class RefEntity:
     """A function, class or other entity that an item documents."""
 
@@ -75,7 +68,7 @@ class SyntaxGroup:
 
     title: str
     syntax_type: SyntaxType
-    syntaxes: Tuple[str, ...]
+    syntaxes: tuple[str, ...]
 
 
 @dataclass(frozen=True)
@@ -84,7 +77,7 @@ class ObjectInfo:
 
     name: str
     purpose: str
-    values: Tuple[str, ...]  #: the allowed values; empty if there is no such list
+    values: tuple[str, ...]  #: the allowed values; empty if there is no such list
     href: str
 
 
@@ -102,7 +95,7 @@ class InputGroup:
     """Arguments under a common title."""
 
     title: str
-    inputs: Tuple[Input, ...]
+    inputs: tuple[Input, ...]
 
 
 @dataclass(frozen=True)
@@ -131,7 +124,7 @@ class ClassPropertyGroup:
     """Properties under a common title."""
 
     title: str
-    properties: Tuple[ClassProperty, ...]
+    properties: tuple[ClassProperty, ...]
 
 
 @dataclass(frozen=True)
@@ -156,21 +149,21 @@ class Item:
     """The full record of an item."""
 
     href: str
-    ref_entities: Tuple[RefEntity, ...]
+    ref_entities: tuple[RefEntity, ...]
     package_name: str
     ref_purpose: str
     introduced: str
     description: str
     app_thumbnail: AppThumbnail
     deprecation_status: DeprecationStatus
-    syntax_groups: Tuple[SyntaxGroup, ...]
-    inputs: Tuple[Input, ...]
-    input_groups: Tuple[InputGroup, ...]
-    outputs: Tuple[Output, ...]
-    class_property_groups: Tuple[ClassPropertyGroup, ...]
-    see_also: Tuple[SeeAlso, ...]
-    examples: Tuple[Example, ...]
-    parameters: Tuple[Parameter, ...]
+    syntax_groups: tuple[SyntaxGroup, ...]
+    inputs: tuple[Input, ...]
+    input_groups: tuple[InputGroup, ...]
+    outputs: tuple[Output, ...]
+    class_property_groups: tuple[ClassPropertyGroup, ...]
+    see_also: tuple[SeeAlso, ...]
+    examples: tuple[Example, ...]
+    parameters: tuple[Parameter, ...]
 
 
 @dataclass(frozen=True)
@@ -178,4 +171,4 @@ class Section:
     """A section of a product: its header, and its items by href. Items may share an href."""
 
     header: Header
-    items: Mapping[str, Tuple[Item, ...]]
+    items: Mapping[str, tuple[Item, ...]]

@@ -4,7 +4,7 @@ import json
 import os
 import subprocess
 from pathlib import Path
-from typing import Any, Callable, Dict
+from typing import Any, Callable
 
 import pytest
 
@@ -35,7 +35,7 @@ def save_product(tmp_path: Path) -> SaveProduct:
     The items are JSON objects; a string is the whole file instead.
     """
 
-    def save(product: str, *items: "Dict[str, Any] | str") -> Path:
+    def save(product: str, *items: "dict[str, Any] | str") -> Path:
         root = tmp_path / "help"
         folder = root / "docCatalog" / "referenceapi"
         folder.mkdir(parents=True, exist_ok=True)

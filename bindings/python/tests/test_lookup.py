@@ -1,7 +1,7 @@
 """The lookup index, compared with that of refdoc."""
 
 from pathlib import Path
-from typing import Any, Dict
+from typing import Any
 
 import docparser
 import pytest
@@ -11,7 +11,7 @@ from json_form import to_json
 LANGUAGES = ["en", "de", "ja"]
 
 
-def entries_of(document: Dict[str, Any], name: str) -> "list[Dict[str, Any]]":
+def entries_of(document: dict[str, Any], name: str) -> "list[dict[str, Any]]":
     """Returns the records of a name in a document of refdoc, as entries."""
     return [
         {**record, "section": key, "header": section["header"], "isInstalled": is_installed}

@@ -3,7 +3,7 @@
 import pickle
 from dataclasses import FrozenInstanceError, dataclass
 from pathlib import Path
-from typing import Optional, Tuple
+from typing import Optional
 
 import docparser
 import pytest
@@ -82,7 +82,7 @@ def test_records_are_immutable_values(samples: Path) -> None:
 class Spot:
     entity_type: EntityType
     at: Optional[int]
-    links: Tuple[SeeAlso, ...]
+    links: tuple[SeeAlso, ...]
 
 
 SPOT = {"entityType": "app", "at": None, "links": [{"url": "a", "name": "b"}]}
