@@ -26,7 +26,7 @@ class Product:
     account: LoadAccount  #: the files that were read and those that were not, and why
 
     def items(self) -> Iterator[Item]:
-        """Iterates over all items, section by section, sorted by href in each.
+        """Iterates over all items, section by section.
 
         >>> product = open("samples").product("Cellar")
         >>> [item.href for item in product.items() if item.deprecation_status != "none"]
@@ -87,13 +87,21 @@ class _IndexDocument:
                         )
 
 
+class _Kept:
+    """What a `Documentation` has read since a refresh()."""
+
+    def __init__(self) -> None:
+        self.index: Optional[Index] = None
+        self.products: dict[str, Product] = {}
+
+
 class Documentation:
-    """The documentation below one folder, in one language; open() makes it.
+    """The documentation in one folder and one language, as open() returns it.
 
     The index and each product are read when they are first needed, and kept until refresh(). Results
-    are immutable, and any thread may call any method. The library's settings belong to the process, so
-    the package applies those of a `Documentation` before it reads. Reading takes a lock, so only one
-    thread reads at a time. Other threads run Python code meanwhile.
+    are immutable. Any thread may call any method. The settings of the library belong to the process, so
+    the package applies those of the object before it reads, and only one thread reads at a time. Other
+    threads run Python code meanwhile.
     """
 
     def __init__(self, settings: Settings) -> None:
@@ -109,8 +117,8 @@ class Documentation:
         Raises DocparserError if `installation.json` is malformed.
         """
         _library.apply(self._settings)
-        self._index: Optional[Index] = None
-        self._products: dict[str, Product] = {}
+        # Replaced, not cleared: a thread that is reading keeps its result where no later call finds it.
+        self._kept = _Kept()
 
     def lookup(self, name: str) -> list[IndexEntry]:
         """Returns the entries of a name, those of installed products first; empty if it has none.
@@ -143,8 +151,8 @@ class Documentation:
     def item(self, entry: IndexEntry) -> Item:
         """Returns the full record of an entry.
 
-        Raises ProductNotFound or ItemNotFound, both LookupError, if the product has an index but no
-        full record.
+        Raises ProductNotFound or ItemNotFound, which are both LookupError, if there is none: a product
+        may have an index without full records.
 
         >>> documentation = open("samples", language="de")
         >>> [entry] = documentation.lookup("smooth")
@@ -158,15 +166,14 @@ class Documentation:
         return self.product(entry.header.product).item(entry.href)
 
     def product(self, name: str) -> Product:
-        """Returns all full records of a product.
+        """Returns all full records of a product, by the name of its file, such as "Orchard".
 
-        The name is that of the product's file, such as "Orchard". Raises ProductNotFound, whose account
-        says why no file could be used.
+        Raises ProductNotFound if no file of the product can be used. Its account has the reasons.
 
         >>> list(open("samples").product("Orchard").sections)
         ['orchard', 'rainmast', 'sensorkit']
         """
-        products = self._products
+        products = self._kept.products
         if name not in products:
             products[name] = self._read_product(name)
         return products[name]
@@ -177,10 +184,10 @@ class Documentation:
         >>> open("samples").index().account.problems
         ()
         """
-        index = self._index
-        if index is None:
-            index = self._index = self._read_index()
-        return index
+        kept = self._kept
+        if kept.index is None:
+            kept.index = self._read_index()
+        return kept.index
 
     def _read_product(self, name: str) -> Product:
         try:
@@ -212,10 +219,10 @@ def open(
     contains `docCatalog`. A root belongs to the install folder around it. Without a folder, the
     documentation is that of the installed library.
 
-    `language` is the documentation language, such as "de"; by default that of `installation.json`.
-    Records without a translation are in English. `languages` are all languages of the files, by
-    default those of `installation.json`. Without that file, give `languages`: files in a language that
-    is not among them count as further products.
+    `language` is the documentation language, such as "de", and `languages` are all languages that files
+    are translated into. Both default to those of `installation.json`. Without that file, `languages` is
+    needed if there are translations: files in other languages count as further products. Records
+    without a translation are in English.
 
     Raises FileNotFoundError if there is no documentation in the folder, and DocparserError if
     `installation.json` is malformed.
