@@ -4,12 +4,13 @@ import json
 import os
 import subprocess
 from pathlib import Path
-from typing import Any, Callable
+from typing import Any, Callable, Union
 
 import pytest
 
 Refdoc = Callable[..., Any]
-SaveProduct = Callable[..., Path]
+Item = dict[str, Any]
+SaveProduct = Callable[[str, Union[Item, str]], Path]
 
 
 @pytest.fixture
@@ -30,27 +31,26 @@ def refdoc(samples: Path) -> Refdoc:
 
 @pytest.fixture
 def save_product(tmp_path: Path) -> SaveProduct:
-    """Writes the full resources of a product, and returns the reference root.
+    """Writes the full resources of a product, which are one item or a string as it is.
 
-    The items are JSON objects; a string is the whole file instead.
+    Returns the reference root.
     """
 
-    def save(product: str, *items: "dict[str, Any] | str") -> Path:
+    def save(product: str, content: Union[Item, str]) -> Path:
         root = tmp_path / "help"
         folder = root / "docCatalog" / "referenceapi"
         folder.mkdir(parents=True, exist_ok=True)
-        text = items[0]
-        if not isinstance(text, str):
-            text = json.dumps(
+        if not isinstance(content, str):
+            content = json.dumps(
                 {
                     "productName": f"{product} Tools",
                     "baseCode": "PT",
                     "helpFolder": product.lower(),
                     "helpLocation": f"help/{product.lower()}",
-                    "refItems": items,
+                    "refItems": [content],
                 }
             )
-        (folder / f"{product}.json").write_text(text, encoding="utf-8")
+        (folder / f"{product}.json").write_text(content, encoding="utf-8")
         return root
 
     return save

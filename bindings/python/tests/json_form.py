@@ -12,7 +12,7 @@ def to_json(value: Any) -> Any:
         members = {
             camel_case(field.name): to_json(getattr(value, field.name)) for field in fields(value)
         }
-        if not isinstance(value, ObjectInfo) or type(value) is ObjectInfo:
+        if not isinstance(value, ObjectInfo):
             return members
         inherited = [camel_case(field.name) for field in fields(ObjectInfo)]
         return {"objectInfo": {name: members.pop(name) for name in inherited}, **members}

@@ -67,11 +67,9 @@ def test_failed_opening_does_not_affect_other_objects(
     tmp_path: Path, save_product: SaveProduct
 ) -> None:
     documentation = docparser.open(save_product("Press", ITEM))
-    (tmp_path / "installation.json").write_text("{")
     broken = tmp_path / "broken"
     broken.mkdir()
     (broken / "installation.json").write_text("{")
-    (tmp_path / "installation.json").unlink()
     with pytest.raises(DocparserError):
         docparser.open(broken)
     assert documentation.product("Press").item("a.html").ref_purpose == "Press apples"

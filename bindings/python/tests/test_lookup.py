@@ -5,13 +5,13 @@ from typing import Any
 
 import docparser
 import pytest
-from conftest import Refdoc
+from conftest import Refdoc, SaveProduct
 from json_form import to_json
 
 LANGUAGES = ["en", "de", "ja"]
 
 
-def entries_of(document: dict[str, Any], name: str) -> "list[dict[str, Any]]":
+def entries_of(document: dict[str, Any], name: str) -> list[dict[str, Any]]:
     """Returns the records of a name in a document of refdoc, as entries."""
     return [
         {**record, "section": key, "header": section["header"], "isInstalled": is_installed}
@@ -83,7 +83,7 @@ def test_relative_folder_is_that_of_the_time_of_opening(
     assert documentation.product("Cellar").name == "Cellar"
 
 
-def test_results_are_kept_until_refresh(save_product: Any) -> None:
+def test_results_are_kept_until_refresh(save_product: SaveProduct) -> None:
     item = {"href": "a.html", "refpurpose": "Old"}
     documentation = docparser.open(save_product("Press", item))
     product = documentation.product("Press")

@@ -106,7 +106,7 @@ def test_unknown_members_are_ignored() -> None:
         ({"links": [{"url": "a"}]}, "SeeAlso has no member 'name'"),
     ],
 )
-def test_invalid_member_is_an_error(change: "dict[str, object]", message: str) -> None:
+def test_invalid_member_is_an_error(change: dict[str, object], message: str) -> None:
     with pytest.raises(DocparserError) as raised:
         read_record(Spot, {**SPOT, **change})
     assert str(raised.value) == message

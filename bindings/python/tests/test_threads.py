@@ -17,7 +17,7 @@ def test_each_thread_gets_the_language_of_its_object(samples: Path) -> None:
     workers = 4
     start = threading.Barrier(workers)
 
-    def read(language: str) -> "set[str]":
+    def read(language: str) -> set[str]:
         documentation = docparser.open(samples, language=language)
         start.wait()
         found = set()
