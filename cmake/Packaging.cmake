@@ -5,6 +5,7 @@
 #   libraries    the files that programs need to run
 #   development  the files that programs need to be built
 #   refdoc       the tool
+#   python       the Python package
 #   licences     the copyright notice
 
 include(CMakePackageConfigHelpers)

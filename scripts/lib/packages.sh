@@ -23,7 +23,9 @@ test_packages=(
     libvalijson-dev
     zlib1g-dev
     gdb
+    mypy
     python3
+    python3-pytest
     mandoc
     patch
     git
