@@ -74,7 +74,9 @@ windows_packages=(
 # that the build needs.
 packaging_packages=(
     debhelper
+    dh-python
     dpkg-dev
+    python3
     lintian
 )
 
