@@ -5,6 +5,7 @@
 #   libraries    the files that programs need to run
 #   development  the files that programs need to be built
 #   refdoc       the tool
+#   python       the Python package
 #   licences     the copyright notice
 
 include(CMakePackageConfigHelpers)
@@ -50,7 +51,7 @@ if(TARGET refdoc)
         INSTALL_RPATH_USE_LINK_PATH ON)
     install(TARGETS refdoc RUNTIME COMPONENT refdoc)
 endif()
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright
+install(FILES ${PROJECT_SOURCE_DIR}/debian/copyright
     DESTINATION ${CMAKE_INSTALL_DOCDIR}
     COMPONENT licences)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
@@ -85,13 +86,9 @@ foreach(name docparser docparser-c docparser-platform)
         COMPONENT development)
 endforeach()
 
-# The packages contain the shared libraries.
-if(TARGET refdoc AND BUILD_SHARED_LIBS)
-    if(WIN32)
-        include(WindowsPackage)
-    else()
-        include(DebianPackages)
-    endif()
+# The package contains the shared libraries.
+if(TARGET refdoc AND WIN32 AND BUILD_SHARED_LIBS)
+    include(WindowsPackage)
     # CPack would pack everything in the source folder. scripts/source-archive packs a commit.
     file(REMOVE ${PROJECT_BINARY_DIR}/CPackSourceConfig.cmake)
 endif()

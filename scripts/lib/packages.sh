@@ -23,7 +23,9 @@ test_packages=(
     libvalijson-dev
     zlib1g-dev
     gdb
+    mypy
     python3
+    python3-pytest
     mandoc
     patch
     git
@@ -68,10 +70,13 @@ windows_packages=(
     python3
 )
 
-# Also for scripts/package: tools that build and check Debian packages.
+# Also for scripts/package: tools that build and check Debian packages. debian/control names the packages
+# that the build needs.
 packaging_packages=(
+    debhelper
+    dh-python
     dpkg-dev
-    file
+    python3
     lintian
 )
 
