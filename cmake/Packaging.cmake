@@ -29,13 +29,22 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/docparser)
 set_target_properties(docparser docparser_c docparser_platform PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
-install(TARGETS docparser docparser_c docparser_platform EXPORT docparserTargets
-    RUNTIME COMPONENT libraries
-    LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
-    ARCHIVE COMPONENT development
-    FILE_SET HEADERS COMPONENT development
-    FILE_SET generated COMPONENT development
-    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# Installs libraries, and describes them in the file EXPORT.cmake of the CMake package.
+function(install_libraries export)
+    install(TARGETS ${ARGN} EXPORT ${export}
+        RUNTIME COMPONENT libraries
+        LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
+        ARCHIVE COMPONENT development
+        FILE_SET HEADERS COMPONENT development
+        FILE_SET generated COMPONENT development
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    install(EXPORT ${export}
+        NAMESPACE docparser::
+        DESTINATION ${package_folder}
+        COMPONENT development)
+endfunction()
+install_libraries(docparserTargets docparser docparser_platform)
+install_libraries(docparserCTargets docparser_c)
 if(TARGET refdoc)
     set_target_properties(refdoc PROPERTIES
         INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
@@ -50,10 +59,6 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
     COMPONENT development
     FILES_MATCHING PATTERN "*.schema.json")
 
-install(EXPORT docparserTargets
-    NAMESPACE docparser::
-    DESTINATION ${package_folder}
-    COMPONENT development)
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/docparserConfig.cmake.in
     ${PROJECT_BINARY_DIR}/docparserConfig.cmake

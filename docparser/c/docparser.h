@@ -63,8 +63,8 @@ DOCPARSER_C_EXPORT const char* docparser_last_error(void);
 /// the reference root, and drops the root, support folder and languages that were set before. A
 /// folder without `installation.json` has only English documentation, and nothing is installed.
 ///
-/// Until this function is called, the installation is that of the library, or what a part of the
-/// program in C++ has set with platform::setHostServices().
+/// Before the first call, the installation is that of the library. If a part of the program in C++
+/// has set host services before it uses this interface, they are the installation.
 /// \param folder  null for the folder that the library is installed in
 /// \returns  DOCPARSER_FAILED if `installation.json` is malformed or cannot be read
 DOCPARSER_C_EXPORT docparser_status docparser_set_install_folder(const char* folder);
