@@ -18,7 +18,7 @@ function(docparser_bundled_platform target)
     endforeach()
     list(FILTER files INCLUDE REGEX "\\.cpp$")
     list(TRANSFORM files PREPEND ${folder}/)
-    target_sources(${target} PRIVATE ${files})
+    target_sources(${target} PRIVATE ${files} $<TARGET_OBJECTS:docparser_platform_internals>)
 
     # The settings of docparser_bundled_objects; TARGET exports what is marked with the export macro.
     get_target_property(libraries docparser_bundled_objects LINK_LIBRARIES)

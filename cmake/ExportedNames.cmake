@@ -1,12 +1,14 @@
-# docparser_export_names(TARGET NAMESPACES ... [TYPES ...])
+# docparser_export_names(TARGET [VERSION N] [NAMESPACES ...] [FUNCTIONS ...] [TYPES ...])
 #
-# Limits the exports of a shared library to its own namespaces, and gives them a version node, such as
-# DOCPARSER_1. Programs then refer to the names of this major version, even if another version is in the
-# same process. Visibility settings alone would also
-# export template instances of Boost and of the standard library, which are not part of the interface.
+# Limits the exports of a shared library to its own namespaces and functions of C, and gives them a version
+# node, such as DOCPARSER_1. Programs then refer to the names of this major version, even if another version
+# is in the same process. Visibility settings alone would also export template instances of Boost and of the
+# standard library, which are not part of the interface.
+# VERSION is the number in the name of the node, by default the project's major version.
+# FUNCTIONS are names of functions of C, or patterns of names, such as docparser_*.
 # TYPES are classes of other libraries whose type information programs need to catch the library's
-# exceptions. Has no effect with linkers that do not support version scripts, or on Windows, where a DLL
-# exports only what is marked with the export macro.
+# exceptions. Has no effect on static libraries, with linkers that do not support version scripts, or on
+# Windows, where a DLL exports only what is marked with the export macro.
 
 include(CheckLinkerFlag)
 
@@ -22,13 +24,20 @@ function(docparser_mangle name result)
 endfunction()
 
 function(docparser_export_names target)
-    if(WIN32)
+    get_target_property(type ${target} TYPE)
+    if(WIN32 OR NOT type STREQUAL "SHARED_LIBRARY")
         return()
     endif()
-    cmake_parse_arguments(EXPORTED "" "" "NAMESPACES;TYPES" ${ARGN})
+    cmake_parse_arguments(EXPORTED "" "VERSION" "FUNCTIONS;NAMESPACES;TYPES" ${ARGN})
+    if(NOT EXPORTED_VERSION)
+        set(EXPORTED_VERSION ${PROJECT_VERSION_MAJOR})
+    endif()
     set(script ${PROJECT_BINARY_DIR}/${target}.map)
 
     set(patterns "")
+    foreach(function IN LISTS EXPORTED_FUNCTIONS)
+        string(APPEND patterns " ${function};")
+    endforeach()
     foreach(namespace IN LISTS EXPORTED_NAMESPACES)
         docparser_mangle(${namespace} mangled)
         # Members; const members; tables and type information; thunks.
@@ -40,7 +49,7 @@ function(docparser_export_names target)
         # Type information and its name.
         string(APPEND patterns " _ZTIN${mangled}E; _ZTSN${mangled}E;")
     endforeach()
-    string(TOUPPER ${target}_${PROJECT_VERSION_MAJOR} node)
+    string(TOUPPER ${target}_${EXPORTED_VERSION} node)
     file(CONFIGURE OUTPUT ${script} CONTENT "${node} { global:${patterns} local: *; };\n")
 
     set(option "LINKER:--version-script=${script}")

@@ -5,6 +5,7 @@
 #   libraries    the files that programs need to run
 #   development  the files that programs need to be built
 #   refdoc       the tool
+#   python       the Python package
 #   licences     the copyright notice
 
 include(CMakePackageConfigHelpers)
@@ -25,23 +26,32 @@ file(RELATIVE_PATH prefix_from_pkg_config
 string(REGEX REPLACE "/$" "" prefix_from_pkg_config ${prefix_from_pkg_config})
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/docparser)
 
-set_target_properties(docparser docparser_platform PROPERTIES
+set_target_properties(docparser docparser_c docparser_platform PROPERTIES
     INSTALL_RPATH "$ORIGIN"
     INSTALL_RPATH_USE_LINK_PATH ON)
-install(TARGETS docparser docparser_platform EXPORT docparserTargets
-    RUNTIME COMPONENT libraries
-    LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
-    ARCHIVE COMPONENT development
-    FILE_SET HEADERS COMPONENT development
-    FILE_SET generated COMPONENT development
-    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# Installs libraries, and describes them in the file EXPORT.cmake of the CMake package.
+function(install_libraries export)
+    install(TARGETS ${ARGN} EXPORT ${export}
+        RUNTIME COMPONENT libraries
+        LIBRARY COMPONENT libraries NAMELINK_COMPONENT development
+        ARCHIVE COMPONENT development
+        FILE_SET HEADERS COMPONENT development
+        FILE_SET generated COMPONENT development
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+    install(EXPORT ${export}
+        NAMESPACE docparser::
+        DESTINATION ${package_folder}
+        COMPONENT development)
+endfunction()
+install_libraries(docparserTargets docparser docparser_platform)
+install_libraries(docparserCTargets docparser_c)
 if(TARGET refdoc)
     set_target_properties(refdoc PROPERTIES
         INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
         INSTALL_RPATH_USE_LINK_PATH ON)
     install(TARGETS refdoc RUNTIME COMPONENT refdoc)
 endif()
-install(FILES ${PROJECT_SOURCE_DIR}/packaging/copyright
+install(FILES ${PROJECT_SOURCE_DIR}/debian/copyright
     DESTINATION ${CMAKE_INSTALL_DOCDIR}
     COMPONENT licences)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
@@ -49,10 +59,6 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/schema
     COMPONENT development
     FILES_MATCHING PATTERN "*.schema.json")
 
-install(EXPORT docparserTargets
-    NAMESPACE docparser::
-    DESTINATION ${package_folder}
-    COMPONENT development)
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/docparserConfig.cmake.in
     ${PROJECT_BINARY_DIR}/docparserConfig.cmake
@@ -68,15 +74,21 @@ install(
     DESTINATION ${package_folder}
     COMPONENT development)
 
-foreach(name docparser docparser-platform)
+# Not "Requires.private": Debian's libzip.pc requires more for static linking than libzip-dev installs.
+set(private_libraries ${CMAKE_DL_LIBS})
+list(TRANSFORM private_libraries PREPEND -l)
+list(PREPEND private_libraries ${libzip_LDFLAGS} ${libdeflate_LDFLAGS} -lboost_log -lboost_json)
+list(JOIN private_libraries " " private_libraries)
+foreach(name docparser docparser-c docparser-platform)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
         COMPONENT development)
 endforeach()
 
-if(TARGET refdoc AND WIN32)
+# The package contains the shared libraries.
+if(TARGET refdoc AND WIN32 AND BUILD_SHARED_LIBS)
     include(WindowsPackage)
-elseif(TARGET refdoc)
-    include(DebianPackages)
+    # CPack would pack everything in the source folder. scripts/source-archive packs a commit.
+    file(REMOVE ${PROJECT_BINARY_DIR}/CPackSourceConfig.cmake)
 endif()

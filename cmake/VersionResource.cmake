@@ -1,12 +1,12 @@
 # docparser_version_resource(TARGET DESCRIPTION)
 #
 # Adds the resource from which Windows shows the name, description and version of a program or DLL. Has
-# no effect on other systems.
+# no effect on static libraries and on other systems.
 function(docparser_version_resource target description)
-    if(NOT WIN32)
+    get_target_property(type ${target} TYPE)
+    if(NOT WIN32 OR type STREQUAL "STATIC_LIBRARY")
         return()
     endif()
-    get_target_property(type ${target} TYPE)
     if(type STREQUAL "EXECUTABLE")
         set(file_type VFT_APP)
         set(suffix ${CMAKE_EXECUTABLE_SUFFIX})

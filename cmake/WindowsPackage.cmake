@@ -12,10 +12,13 @@ install(CODE "
     set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND \"${CMAKE_OBJDUMP}\")
     file(GET_RUNTIME_DEPENDENCIES
         EXECUTABLES \"$<TARGET_FILE:refdoc>\"
-        LIBRARIES \"$<TARGET_FILE:docparser>\" \"$<TARGET_FILE:docparser_platform>\"
+        LIBRARIES
+            \"$<TARGET_FILE:docparser>\"
+            \"$<TARGET_FILE:docparser_c>\"
+            \"$<TARGET_FILE:docparser_platform>\"
         DIRECTORIES \"$<TARGET_FILE_DIR:docparser>\" \"${DOCPARSER_WINDOWS_DEPENDENCIES}/bin\"
         PRE_EXCLUDE_REGEXES \"^(${system_dlls})[.]dll$\"
-        POST_EXCLUDE_REGEXES \"/docparser(_platform)?[.]dll$\"
+        POST_EXCLUDE_REGEXES \"/docparser(_c|_platform)?[.]dll$\"
         RESOLVED_DEPENDENCIES_VAR dlls)
     file(INSTALL \${dlls} DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
     " COMPONENT refdoc)

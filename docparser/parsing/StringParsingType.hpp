@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Cxx20.hpp"
+
 namespace reference::docparser {
 
 /// How the bytes of a JSON string are converted to UTF-16.

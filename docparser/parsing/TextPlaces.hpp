@@ -1,6 +1,5 @@
 #pragma once
 
-#include "docparser/Export.hpp"
 #include "docparser/shared/TextPlace.hpp"
 
 #include <cstddef>
@@ -31,11 +30,11 @@ struct SyntaxProblem {
 };
 
 /// Escapes a key for a JSON pointer: '~' becomes "~0" and '/' becomes "~1".
-DOCPARSER_EXPORT std::string pointerToken(std::string_view key);
+std::string pointerToken(std::string_view key);
 
 /// Returns the position of a byte of a text. An offset past the end of the text means the end.
 /// Cost: linear in the offset.
-DOCPARSER_EXPORT TextPlace placeOfOffset(std::string_view text, std::size_t offset);
+TextPlace placeOfOffset(std::string_view text, std::size_t offset);
 
 /// Finds values of a JSON text by their JSON pointers (RFC 6901), in one pass over the text.
 ///
@@ -43,11 +42,11 @@ DOCPARSER_EXPORT TextPlace placeOfOffset(std::string_view text, std::size_t offs
 /// \param text      valid JSON; for any other text the results are unspecified
 /// \param pointers  "" is the document itself
 /// \returns         the position for each pointer, in order; empty if there is no such value
-DOCPARSER_EXPORT std::vector<std::optional<ValuePlace>>
-findValues(std::string_view text, const std::vector<std::string>& pointers);
+std::vector<std::optional<ValuePlace>> findValues(std::string_view text,
+                                                  const std::vector<std::string>& pointers);
 
 /// Returns the first syntax error of a text; empty if the text is valid JSON and not nested deeper
 /// than resource files may be. Cost: one parse of the text.
-DOCPARSER_EXPORT std::optional<SyntaxProblem> findSyntaxProblem(std::string_view text);
+std::optional<SyntaxProblem> findSyntaxProblem(std::string_view text);
 
 } // namespace reference::docparser

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Cxx20.hpp"
+
 namespace reference::docparser {
 
 /// Resources of all products, split by whether the product is installed.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Cxx20.hpp"
+
 namespace reference::docparser {
 
 /// What became of a file or package entry that a retrieval considered. Each has exactly one fate.

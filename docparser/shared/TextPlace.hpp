@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Cxx20.hpp"
+
 #include <cstddef>
 
 namespace reference::docparser {

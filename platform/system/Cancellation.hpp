@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/SeamExport.hpp"
-
 namespace platform {
 
 /// Defers the cancellation of the calling thread during the object's lifetime; a cancellation that
@@ -9,7 +7,7 @@ namespace platform {
 ///
 /// For code that must not be unwound: a destructor that closes a file, and the stack frames of a
 /// library written in C, which would leak its memory.
-class DOCPARSER_SEAM_EXPORT CancellationHold {
+class CancellationHold {
 public:
     CancellationHold() noexcept;
     ~CancellationHold();
@@ -22,6 +20,6 @@ private:
 
 /// Unwinds and ends the calling thread if its cancellation has been requested and nothing defers
 /// it; returns otherwise.
-DOCPARSER_SEAM_EXPORT void letCancellationPass();
+void letCancellationPass();
 
 } // namespace platform

@@ -8,8 +8,9 @@ namespace platform {
 
 /// Returns the folder that this library is installed under, without a separator at its end.
 ///
-/// If the library lies in an installed tree, that is the root of the tree, even after the tree was
-/// moved; otherwise, in a build tree for example, the prefix that the library was built for.
+/// If the library is shared and lies in an installed tree, that is the root of the tree, even after
+/// the tree was moved; otherwise, in a build tree for example, the prefix that the library was
+/// built for.
 std::u16string installationPrefix();
 
 /// Returns the root of the installed tree that has its libraries in a folder. Does not access the

@@ -9,17 +9,6 @@
 
 namespace platform {
 
-/// What a path leads to.
-enum class FileType {
-    Missing, ///< nothing, or nothing that the process is allowed to see
-    Regular,
-    Other ///< a folder, pipe, socket or device; a link counts as its target
-};
-
-/// Returns what a path leads to. Opens nothing and never blocks; a path that contains NUL leads to
-/// nothing.
-DOCPARSER_SEAM_EXPORT FileType fileTypeOf(const NativePath& file) noexcept;
-
 /// A regular file opened for reading; it is closed with the object.
 ///
 /// Only a regular file is ever opened: a folder, pipe, socket or device counts as missing, and

@@ -43,24 +43,23 @@ bool isRegular(int file) noexcept {
     return uninterrupted([&] { return ::fstat(file, &status); }) == 0 && S_ISREG(status.st_mode);
 }
 
-} // namespace
-
-FileType fileTypeOf(const NativePath& file) noexcept {
+bool isRegular(const NativePath& file) noexcept {
     // The system would read the path only up to the NUL and examine another file.
     if (file.find('\0') != std::string::npos)
-        return FileType::Missing;
+        return false;
     struct stat status = {};
-    if (uninterrupted([&] { return ::stat(file.c_str(), &status); }) != 0)
-        return FileType::Missing;
-    return S_ISREG(status.st_mode) ? FileType::Regular : FileType::Other;
+    return uninterrupted([&] { return ::stat(file.c_str(), &status); }) == 0 &&
+           S_ISREG(status.st_mode);
 }
+
+} // namespace
 
 std::optional<RegularFile> RegularFile::open(const NativePath& file) noexcept {
     // A noexcept function must not be unwound; the first read is a cancellation point.
     const CancellationHold hold;
     // Opening a device may have side effects, so the type is checked before opening, and again
     // after it in case the path now leads to another file.
-    if (fileTypeOf(file) != FileType::Regular)
+    if (!isRegular(file))
         return std::nullopt;
     const int opened = openDescriptor(file.c_str());
     if (opened < 0)

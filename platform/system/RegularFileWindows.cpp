@@ -33,28 +33,14 @@ std::intptr_t openExisting(const NativePath& path, DWORD access, DWORD flags) no
                                                          nullptr, OPEN_EXISTING, flags, nullptr));
 }
 
-FileType typeOf(std::intptr_t handle) noexcept {
+bool isRegular(std::intptr_t handle) noexcept {
     BY_HANDLE_FILE_INFORMATION information = {};
-    if (::GetFileType(asHandle(handle)) != FILE_TYPE_DISK ||
-        !::GetFileInformationByHandle(asHandle(handle), &information))
-        return FileType::Other;
-    const bool isFolder = (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    return isFolder ? FileType::Other : FileType::Regular;
+    return ::GetFileType(asHandle(handle)) == FILE_TYPE_DISK &&
+           ::GetFileInformationByHandle(asHandle(handle), &information) &&
+           (information.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 } // namespace
-
-FileType fileTypeOf(const NativePath& file) noexcept {
-    if (isDeviceOrStream(file))
-        return FileType::Missing;
-    // A handle without access rights can only examine the file; the flag allows folders.
-    const std::intptr_t handle = openExisting(file, 0, FILE_FLAG_BACKUP_SEMANTICS);
-    if (handle == kNoHandle)
-        return FileType::Missing;
-    const FileType type = typeOf(handle);
-    ::CloseHandle(asHandle(handle));
-    return type;
-}
 
 std::optional<RegularFile> RegularFile::open(const NativePath& file) noexcept {
     if (isDeviceOrStream(file))
@@ -63,7 +49,7 @@ std::optional<RegularFile> RegularFile::open(const NativePath& file) noexcept {
     if (opened == kNoHandle)
         return std::nullopt;
     RegularFile result(opened);
-    if (typeOf(opened) != FileType::Regular)
+    if (!isRegular(opened))
         return std::nullopt;
     return result;
 }

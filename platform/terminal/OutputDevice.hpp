@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/SeamExport.hpp"
-
 #include <cstddef>
 
 namespace platform {
@@ -14,9 +12,9 @@ struct OutputDevice {
 };
 
 /// Returns the device of standard output.
-DOCPARSER_SEAM_EXPORT OutputDevice askStandardOutput() noexcept;
+OutputDevice askStandardOutput() noexcept;
 
 /// Returns the device of standard error.
-DOCPARSER_SEAM_EXPORT OutputDevice askStandardError() noexcept;
+OutputDevice askStandardError() noexcept;
 
 } // namespace platform

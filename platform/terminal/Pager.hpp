@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/SeamExport.hpp"
-
 #include <string>
 #include <string_view>
 
@@ -19,10 +17,10 @@ namespace platform {
 /// \param command  command line for the shell, UTF-8
 /// \param text     the text to show, unchanged
 /// \returns        false if the command could not be run; then nothing has been shown
-DOCPARSER_SEAM_EXPORT bool showThroughPager(const std::string& command, std::string_view text);
+bool showThroughPager(const std::string& command, std::string_view text);
 
 /// Returns whether a program is in one of the folders of PATH.
 /// \param name  file name without a folder
-DOCPARSER_SEAM_EXPORT bool isProgramInstalled(const std::string& name);
+bool isProgramInstalled(const std::string& name);
 
 } // namespace platform

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/SeamExport.hpp"
-
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,19 +10,18 @@ namespace platform {
 /// \param argumentCount  as main() gets it
 /// \param arguments      as main() gets them; not used on Windows, where they have lost characters
 ///                       and the command line of the system is read instead
-DOCPARSER_SEAM_EXPORT std::vector<std::string> argumentsInUtf8(int argumentCount,
-                                                               char* arguments[]);
+std::vector<std::string> argumentsInUtf8(int argumentCount, char* arguments[]);
 
 /// Returns an environment variable of this process in UTF-8; empty if it is not set.
 /// \param name  ASCII
-DOCPARSER_SEAM_EXPORT std::optional<std::string> environmentVariable(const std::string& name);
+std::optional<std::string> environmentVariable(const std::string& name);
 
 /// Lets standard output and standard error accept UTF-8 during the object's lifetime.
 ///
 /// Bytes pass as they are, without a carriage return before each line feed. A console of Windows
 /// shows UTF-8 and obeys the escape sequences for colours; afterwards its settings are restored.
 /// Does nothing on systems that behave like this anyway.
-class DOCPARSER_SEAM_EXPORT Utf8Output {
+class Utf8Output {
 public:
     Utf8Output() noexcept;
     ~Utf8Output();

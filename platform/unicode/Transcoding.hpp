@@ -1,22 +1,20 @@
 #pragma once
 
-#include "platform/SeamExport.hpp"
-
 #include <string>
 #include <string_view>
 
 namespace platform {
 
 /// Converts UTF-8 to UTF-16; each maximal ill-formed sequence becomes one U+FFFD.
-DOCPARSER_SEAM_EXPORT std::u16string toUtf16(std::string_view text);
+std::u16string toUtf16(std::string_view text);
 
 /// Converts UTF-16 to UTF-8; each unpaired surrogate becomes one U+FFFD.
-DOCPARSER_SEAM_EXPORT std::string toUtf8(std::u16string_view text);
+std::string toUtf8(std::u16string_view text);
 
 /// Returns whether a string is well-formed UTF-8.
-DOCPARSER_SEAM_EXPORT bool isWellFormedUtf8(std::string_view text) noexcept;
+bool isWellFormedUtf8(std::string_view text) noexcept;
 
 /// Returns whether a string is well-formed UTF-16: every surrogate is one half of a pair.
-DOCPARSER_SEAM_EXPORT bool isWellFormedUtf16(std::u16string_view text) noexcept;
+bool isWellFormedUtf16(std::u16string_view text) noexcept;
 
 } // namespace platform

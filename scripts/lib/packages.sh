@@ -23,13 +23,17 @@ test_packages=(
     libvalijson-dev
     zlib1g-dev
     gdb
+    mypy
     python3
+    python3-pytest
     python3-selenium
     chromium
     chromium-driver
     mandoc
     nodejs
     patch
+    git
+    xz-utils
     shellcheck
     zsh
     fish
@@ -70,11 +74,20 @@ windows_packages=(
     python3
 )
 
-# Also for scripts/package: tools that build and check Debian packages.
+# Also for scripts/package: tools that build and check Debian packages. debian/control names the packages
+# that the build needs.
 packaging_packages=(
+    debhelper
+    dh-python
     dpkg-dev
-    file
+    python3
     lintian
+)
+
+# For scripts/source-archive.
+archive_packages=(
+    git
+    xz-utils
 )
 
 # Also for scripts/abi.

@@ -10,7 +10,7 @@ endfunction()
 
 file(REMOVE_RECURSE ${SCRATCH})
 install_into(${SCRATCH}/whole)
-foreach(component IN ITEMS libraries development refdoc licences)
+foreach(component IN ITEMS libraries development refdoc python licences)
     install_into(${SCRATCH}/parts --component ${component})
 endforeach()
 

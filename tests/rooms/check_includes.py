@@ -31,7 +31,7 @@ def may_include(folder, paths, header):
 
 def files_of(folder):
     """Returns the sources and headers directly in a folder, sorted."""
-    return sorted(file for file in folder.iterdir() if file.suffix in (".hpp", ".cpp"))
+    return sorted(file for file in folder.iterdir() if file.suffix in (".h", ".hpp", ".cpp"))
 
 
 def forbidden_includes(root, folder, paths):

@@ -1,5 +1,6 @@
 // Uses the installed library as an application does: with its own host services, a reference root
-// on disk, a record and a missing product. Prints the first failure and exits with 1.
+// on disk, a record and a missing product. The argument, if any, is the expected install folder of
+// the default host services. Prints the first failure and exits with 1.
 
 #include <docparser/DocParserException.hpp>
 #include <docparser/DocResourceParser.hpp>
@@ -104,8 +105,12 @@ void throwsItsExceptionThroughTheLibraryBoundary() {
 
 } // namespace
 
-int main() {
+int main(int argc, char* argv[]) {
     try {
+        if (argc > 1)
+            expect(platform::hostServices()->installPath() ==
+                       std::filesystem::path(argv[1]).u16string(),
+                   "the default services report the folder of the installation");
         const TemporaryFolder installation;
         const auto folder = installation.path() / "help/docCatalog/referenceapi";
         writeResourceFile(folder / "Orchard.json", "Join two trees");

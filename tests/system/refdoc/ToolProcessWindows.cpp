@@ -1,4 +1,4 @@
-#include "platform/unicode/Transcoding.hpp"
+#include "platform/i18n/Converter.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/refdoc/ToolProcess.hpp"
 
@@ -20,12 +20,12 @@ namespace {
 }
 
 std::wstring toWide(std::string_view text) {
-    const std::u16string units = platform::toUtf16(text);
+    const std::u16string units = fl::i18n::to_ustring(text);
     return {units.begin(), units.end()};
 }
 
 std::string toUtf8(std::wstring_view text) {
-    return platform::toUtf8(std::u16string(text.begin(), text.end()));
+    return fl::i18n::to_string(std::u16string(text.begin(), text.end()));
 }
 
 class Handle {

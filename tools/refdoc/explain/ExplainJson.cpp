@@ -1,34 +1,19 @@
+#include "docparser/json/AccountFields.hpp"
+#include "docparser/json/ToJson.hpp"
 #include "tools/refdoc/explain/Explanation.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 
-namespace refdoc {
+namespace reference::json {
 
-using namespace reference::docparser;
-namespace json = boost::json;
-
-template <>
-inline constexpr auto kFields<TextPlace> =
-    std::tuple{Field{"offset", &TextPlace::offset}, Field{"line", &TextPlace::line},
-               Field{"column", &TextPlace::column}};
+using refdoc::LostHeader;
+using refdoc::LostRecord;
+using refdoc::Origin;
+using refdoc::SourceRecord;
 
 template <>
 inline constexpr auto kFields<Origin> =
     std::tuple{Field{"file", &Origin::file}, Field{"pointer", &Origin::pointer},
                Field{"place", &Origin::place}};
-
-template <>
-inline constexpr auto kFields<SectionAccount> =
-    std::tuple{Field{"key", &SectionAccount::key}, Field{"pointer", &SectionAccount::pointer},
-               Field{"fate", &SectionAccount::fate}, Field{"other", &SectionAccount::other}};
-
-template <>
-inline constexpr auto kFields<FileAccount> = std::tuple{
-    Field{"role", &FileAccount::role},        Field{"path", &FileAccount::path},
-    Field{"entry", &FileAccount::entry},      Field{"isTranslation", &FileAccount::isTranslation},
-    Field{"fate", &FileAccount::fate},        Field{"reason", &FileAccount::reason},
-    Field{"pointer", &FileAccount::pointer},  Field{"place", &FileAccount::place},
-    Field{"sections", &FileAccount::sections}};
 
 template <>
 inline constexpr auto kFields<SourceRecord> =
@@ -38,7 +23,7 @@ inline constexpr auto kFields<SourceRecord> =
 template <>
 inline constexpr auto kFields<LostHeader> =
     std::tuple{Field{"origin", &LostHeader::header},
-               Field{"rule", [](const LostHeader& lost) { return toWord(lost.fate); }},
+               Field{"rule", [](const LostHeader& lost) { return refdoc::toWord(lost.fate); }},
                Field{"winner", &LostHeader::winner}};
 
 template <>
@@ -47,10 +32,30 @@ inline constexpr auto kFields<LostRecord> =
                Field{"href", [](const LostRecord& lost) { return lost.record.href; }},
                Field{"refPurpose", [](const LostRecord& lost) { return lost.record.refPurpose; }},
                Field{"origin", [](const LostRecord& lost) { return lost.record.origin; }},
-               Field{"rule", [](const LostRecord& lost) { return toWord(lost.fate); }},
+               Field{"rule", [](const LostRecord& lost) { return refdoc::toWord(lost.fate); }},
                Field{"winner", &LostRecord::winner}};
 
+} // namespace reference::json
+
+namespace refdoc {
+
+using reference::docparser::FileAccount;
+using reference::json::toJson;
+namespace json = boost::json;
+
 namespace {
+
+// The members that are left out are in the "sections" of the explanation, record by record.
+json::value filesDocument(const std::vector<FileAccount>& files) {
+    json::value document = toJson(files);
+    for (json::value& file : document.as_array()) {
+        for (json::value& section : file.at("sections").as_array()) {
+            section.as_object().stable_erase("isInstalled");
+            section.as_object().stable_erase("records");
+        }
+    }
+    return document;
+}
 
 json::value sectionDocument(const SectionOrigins& section, bool isLookup) {
     json::object document{{"key", toJson(section.key)}};
@@ -115,7 +120,7 @@ std::string explanationDocument(const Explanation& explanation) {
     if (explanation.name)
         document["name"] = toJson(*explanation.name);
     document["language"] = toJson(explanation.language);
-    document["files"] = toJson(explanation.account.files);
+    document["files"] = filesDocument(explanation.account.files);
     json::array& sections = document["sections"].emplace_array();
     for (const SectionOrigins& section : explanation.sections)
         sections.push_back(sectionDocument(section, explanation.name.has_value()));

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "docparser/json/RecordFields.hpp"
+#include "docparser/json/ToJson.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
-#include "tools/refdoc/json/RecordFields.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 
 #include <string>
 
@@ -18,6 +18,7 @@ std::string recordLines(const reference::docparser::ResourceMap<T>& sections,
                         const std::u16string& language, const IsInstalled& isInstalled) {
     std::string lines;
     for (const auto& [key, resource] : sections) {
+        using reference::json::toJson;
         boost::json::object line{{"product", toJson(resource.header.getProduct())},
                                  {"section", toJson(key)},
                                  {"language", toJson(language)},

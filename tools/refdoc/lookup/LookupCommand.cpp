@@ -55,7 +55,7 @@ std::string pageOf(const LookupIndex& index, const PageSetup& setup, bool withLi
 
 std::string documentOf(const LookupResults& results) {
     boost::json::monotonic_resource pool;
-    return toIndentedJson(toJson(results, &pool));
+    return toIndentedJson(reference::json::toJson(results, &pool));
 }
 
 std::string linesOf(const LookupResults& results) {

@@ -1,11 +1,11 @@
 #include "tools/refdoc/products/ProductsCommand.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "docparser/json/ToJson.hpp"
 #include "platform/HostServices.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/products/Inventory.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
@@ -26,6 +26,24 @@
 #include <utility>
 #include <vector>
 
+namespace reference::json {
+
+// Not constexpr: on Windows, the address of an imported function is known only at load time.
+template <>
+inline const auto kFields<docparser::ProductPathData> =
+    std::tuple{Field{"name", &docparser::ProductPathData::getName},
+               Field{"nonEnglishLocale", &docparser::ProductPathData::isNonEnglishLocale},
+               Field{"fullPath", &docparser::ProductPathData::getFullPath}};
+
+template <>
+inline const auto kFields<refdoc::ProductInventory> =
+    std::tuple{Field{"product", &refdoc::ProductInventory::product},
+               Field{"languages", &refdoc::ProductInventory::languages},
+               Field{"items", &refdoc::ProductInventory::items},
+               Field{"translations", &refdoc::ProductInventory::translations}};
+
+} // namespace reference::json
+
 namespace refdoc {
 
 using docproduct::TopLevelDocProduct;
@@ -34,21 +52,8 @@ using reference::docparser::DocResourceParser;
 using reference::docparser::ProductLists;
 using reference::docparser::ProductPathData;
 using reference::docparser::ReferenceRoots;
+using reference::json::toJson;
 using Tools = DocResourceParser::ParsingTools;
-
-// Not constexpr: on Windows, the address of an imported function is known only at load time.
-template <>
-inline const auto kFields<ProductPathData> =
-    std::tuple{Field{"name", &ProductPathData::getName},
-               Field{"nonEnglishLocale", &ProductPathData::isNonEnglishLocale},
-               Field{"fullPath", &ProductPathData::getFullPath}};
-
-template <>
-inline const auto kFields<ProductInventory> =
-    std::tuple{Field{"product", &ProductInventory::product},
-               Field{"languages", &ProductInventory::languages},
-               Field{"items", &ProductInventory::items},
-               Field{"translations", &ProductInventory::translations}};
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "tools/refdoc/search/SearchCommand.hpp"
 
 #include "docparser/Queries.hpp"
+#include "docparser/json/RecordFields.hpp"
+#include "docparser/json/ToJson.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Number.hpp"
 #include "tools/refdoc/cli/Options.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
-#include "tools/refdoc/json/RecordFields.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 #include "tools/refdoc/lookup/EmptyIndex.hpp"
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/search/CaseFolding.hpp"
@@ -30,6 +30,7 @@ using fl::i18n::to_string;
 using fl::i18n::to_ustring;
 using reference::docparser::forEachEntry;
 using reference::docparser::IndexEntry;
+using reference::json::toJson;
 using reference::property::RefEntityType;
 using reference::property::RefItemLookup;
 

@@ -2,9 +2,11 @@
 
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
+#include "docparser/json/ProductDocument.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/cli/Number.hpp"
 #include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/json/JsonText.hpp"
 #include "tools/refdoc/json/RecordLines.hpp"
 #include "tools/refdoc/lookup/EntryCells.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
@@ -70,7 +72,7 @@ std::optional<std::string> complaintAboutDamage(const LoadAccount& account) {
 }
 
 std::string documentOf(const std::u16string& product, const ResourceMap<RefItem>& resources) {
-    return toIndentedJson({{"product", toJson(product)}, {"resources", toJson(resources)}});
+    return toIndentedJson(reference::json::productDocument(product, resources));
 }
 
 Answer notFound(const Options& options, std::string complaint) {

@@ -1,6 +1,6 @@
 #include "tools/refdoc/check/fix/Diff.hpp"
 
-#include "platform/unicode/Transcoding.hpp"
+#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 #include "tools/refdoc/terminal/Paint.hpp"
 
@@ -117,8 +117,8 @@ private:
     }
 
     void printLine(std::string_view line, Paint paint) {
-        diff_ += painted(style_.isForTerminal ? visibleText(platform::toUtf16(line)) : line, paint,
-                         style_.color);
+        diff_ += painted(style_.isForTerminal ? visibleText(fl::i18n::to_ustring(line)) : line,
+                         paint, style_.color);
         diff_ += '\n';
     }
 

@@ -1,6 +1,6 @@
+#include "docparser/json/ToJson.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
@@ -9,8 +9,9 @@
 #include <stdexcept>
 #include <utility>
 
-namespace refdoc {
+namespace reference::json {
 
+namespace check = refdoc::check;
 using check::Edit;
 using check::Fix;
 using check::ProductCount;
@@ -82,9 +83,12 @@ inline constexpr auto kFields<Summary> = std::tuple{Field{"checkedFiles", &Summa
                                                     Field{"notes", &Summary::notes},
                                                     Field{"consequences", &Summary::consequences}};
 
-namespace check {
+} // namespace reference::json
+
+namespace refdoc::check {
 
 namespace json = boost::json;
+using reference::json::toJson;
 
 namespace {
 
@@ -150,5 +154,4 @@ std::set<std::string, std::less<>> readFingerprints(std::string_view report) {
     }
 }
 
-} // namespace check
-} // namespace refdoc
+} // namespace refdoc::check

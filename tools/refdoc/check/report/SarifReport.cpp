@@ -1,5 +1,5 @@
 #include "docparser/parsing/TextPlaces.hpp"
-#include "platform/unicode/Transcoding.hpp"
+#include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/check/report/Selection.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
@@ -40,7 +40,7 @@ json::object textObject(std::string_view text) {
 }
 
 json::object artifactOf(std::string_view path) {
-    if (std::filesystem::path(platform::toUtf16(path)).is_absolute())
+    if (std::filesystem::path(fl::i18n::to_ustring(path)).is_absolute())
         return {{"uri", fileUriOf(path)}};
     return {{"uri", uriOf(path)}, {"uriBaseId", kSourceRoot}};
 }

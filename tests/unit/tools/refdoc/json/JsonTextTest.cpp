@@ -1,7 +1,7 @@
 #include "tools/refdoc/json/JsonText.hpp"
 
+#include "docparser/json/ToJson.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/ToJson.hpp"
 
 #include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ bool isControl(char16_t unit) {
 TEST(JsonTextTest, EveryCharacterCanBeParsedBackAndNoControlIsPrinted) {
     for (char32_t unit = 0; unit <= 0xFFFF; ++unit) {
         const std::u16string string{u'<', static_cast<char16_t>(unit), u'>'};
-        const json::object document{{fl::i18n::to_string(string), refdoc::toJson(string)}};
+        const json::object document{{fl::i18n::to_string(string), reference::json::toJson(string)}};
         for (const std::string& text : {toIndentedJson(document), toJsonLine(document)}) {
             ASSERT_EQ(json::parse(text), document) << text;
             std::u16string printed = fl::i18n::to_ustring(text);

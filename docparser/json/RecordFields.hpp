@@ -1,11 +1,9 @@
 #pragma once
 
 #include "docparser/DocResourceParser.hpp"
-#include "tools/refdoc/json/Fields.hpp"
+#include "docparser/json/Fields.hpp"
 
-namespace refdoc {
-
-namespace property = reference::property;
+namespace reference::json {
 
 // The fields of the library's records, in the order of their constructors.
 
@@ -114,13 +112,13 @@ inline constexpr auto kFields<property::RefItemLookup> =
                Field{"functionType", &property::RefItemLookup::getFunctionType}};
 
 template <class T>
-inline constexpr auto kFields<reference::docparser::DocResource<T>> =
-    std::tuple{Field{"header", &reference::docparser::DocResource<T>::header},
-               Field{"items", &reference::docparser::DocResource<T>::items}};
+inline constexpr auto kFields<docparser::DocResource<T>> =
+    std::tuple{Field{"header", &docparser::DocResource<T>::header},
+               Field{"items", &docparser::DocResource<T>::items}};
 
 template <class Map>
-inline constexpr auto kFields<reference::docparser::ParsingResults<Map>> =
-    std::tuple{Field{"installed", &reference::docparser::ParsingResults<Map>::installed},
-               Field{"notInstalled", &reference::docparser::ParsingResults<Map>::notInstalled}};
+inline constexpr auto kFields<docparser::ParsingResults<Map>> =
+    std::tuple{Field{"installed", &docparser::ParsingResults<Map>::installed},
+               Field{"notInstalled", &docparser::ParsingResults<Map>::notInstalled}};
 
-} // namespace refdoc
+} // namespace reference::json

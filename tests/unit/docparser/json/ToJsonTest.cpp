@@ -1,11 +1,11 @@
-#include "tools/refdoc/json/ToJson.hpp"
+#include "docparser/json/ToJson.hpp"
 
-#include "tools/refdoc/json/RecordFields.hpp"
+#include "docparser/json/RecordFields.hpp"
 
 #include <boost/json/serialize.hpp>
 #include <gtest/gtest.h>
 
-namespace refdoc_tests {
+namespace docparser_tests {
 namespace {
 
 struct Leaf {
@@ -22,29 +22,28 @@ struct Tree {
 };
 
 } // namespace
-} // namespace refdoc_tests
+} // namespace docparser_tests
 
-namespace refdoc {
-
-template <>
-inline constexpr auto kFields<refdoc_tests::Leaf> =
-    std::tuple{Field{"text", &refdoc_tests::Leaf::text}, Field{"word", &refdoc_tests::Leaf::word},
-               Field{"number", &refdoc_tests::Leaf::number},
-               Field{"type", &refdoc_tests::Leaf::type}};
+namespace reference::json {
 
 template <>
-inline constexpr auto kFields<refdoc_tests::Tree> =
-    std::tuple{Field{"leaves", &refdoc_tests::Tree::leaves},
-               Field{"isGreen", &refdoc_tests::Tree::isGreen},
-               Field{"names", &refdoc_tests::Tree::names},
-               Field{"height", [](const refdoc_tests::Tree& tree) { return tree.leaves.size(); }}};
+inline constexpr auto kFields<docparser_tests::Leaf> = std::tuple{
+    Field{"text", &docparser_tests::Leaf::text}, Field{"word", &docparser_tests::Leaf::word},
+    Field{"number", &docparser_tests::Leaf::number}, Field{"type", &docparser_tests::Leaf::type}};
 
-} // namespace refdoc
+template <>
+inline constexpr auto kFields<docparser_tests::Tree> = std::tuple{
+    Field{"leaves", &docparser_tests::Tree::leaves},
+    Field{"isGreen", &docparser_tests::Tree::isGreen},
+    Field{"names", &docparser_tests::Tree::names},
+    Field{"height", [](const docparser_tests::Tree& tree) { return tree.leaves.size(); }}};
 
-namespace refdoc_tests {
+} // namespace reference::json
+
+namespace docparser_tests {
 namespace {
 
-using refdoc::toJson;
+using reference::json::toJson;
 
 TEST(ToJsonTest, MakesAnObjectOfTheFieldsInTheirOrder) {
     const Tree tree{.leaves = {{.text = u"木", .word = "w", .number = 3}},
@@ -65,4 +64,4 @@ TEST(ToJsonTest, UnpairedSurrogatesBecomeReplacementCharacters) {
 }
 
 } // namespace
-} // namespace refdoc_tests
+} // namespace docparser_tests

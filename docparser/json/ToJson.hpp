@@ -1,8 +1,8 @@
 #pragma once
 
-#include "docparser/DocResourceParser.hpp"
+#include "docparser/json/Fields.hpp"
+#include "docparser/parsing/Enumerations.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/Fields.hpp"
 
 #include <boost/json/value.hpp>
 
@@ -13,24 +13,24 @@
 #include <type_traits>
 #include <vector>
 
-namespace refdoc {
+namespace reference::json {
 
 // The words of the enumerations in the library's records.
 
-inline std::string_view toWord(reference::property::RefEntityType::Value value) {
-    return reference::property::RefEntityType::enumToString(value);
+inline std::string_view toWord(property::RefEntityType::Value value) {
+    return property::RefEntityType::enumToString(value);
 }
 
-inline std::string_view toWord(reference::property::SyntaxType::Value value) {
-    return reference::property::SyntaxType::enumToString(value);
+inline std::string_view toWord(property::SyntaxType::Value value) {
+    return property::SyntaxType::enumToString(value);
 }
 
-inline std::string_view toWord(reference::property::DeprecationStatus::Value value) {
-    return reference::property::DeprecationStatus::enumToString(value);
+inline std::string_view toWord(property::DeprecationStatus::Value value) {
+    return property::DeprecationStatus::enumToString(value);
 }
 
-inline std::string_view toWord(reference::property::FunctionType::Value value) {
-    return reference::property::FunctionType::enumToString(value);
+inline std::string_view toWord(property::FunctionType::Value value) {
+    return property::FunctionType::enumToString(value);
 }
 
 /// Converts a value to JSON: a UTF-16 or UTF-8 string, a number, a boolean, an enumeration with a
@@ -99,4 +99,4 @@ boost::json::value toJson(const std::map<std::u16string, T>& members,
     return object;
 }
 
-} // namespace refdoc
+} // namespace reference::json

@@ -4,7 +4,7 @@
 #include <functional>
 #include <tuple>
 
-namespace refdoc {
+namespace reference::json {
 
 /// One field of a record: its name and how to get its value.
 /// \tparam Get  a pointer to a member, or a function that takes the record
@@ -33,4 +33,4 @@ void visitFields(const Record& record, const Visit& visit) {
         kFields<Record>);
 }
 
-} // namespace refdoc
+} // namespace reference::json
