@@ -32,17 +32,20 @@ Installation& Installation::instance() {
 
 Installation::Installation() : services_(platform::hostServices()) {}
 
+// Services that a function replaces are destroyed after it has released the lock: their destructor
+// may be host code, which may call the interface.
+
 void Installation::select(const std::optional<std::u16string>& folder) {
     std::shared_ptr<const HostServices> services = servicesOf(folder);
     // Some operations treat a host that fails like one without packages or languages. A malformed
     // manifest is reported here, so that it cannot look like an empty one.
     services->docLanguage();
+    const std::shared_ptr<const HostServices> replaced = platform::hostServices();
     const std::lock_guard lock(mutex_);
     // First, because it is the only step that can fail.
     DocResourceParser::setReferenceRoot(referenceRootOf(*services));
     platform::setHostServices(services);
     DocResourceParser::clearSupportPackageCaches();
-    // The old services are destroyed after the lock is released: their destructor may be host code.
     services_.swap(services);
 }
 
@@ -53,6 +56,7 @@ std::u16string Installation::referenceRoot() const {
 
 void Installation::setLanguages(std::optional<std::u16string> current,
                                 std::optional<std::vector<std::u16string>> supported) {
+    const std::shared_ptr<const HostServices> replaced = platform::hostServices();
     const std::lock_guard lock(mutex_);
     platform::setHostServices(std::make_shared<const platform::LanguageOverrides>(
         services_, std::move(current), std::move(supported)));

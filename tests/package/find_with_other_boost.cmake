@@ -7,7 +7,7 @@ file(WRITE ${boost_folder}/boost_json-config-version.cmake
     "set(PACKAGE_VERSION 1.99.0)\nset(PACKAGE_VERSION_COMPATIBLE TRUE)\n")
 file(WRITE ${SCRATCH}/CMakeLists.txt "
     cmake_minimum_required(VERSION 3.25)
-    project(other_boost LANGUAGES NONE)
+    project(other_boost LANGUAGES CXX)
     set(CMAKE_FIND_USE_CMAKE_SYSTEM_PATH OFF)
     set(CMAKE_FIND_USE_SYSTEM_ENVIRONMENT_PATH OFF)
     find_package(docparser)
@@ -17,6 +17,7 @@ file(WRITE ${SCRATCH}/CMakeLists.txt "
 execute_process(
     COMMAND ${CMAKE_COMMAND} -S ${SCRATCH} -B ${SCRATCH}/build -G ${GENERATOR}
         -D docparser_DIR=${PACKAGE_FOLDER}
+        -D CMAKE_CXX_COMPILER=${COMPILER}
         -D CMAKE_PREFIX_PATH=${SCRATCH}/boost
     OUTPUT_VARIABLE output
     ERROR_VARIABLE output

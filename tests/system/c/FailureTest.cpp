@@ -1,7 +1,7 @@
 // Failures of the C interface: the status, the last error, and what the caller receives.
 
-#include "platform/HostServices.hpp"
 #include "platform/except/IException.hpp"
+#include "tests/system/FakeHost.hpp"
 #include "tests/system/c/CInterfaceTest.hpp"
 
 #include <gmock/gmock.h>
@@ -13,8 +13,6 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
-#include <unordered_set>
-#include <utility>
 #include <vector>
 
 namespace docparser_tests {
@@ -123,31 +121,6 @@ TEST_F(CFailureTest, LongReasonIsCutBetweenCharacters) {
     EXPECT_THAT(reason, EndsWith("木木"));
 }
 
-// A host in the same program whose language service fails.
-class FailingHost final : public platform::HostServices {
-public:
-    explicit FailingHost(std::function<void()> fail) : fail_(std::move(fail)) {}
-
-    std::u16string docLanguage() const override {
-        fail_();
-        return u"en";
-    }
-    std::u16string installPath() const override { return {}; }
-    std::vector<std::u16string> supportedDocLanguages() const override { return {u"en"}; }
-    std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
-    installedTopLevelDocProducts() const override {
-        return {};
-    }
-    std::u16string supportPackageRoot() const override { return {}; }
-    std::unordered_set<std::u16string>
-    installedHardwareSupportPackages(const std::u16string&) const override {
-        return {};
-    }
-
-private:
-    std::function<void()> fail_;
-};
-
 class LicenceError final : public foundation::core::except::IInternalException {
 public:
     const char* what() const noexcept override { return "no licence"; }
@@ -170,7 +143,9 @@ TEST_F(CFailureTest, ExceptionsOfAHostBecomeStatuses) {
         {[] { throw 7; }, DOCPARSER_FAILED, "a service of the host application failed"},
         {[] { throw std::bad_alloc(); }, DOCPARSER_OUT_OF_MEMORY, "out of memory"}};
     for (const Row& row : rows) {
-        platform::setHostServices(std::make_shared<FailingHost>(row.fail));
+        const auto host = std::make_shared<FakeHost>();
+        host->onLanguage = row.fail;
+        platform::setHostServices(host);
         for (const CAnswer& answer : {productOf("P"), index()}) {
             EXPECT_EQ(answer.status, row.status) << row.reason;
             EXPECT_STREQ(docparser_last_error(), row.reason);

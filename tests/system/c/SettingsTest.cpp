@@ -1,10 +1,12 @@
 // The settings of the C interface.
 
+#include "tests/system/FakeHost.hpp"
 #include "tests/system/c/CInterfaceTest.hpp"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 namespace docparser_tests {
@@ -109,6 +111,20 @@ TEST_F(CSettingsTest, NamesMayHaveAnyCharacters) {
     addProduct("Gärten 木 𝑦/docCatalog/referenceapi/Größe.json");
     EXPECT_EQ(docparser_set_root(path("Gärten 木 𝑦").c_str()), DOCPARSER_OK);
     EXPECT_EQ(purposeOf("Größe"), "Gärten 木 𝑦/docCatalog/referenceapi/Größe.json");
+}
+
+// A host in the same program that changes a setting when it is destroyed.
+class CallingHost final : public FakeHost {
+public:
+    ~CallingHost() override { EXPECT_EQ(docparser_set_root(nullptr), DOCPARSER_OK); }
+};
+
+TEST_F(CSettingsTest, HostMayCallTheInterfaceWhenItIsReplaced) {
+    platform::setHostServices(std::make_shared<const CallingHost>());
+    EXPECT_EQ(docparser_set_language("ja", nullptr, 0), DOCPARSER_OK);
+    platform::setHostServices(std::make_shared<const CallingHost>());
+    EXPECT_EQ(docparser_set_install_folder(path().c_str()), DOCPARSER_OK);
+    expectSettingsOfInstallation();
 }
 
 } // namespace

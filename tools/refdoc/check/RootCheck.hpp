@@ -31,7 +31,7 @@ enum class Consequences { Hidden, Shown };
 
 /// Checks the reference root and the support-package folder of the current settings, in all
 /// supported languages. The account of the library's own retrievals decides what became of each
-/// file; the schemas decide about its content. It is a complaint if there is no file to check.
+/// file; the schemas decide about its content. A check without files has a complaint.
 /// \param names  paths as they are written in messages
 /// \throws std::exception  the check could not be completed
 CheckResult checkRoots(Scope scope, Consequences consequences, const PathNames& names,

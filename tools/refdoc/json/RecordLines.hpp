@@ -16,9 +16,9 @@ namespace refdoc {
 template <class T, class IsInstalled>
 std::string recordLines(const reference::docparser::ResourceMap<T>& sections,
                         const std::u16string& language, const IsInstalled& isInstalled) {
+    using reference::json::toJson;
     std::string lines;
     for (const auto& [key, resource] : sections) {
-        using reference::json::toJson;
         boost::json::object line{{"product", toJson(resource.header.getProduct())},
                                  {"section", toJson(key)},
                                  {"language", toJson(language)},
