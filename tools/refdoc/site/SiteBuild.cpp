@@ -11,6 +11,7 @@
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
@@ -96,12 +97,14 @@ public:
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
+        findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
         for (const std::u16string& name : products) {
             LoadAccount failures;
             Product product = readProduct(name, languages_, failures);
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
                 complaints.push_back(complaintAboutProduct(name, failures));
+            product.findings = std::move(findings_.products[name]);
             choosePaths(name, product);
             addPages(product);
             directory_.add(name, product);
@@ -128,7 +131,7 @@ public:
             std::vector<SectionSummary>& sections = summaries_[index];
             std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
             output_.add(languages_[index].folder + std::string(kIndexName),
-                        startPage(languages_, languages_[index], sections));
+                        startPage(languages_, languages_[index], sections, findings_.start));
         }
         for (const html::Asset& asset : html::assets())
             output_.add(fmt::format("{}/{}", kAssetFolder, asset.name), asset.content);
@@ -181,7 +184,8 @@ private:
                 summaries.push_back({.displayName = pages.displayName,
                                      .isInstalled = DocResourceParser::isProductInstalled(key),
                                      .isBroken = true,
-                                     .index = pages.index});
+                                     .index = pages.index,
+                                     .findings = summarize(product.findings.all(), 0, 0)});
             }
         }
     }
@@ -201,7 +205,8 @@ private:
                                .isInstalled = DocResourceParser::isProductInstalled(key),
                                .itemCount = countItems(resource),
                                .deprecatedCount = countDeprecated(resource),
-                               .index = product.pages.at(key).index};
+                               .index = product.pages.at(key).index,
+                               .findings = summarize(product.findings.all(), 0, 0)};
         for (const Edition& edition : product.editions) {
             if (hasOwnSection(edition, key))
                 summary.languages.push_back(edition.language);
@@ -214,6 +219,7 @@ private:
     SiteLanguages languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    SiteFindings findings_;
     std::optional<std::map<std::u16string, SectionName>> lookupSections_; // when it is needed
 };
 
