@@ -17,6 +17,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <future>
+#include <iterator>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -79,14 +81,15 @@ public:
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
         progress.begin("writing", products.size());
-        for (const std::u16string& name : products) {
-            LoadAccount failures;
-            Product product = readProduct(name, languages_, failures);
-            if (product.editions.empty())
-                complaints.push_back(complaintAboutProduct(name, failures));
-            choosePaths(product);
-            addPages(product);
-            directory_.add(name, product);
+        // Each product is read while the pages of the one before it are made.
+        std::future<ReadProduct> next = startReading(*products.begin());
+        for (auto name = products.begin(); name != products.end(); ++name) {
+            ReadProduct current = next.get();
+            if (const auto following = std::next(name); following != products.end())
+                next = startReading(*following);
+            if (current.product.editions.empty())
+                complaints.push_back(complaintAboutProduct(*name, current.failures));
+            addProduct(*name, current.product);
             progress.step();
         }
     }
@@ -117,6 +120,26 @@ public:
     }
 
 private:
+    struct ReadProduct {
+        Product product{};
+        LoadAccount failures{};
+    };
+
+    // On another thread, if the system allows one.
+    std::future<ReadProduct> startReading(const std::u16string& name) const {
+        return std::async([this, name] {
+            ReadProduct read;
+            read.product = readProduct(name, languages_, read.failures);
+            return read;
+        });
+    }
+
+    void addProduct(const std::u16string& name, Product& product) {
+        choosePaths(product);
+        addPages(product);
+        directory_.add(name, product);
+    }
+
     void choosePaths(Product& product) {
         for (const Edition& edition : product.editions) {
             for (const auto& [key, resource] : edition.resources)
@@ -132,24 +155,29 @@ private:
     }
 
     void addPages(const Product& product) {
+        std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
             const auto language =
                 std::ranges::find(languages_, edition.language, &SiteLanguage::code);
             for (const auto& [key, resource] : edition.resources) {
-                addSection(product, edition, key, language->folder);
+                addSection(product, edition, key, language->folder, files);
                 summaries_[static_cast<std::size_t>(language - languages_.begin())].push_back(
                     summaryOf(product, key, resource));
             }
         }
+        output_.add(files);
     }
 
+    // The files refer to the arguments.
     void addSection(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::string& folder) {
+                    const std::string& folder, std::vector<SiteFile>& files) const {
         const SectionPages& pages = product.pages.at(key);
-        output_.add(folder + pages.index, sectionPage(languages_, product, edition, key));
+        files.push_back({folder + pages.index,
+                         [&, this] { return sectionPage(languages_, product, edition, key); }});
         for (const auto& [href, items] : edition.resources.at(key).items)
-            output_.add(folder + pages.items.at(href),
-                        itemPage(languages_, product, edition, key, href));
+            files.push_back({folder + pages.items.at(href), [&, this, &href = href] {
+                                 return itemPage(languages_, product, edition, key, href);
+                             }});
     }
 
     static SectionSummary summaryOf(const Product& product, const std::u16string& key,

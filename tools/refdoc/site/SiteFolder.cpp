@@ -1,6 +1,7 @@
 #include "tools/refdoc/site/SiteFolder.hpp"
 
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/site/Parallel.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -89,17 +90,33 @@ void SiteFolder::expectNoOthers() const {
 }
 
 void SiteFolder::add(const std::string& path, std::string_view content) {
-    list_ << path << '\n';
-    oldFiles_.erase(path);
-    if (hasContent(below(folder_, path), content)) {
-        ++changes_.unchanged;
-        return;
-    }
-    stage(path, content);
-    ++changes_.written;
+    list(path);
+    write(path, content);
 }
 
-void SiteFolder::stage(const std::string& path, std::string_view content) {
+void SiteFolder::add(const std::vector<SiteFile>& files) {
+    for (const SiteFile& file : files)
+        list(file.path);
+    forEachInParallel(files.size(), [&](std::size_t number) {
+        write(files[number].path, files[number].makeContent());
+    });
+}
+
+void SiteFolder::list(const std::string& path) {
+    list_ << path << '\n';
+    oldFiles_.erase(path);
+    ++added_;
+}
+
+// Several threads may call this at a time.
+void SiteFolder::write(const std::string& path, std::string_view content) {
+    if (hasContent(below(folder_, path), content))
+        ++unchanged_;
+    else
+        stage(path, content);
+}
+
+void SiteFolder::stage(const std::string& path, std::string_view content) const {
     const fs::path file = below(staged_, path);
     std::ofstream stream(file, std::ios::binary);
     if (!stream) {
@@ -117,28 +134,31 @@ SiteChanges SiteFolder::publish() {
     const bool isListChanged = !hasContent(folder_ / kListName, list);
     if (isListChanged)
         stage(std::string(kListName), list);
+    SiteChanges changes{.written = added_ - unchanged_, .unchanged = unchanged_};
     if (!fs::exists(folder_) || fs::is_empty(folder_)) {
         fs::remove(folder_);
         fs::rename(staged_, folder_);
-        return changes_;
+        return changes;
     }
     // Should the publication end early, the files of both sites are recognised later.
     if (isListChanged)
         std::ofstream(folder_ / kListName, std::ios::binary | std::ios::app) << list;
-    removeOldFiles();
+    changes.removed = removeOldFiles();
     moveStagedFiles();
-    return changes_;
+    return changes;
 }
 
-void SiteFolder::removeOldFiles() {
+std::size_t SiteFolder::removeOldFiles() const {
+    std::size_t removed = 0;
     for (const std::string& path : oldFiles_) {
         fs::path file = below(folder_, path);
-        changes_.removed += fs::remove(file) ? 1 : 0;
+        removed += fs::remove(file) ? 1 : 0;
         std::error_code notEmpty;
         do {
             file = file.parent_path();
         } while (file != folder_ && fs::remove(file, notEmpty));
     }
+    return removed;
 }
 
 // The list comes last, because it has no lines for the files of the old site.
