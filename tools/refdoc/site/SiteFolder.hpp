@@ -2,6 +2,8 @@
 
 #include "platform/system/TemporaryFolder.hpp"
 
+#include <boost/interprocess/sync/file_lock.hpp>
+
 #include <atomic>
 #include <cstddef>
 #include <filesystem>
@@ -42,8 +44,9 @@ public:
     /// Whether the folder may contain files that are not of a site.
     enum class Others { Refused, Kept };
 
-    /// Creates the folders above the folder.
-    /// \throws std::runtime_error  the folder contains files of others, and these are refused; or
+    /// Creates the folders above the folder, and removes what runs that were killed have left
+    /// beside it. \throws std::runtime_error  the folder contains files of others, and these are
+    /// refused; or
     ///                             it is not a folder
     /// \throws std::filesystem::filesystem_error  a folder cannot be read or created
     SiteFolder(const std::filesystem::path& folder, Others others);
@@ -76,8 +79,9 @@ private:
     std::filesystem::path folder_;
     std::set<std::string> oldFiles_; // of the present site, except those that were added again
     platform::TemporaryFolder temporary_;
-    std::filesystem::path staged_; // as the folder of the site, with the new files only
-    std::ofstream list_;           // of the added files
+    boost::interprocess::file_lock lock_; // held for as long as the temporary folder is in use
+    std::filesystem::path staged_;        // as the folder of the site, with the new files only
+    std::ofstream list_;                  // of the added files
     std::size_t added_ = 0;
     std::atomic<std::size_t> unchanged_ = 0;
 };

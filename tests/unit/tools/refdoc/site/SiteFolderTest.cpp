@@ -152,6 +152,18 @@ TEST_F(SiteFolderTest, FailureToMakeContentLeavesOldSite) {
     EXPECT_EQ(contentOf(folder_.path()), before);
 }
 
+TEST_F(SiteFolderTest, FoldersOfKilledRunsAreRemoved) {
+    folder_.write(".refdoc-1/lock", "");
+    folder_.write(".refdoc-1/site/a.html", "never published");
+    folder_.write(".refdoc-2/mine.txt", "mine");
+    folder_.write("other/lock", "");
+    publish({{"b.html", "b"}});
+    EXPECT_EQ(contentOf(folder_.path()), (Files{{".refdoc-2/mine.txt", "mine"},
+                                                {"other/lock", ""},
+                                                {"out/.refdoc-site", "b.html\n"},
+                                                {"out/b.html", "b"}}));
+}
+
 TEST_F(SiteFolderTest, FilesOfOthersAreRefused) {
     folder_.write("out/notes/todo.txt", "mine");
     const std::string name = '"' + fs::canonical(out_).string() + '"';
