@@ -1,43 +1,54 @@
 #include "tools/refdoc/http/Host.hpp"
 
 #include <boost/algorithm/string/predicate.hpp>
-#include <boost/url/ipv4_address.hpp>
-#include <boost/url/ipv6_address.hpp>
+#include <boost/asio/ip/address.hpp>
+
+#include <optional>
 
 namespace refdoc::http {
 
-namespace urls = boost::urls;
+namespace ip = boost::asio::ip;
 
 namespace {
 
-// \param host  IPv6 addresses are in brackets
-bool isAddress(std::string_view host) {
-    if (host.starts_with('[') && host.ends_with(']'))
-        return urls::parse_ipv6_address(host.substr(1, host.size() - 2)).has_value();
-    return urls::parse_ipv4_address(host).has_value();
+std::optional<ip::address> addressFrom(const std::string& text) {
+    boost::system::error_code error;
+    const ip::address address = ip::make_address(text, error);
+    return error ? std::nullopt : std::optional(address);
 }
 
-bool isLoopbackHost(std::string_view host) {
-    return boost::iequals(host, "localhost") || host == "127.0.0.1" || host == "[::1]";
+// Returns a host of a URL as an address: without the brackets of IPv6.
+std::string withoutBrackets(std::string_view host) {
+    if (host.starts_with('[') && host.ends_with(']'))
+        host = host.substr(1, host.size() - 2);
+    return std::string(host);
 }
 
 } // namespace
 
 std::string urlHost(const std::string& address) {
-    return urls::parse_ipv6_address(address).has_value() ? '[' + address + ']' : address;
+    const std::optional<ip::address> parsed = addressFrom(address);
+    if (!parsed)
+        return address;
+    if (parsed->is_unspecified())
+        return parsed->is_v6() ? "[::1]" : "127.0.0.1";
+    return parsed->is_v6() ? '[' + address + ']' : address;
 }
 
 bool isLoopback(const std::string& address) {
-    return isLoopbackHost(urlHost(address));
+    const std::optional<ip::address> parsed = addressFrom(address);
+    return parsed ? parsed->is_loopback() : boost::iequals(address, "localhost");
 }
 
 bool isOwnHost(std::string_view header, const std::string& address, int port) {
     const std::string portSuffix = ':' + std::to_string(port);
     if (header.ends_with(portSuffix))
         header.remove_suffix(portSuffix.size());
-    const bool isOnAllAddresses = address == "0.0.0.0" || address == "::";
-    return isLoopbackHost(header) || boost::iequals(header, urlHost(address)) ||
-           (isOnAllAddresses && isAddress(header));
+    const std::string host = withoutBrackets(header);
+    if (isLoopback(host) || boost::iequals(host, address))
+        return true;
+    const std::optional<ip::address> own = addressFrom(address);
+    return own && own->is_unspecified() && addressFrom(host);
 }
 
 } // namespace refdoc::http
