@@ -24,10 +24,32 @@ bool isSpecial(char character) noexcept {
     return !escapeOf(character).empty();
 }
 
+constexpr char16_t kFirstIsolate = u'\u2066'; // three characters that begin an isolate
+constexpr char16_t kEndOfIsolate = u'\u2069';
+
+// Ends each directional isolate in the string that begins it, and removes ends without a beginning.
+// Otherwise the first end after the string, that of its element, would not be the end of the
+// element.
+std::u16string withClosedIsolates(std::u16string_view text) {
+    std::u16string closed;
+    std::size_t depth = 0;
+    for (const char16_t character : text) {
+        if (character == kEndOfIsolate) {
+            if (depth == 0)
+                continue;
+            --depth;
+        } else if (character >= kFirstIsolate && character < kEndOfIsolate) {
+            ++depth;
+        }
+        closed += character;
+    }
+    return closed.append(depth, kEndOfIsolate);
+}
+
 } // namespace
 
 void HtmlWriter::text(std::u16string_view text) {
-    escape(visibleText(text));
+    escape(visibleText(withClosedIsolates(text)));
 }
 
 void HtmlWriter::text(std::string_view text) {
