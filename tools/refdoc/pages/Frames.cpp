@@ -50,9 +50,11 @@ std::string nearestPath(const SiteLanguage& language, const Product& product,
     if (edition == product.editions.end())
         return startPath(language);
     const auto resource = edition->resources.find(section);
+    const SectionPages& pages = product.pages.at(section);
+    if (edition->isBroken())
+        return language.folder + pages.index;
     if (resource == edition->resources.end())
         return startPath(language);
-    const SectionPages& pages = product.pages.at(section);
     const bool hasItem = href && resource->second.items.contains(*href);
     return language.folder + (hasItem ? pages.items.at(*href) : pages.index);
 }

@@ -1,6 +1,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/explain/RuleText.hpp"
 #include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/pages/FindingList.hpp"
 #include "tools/refdoc/pages/Frames.hpp"
 #include "tools/refdoc/pages/RecordWriter.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
@@ -66,6 +67,7 @@ public:
     void write() {
         html_.element("h1", {},
                       [&] { html_.element("bdi", {}, resource_.header.getProductName()); });
+        writeBrokenFiles(html_, edition_.brokenFiles);
         writeHeader();
         // The script shows the field.
         html_.element("p", {{"class", "filter"}, {"hidden", ""}}, [&] {

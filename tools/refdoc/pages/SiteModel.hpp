@@ -23,13 +23,23 @@ struct SiteLanguage {
 
 using SiteLanguages = std::vector<SiteLanguage>;
 
+/// A file that exists, but of which the library uses nothing.
+struct BrokenFile {
+    reference::docparser::FileAccount account{}; ///< its fate says why
+    std::string text{};                          ///< the content; empty if it was not read
+};
+
 /// The records of a product in one language, with English ones where a translation lacks them.
+/// Without resources, the edition is broken: nothing but its broken files can be shown.
 struct Edition {
     std::u16string language{};
     reference::docparser::ResourceMap<reference::property::RefItem> resources{};
     reference::docparser::LoadAccount account{};
     /// Where the records of each section come from. Its lost records are sorted by key.
     std::map<std::u16string, SectionOrigins> origins{};
+    std::vector<BrokenFile> brokenFiles{};
+
+    bool isBroken() const noexcept { return resources.empty(); }
 };
 
 /// The pages of a section, by href, in the folder of a language: "orchard/ref/smooth.html". Every
@@ -37,11 +47,12 @@ struct Edition {
 struct SectionPages {
     std::string index{}; ///< "orchard/index.html"
     std::map<std::u16string, std::string> items{};
+    std::u16string displayName{}; ///< for editions that lack the section
 };
 
 /// A product in all languages of the site.
 struct Product {
-    std::vector<Edition> editions{};                ///< of the languages that have any resources
+    std::vector<Edition> editions{}; ///< of the languages that have resources or broken files
     std::map<std::u16string, SectionPages> pages{}; ///< by section
 };
 
@@ -49,6 +60,7 @@ struct Product {
 struct SectionSummary {
     std::u16string displayName{};
     bool isInstalled = false;
+    bool isBroken = false; ///< in this language; see Edition
     std::size_t itemCount = 0;
     std::size_t deprecatedCount = 0;         ///< of the items, those with any status but None
     std::vector<std::u16string> languages{}; ///< those whose own file has the section

@@ -25,7 +25,15 @@ void writeSection(HtmlWriter& writer, const SectionSummary& section) {
         writer.element("th", {{"scope", "row"}}, [&] {
             writer.element("a", {{"href", html::relativeUrl({}, section.index)}},
                            [&] { writer.element("bdi", {}, section.displayName); });
+            if (section.isBroken) {
+                writer.text(" ");
+                writer.element("small", {{"class", "mark error"}}, "file cannot be used");
+            }
         });
+        if (section.isBroken) {
+            writer.element("td", {{"colspan", "3"}}, "");
+            return;
+        }
         writer.element("td", {}, std::to_string(section.itemCount));
         writer.element("td", {}, std::to_string(section.deprecatedCount));
         writer.element("td", {}, languagesOf(section));

@@ -17,6 +17,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -57,6 +59,22 @@ std::size_t countItems(const DocResource<RefItem>& resource) {
     return count;
 }
 
+// The key and the display name of a section.
+using SectionName = std::pair<std::u16string, std::u16string>;
+
+// Returns the names of the sections of the lookup index in English, by product.
+std::map<std::u16string, SectionName> lookupSections() {
+    const LanguageGuard english(DocResourceParser::ParsingTools::kEnglishLocale);
+    const LookupIndex index = DocResourceParser::getResourceLookupFiles();
+    std::map<std::u16string, SectionName> sections;
+    for (const auto* part : {&index.installed, &index.notInstalled}) {
+        for (const auto& [key, resource] : *part)
+            sections.try_emplace(resource.header.getProduct(), key,
+                                 resource.header.getProductName());
+    }
+    return sections;
+}
+
 class SiteBuild {
 public:
     explicit SiteBuild(SiteFolder& output)
@@ -82,9 +100,9 @@ public:
         for (const std::u16string& name : products) {
             LoadAccount failures;
             Product product = readProduct(name, languages_, failures);
-            if (product.editions.empty())
+            if (std::ranges::all_of(product.editions, &Edition::isBroken))
                 complaints.push_back(complaintAboutProduct(name, failures));
-            choosePaths(product);
+            choosePaths(name, product);
             addPages(product);
             directory_.add(name, product);
             progress.step();
@@ -117,10 +135,16 @@ public:
     }
 
 private:
-    void choosePaths(Product& product) {
+    void choosePaths(const std::u16string& name, Product& product) {
         for (const Edition& edition : product.editions) {
             for (const auto& [key, resource] : edition.resources)
-                product.pages.try_emplace(key);
+                product.pages.try_emplace(
+                    key, SectionPages{.displayName = resource.header.getProductName()});
+        }
+        // The file that has the key is broken, but lookup files may have it, too.
+        if (product.pages.empty() && !product.editions.empty()) {
+            const auto [key, displayName] = lookupSectionOf(name);
+            product.pages.emplace(key, SectionPages{.displayName = displayName});
         }
         for (auto& [key, pages] : product.pages) {
             const std::string folder = names_.addFolder(key) + '/';
@@ -131,14 +155,33 @@ private:
         }
     }
 
+    // Returns the product's own name for both if the lookup index does not have it.
+    SectionName lookupSectionOf(const std::u16string& product) {
+        if (!lookupSections_)
+            lookupSections_ = lookupSections();
+        const auto section = lookupSections_->find(product);
+        return section == lookupSections_->end() ? SectionName(product, product) : section->second;
+    }
+
     void addPages(const Product& product) {
         for (const Edition& edition : product.editions) {
             const auto language =
                 std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+            std::vector<SectionSummary>& summaries =
+                summaries_[static_cast<std::size_t>(language - languages_.begin())];
             for (const auto& [key, resource] : edition.resources) {
                 addSection(product, edition, key, language->folder);
-                summaries_[static_cast<std::size_t>(language - languages_.begin())].push_back(
-                    summaryOf(product, key, resource));
+                summaries.push_back(summaryOf(product, key, resource));
+            }
+            if (!edition.isBroken())
+                continue;
+            for (const auto& [key, pages] : product.pages) {
+                output_.add(language->folder + pages.index,
+                            brokenPage(languages_, product, edition, key));
+                summaries.push_back({.displayName = pages.displayName,
+                                     .isInstalled = DocResourceParser::isProductInstalled(key),
+                                     .isBroken = true,
+                                     .index = pages.index});
             }
         }
     }
@@ -171,6 +214,7 @@ private:
     SiteLanguages languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    std::optional<std::map<std::u16string, SectionName>> lookupSections_; // when it is needed
 };
 
 } // namespace

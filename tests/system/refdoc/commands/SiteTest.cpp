@@ -204,8 +204,46 @@ TEST_F(TwoProductsTest, ProductThatCannotBeReadIsReported) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "refdoc: " + path("help/docCatalog/referenceapi/Cellar.json") +
                                " is malformed at 2:1: incomplete JSON; run refdoc check\n");
-    EXPECT_FALSE(fs::exists(path("out/cellar")));
     EXPECT_TRUE(fs::exists(path("out/orchard/b.html")));
+}
+
+TEST_F(TwoProductsTest, ProductThatCannotBeReadHasAPageWithTheReason) {
+    addResource("Cellar", "{\n");
+    addLookup("Cellar", section("cellar", R"({"name": "z", "href": "a.html", "refpurpose": ""})"));
+    site();
+    for (const std::string language : {"", "de/"}) {
+        EXPECT_THAT(page(language + "index.html"),
+                    HasSubstr("<a href=\"cellar/index.html\"><bdi>cellar name</bdi></a> "
+                              "<small class=\"mark error\">file cannot be used</small>"));
+        EXPECT_THAT(page(language + "cellar/index.html"), HasSubstr("Cellar.json:2:1"));
+    }
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(TwoProductsTest, BrokenProductThatIsNotInTheLookupIndexIsNamedByItsFile) {
+    addResource("Cellar", "{\n");
+    site();
+    EXPECT_THAT(page("Cellar/index.html"), HasSubstr("<h1><bdi>Cellar</bdi></h1>"));
+}
+
+TEST_F(TwoProductsTest, BrokenFileOfOneLanguageLeavesTheOtherLanguages) {
+    addResource("Orchard", "{\n");
+    site();
+    EXPECT_THAT(page("orchard/index.html"), HasSubstr("Orchard.json:2:1"));
+    EXPECT_THAT(page("orchard/index.html"),
+                HasSubstr("<a href=\"../de/orchard/index.html\" hreflang=\"de\">"));
+    EXPECT_THAT(page("de/orchard/c.html"),
+                HasSubstr("<a href=\"../../orchard/index.html\" hreflang=\"en\">"));
+    EXPECT_FALSE(fs::exists(path("out/orchard/b.html")));
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(TwoProductsTest, PageOfAProductShowsItsBrokenTranslation) {
+    addResource("Orchard_de", "{\n");
+    site();
+    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("Orchard_de.json:2:1"));
+    EXPECT_THAT(page("de/orchard/b.html"), HasSubstr("not translated into de"));
+    EXPECT_THAT(page("orchard/index.html"), Not(HasSubstr("Orchard_de.json")));
 }
 
 TEST_F(SiteTest, WithoutProductsThereIsNoSite) {
