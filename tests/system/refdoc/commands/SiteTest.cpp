@@ -43,6 +43,43 @@ std::vector<std::string> valuesOf(const std::string& attribute, const std::strin
     return values;
 }
 
+// Without percent-encoding.
+std::string decoded(const std::string& text) {
+    std::string result;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '%') {
+            result += static_cast<char>(std::stoi(text.substr(at + 1, 2), nullptr, 16));
+            at += 2;
+        } else {
+            result += text[at];
+        }
+    }
+    return result;
+}
+
+// The links of all pages that lead to no file or anchor of the site: "PAGE: LINK".
+std::vector<std::string> brokenLinks(const fs::path& site) {
+    std::vector<std::string> broken;
+    for (const std::string& name : filesIn(site)) {
+        if (!name.ends_with(".html"))
+            continue;
+        const std::string page = contentOf(site / name);
+        for (const std::string& link : valuesOf("(?:href|src)", page)) {
+            if (link.starts_with("https://"))
+                continue;
+            const std::string path = decoded(link.substr(0, link.find('#')));
+            const fs::path target = path.empty() ? site / name : (site / name).parent_path() / path;
+            const std::string anchor =
+                link.find('#') == link.npos ? "" : decoded(link.substr(link.find('#') + 1));
+            if (!fs::is_regular_file(target) ||
+                (!anchor.empty() &&
+                 contentOf(target).find(" id=\"" + anchor + '"') == std::string::npos))
+                broken.push_back(name + ": " + link);
+        }
+    }
+    return broken;
+}
+
 class SiteTest : public RefdocTest {
 protected:
     Outcome site(std::vector<std::string> options = {}) const {
@@ -82,6 +119,7 @@ TEST_F(TwoProductsTest, EachSectionAndItemHasAPageInEachLanguage) {
                             "refdoc-site/script.js", "refdoc-site/search.js",
                             "refdoc-site/search/de/parts.js", "refdoc-site/search/en/parts.js",
                             "refdoc-site/style.css"));
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 
 TEST_F(TwoProductsTest, StartPageListsInstalledProductsFirst) {
@@ -274,6 +312,7 @@ TEST_F(SiteTest, LinksLeadToItemsOrTheWebOrStayText) {
                             "https://a.example/?b&amp;c"));
     EXPECT_THAT(text, HasSubstr("<bdi>script</bdi> "
                                 "<small><code><bdi>javascript:alert(1)</bdi></code></small>"));
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 
 TEST_F(SiteTest, AnchorsAreUniqueOnAPage) {
@@ -322,14 +361,16 @@ TEST_F(SiteTest, HostileDataStaysText) {
         EXPECT_THAT(text, Not(HasSubstr("<script>")));
     }
     EXPECT_THAT(foreign, IsEmpty());
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 
-TEST(SampleSiteTest, ArgumentsHaveTheirAnchors) {
+TEST(SampleSiteTest, EveryLinkLeadsToAFileAndAnchor) {
     const docparser_tests::TemporaryFolder folder;
     const std::string out = (folder.path() / "site").string();
     const Outcome outcome = runProgram({"--install", samplesFolder(), "site", out});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(brokenLinks(out), IsEmpty());
     EXPECT_THAT(
         valuesOf("id", contentOf(out + "/orchard/ref/smooth.html")),
         ElementsAre("refdoc-content", "arg-x", "arg-window", "arg-shape", "arg-ends", "out-y"));
