@@ -51,6 +51,14 @@ docs_packages=(
     python3
 )
 
+# Also for scripts/screenshot.
+screenshot_packages=(
+    chromium
+    fonts-dejavu-core
+    fonts-dejavu-extra
+    optipng
+)
+
 # Also for scripts/coverage.
 coverage_packages=(
     gcovr

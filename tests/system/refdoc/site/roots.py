@@ -28,6 +28,12 @@ def write_files(catalog, product, section, entries, suffix=""):
         (catalog / folder / f"{product}{suffix}.json").write_text(text, encoding="utf-8")
 
 
+def write_malformed_file(catalog, product):
+    """Writes a resource file that the library cannot use. The error is in a line of markup."""
+    text = '{"productName":\n"' + HOSTILE.replace('"', '\\"') + '" "x"\n}'
+    (catalog / f"referenceapi/{product}.json").write_text(text, encoding="utf-8")
+
+
 def entries_of(items):
     """Returns an entry of the lookup index for each entity of the items."""
     return [{"name": entity["name"], "href": item["href"], "refpurpose": item["refpurpose"], "type": entity["type"]}
@@ -35,9 +41,9 @@ def entries_of(items):
 
 
 class LargeRoot:
-    """Products in English and Arabic, the same in every run. Every second product is installed."""
+    """Products in English and Arabic, the same in every run. Every second one is installed, and a file is malformed."""
 
-    ITEMS = 8
+    ITEMS = 6
 
     def __init__(self, product_count):
         self.random = random.Random(200)
@@ -52,6 +58,7 @@ class LargeRoot:
             self.write_product(folder, product, f"{product.capitalize()} Tools", items)
             translated = [{**item, "refpurpose": f"وصف {item['refpurpose']}"} for item in items[::2]]
             self.write_product(folder, product, f"أدوات {product}", translated, suffix="_ar")
+        write_malformed_file(folder / "help/docCatalog", "broken")
         manifest = {"supportedDocLanguages": ["en", "ar"],
                     "topLevelProducts": [{"shortName": product} for product in self.products[::2]]}
         (folder / "installation.json").write_text(json.dumps(manifest), encoding="utf-8")
@@ -113,6 +120,7 @@ def write_hostile_root(root):
     """Writes a product whose strings are markup, scripts in links and directional characters."""
     items = [hostile_item(f"ref/{HOSTILE}.html", HOSTILE), hostile_item(SCRIPT_LINK, SCRIPT_LINK)]
     write_files(root / "docCatalog", "Hostile", hostile_section(HOSTILE, HOSTILE, items), entries_of(items))
+    write_malformed_file(root / "docCatalog", "Broken")
 
 
 def write_long_root(root):
