@@ -11,14 +11,15 @@
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <map>
-#include <optional>
+#include <future>
+#include <iterator>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -96,15 +97,21 @@ public:
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
+        findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
-        for (const std::u16string& name : products) {
-            LoadAccount failures;
-            Product product = readProduct(name, languages_, failures);
+        // Each product is read while the pages of the one before it are made.
+        std::future<ReadProduct> next = startReading(*products.begin());
+        for (auto name = products.begin(); name != products.end(); ++name) {
+            auto [product, failures] = next.get();
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
-                complaints.push_back(complaintAboutProduct(name, failures));
-            choosePaths(name, product);
+                complaints.push_back(complaintAboutProduct(*name, failures));
+            product.findings = std::move(findings_.products[*name]);
+            // This may change the language, which would disturb the reading.
+            choosePaths(*name, product);
+            if (const auto following = std::next(name); following != products.end())
+                next = startReading(*following);
             addPages(product);
-            directory_.add(name, product);
+            directory_.add(*name, product);
             progress.step();
         }
     }
@@ -128,13 +135,27 @@ public:
             std::vector<SectionSummary>& sections = summaries_[index];
             std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
             output_.add(languages_[index].folder + std::string(kIndexName),
-                        startPage(languages_, languages_[index], sections));
+                        startPage(languages_, languages_[index], sections, findings_.start));
         }
         for (const html::Asset& asset : html::assets())
             output_.add(fmt::format("{}/{}", kAssetFolder, asset.name), asset.content);
     }
 
 private:
+    struct ReadProduct {
+        Product product{};
+        LoadAccount failures{};
+    };
+
+    // On another thread, if the system allows one.
+    std::future<ReadProduct> startReading(const std::u16string& name) const {
+        return std::async([this, name] {
+            ReadProduct read;
+            read.product = readProduct(name, languages_, read.failures);
+            return read;
+        });
+    }
+
     void choosePaths(const std::u16string& name, Product& product) {
         for (const Edition& edition : product.editions) {
             for (const auto& [key, resource] : edition.resources)
@@ -164,35 +185,42 @@ private:
     }
 
     void addPages(const Product& product) {
+        std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
             const auto language =
                 std::ranges::find(languages_, edition.language, &SiteLanguage::code);
             std::vector<SectionSummary>& summaries =
                 summaries_[static_cast<std::size_t>(language - languages_.begin())];
             for (const auto& [key, resource] : edition.resources) {
-                addSection(product, edition, key, language->folder);
+                addSection(product, edition, key, language->folder, files);
                 summaries.push_back(summaryOf(product, key, resource));
             }
             if (!edition.isBroken())
                 continue;
             for (const auto& [key, pages] : product.pages) {
-                output_.add(language->folder + pages.index,
-                            brokenPage(languages_, product, edition, key));
+                files.push_back({language->folder + pages.index, [&, &key = key] {
+                                     return brokenPage(languages_, product, edition, key);
+                                 }});
                 summaries.push_back({.displayName = pages.displayName,
                                      .isInstalled = DocResourceParser::isProductInstalled(key),
                                      .isBroken = true,
-                                     .index = pages.index});
+                                     .index = pages.index,
+                                     .findings = summarize(product.findings.all(), 0, 0)});
             }
         }
+        output_.add(files);
     }
 
+    // The files refer to the arguments.
     void addSection(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::string& folder) {
+                    const std::string& folder, std::vector<SiteFile>& files) const {
         const SectionPages& pages = product.pages.at(key);
-        output_.add(folder + pages.index, sectionPage(languages_, product, edition, key));
+        files.push_back({folder + pages.index,
+                         [&, this] { return sectionPage(languages_, product, edition, key); }});
         for (const auto& [href, items] : edition.resources.at(key).items)
-            output_.add(folder + pages.items.at(href),
-                        itemPage(languages_, product, edition, key, href));
+            files.push_back({folder + pages.items.at(href), [&, this, &href = href] {
+                                 return itemPage(languages_, product, edition, key, href);
+                             }});
     }
 
     static SectionSummary summaryOf(const Product& product, const std::u16string& key,
@@ -201,7 +229,8 @@ private:
                                .isInstalled = DocResourceParser::isProductInstalled(key),
                                .itemCount = countItems(resource),
                                .deprecatedCount = countDeprecated(resource),
-                               .index = product.pages.at(key).index};
+                               .index = product.pages.at(key).index,
+                               .findings = summarize(product.findings.all(), 0, 0)};
         for (const Edition& edition : product.editions) {
             if (hasOwnSection(edition, key))
                 summary.languages.push_back(edition.language);
@@ -214,6 +243,7 @@ private:
     SiteLanguages languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    SiteFindings findings_;
     std::optional<std::map<std::u16string, SectionName>> lookupSections_; // when it is needed
 };
 
