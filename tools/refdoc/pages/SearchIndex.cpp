@@ -3,12 +3,21 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/html/Urls.hpp"
 #include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/search/CaseFolding.hpp"
+#include "tools/refdoc/search/CodePoints.hpp"
+#include "tools/refdoc/search/Ranking.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <boost/json/array.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <tuple>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace refdoc::site {
 
@@ -18,59 +27,443 @@ using reference::docparser::LookupIndex;
 
 namespace {
 
-constexpr std::string_view kPartStart = "refdocIndex([\n";
-constexpr std::string_view kPartEnd = "]);\n";
+// search.js has the same numbers.
+constexpr std::size_t kMostRowsInPart = 32;
+constexpr std::size_t kLongestKey = 24;   // of "list" and "best", in code units
+constexpr std::size_t kLongestName = 100; // that has near matches, in code units
+constexpr std::ptrdiff_t kFewParts = 4;   // of "list", which a search loads for one text
+constexpr std::size_t kBestCount = 20;    // as many as pages show
 
-// The bits of a row's last element.
-constexpr unsigned kNotInstalled = 1;
-constexpr unsigned kDeprecated = 2;
+// Small files, because a search loads one for nearly each of its results.
+constexpr std::size_t kUsualRows = 2'500;
+
+// A row has four strings of any length, and a link that is not longer than this.
+constexpr std::size_t kLongestString = 1'500;
+
+constexpr std::array kFields{SearchField::Name, SearchField::Href, SearchField::Purpose};
+constexpr int kFieldCount = kFields.size();
+
+// A record of the index with its fields in the form in which they are searched.
+struct FoldedRecord {
+    std::array<std::u16string, kFields.size()> fields;
+
+    SearchedRecord searched() const {
+        return {.name = fields[0], .href = fields[1], .purpose = fields[2]};
+    }
+};
+
+bool isDeprecated(const IndexEntry& entry) {
+    return entry.record->getDeprecated();
+}
+
+// Which records come first among equal matches: 0 to 3.
+unsigned classOf(const IndexEntry& entry) {
+    return (entry.isInstalled ? 0U : 2U) + (isDeprecated(entry) ? 1U : 0U);
+}
+
+// Returns the entries in the order of their numbers.
+std::vector<IndexEntry> sortedEntries(const LookupIndex& index) {
+    std::vector<IndexEntry> entries;
+    forEachEntry(index, [&](const IndexEntry& entry) { entries.push_back(entry); });
+    std::ranges::stable_sort(entries, {}, [](const IndexEntry& entry) {
+        return std::tuple<unsigned, const std::u16string&>(classOf(entry), entry.record->getName());
+    });
+    return entries;
+}
+
+// The largest size of a code unit in JSON, in bytes.
+std::size_t sizeInJson(char16_t unit) {
+    if (unit < 0x20 || unit == u'"' || unit == u'\\' || (unit >= 0x7F && unit < 0xA0))
+        return 6;
+    return unit < 0x80 ? 1 : 3;
+}
+
+// Returns a string, or the start of one that is too long for a row.
+std::u16string startOf(const std::u16string& text) {
+    std::size_t size = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        size += sizeInJson(text[at]);
+        if (size > kLongestString)
+            return text.substr(0, at - (isLowSurrogate(text[at]) ? 1 : 0));
+    }
+    return text;
+}
+
+FoldedRecord foldedRecord(const IndexEntry& entry) {
+    FoldedRecord folded;
+    foldCase(startOf(entry.record->getName()), folded.fields[0]);
+    foldCase(startOf(entry.record->getHref()), folded.fields[1]);
+    foldCase(startOf(entry.record->getRefPurpose()), folded.fields[2]);
+    return folded;
+}
 
 std::string rowOf(const IndexEntry& entry, const std::string& page) {
     const reference::property::RefItemLookup& record = *entry.record;
-    const unsigned flags =
-        (entry.isInstalled ? 0 : kNotInstalled) | (record.getDeprecated() ? kDeprecated : 0);
     std::string row = toJsonLine(boost::json::array{
-        to_string(record.getName()), to_string(record.getHref()), to_string(record.getRefPurpose()),
+        to_string(startOf(record.getName())), to_string(startOf(record.getHref())),
+        to_string(startOf(record.getRefPurpose())),
         to_string(typeText(record.getEntityType(), record.getFunctionType())),
-        to_string(entry.header->getProductName()), html::relativeUrl({}, page), flags});
-    row.insert(row.size() - 1, 1, ','); // before the line feed
+        to_string(startOf(entry.header->getProductName())), html::relativeUrl({}, page)});
+    row.pop_back(); // the line feed
     return row;
 }
 
-class Parts {
+// Writes the rows, and numbers them.
+class Rows {
 public:
-    explicit Parts(const AddFile& addFile) : addFile_(addFile) {}
+    explicit Rows(const AddFile& addFile) : addFile_(addFile) {}
 
-    void add(const std::string& row) {
-        if (!rows_.empty() &&
-            kPartStart.size() + rows_.size() + row.size() + kPartEnd.size() > kLargestPart)
-            finishPart();
-        rows_ += row;
+    // Returns the number of the record.
+    std::uint32_t add(const std::string& row) {
+        if (count_ == kMostRowsInPart || (count_ > 0 && rows_.size() + row.size() > kUsualRows))
+            finish();
+        rows_ += (count_ == 0 ? "" : ",\n") + row;
+        return static_cast<std::uint32_t>(partCount_ * kMostRowsInPart + count_++);
     }
 
+    // Writes what is left.
     void finish() {
-        if (!rows_.empty())
-            finishPart();
-        addFile_("parts.js", fmt::format("refdocIndex({});\n", count_));
+        if (count_ == 0)
+            return;
+        addPart(addFile_, fmt::format("row{}", partCount_++), '[' + std::exchange(rows_, {}) + ']');
+        count_ = 0;
     }
 
 private:
-    void finishPart() {
-        addFile_(fmt::format("{}.js", ++count_),
-                 fmt::format("{}{}{}", kPartStart, std::exchange(rows_, {}), kPartEnd));
-    }
-
     const AddFile& addFile_;
     std::string rows_;
-    std::size_t count_ = 0;
+    std::size_t count_ = 0; // in rows_
+    std::size_t partCount_ = 0;
+};
+
+// How a word stands in a field, the worst way first. All three fields make a code of six bits.
+enum Occurrence : unsigned { None, Inside, AtStart, Whole };
+
+constexpr Occurrence occurrenceIn(unsigned code, SearchField field) {
+    return static_cast<Occurrence>((code >> (2 * static_cast<unsigned>(field))) & 3U);
+}
+
+constexpr unsigned codeOf(SearchField field, Occurrence occurrence) {
+    return occurrence << (2 * static_cast<unsigned>(field));
+}
+
+// A record that has a word.
+struct Posting {
+    std::uint32_t record; // its position in the order of the numbers
+    unsigned code;
+};
+
+class Word {
+public:
+    /// \param text  must outlive the word
+    Word(std::u16string_view text, bool isOfLetters) : text_(text), isOfLetters_(isOfLetters) {}
+
+    void add(std::uint32_t record, SearchField field, Occurrence occurrence) {
+        if (postings_.empty() || postings_.back().record != record)
+            postings_.push_back({record, 0});
+        unsigned& code = postings_.back().code;
+        if (occurrence > occurrenceIn(code, field))
+            code += codeOf(field, occurrence) - codeOf(field, occurrenceIn(code, field));
+    }
+
+    std::u16string_view text() const { return text_; }
+    bool isOfLetters() const { return isOfLetters_; }
+    const std::vector<Posting>& postings() const { return postings_; }
+
+private:
+    std::u16string_view text_;
+    bool isOfLetters_;
+    std::vector<Posting> postings_; // by record
+};
+
+// The words of all records.
+class Words {
+public:
+    // Adds the words of a field of a record, which is not less than those before it.
+    void add(std::u16string_view text, std::uint32_t record, SearchField field) {
+        for (std::size_t start = 0; start < text.size();) {
+            std::size_t end = start;
+            const bool isOfLetters = isWordCharacter(codePointAt(text, end));
+            for (std::size_t next = end;
+                 end < text.size() && isWordCharacter(codePointAt(text, next)) == isOfLetters;)
+                end = next;
+            const bool isWhole = start == 0 && end == text.size();
+            word(text.substr(start, end - start), isOfLetters)
+                .add(record, field,
+                     isWhole      ? Whole
+                     : start == 0 ? AtStart
+                                  : Inside);
+            start = end;
+        }
+    }
+
+    const std::vector<Word>& all() const { return words_; }
+
+private:
+    Word& word(std::u16string_view text, bool isOfLetters) {
+        key_ = text;
+        const auto [position, isNew] = positions_.try_emplace(key_, words_.size());
+        if (isNew)
+            words_.emplace_back(position->first, isOfLetters);
+        return words_[position->second];
+    }
+
+    std::vector<Word> words_;
+    std::unordered_map<std::u16string, std::size_t> positions_; // in words_
+    std::u16string key_; // keeps its memory from one word to the next
+};
+
+// The end of a word, which all searches for a part of the word find. There are millions of them.
+class WordEnd {
+public:
+    WordEnd(const std::vector<Word>& words, std::size_t word, std::size_t start)
+        : word_(static_cast<std::uint32_t>(word)), start_(static_cast<std::uint32_t>(start)) {
+        const std::u16string_view text = rest(words[word]);
+        for (std::size_t at = 0; at < 4; ++at)
+            first_ = (first_ << 16U) | (at < text.size() ? text[at] : 0U);
+    }
+
+    std::size_t word() const { return word_; }
+    bool isWholeWord() const { return start_ == 0; }
+
+    // Returns the characters up to the end of the word.
+    std::u16string_view rest(const Word& word) const { return word.text().substr(start_); }
+
+    // The order of rest(), then of the words.
+    static bool isLess(const WordEnd& left, const WordEnd& right, const std::vector<Word>& words) {
+        if (left.first_ != right.first_)
+            return left.first_ < right.first_;
+        const int order = left.rest(words[left.word_]).compare(right.rest(words[right.word_]));
+        return order != 0 ? order < 0 : left.word_ < right.word_;
+    }
+
+private:
+    std::uint64_t first_ = 0; // code units of rest(), which make comparisons fast
+    std::uint32_t word_;
+    std::uint32_t start_;
+};
+
+// Rank::match and Rank::field as a number, and the worst number.
+constexpr int rankNumber(Match match, SearchField field) {
+    return static_cast<int>(match) * kFieldCount + static_cast<int>(field);
+}
+constexpr int kNoRank = 255;
+
+// Returns how a record matches a text of letters and digits that is the start of a word's end.
+int rankOfPart(bool isWholeWord, bool isWholeEnd, unsigned code) {
+    int best = kNoRank;
+    for (const SearchField field : kFields) {
+        const Occurrence occurrence = occurrenceIn(code, field);
+        if (occurrence == None)
+            continue;
+        Match match = Match::Substring;
+        if (isWholeWord && occurrence >= AtStart)
+            match = isWholeEnd && occurrence == Whole ? Match::Exact : Match::Prefix;
+        else if (isWholeWord && isWholeEnd)
+            match = Match::Word;
+        best = std::min(best, rankNumber(match, field));
+    }
+    return best;
+}
+
+int rankOfOther(const std::u16string& text, const IndexEntry& entry) {
+    const std::optional<Rank> rank = rankOf({text}, foldedRecord(entry).searched());
+    return rank ? rankNumber(rank->match, rank->field) : kNoRank;
+}
+
+class SearchIndex {
+public:
+    SearchIndex(std::vector<IndexEntry> entries, const AddFile& addFile)
+        : entries_(std::move(entries)), addFile_(addFile), ranks_(entries_.size(), kNoRank) {}
+
+    void make(const FindPage& findPage) {
+        addRecords(findPage);
+        const std::string names = addNames();
+        const std::string lists = addLists();
+        addBest(0, ends_.size(), 1);
+        addPart(addFile_, "start",
+                fmt::format(R"({{"list":{},"best":{},"name":{},"classes":[{}]}})", lists,
+                            best_.finish(), names, fmt::join(classes_, ",")));
+    }
+
+private:
+    void addRecords(const FindPage& findPage) {
+        Rows rows(addFile_);
+        for (const IndexEntry& entry : entries_) {
+            const auto record = static_cast<std::uint32_t>(numbers_.size());
+            const std::uint32_t number = rows.add(rowOf(entry, findPage(entry)));
+            numbers_.push_back(number);
+            for (unsigned missing = static_cast<unsigned>(classes_.size());
+                 missing < classOf(entry); ++missing)
+                classes_.push_back(number);
+            const FoldedRecord folded = foldedRecord(entry);
+            for (const SearchField field : kFields)
+                words_.add(folded.fields[static_cast<std::size_t>(field)], record, field);
+            addName(folded.fields[0], number);
+        }
+        rows.finish();
+    }
+
+    // Names are sorted by their length, which the first code unit of the key tells.
+    void addName(const std::u16string& name, std::uint32_t number) {
+        if (name.empty() || name.size() > kLongestName)
+            return;
+        names_.emplace_back(static_cast<char16_t>(name.size()) + name, number);
+    }
+
+    std::string addNames() {
+        std::ranges::sort(names_);
+        IndexTable table("name", addFile_);
+        for (const auto& [key, number] : names_) {
+            std::string numbers;
+            appendNumber(number, numbers);
+            table.add(key, numbers);
+        }
+        names_.clear();
+        return table.finish();
+    }
+
+    // The differences of the record numbers and the codes, in pieces that fit into a part.
+    std::vector<std::string> numbersOf(const Word& word) const {
+        constexpr std::size_t kLargestPiece = 4'000;
+        std::vector<std::string> pieces(1);
+        std::uint32_t last = 0;
+        for (const auto& [record, code] : word.postings()) {
+            if (pieces.back().size() > kLargestPiece) {
+                pieces.emplace_back();
+                last = 0;
+            }
+            const std::uint32_t number = numbers_[record];
+            appendNumber(number - std::exchange(last, number), pieces.back());
+            appendNumber(code, pieces.back());
+        }
+        return pieces;
+    }
+
+    std::string addLists() {
+        const std::vector<Word>& words = words_.all();
+        for (std::size_t word = 0; word < words.size(); ++word) {
+            if (words[word].text() != u" ")
+                addEnds(word);
+        }
+        std::ranges::sort(ends_, [&](const WordEnd& left, const WordEnd& right) {
+            return WordEnd::isLess(left, right, words);
+        });
+        std::vector<std::vector<std::string>> numbers;
+        for (const Word& word : words)
+            numbers.push_back(numbersOf(word));
+        IndexTable table("list", addFile_);
+        for (std::size_t end = 0; end < ends_.size(); ++end) {
+            for (const std::string& piece : numbers[ends_[end].word()]) {
+                const std::size_t part =
+                    table.add(keyOf(ends_[end]), (ends_[end].isWholeWord() ? '$' : '#') + piece);
+                partStarts_.resize(part + 1, end);
+            }
+        }
+        return table.finish();
+    }
+
+    void addEnds(std::size_t word) {
+        const std::u16string_view text = words_.all()[word].text();
+        for (std::size_t start = 0; start < text.size();) {
+            ends_.emplace_back(words_.all(), word, start);
+            codePointAt(text, start); // moves to the next character
+        }
+    }
+
+    const Word& wordOf(const WordEnd& end) const { return words_.all()[end.word()]; }
+
+    std::u16string_view keyOf(const WordEnd& end) const {
+        const std::u16string_view rest = end.rest(wordOf(end));
+        const bool cutsPair = rest.size() > kLongestKey && isHighSurrogate(rest[kLongestKey - 1]);
+        return rest.substr(0, kLongestKey - (cutsPair ? 1 : 0));
+    }
+
+    // Adds the best records for each text that the word ends of too many parts begin with. The
+    // given word ends have the same code units before the last one of `size`.
+    void addBest(std::size_t begin, std::size_t end, std::size_t size) {
+        while (begin != end && keyOf(ends_[begin]).size() < size)
+            ++begin;
+        while (begin != end) {
+            const std::u16string_view text = keyOf(ends_[begin]).substr(0, size);
+            const auto groupEnd =
+                std::partition_point(position(begin), position(end), [&](const WordEnd& wordEnd) {
+                    return keyOf(wordEnd).substr(0, size) <= text;
+                });
+            const auto next = static_cast<std::size_t>(groupEnd - ends_.begin());
+            if (countPartStarts(begin, next) >= kFewParts) {
+                if (!isHighSurrogate(text.back()))
+                    best_.add(text, bestRecords(begin, next, text));
+                addBest(begin, next, size + 1);
+            }
+            begin = next;
+        }
+    }
+
+    std::vector<WordEnd>::const_iterator position(std::size_t end) const {
+        return ends_.begin() + static_cast<std::ptrdiff_t>(end);
+    }
+
+    std::ptrdiff_t countPartStarts(std::size_t begin, std::size_t end) const {
+        return std::ranges::lower_bound(partStarts_, end) -
+               std::ranges::lower_bound(partStarts_, begin);
+    }
+
+    std::string bestRecords(std::size_t begin, std::size_t end, std::u16string_view text) {
+        std::vector<std::uint32_t> found = rankRecords(begin, end, text);
+        const auto sortKey = [&](std::uint32_t record) {
+            const auto [match, field] = std::div(ranks_[record], kFieldCount);
+            return std::tuple(match, classOf(entries_[record]), field, record);
+        };
+        const auto last =
+            found.begin() + static_cast<std::ptrdiff_t>(std::min(kBestCount, found.size()));
+        std::ranges::partial_sort(found, last, {}, sortKey);
+        std::string numbers;
+        std::for_each(found.begin(), last,
+                      [&](std::uint32_t record) { appendNumber(numbers_[record], numbers); });
+        for (const std::uint32_t record : found)
+            ranks_[record] = kNoRank;
+        return numbers;
+    }
+
+    // Sets the ranks of the records of word ends that begin with a text, and returns the records.
+    std::vector<std::uint32_t> rankRecords(std::size_t begin, std::size_t end,
+                                           std::u16string_view text) {
+        std::vector<std::uint32_t> found;
+        for (std::size_t at = begin; at < end; ++at) {
+            const Word& word = wordOf(ends_[at]);
+            const bool isWholeEnd = ends_[at].rest(word).size() == text.size();
+            for (const auto& [record, code] : word.postings()) {
+                if (ranks_[record] == kNoRank)
+                    found.push_back(record);
+                ranks_[record] =
+                    std::min(ranks_[record], rankOfPart(ends_[at].isWholeWord(), isWholeEnd, code));
+            }
+        }
+        if (!wordOf(ends_[begin]).isOfLetters()) {
+            for (const std::uint32_t record : found)
+                ranks_[record] = rankOfOther(std::u16string(text), entries_[record]);
+        }
+        return found;
+    }
+
+    std::vector<IndexEntry> entries_;
+    const AddFile& addFile_;
+    std::vector<std::uint32_t> numbers_; // of the records
+    std::vector<std::uint32_t> classes_; // the first numbers of classes 1, 2 and 3
+    std::vector<std::pair<std::u16string, std::uint32_t>> names_;
+    Words words_;
+    std::vector<WordEnd> ends_;
+    std::vector<std::size_t>
+        partStarts_; // for each part of "list", the word end that it begins with
+    IndexTable best_{"best", addFile_};
+    std::vector<int> ranks_; // of the records for one text
 };
 
 } // namespace
 
 void makeSearchIndex(const LookupIndex& index, const FindPage& findPage, const AddFile& addFile) {
-    Parts parts(addFile);
-    forEachEntry(index, [&](const IndexEntry& entry) { parts.add(rowOf(entry, findPage(entry))); });
-    parts.finish();
+    SearchIndex(sortedEntries(index), addFile).make(findPage);
 }
 
 } // namespace refdoc::site

@@ -106,26 +106,343 @@ function compareStrings(left, right) {
   return left < right ? -1 : left > right ? 1 : 0;
 }
 
-function compareResults(left, right) {
-  for (const [index, number] of left.rank.entries()) {
-    if (number !== right.rank[index]) return number - right.rank[index];
+function compareNumbers(left, right) {
+  for (const [index, number] of left.entries()) {
+    if (number !== right[index]) return number - right[index];
   }
-  return compareStrings(left.entry.name, right.entry.name) || left.entry.position - right.entry.position;
+  return 0;
 }
 
-// Returns the results for a query among entries, the best first: {rank, entry}.
-function search(query, entries) {
-  const texts = textsOf(query);
-  if (texts.length === 0) return [];
-  const results = [];
-  for (const entry of entries) {
-    const rank = rankOf(texts, entry);
-    if (rank) results.push({ rank, entry });
+// The index. `tools/refdoc/pages/SearchIndex.hpp` describes its parts; these numbers are also in
+// `SearchIndex.cpp` and `IndexTable.hpp`.
+const LARGEST_PART = 8000;
+const MOST_ROWS_IN_PART = 32;
+const LONGEST_KEY = 24;
+const LONGEST_NAME = 100;
+const FEW_PARTS = 4;
+const MOST_RESULTS = 20;
+
+// What one search may load, in bytes: for candidates, then for near names, and altogether.
+const LIST_LIMIT = 100_000;
+const NAME_LIMIT = 150_000;
+const LIMIT = 200_000;
+
+// A search needs more of the index than it may load.
+class LimitError extends Error {}
+
+// The parts that one search uses. `load` returns the promise of a part: {size, data}.
+class Loader {
+  bytes = 0;
+  #load;
+  #parts = new Map();
+  #reserved = 0;
+
+  constructor(load) {
+    this.#load = load;
   }
-  return results.sort(compareResults);
+
+  hasRoomFor(partCount, limit) {
+    return this.bytes + this.#reserved + partCount * LARGEST_PART <= limit;
+  }
+
+  part(name) {
+    if (!this.#parts.has(name)) this.#parts.set(name, this.#newPart(name));
+    return this.#parts.get(name);
+  }
+
+  async #newPart(name) {
+    if (!this.hasRoomFor(1, LIMIT)) throw new LimitError();
+    this.#reserved += LARGEST_PART;
+    const { size, data } = await this.#load(name);
+    this.#reserved -= LARGEST_PART;
+    this.bytes += size;
+    return data;
+  }
+}
+
+function numbersIn(digits) {
+  const numbers = [];
+  let number = 0;
+  for (let at = 0; at < digits.length; ++at) {
+    const code = digits.charCodeAt(at);
+    const digit = code - (code > 92 ? 36 : 35);
+    number = number * 45 + (digit % 45);
+    if (digit < 45) {
+      numbers.push(number);
+      number = 0;
+    }
+  }
+  return numbers;
+}
+
+// Returns the positions of the separators between which all keys with a prefix lie.
+function rangeOf(prefix, separators) {
+  const isBefore = (end) => separators.findLastIndex((separator) => separator < end);
+  return { first: Math.max(0, isBefore(prefix)), last: isBefore(prefix + "\uffff") };
+}
+
+// A sorted table of keys with numbers.
+class Table {
+  #name;
+  #separators;
+  #loader;
+
+  constructor(name, separators, loader) {
+    this.#name = name;
+    this.#separators = separators;
+    this.#loader = loader;
+  }
+
+  // Returns the numbers of the parts that may have keys with a prefix; null if they are so many that
+  // even their directories are too much to load.
+  async partsFor(prefix) {
+    const { first, last } = rangeOf(prefix, this.#separators);
+    if (last - first > 1) return null;
+    const parts = [];
+    for (let directory = first; directory <= last; ++directory) {
+      const [firstPart, ...separators] = await this.#loader.part(`${this.#name}-d${directory}`);
+      const range = rangeOf(prefix, separators);
+      for (let at = range.first; at <= range.last; ++at) parts.push(firstPart + at);
+    }
+    return parts;
+  }
+
+  // Returns the rows whose keys have a prefix: {key, numbers}.
+  async rows(parts, prefix) {
+    const rows = [];
+    for (const items of await Promise.all(parts.map((part) => this.#loader.part(this.#name + part)))) {
+      let key = "";
+      for (const item of items) {
+        const end = item.indexOf(" ");
+        const [sharedCount] = numbersIn(item[0]);
+        key = key.slice(0, sharedCount) + item.slice(end + 1);
+        if (key.startsWith(prefix)) rows.push({ key, numbers: numbersIn(item.slice(1, end)) });
+      }
+    }
+    return rows;
+  }
+}
+
+// Returns the words of a text, as the index has them.
+function wordsOf(text) {
+  const words = text.match(/[\p{L}\p{M}\p{N}]+|[^\p{L}\p{M}\p{N}]+/gu);
+  return words.map((word, index) => ({
+    word,
+    prefix: word.slice(0, LONGEST_KEY - 1),
+    isOfLetters: isWordCharacter(word),
+    isFirst: index === 0,
+    isLast: index === words.length - 1,
+  }));
+}
+
+// How a word stands in a field.
+const ABSENT = 0;
+const AT_START = 2;
+const WHOLE = 3;
+
+// Returns the best way in which the text of a word can match a field, if a word of the field ends
+// with `key`.
+function boundInField({ isOfLetters, isFirst, isLast }, isWholeWord, isWholeEnd, occurrence) {
+  if (occurrence === ABSENT) return NONE;
+  if (!isFirst) return EXACT; // only the first word tells
+  if (isWholeWord && occurrence >= AT_START) {
+    return isLast && !(isWholeEnd && occurrence === WHOLE) ? PREFIX : EXACT;
+  }
+  if (!isOfLetters) return WORD;
+  return isWholeWord && (isWholeEnd || !isLast) ? WORD : SUBSTRING;
+}
+
+// Returns boundInField() of the three fields; null if the word does not end this way in the text.
+function boundsIn(word, key, isWholeWord, code) {
+  // The end of long words is not in the index.
+  const isWholeEnd = key === word.word || word.prefix !== word.word;
+  if ((!word.isLast && !isWholeEnd) || (!word.isFirst && !isWholeWord)) return null;
+  return [0, 2, 4].map((shift) => boundInField(word, isWholeWord, isWholeEnd, (code >> shift) & 3));
+}
+
+// Returns the records that may match a word: a map from their numbers to boundsIn().
+async function recordsWith(word, parts, lists) {
+  const records = new Map();
+  for (const { key, numbers } of await lists.rows(parts, word.prefix)) {
+    const isWholeWord = numbers[0] === 1;
+    let record = 0;
+    for (let at = 1; at < numbers.length; at += 2) {
+      record += numbers[at];
+      const bounds = boundsIn(word, key, isWholeWord, numbers[at + 1]);
+      if (bounds === null) continue;
+      const others = records.get(record) ?? [NONE, NONE, NONE];
+      records.set(
+        record,
+        bounds.map((bound, field) => Math.min(bound, others[field])),
+      );
+    }
+  }
+  return records;
+}
+
+// Searches an index. `load` returns the promise of a part by its name: {size, data}.
+class Search {
+  results = [];
+  #loader;
+  #start;
+  #texts;
+  #ranked = new Set();
+
+  constructor(query, load) {
+    this.#texts = textsOf(query);
+    this.#loader = new Loader(load);
+  }
+
+  // The size of the parts of the index that the search has used.
+  get bytes() {
+    return this.#loader.bytes;
+  }
+
+  // Sets `results` to the best results, the best first: {rank, entry}. Returns whether they are
+  // complete; if not, the search would have to load more than the limit.
+  async run() {
+    if (this.#texts.length === 0) return true;
+    try {
+      this.#start = await this.#loader.part("start");
+      return (await this.#findMatches()) && (await this.#findNear());
+    } catch (error) {
+      if (error instanceof LimitError) return false;
+      throw error;
+    }
+  }
+
+  #table(name) {
+    return new Table(name, this.#start[name], this.#loader);
+  }
+
+  async #findMatches() {
+    const lists = this.#table("list");
+    const words = this.#texts.flatMap((text, index) => wordsOf(text).map((word) => ({ ...word, index })));
+    for (const word of words) word.parts = await lists.partsFor(word.prefix);
+    const isShortWord = words.length === 1 && words[0].prefix === words[0].word;
+    if (isShortWord && !(words[0].parts?.length <= FEW_PARTS)) {
+      const best = await this.#bestRecords(words[0].prefix);
+      if (best) return this.#rank(best.map((record) => this.#candidate(record, EXACT)));
+    }
+    const candidates = await this.#candidates(words, lists);
+    return candidates !== null && this.#rank(candidates);
+  }
+
+  // Returns the best records for a text that is a word; undefined if the index has no such list.
+  async #bestRecords(text) {
+    const table = this.#table("best");
+    const parts = await table.partsFor(text);
+    return (await table.rows(parts.slice(0, 2), text)).find(({ key }) => key === text)?.numbers;
+  }
+
+  // Returns the records that may match all texts other than nearly; null if no word has few enough.
+  async #candidates(words, lists) {
+    let records = null;
+    for (const word of words.filter(({ parts }) => parts).sort((a, b) => a.parts.length - b.parts.length)) {
+      if (!this.#loader.hasRoomFor(word.parts.length, LIST_LIMIT)) break;
+      const found = await recordsWith(word, word.parts, lists);
+      records = this.#intersection(records, found, word.index);
+    }
+    if (records === null) return null;
+    const candidates = [];
+    for (const [record, texts] of records) {
+      const bound = Math.max(...texts.map((fields) => Math.min(...fields.map((match, field) => match * 3 + field))));
+      if (bound < NONE * 3) candidates.push(this.#candidate(record, bound));
+    }
+    return candidates;
+  }
+
+  // Returns the records that are in both maps; the bounds of `found` are those of one text.
+  #intersection(records, found, index) {
+    const both = new Map();
+    for (const [record, bounds] of found) {
+      const texts = records === null ? this.#texts.map(() => [EXACT, EXACT, EXACT]) : records.get(record);
+      if (!texts) continue;
+      texts[index] = texts[index].map((bound, field) => Math.max(bound, bounds[field]));
+      both.set(record, texts);
+    }
+    return both;
+  }
+
+  // A record whose results are not better than its order: rank and number.
+  #candidate(record, bound) {
+    const kind = this.#start.classes.filter((first) => record >= first).length;
+    return { record, order: [Math.floor(bound / 3), kind & 2 ? 1 : 0, kind & 1 ? 2 : 0, bound % 3, record] };
+  }
+
+  async #findNear() {
+    if (!this.#canImprove(this.#candidate(0, NEAR * 3))) return true;
+    const names = this.#table("name");
+    const records = new Set();
+    let isComplete = true;
+    for (const text of this.#texts) isComplete = (await this.#addNear(text, names, records)) && isComplete;
+    const isRanked = await this.#rank([...records].map((record) => this.#candidate(record, NEAR * 3)));
+    return isRanked && isComplete;
+  }
+
+  // Adds the records whose name is near a text. Returns false if there are too many names to compare
+  // all; then only names with the same start are compared.
+  async #addNear(text, names, records) {
+    const limit = Math.min(Math.floor(text.length / 3), 2);
+    if (limit === 0 || text.length > LONGEST_NAME) return true;
+    const find = async (start) => {
+      const prefixes = [];
+      for (let length = Math.max(1, text.length - limit); length <= text.length + limit; ++length) {
+        prefixes.push(String.fromCharCode(length) + start);
+      }
+      const parts = [];
+      for (const prefix of prefixes) {
+        const partsOfLength = await names.partsFor(prefix);
+        if (partsOfLength === null) return false;
+        parts.push(...partsOfLength);
+      }
+      const distinct = [...new Set(parts)];
+      if (!this.#loader.hasRoomFor(distinct.length, NAME_LIMIT)) return false;
+      for (const { key, numbers } of await names.rows(distinct, "")) {
+        if (isNear(text, key.slice(1))) numbers.forEach((number) => records.add(number));
+      }
+      return true;
+    };
+    if (await find("")) return true;
+    await find(text.slice(0, 2));
+    return false;
+  }
+
+  // Adds candidates to the results, the most promising first, until there are enough results and the
+  // others cannot be better. Returns true.
+  async #rank(candidates) {
+    const waiting = candidates.filter(({ record }) => !this.#ranked.has(record));
+    waiting.sort((left, right) => compareNumbers(left.order, right.order));
+    while (waiting.length > 0 && this.#canImprove(waiting[0])) {
+      const count = Math.max(1, MOST_RESULTS - this.results.length);
+      const entries = await Promise.all(waiting.splice(0, count).map(({ record }) => this.#entry(record)));
+      for (const entry of entries) this.#addResult(entry);
+    }
+    return true;
+  }
+
+  #canImprove(candidate) {
+    if (this.results.length < MOST_RESULTS) return true;
+    return compareNumbers(candidate.order, this.results.at(-1).order) < 0;
+  }
+
+  async #entry(record) {
+    const rows = await this.#loader.part(`row${Math.floor(record / MOST_ROWS_IN_PART)}`);
+    return readEntry(rows[record % MOST_ROWS_IN_PART], record, this.#candidate(record, EXACT).order);
+  }
+
+  #addResult(entry) {
+    this.#ranked.add(entry.record);
+    const rank = rankOf(this.#texts, entry);
+    if (rank === null) return;
+    this.results.push({ rank, entry, order: [...rank, entry.record] });
+    this.results.sort((left, right) => compareNumbers(left.order, right.order));
+    this.results.splice(MOST_RESULTS);
+  }
 }
 
 // Returns an entry from its row in the index.
-function readEntry([name, href, purpose, type, product, page, flags], position) {
-  return { name, purpose, type, product, page, flags, position, folded: [name, href, purpose].map(foldCase) };
+function readEntry([name, href, purpose, type, product, page], record, [, notInstalled, deprecated]) {
+  const flags = notInstalled | deprecated;
+  return { name, purpose, type, product, page, flags, record, folded: [name, href, purpose].map(foldCase) };
 }
