@@ -79,14 +79,18 @@ std::size_t sizeInJson(char16_t unit) {
 }
 
 // Returns a string, or the start of one that is too long for a row.
-std::u16string startOf(const std::u16string& text) {
+std::u16string_view startOf(std::u16string_view text) {
     std::size_t size = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    for (std::size_t at = 0; at < text.size() && text.size() > kLongestString / 6; ++at) {
         size += sizeInJson(text[at]);
         if (size > kLongestString)
             return text.substr(0, at - (isLowSurrogate(text[at]) ? 1 : 0));
     }
     return text;
+}
+
+std::string utf8StartOf(const std::u16string& text) {
+    return to_string(std::u16string(startOf(text)));
 }
 
 FoldedRecord foldedRecord(const IndexEntry& entry) {
@@ -100,10 +104,10 @@ FoldedRecord foldedRecord(const IndexEntry& entry) {
 std::string rowOf(const IndexEntry& entry, const std::string& page) {
     const reference::property::RefItemLookup& record = *entry.record;
     std::string row = toJsonLine(boost::json::array{
-        to_string(startOf(record.getName())), to_string(startOf(record.getHref())),
-        to_string(startOf(record.getRefPurpose())),
+        utf8StartOf(record.getName()), utf8StartOf(record.getHref()),
+        utf8StartOf(record.getRefPurpose()),
         to_string(typeText(record.getEntityType(), record.getFunctionType())),
-        to_string(startOf(entry.header->getProductName())), html::relativeUrl({}, page)});
+        utf8StartOf(entry.header->getProductName()), html::relativeUrl({}, page)});
     row.pop_back(); // the line feed
     return row;
 }
@@ -218,9 +222,16 @@ class WordEnd {
 public:
     WordEnd(const std::vector<Word>& words, std::size_t word, std::size_t start)
         : word_(static_cast<std::uint32_t>(word)), start_(static_cast<std::uint32_t>(start)) {
+        // Other characters are equal here, so what follows them must not count.
+        constexpr char16_t kNotLatin1 = 0xFF;
         const std::u16string_view text = rest(words[word]);
-        for (std::size_t at = 0; at < 4; ++at)
-            first_ = (first_ << 16U) | (at < text.size() ? text[at] : 0U);
+        bool isExact = true;
+        for (std::size_t at = 0; at < sizeof first_; ++at) {
+            const char16_t unit =
+                isExact && at < text.size() ? std::min(text[at], kNotLatin1) : u'\0';
+            isExact = isExact && unit != kNotLatin1;
+            first_ = (first_ << 8U) | unit;
+        }
     }
 
     std::size_t word() const { return word_; }
@@ -249,26 +260,46 @@ constexpr int rankNumber(Match match, SearchField field) {
 }
 constexpr int kNoRank = 255;
 
-// Returns how a record matches a text of letters and digits that is the start of a word's end.
-int rankOfPart(bool isWholeWord, bool isWholeEnd, unsigned code) {
-    int best = kNoRank;
-    for (const SearchField field : kFields) {
-        const Occurrence occurrence = occurrenceIn(code, field);
-        if (occurrence == None)
-            continue;
-        Match match = Match::Substring;
-        if (isWholeWord && occurrence >= AtStart)
-            match = isWholeEnd && occurrence == Whole ? Match::Exact : Match::Prefix;
-        else if (isWholeWord && isWholeEnd)
-            match = Match::Word;
-        best = std::min(best, rankNumber(match, field));
-    }
-    return best;
+// How a text stands in a word.
+struct PartOfWord {
+    bool isOfLetters; // the word, and thus the text
+    bool isAtStart;
+    bool isAtEnd;
+};
+
+constexpr Match matchOf(const PartOfWord& part, Occurrence occurrence) {
+    if (part.isAtStart && occurrence == Whole)
+        return part.isAtEnd ? Match::Exact : Match::Prefix;
+    if (part.isAtStart && occurrence == AtStart)
+        return Match::Prefix;
+    const bool isWord = part.isOfLetters ? part.isAtStart && part.isAtEnd : !part.isAtStart;
+    return isWord ? Match::Word : Match::Substring;
 }
 
-int rankOfOther(const std::u16string& text, const IndexEntry& entry) {
-    const std::optional<Rank> rank = rankOf({text}, foldedRecord(entry).searched());
-    return rank ? rankNumber(rank->match, rank->field) : kNoRank;
+// The best ranks that codes mean, by their codes.
+using RanksOfCodes = std::array<int, 64>;
+
+constexpr RanksOfCodes ranksOfCodes(const PartOfWord& part) {
+    RanksOfCodes ranks{};
+    for (unsigned code = 0; code < ranks.size(); ++code) {
+        ranks[code] = kNoRank;
+        for (const SearchField field : kFields) {
+            const Occurrence occurrence = occurrenceIn(code, field);
+            if (occurrence != None)
+                ranks[code] = std::min(ranks[code], rankNumber(matchOf(part, occurrence), field));
+        }
+    }
+    return ranks;
+}
+
+const RanksOfCodes& ranksOf(const PartOfWord& part) {
+    static constexpr std::array kRanks{
+        ranksOfCodes({false, false, false}), ranksOfCodes({false, false, true}),
+        ranksOfCodes({false, true, false}),  ranksOfCodes({false, true, true}),
+        ranksOfCodes({true, false, false}),  ranksOfCodes({true, false, true}),
+        ranksOfCodes({true, true, false}),   ranksOfCodes({true, true, true})};
+    return kRanks[(part.isOfLetters ? 4U : 0U) + (part.isAtStart ? 2U : 0U) +
+                  (part.isAtEnd ? 1U : 0U)];
 }
 
 class SearchIndex {
@@ -409,42 +440,52 @@ private:
                std::ranges::lower_bound(partStarts_, begin);
     }
 
+    // Returns the numbers of the best records for a text, which word ends begin with.
     std::string bestRecords(std::size_t begin, std::size_t end, std::u16string_view text) {
-        std::vector<std::uint32_t> found = rankRecords(begin, end, text);
-        const auto sortKey = [&](std::uint32_t record) {
-            const auto [match, field] = std::div(ranks_[record], kFieldCount);
-            return std::tuple(match, classOf(entries_[record]), field, record);
-        };
-        const auto last =
-            found.begin() + static_cast<std::ptrdiff_t>(std::min(kBestCount, found.size()));
-        std::ranges::partial_sort(found, last, {}, sortKey);
+        std::vector<std::uint64_t> best;
+        for (const std::uint32_t record : rankRecords(begin, end, text)) {
+            const int rank = std::exchange(ranks_[record], kNoRank);
+            const auto match = static_cast<std::uint64_t>(rank / kFieldCount);
+            const auto field = static_cast<std::uint64_t>(rank % kFieldCount);
+            best.push_back((match << 40U) | (std::uint64_t{classOf(entries_[record])} << 36U) |
+                           (field << 32U) | record);
+        }
+        const std::size_t count = std::min(kBestCount, best.size());
+        const auto last = best.begin() + static_cast<std::ptrdiff_t>(count);
+        std::partial_sort(best.begin(), last, best.end());
         std::string numbers;
-        std::for_each(found.begin(), last,
-                      [&](std::uint32_t record) { appendNumber(numbers_[record], numbers); });
-        for (const std::uint32_t record : found)
-            ranks_[record] = kNoRank;
+        std::for_each(best.begin(), last, [&](std::uint64_t number) {
+            appendNumber(numbers_[static_cast<std::uint32_t>(number)], numbers);
+        });
         return numbers;
     }
 
-    // Sets the ranks of the records of word ends that begin with a text, and returns the records.
+    // Sets the ranks of the records for a text, which word ends begin with. Returns the records.
     std::vector<std::uint32_t> rankRecords(std::size_t begin, std::size_t end,
                                            std::u16string_view text) {
         std::vector<std::uint32_t> found;
+        const bool isOfLetters = wordOf(ends_[begin]).isOfLetters();
         for (std::size_t at = begin; at < end; ++at) {
             const Word& word = wordOf(ends_[at]);
-            const bool isWholeEnd = ends_[at].rest(word).size() == text.size();
+            const PartOfWord part{isOfLetters, ends_[at].isWholeWord(),
+                                  ends_[at].rest(word).size() == text.size()};
+            // Whether a letter follows is not known here.
+            const bool isUncertain = !isOfLetters && !part.isAtStart && part.isAtEnd;
+            const RanksOfCodes& ranks = ranksOf(part);
             for (const auto& [record, code] : word.postings()) {
                 if (ranks_[record] == kNoRank)
                     found.push_back(record);
                 ranks_[record] =
-                    std::min(ranks_[record], rankOfPart(ends_[at].isWholeWord(), isWholeEnd, code));
+                    std::min(ranks_[record], isUncertain ? rankOfText(text, record) : ranks[code]);
             }
         }
-        if (!wordOf(ends_[begin]).isOfLetters()) {
-            for (const std::uint32_t record : found)
-                ranks_[record] = rankOfOther(std::u16string(text), entries_[record]);
-        }
         return found;
+    }
+
+    int rankOfText(std::u16string_view text, std::uint32_t record) const {
+        const std::optional<Rank> rank =
+            rankOf({std::u16string(text)}, foldedRecord(entries_[record]).searched());
+        return rank ? rankNumber(rank->match, rank->field) : kNoRank;
     }
 
     std::vector<IndexEntry> entries_;

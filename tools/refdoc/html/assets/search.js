@@ -248,7 +248,7 @@ function boundInField({ isOfLetters, isFirst, isLast }, isWholeWord, isWholeEnd,
   if (isWholeWord && occurrence >= AT_START) {
     return isLast && !(isWholeEnd && occurrence === WHOLE) ? PREFIX : EXACT;
   }
-  if (!isOfLetters) return WORD;
+  if (!isOfLetters) return isWholeWord ? SUBSTRING : WORD;
   return isWholeWord && (isWholeEnd || !isLast) ? WORD : SUBSTRING;
 }
 
