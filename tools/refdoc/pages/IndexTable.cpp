@@ -17,7 +17,6 @@ namespace {
 
 // Room for the call of refdocIndex() and the brackets around the data.
 constexpr std::size_t kOverhead = 64;
-constexpr std::size_t kLargestData = kLargestPart - kOverhead;
 
 // Keys share a number of characters that is written as one digit.
 constexpr std::size_t kMostShared = 44;
@@ -89,8 +88,8 @@ void appendNumber(std::uint32_t number, std::string& text) {
     text.append(first, digits.end());
 }
 
-IndexTable::IndexTable(std::string name, const AddFile& addFile)
-    : name_(std::move(name)), addFile_(addFile) {}
+IndexTable::IndexTable(std::string name, std::size_t largestPart, const AddFile& addFile)
+    : name_(std::move(name)), largestPart_(largestPart), addFile_(addFile) {}
 
 std::size_t IndexTable::add(std::u16string_view key, std::string_view numbers) {
     const auto rowAfter = [&](std::size_t sharedCount) {
@@ -99,7 +98,7 @@ std::size_t IndexTable::add(std::u16string_view key, std::string_view numbers) {
         return jsonString(start.append(numbers) + ' ', key.substr(sharedCount));
     };
     std::string row = rowAfter(std::min(countShared(lastKey_, key), kMostShared));
-    if (partCount_ == 0 || rows_.size() + row.size() > kLargestData) {
+    if (partCount_ == 0 || rows_.size() + row.size() > largestPart_ - kOverhead) {
         startPart(key);
         row = rowAfter(0);
     }
@@ -120,7 +119,7 @@ void IndexTable::startPart(std::u16string_view key) {
     if (partCount_ > 0)
         finishPart();
     const std::string separator = jsonString({}, separatorOf(lastKey_, key));
-    if (separators_.size() + separator.size() > kLargestData)
+    if (separators_.size() + separator.size() > kLargestPart - kOverhead)
         finishDirectory();
     if (separators_.empty()) {
         firstPart_ = partCount_;

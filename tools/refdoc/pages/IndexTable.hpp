@@ -33,8 +33,9 @@ void appendNumber(std::uint32_t number, std::string& text);
 /// array of the number of its first part and the separators.
 class IndexTable {
 public:
-    /// \param addFile  must outlive the table
-    IndexTable(std::string name, const AddFile& addFile);
+    /// \param largestPart  the largest size of a part in bytes, but not of a directory
+    /// \param addFile      must outlive the table
+    IndexTable(std::string name, std::size_t largestPart, const AddFile& addFile);
 
     /// Adds a row, and returns the number of its part.
     /// \param key      not less than the key before it, in the order of code units
@@ -51,6 +52,7 @@ private:
     void finishDirectory();
 
     std::string name_;
+    std::size_t largestPart_;
     const AddFile& addFile_;
     std::u16string lastKey_;
     std::string rows_;

@@ -34,6 +34,13 @@ constexpr std::size_t kLongestName = 100; // that has near matches, in code unit
 constexpr std::ptrdiff_t kFewParts = 4;   // of "list", which a search loads for one text
 constexpr std::size_t kBestCount = 20;    // as many as pages show
 
+// The digits of 0 and 1.
+constexpr char kPartOfWord = '#';
+constexpr char kWholeWord = '$';
+
+// Names are looked up by several lengths, so that small files load less.
+constexpr std::size_t kLargestNamePart = 2'000;
+
 // Small files, because a search loads one for nearly each of its results.
 constexpr std::size_t kUsualRows = 2'500;
 
@@ -180,31 +187,31 @@ private:
     std::vector<Posting> postings_; // by record
 };
 
-// The words of all records.
+// Calls a function with the start and the end of each word, and whether it is of letters.
+template <typename Visit>
+void forEachWord(std::u16string_view text, Visit visit) {
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = start;
+        const bool isOfLetters = isWordCharacter(codePointAt(text, end));
+        for (std::size_t next = end;
+             end < text.size() && isWordCharacter(codePointAt(text, next)) == isOfLetters;)
+            end = next;
+        visit(start, end, isOfLetters);
+        start = end;
+    }
+}
+
+// Returns the start of a string that is not longer than a key.
+std::u16string_view shortened(std::u16string_view text) {
+    const bool cutsPair = text.size() > kLongestKey && isHighSurrogate(text[kLongestKey - 1]);
+    return text.substr(0, kLongestKey - (cutsPair ? 1 : 0));
+}
+
+// Words with the records that have them.
 class Words {
 public:
-    // Adds the words of a field of a record, which is not less than those before it.
-    void add(std::u16string_view text, std::uint32_t record, SearchField field) {
-        for (std::size_t start = 0; start < text.size();) {
-            std::size_t end = start;
-            const bool isOfLetters = isWordCharacter(codePointAt(text, end));
-            for (std::size_t next = end;
-                 end < text.size() && isWordCharacter(codePointAt(text, next)) == isOfLetters;)
-                end = next;
-            const bool isWhole = start == 0 && end == text.size();
-            word(text.substr(start, end - start), isOfLetters)
-                .add(record, field,
-                     isWhole      ? Whole
-                     : start == 0 ? AtStart
-                                  : Inside);
-            start = end;
-        }
-    }
-
-    const std::vector<Word>& all() const { return words_; }
-
-private:
-    Word& word(std::u16string_view text, bool isOfLetters) {
+    // Returns a word, which is added if it is new. The reference is valid until the next call.
+    Word& at(std::u16string_view text, bool isOfLetters) {
         key_ = text;
         const auto [position, isNew] = positions_.try_emplace(key_, words_.size());
         if (isNew)
@@ -212,6 +219,9 @@ private:
         return words_[position->second];
     }
 
+    const std::vector<Word>& all() const { return words_; }
+
+private:
     std::vector<Word> words_;
     std::unordered_map<std::u16string, std::size_t> positions_; // in words_
     std::u16string key_; // keeps its memory from one word to the next
@@ -309,12 +319,17 @@ public:
 
     void make(const FindPage& findPage) {
         addRecords(findPage);
-        const std::string names = addNames();
-        const std::string lists = addLists();
+        const std::string names = nameTable("name");
+        reverseNames();
+        const std::string reversedNames = nameTable("eman");
+        const std::string phrases = phraseTable();
+        const std::string lists = listTable();
         addBest(0, ends_.size(), 1);
         addPart(addFile_, "start",
-                fmt::format(R"({{"list":{},"best":{},"name":{},"classes":[{}]}})", lists,
-                            best_.finish(), names, fmt::join(classes_, ",")));
+                fmt::format(R"({{"list":{},"best":{},"phrase":{},"name":{},"eman":{},)"
+                            R"("classes":[{}]}})",
+                            lists, best_.finish(), phrases, names, reversedNames,
+                            fmt::join(classes_, ",")));
     }
 
 private:
@@ -329,28 +344,60 @@ private:
                 classes_.push_back(number);
             const FoldedRecord folded = foldedRecord(entry);
             for (const SearchField field : kFields)
-                words_.add(folded.fields[static_cast<std::size_t>(field)], record, field);
+                addWords(folded.fields[static_cast<std::size_t>(field)], record, field);
             addName(folded.fields[0], number);
         }
         rows.finish();
     }
 
-    // Names are sorted by their length, which the first code unit of the key tells.
-    void addName(const std::u16string& name, std::uint32_t number) {
-        if (name.empty() || name.size() > kLongestName)
-            return;
-        names_.emplace_back(static_cast<char16_t>(name.size()) + name, number);
+    void addWords(std::u16string_view text, std::uint32_t record, SearchField field) {
+        forEachWord(text, [&](std::size_t start, std::size_t end, bool isOfLetters) {
+            const Occurrence occurrence = start > 0 ? Inside : end < text.size() ? AtStart : Whole;
+            words_.at(text.substr(start, end - start), isOfLetters).add(record, field, occurrence);
+            if (text[start] == u' ' || end == text.size() || text[end] == u' ')
+                return;
+            const std::u16string_view phrase = text.substr(start, text.find(u' ', end) - start);
+            phrases_.at(shortened(phrase), isOfLetters).add(record, field, occurrence);
+        });
     }
 
-    std::string addNames() {
+    // Names are sorted by their length, which the first code unit of the key tells.
+    void addName(const std::u16string& name, std::uint32_t number) {
+        if (!name.empty() && name.size() <= kLongestName)
+            names_.emplace_back(static_cast<char16_t>(name.size()) + name, number);
+    }
+
+    std::string nameTable(const std::string& tableName) {
         std::ranges::sort(names_);
-        IndexTable table("name", addFile_);
+        IndexTable table(tableName, kLargestNamePart, addFile_);
         for (const auto& [key, number] : names_) {
             std::string numbers;
             appendNumber(number, numbers);
             table.add(key, numbers);
         }
-        names_.clear();
+        return table.finish();
+    }
+
+    void reverseNames() {
+        std::u16string reversed;
+        for (auto& [key, number] : names_) {
+            reversed = key[0];
+            for (std::size_t at = key.size(); at > 1; at = key.size() - reversed.size() + 1)
+                appendCodePoint(codePointBefore(key, at), reversed);
+            key = reversed;
+        }
+    }
+
+    std::string phraseTable() {
+        std::vector<const Word*> phrases;
+        for (const Word& phrase : phrases_.all())
+            phrases.push_back(&phrase);
+        std::ranges::sort(phrases, {}, &Word::text);
+        IndexTable table("phrase", kLargestPart, addFile_);
+        for (const Word* phrase : phrases) {
+            for (const std::string& piece : numbersOf(*phrase))
+                table.add(phrase->text(), kWholeWord + piece);
+        }
         return table.finish();
     }
 
@@ -371,7 +418,7 @@ private:
         return pieces;
     }
 
-    std::string addLists() {
+    std::string listTable() {
         const std::vector<Word>& words = words_.all();
         for (std::size_t word = 0; word < words.size(); ++word) {
             if (words[word].text() != u" ")
@@ -383,11 +430,12 @@ private:
         std::vector<std::vector<std::string>> numbers;
         for (const Word& word : words)
             numbers.push_back(numbersOf(word));
-        IndexTable table("list", addFile_);
+        IndexTable table("list", kLargestPart, addFile_);
         for (std::size_t end = 0; end < ends_.size(); ++end) {
             for (const std::string& piece : numbers[ends_[end].word()]) {
                 const std::size_t part =
-                    table.add(keyOf(ends_[end]), (ends_[end].isWholeWord() ? '$' : '#') + piece);
+                    table.add(keyOf(ends_[end]),
+                              (ends_[end].isWholeWord() ? kWholeWord : kPartOfWord) + piece);
                 partStarts_.resize(part + 1, end);
             }
         }
@@ -405,9 +453,7 @@ private:
     const Word& wordOf(const WordEnd& end) const { return words_.all()[end.word()]; }
 
     std::u16string_view keyOf(const WordEnd& end) const {
-        const std::u16string_view rest = end.rest(wordOf(end));
-        const bool cutsPair = rest.size() > kLongestKey && isHighSurrogate(rest[kLongestKey - 1]);
-        return rest.substr(0, kLongestKey - (cutsPair ? 1 : 0));
+        return shortened(end.rest(wordOf(end)));
     }
 
     // Adds the best records for each text that the word ends of too many parts begin with. The
@@ -494,10 +540,11 @@ private:
     std::vector<std::uint32_t> classes_; // the first numbers of classes 1, 2 and 3
     std::vector<std::pair<std::u16string, std::uint32_t>> names_;
     Words words_;
+    Words phrases_; // from the start of a word, if the next word is not a space
     std::vector<WordEnd> ends_;
     std::vector<std::size_t>
         partStarts_; // for each part of "list", the word end that it begins with
-    IndexTable best_{"best", addFile_};
+    IndexTable best_{"best", kLargestPart, addFile_};
     std::vector<int> ranks_; // of the records for one text
 };
 

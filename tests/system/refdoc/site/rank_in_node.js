@@ -3,7 +3,7 @@
 // usage: node rank_in_node.js SITE LANGUAGE < QUERIES
 //
 // QUERIES is a JSON array of strings. The output is an array with an object for each query:
-// {isComplete, bytes, results: [[match, name, purpose, flags], ...]}. `bytes` is the size of the
+// {state, bytes, results: [[match, name, purpose, flags], ...]}. `bytes` is the size of the
 // files of the index that the search read.
 "use strict";
 
@@ -32,9 +32,9 @@ async function search(query) {
     return part;
   };
   const search = vm.runInThisContext("(query, load) => new Search(query, load)")(query, load);
-  const isComplete = await search.run();
+  const state = await search.run();
   const results = search.results.map(({ rank, entry }) => [rank[0], entry.name, entry.purpose, entry.flags]);
-  return { isComplete, bytes: [...sizes.values()].reduce((sum, size) => sum + size, 0), results };
+  return { state, bytes: [...sizes.values()].reduce((sum, size) => sum + size, 0), results };
 }
 
 async function main() {

@@ -59,10 +59,11 @@ function resultItem({ entry }, pages) {
   return element("li", {}, title, " ", element("bdi", {}, entry.purpose), " ", details);
 }
 
-function statusText(count, isComplete) {
-  if (!isComplete) return "There may be better results; type more to find them";
+function statusText(count, state) {
+  if (state === PARTIAL) return "There may be better results; type more to find them";
   if (count === MOST_RESULTS) return `The best ${count} results`;
-  return count === 1 ? "1 result" : `${count} results`;
+  const results = count === 1 ? "1 result" : `${count} results`;
+  return state === COMPLETE ? results : `${results}; type more exactly to find others`;
 }
 
 function setUpSearch(box) {
@@ -84,8 +85,8 @@ function setUpSearch(box) {
     const search = new Search(query, load);
     let text;
     try {
-      const isComplete = await search.run();
-      text = query.trim() === "" ? "" : statusText(search.results.length, isComplete);
+      const state = await search.run();
+      text = query.trim() === "" ? "" : statusText(search.results.length, state);
     } catch {
       text = "The search index could not be loaded";
     }

@@ -116,6 +116,7 @@ function compareNumbers(left, right) {
 // The index. `tools/refdoc/pages/SearchIndex.hpp` describes its parts; these numbers are also in
 // `SearchIndex.cpp` and `IndexTable.hpp`.
 const LARGEST_PART = 8000;
+const LARGEST_NAME_PART = 2000;
 const MOST_ROWS_IN_PART = 32;
 const LONGEST_KEY = 24;
 const LONGEST_NAME = 100;
@@ -126,6 +127,11 @@ const MOST_RESULTS = 20;
 const LIST_LIMIT = 100_000;
 const NAME_LIMIT = 150_000;
 const LIMIT = 200_000;
+
+// How complete the results of a search are.
+const COMPLETE = "complete";
+const WITHOUT_SOME_NEAR = "without some near"; // may lack names with two errors, one near each end
+const PARTIAL = "partial"; // there may be better ones
 
 // A search needs more of the index than it may load.
 class LimitError extends Error {}
@@ -141,20 +147,20 @@ class Loader {
     this.#load = load;
   }
 
-  hasRoomFor(partCount, limit) {
-    return this.bytes + this.#reserved + partCount * LARGEST_PART <= limit;
+  hasRoomFor(bytes, limit) {
+    return this.bytes + this.#reserved + bytes <= limit;
   }
 
-  part(name) {
-    if (!this.#parts.has(name)) this.#parts.set(name, this.#newPart(name));
+  part(name, largestSize = LARGEST_PART) {
+    if (!this.#parts.has(name)) this.#parts.set(name, this.#newPart(name, largestSize));
     return this.#parts.get(name);
   }
 
-  async #newPart(name) {
-    if (!this.hasRoomFor(1, LIMIT)) throw new LimitError();
-    this.#reserved += LARGEST_PART;
+  async #newPart(name, largestSize) {
+    if (!this.hasRoomFor(largestSize, LIMIT)) throw new LimitError();
+    this.#reserved += largestSize;
     const { size, data } = await this.#load(name);
-    this.#reserved -= LARGEST_PART;
+    this.#reserved -= largestSize;
     this.bytes += size;
     return data;
   }
@@ -175,10 +181,10 @@ function numbersIn(digits) {
   return numbers;
 }
 
-// Returns the positions of the separators between which all keys with a prefix lie.
-function rangeOf(prefix, separators) {
-  const isBefore = (end) => separators.findLastIndex((separator) => separator < end);
-  return { first: Math.max(0, isBefore(prefix)), last: isBefore(prefix + "\uffff") };
+// Returns the positions of the separators between which all keys from `start` to `end` lie.
+function rangeOf(start, end, separators) {
+  const first = separators.findLastIndex((separator) => separator < start);
+  return { first: Math.max(0, first), last: separators.findLastIndex((separator) => separator <= end) };
 }
 
 // A sorted table of keys with numbers.
@@ -186,22 +192,37 @@ class Table {
   #name;
   #separators;
   #loader;
+  #largestPart;
 
-  constructor(name, separators, loader) {
+  constructor(name, separators, loader, largestPart = LARGEST_PART) {
     this.#name = name;
     this.#separators = separators;
     this.#loader = loader;
+    this.#largestPart = largestPart;
   }
 
-  // Returns the numbers of the parts that may have keys with a prefix; null if they are so many that
-  // even their directories are too much to load.
-  async partsFor(prefix) {
-    const { first, last } = rangeOf(prefix, this.#separators);
+  hasRoomFor(parts, limit) {
+    return this.#loader.hasRoomFor(parts.length * this.#largestPart, limit);
+  }
+
+  // Returns the numbers of the parts that may have a key; null if they are so many that even their
+  // directories are too much to load.
+  partsWith(key) {
+    return this.#partsBetween(key, key);
+  }
+
+  // The same for all keys with a prefix.
+  partsFor(prefix) {
+    return this.#partsBetween(prefix, prefix + "\uffff");
+  }
+
+  async #partsBetween(start, end) {
+    const { first, last } = rangeOf(start, end, this.#separators);
     if (last - first > 1) return null;
     const parts = [];
     for (let directory = first; directory <= last; ++directory) {
       const [firstPart, ...separators] = await this.#loader.part(`${this.#name}-d${directory}`);
-      const range = rangeOf(prefix, separators);
+      const range = rangeOf(start, end, separators);
       for (let at = range.first; at <= range.last; ++at) parts.push(firstPart + at);
     }
     return parts;
@@ -210,7 +231,8 @@ class Table {
   // Returns the rows whose keys have a prefix: {key, numbers}.
   async rows(parts, prefix) {
     const rows = [];
-    for (const items of await Promise.all(parts.map((part) => this.#loader.part(this.#name + part)))) {
+    const load = (part) => this.#loader.part(this.#name + part, this.#largestPart);
+    for (const items of await Promise.all(parts.map(load))) {
       let key = "";
       for (const item of items) {
         const end = item.indexOf(" ");
@@ -223,16 +245,13 @@ class Table {
   }
 }
 
-// Returns the words of a text, as the index has them.
-function wordsOf(text) {
-  const words = text.match(/[\p{L}\p{M}\p{N}]+|[^\p{L}\p{M}\p{N}]+/gu);
-  return words.map((word, index) => ({
-    word,
-    prefix: word.slice(0, LONGEST_KEY - 1),
-    isOfLetters: isWordCharacter(word),
-    isFirst: index === 0,
-    isLast: index === words.length - 1,
-  }));
+// Returns what to look up for a text: its first word, and the phrase that follows it.
+function lookupsFor(text) {
+  const [word] = text.match(/^(?:[\p{L}\p{M}\p{N}]+|[^\p{L}\p{M}\p{N}]+)/u);
+  const isAll = word === text;
+  const first = { table: "list", text: word, isOfLetters: isWordCharacter(word), isFirst: true, isLast: isAll };
+  const lookups = isAll ? [first] : [first, { table: "phrase", text: text.slice(word.length), isFirst: false, isLast: true }];
+  return lookups.map((lookup) => ({ ...lookup, prefix: lookup.text.slice(0, LONGEST_KEY - 1) }));
 }
 
 // How a word stands in a field.
@@ -240,8 +259,7 @@ const ABSENT = 0;
 const AT_START = 2;
 const WHOLE = 3;
 
-// Returns the best way in which the text of a word can match a field, if a word of the field ends
-// with `key`.
+// Returns the best way in which the text of a lookup can match a field that has a key.
 function boundInField({ isOfLetters, isFirst, isLast }, isWholeWord, isWholeEnd, occurrence) {
   if (occurrence === ABSENT) return NONE;
   if (!isFirst) return EXACT; // only the first word tells
@@ -252,23 +270,23 @@ function boundInField({ isOfLetters, isFirst, isLast }, isWholeWord, isWholeEnd,
   return isWholeWord && (isWholeEnd || !isLast) ? WORD : SUBSTRING;
 }
 
-// Returns boundInField() of the three fields; null if the word does not end this way in the text.
-function boundsIn(word, key, isWholeWord, code) {
-  // The end of long words is not in the index.
-  const isWholeEnd = key === word.word || word.prefix !== word.word;
-  if ((!word.isLast && !isWholeEnd) || (!word.isFirst && !isWholeWord)) return null;
-  return [0, 2, 4].map((shift) => boundInField(word, isWholeWord, isWholeEnd, (code >> shift) & 3));
+// Returns boundInField() of the three fields; null if the text is not in any of them.
+function boundsIn(lookup, key, isWholeWord, code) {
+  // The end of long keys is not in the index.
+  const isWholeEnd = key === lookup.text || lookup.prefix !== lookup.text;
+  if (!lookup.isLast && !isWholeEnd) return null;
+  return [0, 2, 4].map((shift) => boundInField(lookup, isWholeWord, isWholeEnd, (code >> shift) & 3));
 }
 
-// Returns the records that may match a word: a map from their numbers to boundsIn().
-async function recordsWith(word, parts, lists) {
+// Returns the records that may match a lookup: a map from their numbers to boundsIn().
+async function recordsWith(lookup, table) {
   const records = new Map();
-  for (const { key, numbers } of await lists.rows(parts, word.prefix)) {
+  for (const { key, numbers } of await table.rows(lookup.parts, lookup.prefix)) {
     const isWholeWord = numbers[0] === 1;
     let record = 0;
     for (let at = 1; at < numbers.length; at += 2) {
       record += numbers[at];
-      const bounds = boundsIn(word, key, isWholeWord, numbers[at + 1]);
+      const bounds = boundsIn(lookup, key, isWholeWord, numbers[at + 1]);
       if (bounds === null) continue;
       const others = records.get(record) ?? [NONE, NONE, NONE];
       records.set(
@@ -298,34 +316,43 @@ class Search {
     return this.#loader.bytes;
   }
 
-  // Sets `results` to the best results, the best first: {rank, entry}. Returns whether they are
-  // complete; if not, the search would have to load more than the limit.
+  // Sets `results` to the best results, the best first: {rank, entry}. Returns COMPLETE or what the
+  // search leaves out in order to load no more than the limit.
   async run() {
-    if (this.#texts.length === 0) return true;
+    if (this.#texts.length === 0) return COMPLETE;
     try {
       this.#start = await this.#loader.part("start");
-      return (await this.#findMatches()) && (await this.#findNear());
+      if (!(await this.#findMatches())) return PARTIAL;
+      return (await this.#findNear()) ? COMPLETE : WITHOUT_SOME_NEAR;
     } catch (error) {
-      if (error instanceof LimitError) return false;
+      if (error instanceof LimitError) return PARTIAL;
       throw error;
     }
   }
 
-  #table(name) {
-    return new Table(name, this.#start[name], this.#loader);
+  #table(name, largestPart) {
+    return new Table(name, this.#start[name], this.#loader, largestPart);
   }
 
+  // Returns false if the search is too general.
   async #findMatches() {
-    const lists = this.#table("list");
-    const words = this.#texts.flatMap((text, index) => wordsOf(text).map((word) => ({ ...word, index })));
-    for (const word of words) word.parts = await lists.partsFor(word.prefix);
-    const isShortWord = words.length === 1 && words[0].prefix === words[0].word;
-    if (isShortWord && !(words[0].parts?.length <= FEW_PARTS)) {
-      const best = await this.#bestRecords(words[0].prefix);
-      if (best) return this.#rank(best.map((record) => this.#candidate(record, EXACT)));
+    const lookups = this.#texts.flatMap((text, index) => lookupsFor(text).map((lookup) => ({ ...lookup, index })));
+    for (const lookup of lookups) {
+      const table = this.#table(lookup.table);
+      const isWhole = !lookup.isLast && lookup.prefix === lookup.text;
+      lookup.parts = await (isWhole ? table.partsWith(lookup.text) : table.partsFor(lookup.prefix));
     }
-    const candidates = await this.#candidates(words, lists);
-    return candidates !== null && this.#rank(candidates);
+    const [first] = lookups;
+    if (lookups.length === 1 && first.prefix === first.text && !(first.parts?.length <= FEW_PARTS)) {
+      const best = await this.#bestRecords(first.text);
+      if (best) {
+        await this.#rank(best.map((record) => this.#candidate(record, EXACT)));
+        return true;
+      }
+    }
+    const candidates = await this.#candidates(lookups);
+    if (candidates !== null) await this.#rank(candidates);
+    return candidates !== null;
   }
 
   // Returns the best records for a text that is a word; undefined if the index has no such list.
@@ -335,13 +362,14 @@ class Search {
     return (await table.rows(parts.slice(0, 2), text)).find(({ key }) => key === text)?.numbers;
   }
 
-  // Returns the records that may match all texts other than nearly; null if no word has few enough.
-  async #candidates(words, lists) {
+  // Returns the records that may match all texts other than nearly; null if no lookup has few enough.
+  async #candidates(lookups) {
     let records = null;
-    for (const word of words.filter(({ parts }) => parts).sort((a, b) => a.parts.length - b.parts.length)) {
-      if (!this.#loader.hasRoomFor(word.parts.length, LIST_LIMIT)) break;
-      const found = await recordsWith(word, word.parts, lists);
-      records = this.#intersection(records, found, word.index);
+    const possible = lookups.filter(({ parts }) => parts);
+    for (const lookup of possible.sort((left, right) => left.parts.length - right.parts.length)) {
+      const table = this.#table(lookup.table);
+      if (!table.hasRoomFor(lookup.parts, LIST_LIMIT)) break;
+      records = this.#intersection(records, await recordsWith(lookup, table), lookup.index);
     }
     if (records === null) return null;
     const candidates = [];
@@ -370,46 +398,48 @@ class Search {
     return { record, order: [Math.floor(bound / 3), kind & 2 ? 1 : 0, kind & 1 ? 2 : 0, bound % 3, record] };
   }
 
+  // Returns false if there are too many names to find all that are near.
   async #findNear() {
     if (!this.#canImprove(this.#candidate(0, NEAR * 3))) return true;
-    const names = this.#table("name");
     const records = new Set();
     let isComplete = true;
-    for (const text of this.#texts) isComplete = (await this.#addNear(text, names, records)) && isComplete;
-    const isRanked = await this.#rank([...records].map((record) => this.#candidate(record, NEAR * 3)));
-    return isRanked && isComplete;
+    for (const text of this.#texts) isComplete = (await this.#addNear(text, records)) && isComplete;
+    await this.#rank([...records].map((record) => this.#candidate(record, NEAR * 3)));
+    return isComplete;
   }
 
-  // Adds the records whose name is near a text. Returns false if there are too many names to compare
-  // all; then only names with the same start are compared.
-  async #addNear(text, names, records) {
+  // Adds the records whose name is near a text. If there are too many names, only those are compared
+  // that have the same start or the same end. One error leaves either as it is, two may not.
+  async #addNear(text, records) {
     const limit = Math.min(Math.floor(text.length / 3), 2);
     if (limit === 0 || text.length > LONGEST_NAME) return true;
-    const find = async (start) => {
-      const prefixes = [];
-      for (let length = Math.max(1, text.length - limit); length <= text.length + limit; ++length) {
-        prefixes.push(String.fromCharCode(length) + start);
-      }
-      const parts = [];
-      for (const prefix of prefixes) {
-        const partsOfLength = await names.partsFor(prefix);
-        if (partsOfLength === null) return false;
-        parts.push(...partsOfLength);
-      }
-      const distinct = [...new Set(parts)];
-      if (!this.#loader.hasRoomFor(distinct.length, NAME_LIMIT)) return false;
-      for (const { key, numbers } of await names.rows(distinct, "")) {
-        if (isNear(text, key.slice(1))) numbers.forEach((number) => records.add(number));
-      }
-      return true;
-    };
-    if (await find("")) return true;
-    await find(text.slice(0, 2));
-    return false;
+    if (limit > 1 && (await this.#addNearIn("name", text, "", limit, records))) return true;
+    const size = Math.min(2, Math.floor((text.length - 1) / 2));
+    const reversed = Array.from(text).reverse().join("");
+    const isStartComplete = await this.#addNearIn("name", text, text.slice(0, size), limit, records);
+    const isEndComplete = await this.#addNearIn("eman", reversed, reversed.slice(0, size), limit, records);
+    return limit === 1 && isStartComplete && isEndComplete;
+  }
+
+  // The same for the names in a table that begin with `start`. Does nothing and returns false if they
+  // are too many.
+  async #addNearIn(tableName, text, start, limit, records) {
+    const table = this.#table(tableName, LARGEST_NAME_PART);
+    const parts = new Set();
+    for (let length = Math.max(1, text.length - limit); length <= text.length + limit; ++length) {
+      const partsOfLength = await table.partsFor(String.fromCharCode(length) + start);
+      if (partsOfLength === null) return false;
+      for (const part of partsOfLength) parts.add(part);
+    }
+    if (!table.hasRoomFor([...parts], NAME_LIMIT)) return false;
+    for (const { key, numbers } of await table.rows([...parts], "")) {
+      if (isNear(text, key.slice(1))) numbers.forEach((number) => records.add(number));
+    }
+    return true;
   }
 
   // Adds candidates to the results, the most promising first, until there are enough results and the
-  // others cannot be better. Returns true.
+  // others cannot be better.
   async #rank(candidates) {
     const waiting = candidates.filter(({ record }) => !this.#ranked.has(record));
     waiting.sort((left, right) => compareNumbers(left.order, right.order));
@@ -418,7 +448,6 @@ class Search {
       const entries = await Promise.all(waiting.splice(0, count).map(({ record }) => this.#entry(record)));
       for (const entry of entries) this.#addResult(entry);
     }
-    return true;
   }
 
   #canImprove(candidate) {
