@@ -354,9 +354,9 @@ private:
         forEachWord(text, [&](std::size_t start, std::size_t end, bool isOfLetters) {
             const Occurrence occurrence = start > 0 ? Inside : end < text.size() ? AtStart : Whole;
             words_.at(text.substr(start, end - start), isOfLetters).add(record, field, occurrence);
-            if (text[start] == u' ' || end == text.size() || text[end] == u' ')
+            if (start == 0 || text[start - 1] == u' ' || text[start] == u' ')
                 return;
-            const std::u16string_view phrase = text.substr(start, text.find(u' ', end) - start);
+            const std::u16string_view phrase = text.substr(start, text.find(u' ', start) - start);
             phrases_.at(shortened(phrase), isOfLetters).add(record, field, occurrence);
         });
     }
@@ -540,7 +540,7 @@ private:
     std::vector<std::uint32_t> classes_; // the first numbers of classes 1, 2 and 3
     std::vector<std::pair<std::u16string, std::uint32_t>> names_;
     Words words_;
-    Words phrases_; // from the start of a word, if the next word is not a space
+    Words phrases_; // from the start of a word up to a space, if there is no space before it
     std::vector<WordEnd> ends_;
     std::vector<std::size_t>
         partStarts_; // for each part of "list", the word end that it begins with

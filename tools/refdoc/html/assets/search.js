@@ -124,17 +124,27 @@ const FEW_PARTS = 4;
 const MOST_RESULTS = 20;
 
 // What one search may load, in bytes: for candidates, then for near names, and altogether.
-const LIST_LIMIT = 100_000;
-const NAME_LIMIT = 150_000;
+const LIST_LIMIT = 120_000;
+const NAME_LIMIT = 160_000;
 const LIMIT = 200_000;
 
 // How complete the results of a search are.
 const COMPLETE = "complete";
-const WITHOUT_SOME_NEAR = "without some near"; // may lack names with two errors, one near each end
+const WITHOUT_SOME_NEAR = "without some near"; // may lack some names with two typing errors
 const PARTIAL = "partial"; // there may be better ones
 
 // A search needs more of the index than it may load.
 class LimitError extends Error {}
+
+// Returns the result of a step of a search; false if it needs more than the search may load.
+async function withinLimit(step) {
+  try {
+    return await step();
+  } catch (error) {
+    if (error instanceof LimitError) return false;
+    throw error;
+  }
+}
 
 // The parts that one search uses. `load` returns the promise of a part: {size, data}.
 class Loader {
@@ -149,6 +159,11 @@ class Loader {
 
   hasRoomFor(bytes, limit) {
     return this.bytes + this.#reserved + bytes <= limit;
+  }
+
+  // Returns how many parts may be loaded at once.
+  get room() {
+    return Math.floor((LIMIT - this.bytes - this.#reserved) / LARGEST_PART);
   }
 
   part(name, largestSize = LARGEST_PART) {
@@ -320,14 +335,9 @@ class Search {
   // search leaves out in order to load no more than the limit.
   async run() {
     if (this.#texts.length === 0) return COMPLETE;
-    try {
-      this.#start = await this.#loader.part("start");
-      if (!(await this.#findMatches())) return PARTIAL;
-      return (await this.#findNear()) ? COMPLETE : WITHOUT_SOME_NEAR;
-    } catch (error) {
-      if (error instanceof LimitError) return PARTIAL;
-      throw error;
-    }
+    this.#start = await this.#loader.part("start");
+    if (!(await withinLimit(() => this.#findMatches()))) return PARTIAL;
+    return (await withinLimit(() => this.#findNear())) ? COMPLETE : WITHOUT_SOME_NEAR;
   }
 
   #table(name, largestPart) {
@@ -444,7 +454,7 @@ class Search {
     const waiting = candidates.filter(({ record }) => !this.#ranked.has(record));
     waiting.sort((left, right) => compareNumbers(left.order, right.order));
     while (waiting.length > 0 && this.#canImprove(waiting[0])) {
-      const count = Math.max(1, MOST_RESULTS - this.results.length);
+      const count = Math.max(1, Math.min(MOST_RESULTS - this.results.length, this.#loader.room));
       const entries = await Promise.all(waiting.splice(0, count).map(({ record }) => this.#entry(record)));
       for (const entry of entries) this.#addResult(entry);
     }
