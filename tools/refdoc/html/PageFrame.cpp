@@ -10,10 +10,6 @@ namespace refdoc::html {
 
 namespace {
 
-constexpr std::string_view kPolicy =
-    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; base-uri 'none'; "
-    "form-action 'none'";
-
 void writeHead(HtmlWriter& writer, const PageFrame& frame) {
     writer.element("head", {}, [&] {
         writer.emptyElement("meta", {{"charset", "utf-8"}});
