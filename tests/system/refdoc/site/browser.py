@@ -137,7 +137,7 @@ class BrowserTest(unittest.TestCase):
         """Types a string and waits until the results are complete and begin with these names."""
         self.press(text)
         self.wait(lambda: self.results()[:len(first)] == first
-                  and self.one("[role=status]").text.endswith(("result", "results")))
+                  and not self.one("[role=status]").text.endswith("so far"))
 
     def assert_fits_window(self):
         overflow = "return document.documentElement.scrollWidth - document.documentElement.clientWidth"
