@@ -3,13 +3,18 @@
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace refdoc::html {
 
 namespace {
 
-std::string_view escapeOf(char character) noexcept {
+// Most pages are smaller.
+constexpr std::size_t kUsualPageSize = 16 * 1024;
+
+constexpr std::string_view escapeOf(char character) noexcept {
     switch (character) {
     case '&': return "&amp;";
     case '<': return "&lt;";
@@ -20,14 +25,36 @@ std::string_view escapeOf(char character) noexcept {
     }
 }
 
-bool isSpecial(char character) noexcept {
-    return !escapeOf(character).empty();
+constexpr std::array<bool, 256> kIsSpecial = [] {
+    std::array<bool, 256> isSpecial{};
+    for (std::size_t byte = 0; byte < isSpecial.size(); ++byte)
+        isSpecial[byte] = !escapeOf(static_cast<char>(byte)).empty();
+    return isSpecial;
+}();
+
+constexpr bool isSpecial(char character) noexcept {
+    return kIsSpecial[static_cast<unsigned char>(character)];
+}
+
+constexpr bool isPlain(char16_t unit) noexcept {
+    return unit >= u' ' && unit <= u'~' && !isSpecial(static_cast<char>(unit));
 }
 
 } // namespace
 
+HtmlWriter::HtmlWriter() {
+    html_.reserve(kUsualPageSize);
+}
+
 void HtmlWriter::text(std::u16string_view text) {
-    escape(visibleText(text));
+    // Most strings need neither conversion nor escapes.
+    const auto rest = std::ranges::find_if_not(text, isPlain);
+    const std::size_t start = html_.size();
+    html_.resize(start + static_cast<std::size_t>(rest - text.begin()));
+    std::transform(text.begin(), rest, html_.begin() + static_cast<std::ptrdiff_t>(start),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    if (rest != text.end())
+        escape(visibleText({rest, text.end()}));
 }
 
 void HtmlWriter::text(std::string_view text) {

@@ -39,6 +39,8 @@ using Attributes = std::initializer_list<Attribute>;
 ///     });
 class HtmlWriter {
 public:
+    HtmlWriter();
+
     void text(std::u16string_view text);
     /// \param text  as in an Attribute
     void text(std::string_view text);

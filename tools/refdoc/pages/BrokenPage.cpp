@@ -13,6 +13,8 @@ std::string brokenPage(const SiteLanguages& languages, const Product& product,
                             [&](HtmlWriter& writer) {
                                 writer.element("h1", {}, [&] { writer.element("bdi", {}, title); });
                                 writeBrokenFiles(writer, edition.brokenFiles);
+                                writeFindingsPanel(writer,
+                                                   findingsBeside(edition, product.findings));
                             });
 }
 

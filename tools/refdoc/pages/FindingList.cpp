@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <utility>
@@ -144,6 +145,36 @@ void writeFindings(HtmlWriter& writer, std::vector<ReportedFinding> findings,
         writer.element("p", {},
                        fmt::format("{} not shown; refdoc check lists all of them",
                                    check::counted(count - findings.size(), "finding")));
+}
+
+void writeFindingsNote(HtmlWriter& writer, const std::vector<ReportedFinding>& findings) {
+    if (findings.empty())
+        return;
+    const std::string url = '#' + std::string(kFindingsId);
+    writer.element("p", {{"class", "findings-note"}}, [&] {
+        writer.element("a", {{"href", url}}, check::countsText(check::summarize(findings, 0, 0)));
+    });
+}
+
+void writeFindingsPanel(HtmlWriter& writer, std::vector<ReportedFinding> findings) {
+    if (findings.empty())
+        return;
+    writer.element("section", {{"class", "findings"}, {"id", kFindingsId}}, [&] {
+        writer.element("h2", {}, "Findings of refdoc check");
+        writeFindings(writer, std::move(findings));
+    });
+}
+
+std::vector<ReportedFinding> findingsBeside(const Edition& edition,
+                                            const ProductFindings& findings) {
+    std::vector<ReportedFinding> beside;
+    std::ranges::copy_if(
+        findings.all(), std::back_inserter(beside), [&](const ReportedFinding& finding) {
+            return std::ranges::none_of(edition.brokenFiles, [&](const BrokenFile& file) {
+                return file.account.path == finding.location.file->source.path;
+            });
+        });
+    return beside;
 }
 
 void writeBrokenFiles(HtmlWriter& writer, const std::vector<BrokenFile>& files) {

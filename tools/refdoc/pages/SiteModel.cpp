@@ -1,5 +1,7 @@
 #include "tools/refdoc/pages/SiteModel.hpp"
 
+#include <algorithm>
+
 namespace refdoc::site {
 
 using Tools = reference::docparser::DocResourceParser::ParsingTools;
@@ -15,6 +17,14 @@ bool isOwnFile(const Edition& edition, const Origin& origin) {
 
 bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href) {
     return !isOwnFile(edition, edition.origins.at(section).kept.at(href).front().origin);
+}
+
+std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,
+                                        const std::u16string& href) {
+    const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
+        return lost.record.key;
+    };
+    return std::ranges::equal_range(edition.origins.at(section).lost, href, {}, keyOf);
 }
 
 bool hasOwnSection(const Edition& edition, const std::u16string& section) {

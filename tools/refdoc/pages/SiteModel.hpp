@@ -2,10 +2,13 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
+#include "tools/refdoc/pages/ProductFindings.hpp"
 
 #include <cstddef>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -54,6 +57,7 @@ struct SectionPages {
 struct Product {
     std::vector<Edition> editions{}; ///< of the languages that have resources or broken files
     std::map<std::u16string, SectionPages> pages{}; ///< by section
+    ProductFindings findings{};
 };
 
 /// A section in the list of the start page, in one language.
@@ -65,10 +69,15 @@ struct SectionSummary {
     std::size_t deprecatedCount = 0;         ///< of the items, those with any status but None
     std::vector<std::u16string> languages{}; ///< those whose own file has the section
     std::string index{};                     ///< see SectionPages
+    check::Summary findings{};               ///< of the product
 };
 
 /// Returns whether the records of an item are English because no translation has them.
 bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href);
+
+/// Returns the records with a link that the edition does not have.
+std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,
+                                        const std::u16string& href);
 
 /// Returns whether the file of the edition's own language has a section. If not, all of the section
 /// is English.

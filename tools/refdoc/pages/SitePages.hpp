@@ -14,10 +14,16 @@ namespace refdoc::site {
 inline constexpr std::string_view kAssetFolder = "refdoc-site";
 inline constexpr std::string_view kIndexName = "index.html";
 
+/// What `check` found in all files of a site.
+struct StartFindings {
+    check::Summary summary{};                     ///< of all findings
+    std::vector<check::ReportedFinding> others{}; ///< those that are on no page of a product
+};
+
 /// Returns the start page in one language: the sections that are installed, then the others.
 /// \param sections  in the order in which they are listed
 std::string startPage(const SiteLanguages& languages, const SiteLanguage& language,
-                      const std::vector<SectionSummary>& sections);
+                      const std::vector<SectionSummary>& sections, const StartFindings& findings);
 
 /// Returns the page of a section that the edition has: its broken files, its header and its items
 /// by type.

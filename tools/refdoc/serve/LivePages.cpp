@@ -1,6 +1,7 @@
 #include "tools/refdoc/serve/LivePages.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/html/Assets.hpp"
 #include "tools/refdoc/html/PageFrame.hpp"
 #include "tools/refdoc/pages/SearchIndex.hpp"
@@ -83,11 +84,25 @@ std::string brokenPageAt(const std::string& path, const SiteLanguages& languages
     return brokenPage(languages, product, edition, section);
 }
 
+// What the pages show of findings.
+std::vector<std::string> linesOf(const SiteFindings& findings) {
+    std::vector<std::string> lines;
+    const auto add = [&](const std::vector<check::ReportedFinding>& found) {
+        for (const check::ReportedFinding& finding : found)
+            lines.push_back(fmt::format("{}: {}", finding.location.text(), finding.message));
+    };
+    add(findings.start.others);
+    for (const auto& [name, product] : findings.products)
+        add(product.all());
+    return lines;
+}
+
 } // namespace
 
 LivePages::LivePages(const Options& options, const http::Versions& versions, Progress& progress)
     : options_(options), versions_(versions), recent_(kMostProducts) {
     readAll(progress);
+    checkAll(progress);
 }
 
 bool LivePages::hasProducts() const {
@@ -139,6 +154,14 @@ void LivePages::update(const std::set<std::filesystem::path>& files) {
     }
 }
 
+bool LivePages::check() {
+    const std::lock_guard lock(mutex_);
+    const std::vector<std::string> before = linesOf(findings_);
+    Progress progress(/*isShown=*/false);
+    checkAll(progress);
+    return linesOf(findings_) != before;
+}
+
 void LivePages::readAll(Progress& progress) {
     catalog_ = std::make_unique<Catalog>();
     recent_ = RecentProducts(kMostProducts);
@@ -147,6 +170,18 @@ void LivePages::readAll(Progress& progress) {
     for (const std::u16string& name : names) {
         read(name);
         progress.step();
+    }
+}
+
+void LivePages::checkAll(Progress& progress) {
+    findings_ = findFindings(siteProducts(catalog_->paths.languages()), progress);
+    recent_ = RecentProducts(kMostProducts);
+    for (auto& [name, summaries] : catalog_->products) {
+        const check::Summary summary = summarize(findings_.products[name].all(), 0, 0);
+        for (auto& [language, sections] : summaries) {
+            for (SectionSummary& section : sections)
+                section.findings = summary;
+        }
     }
 }
 
@@ -164,6 +199,7 @@ std::shared_ptr<const Product> LivePages::read(const std::u16string& name) {
     LoadAccount failures;
     auto product =
         std::make_shared<Product>(readProduct(name, catalog_->paths.languages(), failures));
+    product->findings = findings_.products[name];
     catalog_->paths.choose(name, *product);
     Summaries& summaries = catalog_->products[name];
     summaries.clear();
@@ -251,7 +287,7 @@ std::string LivePages::startPageIn(const SiteLanguage& language) const {
             std::ranges::copy(found->second, std::back_inserter(sections));
     }
     std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
-    return startPage(catalog_->paths.languages(), language, sections);
+    return startPage(catalog_->paths.languages(), language, sections, findings_.start);
 }
 
 std::optional<std::string> LivePages::productPage(const SiteLanguage& language,

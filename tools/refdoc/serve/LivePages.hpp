@@ -5,6 +5,7 @@
 #include "tools/refdoc/pages/SiteModel.hpp"
 #include "tools/refdoc/serve/RecentProducts.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
 #include "tools/refdoc/site/SitePaths.hpp"
 #include "tools/refdoc/terminal/Progress.hpp"
 
@@ -30,7 +31,7 @@ inline constexpr std::string_view kEventPath = "/refdoc-site/events";
 /// until their files change.
 class LivePages {
 public:
-    /// Reads each product once.
+    /// Reads each product once, and checks all files.
     /// \param options   those that have been applied to the library
     /// \param versions  pages tell it which version they show
     /// Options and versions must outlive the object.
@@ -52,6 +53,12 @@ public:
     /// \throws whatever the host services throw
     void update(const std::set<std::filesystem::path>& files);
 
+    /// Checks all files. Until then, pages show the findings of before. This takes much longer than
+    /// update() if there are many products.
+    /// \returns  whether the findings are others than before
+    /// \throws std::exception  the check could not be completed
+    bool check();
+
 private:
     // By the code of the language.
     using Summaries = std::map<std::u16string, std::vector<site::SectionSummary>>;
@@ -70,6 +77,7 @@ private:
     };
 
     void readAll(Progress& progress);
+    void checkAll(Progress& progress);
     void readManifest();
     std::shared_ptr<const site::Product> read(const std::u16string& name);
     std::shared_ptr<const site::Product> productNamed(const std::u16string& name);
@@ -87,6 +95,7 @@ private:
     const http::Versions& versions_;
     mutable std::mutex mutex_; // guards the members below, and the settings of the library
     std::unique_ptr<Catalog> catalog_;
+    site::SiteFindings findings_;
     RecentProducts recent_;
     std::optional<SearchFiles> search_; // of the language that was searched last
 };

@@ -27,6 +27,7 @@
 #include <optional>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace refdoc {
 
@@ -111,13 +112,18 @@ private:
     }
 
     void follow(const std::stop_token& stop) {
+        // A check takes longer, so the pages show the changes first.
+        bool isUnchecked = false;
         while (!stop.stop_requested()) {
             std::set<std::filesystem::path> files = watch_.wait(kWatchTime);
             std::erase_if(files, [](const auto& file) { return !isReadByLibrary(file); });
-            if (files.empty())
-                continue;
-            pages_.update(files);
-            versions_.advance();
+            if (!files.empty()) {
+                pages_.update(files);
+                versions_.advance();
+                isUnchecked = true;
+            } else if (std::exchange(isUnchecked, false) && pages_.check()) {
+                versions_.advance();
+            }
         }
     }
 

@@ -45,8 +45,8 @@ void readBrokenFiles(Edition& edition) {
     }
 }
 
-void readOrigins(Edition& edition) {
-    std::vector<SectionOrigins> sections = findOrigins(edition.account, std::nullopt);
+void readOrigins(SectionReader& reader, Edition& edition) {
+    std::vector<SectionOrigins> sections = findOrigins(edition.account, reader);
     RecordCounts counts;
     addCounts(edition.resources, std::nullopt, counts);
     expectCounts(counts, sections);
@@ -71,10 +71,11 @@ std::set<std::u16string> siteProducts(const SiteLanguages& languages) {
 Product readProduct(const std::u16string& name, const SiteLanguages& languages,
                     LoadAccount& account) {
     Product product;
+    SectionReader reader(std::nullopt); // most languages share the English file
     for (const SiteLanguage& language : languages) {
         Edition edition{.language = language.code};
         if (readResources(name, edition))
-            readOrigins(edition);
+            readOrigins(reader, edition);
         else
             std::ranges::copy(edition.account.files, std::back_inserter(account.files));
         readBrokenFiles(edition);

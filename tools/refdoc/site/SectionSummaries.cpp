@@ -35,7 +35,8 @@ SectionSummary summaryOf(const Product& product, const std::u16string& key,
                            .isInstalled = DocResourceParser::isProductInstalled(key),
                            .itemCount = countItems(resource),
                            .deprecatedCount = countDeprecated(resource),
-                           .index = product.pages.at(key).index};
+                           .index = product.pages.at(key).index,
+                           .findings = check::summarize(product.findings.all(), 0, 0)};
     for (const Edition& edition : product.editions) {
         if (hasOwnSection(edition, key))
             summary.languages.push_back(edition.language);
@@ -55,7 +56,8 @@ std::vector<SectionSummary> summariesOf(const Product& product, const Edition& e
         summaries.push_back({.displayName = pages.displayName,
                              .isInstalled = DocResourceParser::isProductInstalled(key),
                              .isBroken = true,
-                             .index = pages.index});
+                             .index = pages.index,
+                             .findings = check::summarize(product.findings.all(), 0, 0)});
     return summaries;
 }
 

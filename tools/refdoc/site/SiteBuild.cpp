@@ -10,6 +10,7 @@
 #include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
 #include "tools/refdoc/site/SectionSummaries.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
 #include "tools/refdoc/site/SitePaths.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
@@ -17,10 +18,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <future>
 #include <iterator>
 #include <set>
 #include <stdexcept>
-#include <vector>
+#include <utility>
 
 namespace refdoc::site {
 
@@ -39,15 +41,21 @@ public:
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
+        findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
-        for (const std::u16string& name : products) {
-            LoadAccount failures;
-            Product product = readProduct(name, languages_, failures);
+        // Each product is read while the pages of the one before it are made.
+        std::future<ReadProduct> next = startReading(*products.begin());
+        for (auto name = products.begin(); name != products.end(); ++name) {
+            auto [product, failures] = next.get();
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
-                complaints.push_back(complaintAboutProduct(name, failures));
-            paths_.choose(name, product);
+                complaints.push_back(complaintAboutProduct(*name, failures));
+            product.findings = std::move(findings_.products[*name]);
+            // This may change the language, which would disturb the reading.
+            paths_.choose(*name, product);
+            if (const auto following = std::next(name); following != products.end())
+                next = startReading(*following);
             addPages(product);
-            directory_.add(name, product);
+            directory_.add(*name, product);
             progress.step();
         }
     }
@@ -71,38 +79,58 @@ public:
             std::vector<SectionSummary>& sections = summaries_[index];
             std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
             output_.add(languages_[index].folder + std::string(kIndexName),
-                        startPage(languages_, languages_[index], sections));
+                        startPage(languages_, languages_[index], sections, findings_.start));
         }
         for (const html::Asset& asset : html::assets())
             output_.add(fmt::format("{}/{}", kAssetFolder, asset.name), asset.content);
     }
 
 private:
+    struct ReadProduct {
+        Product product{};
+        LoadAccount failures{};
+    };
+
+    // On another thread, if the system allows one.
+    std::future<ReadProduct> startReading(const std::u16string& name) const {
+        return std::async([this, name] {
+            ReadProduct read;
+            read.product = readProduct(name, languages_, read.failures);
+            return read;
+        });
+    }
+
     void addPages(const Product& product) {
+        std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
             const auto language =
                 std::ranges::find(languages_, edition.language, &SiteLanguage::code);
             for (const auto& [key, resource] : edition.resources)
-                addSection(product, edition, key, language->folder);
+                addSection(product, edition, key, language->folder, files);
             if (edition.isBroken()) {
                 for (const auto& [key, pages] : product.pages)
-                    output_.add(language->folder + pages.index,
-                                brokenPage(languages_, product, edition, key));
+                    files.push_back({language->folder + pages.index, [&, &key = key] {
+                                         return brokenPage(languages_, product, edition, key);
+                                     }});
             }
             std::ranges::move(
                 summariesOf(product, edition),
                 std::back_inserter(
                     summaries_[static_cast<std::size_t>(language - languages_.begin())]));
         }
+        output_.add(files);
     }
 
+    // The files refer to the arguments.
     void addSection(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::string& folder) {
+                    const std::string& folder, std::vector<SiteFile>& files) const {
         const SectionPages& pages = product.pages.at(key);
-        output_.add(folder + pages.index, sectionPage(languages_, product, edition, key));
+        files.push_back({folder + pages.index,
+                         [&, this] { return sectionPage(languages_, product, edition, key); }});
         for (const auto& [href, items] : edition.resources.at(key).items)
-            output_.add(folder + pages.items.at(href),
-                        itemPage(languages_, product, edition, key, href));
+            files.push_back({folder + pages.items.at(href), [&, this, &href = href] {
+                                 return itemPage(languages_, product, edition, key, href);
+                             }});
     }
 
     SiteFolder& output_;
@@ -110,6 +138,7 @@ private:
     const SiteLanguages& languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    SiteFindings findings_;
 };
 
 } // namespace

@@ -227,7 +227,7 @@ TEST_F(SitePagesTest, StartPageListsSections) {
         {.displayName = u"Cellar", .itemCount = 12, .languages = {u"en", u"de"}, .index = "a"},
         {.displayName = u"Hives", .isBroken = true, .index = "h"},
         {.displayName = u"Orchard", .isInstalled = true, .deprecatedCount = 3, .index = "b/c"}};
-    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections)),
+    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections, {})),
               R"html(<main id="refdoc-content">
 <h1>Reference documentation</h1>
 <h2>Installed</h2>
@@ -241,7 +241,7 @@ TEST_F(SitePagesTest, StartPageListsSections) {
 <tbody>
 <tr><th scope="row"><a href="a"><bdi>Cellar</bdi></a></th><td>12</td><td>0</td><td>en, de</td></tr>
 <tr><th scope="row"><a href="h"><bdi>Hives</bdi></a> <small class="mark error">file cannot be used</small></th><td colspan="3"></td></tr></tbody></table></main>)html");
-    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), {})),
+    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), {}, {})),
               "<main id=\"refdoc-content\">\n<h1>Reference documentation</h1>"
               "\n<p>There is no product with full records.</p></main>");
 }
