@@ -99,7 +99,7 @@ std::vector<std::string> linesOf(const SiteFindings& findings) {
 
 } // namespace
 
-LivePages::LivePages(const Options& options, const http::Versions& versions, Progress& progress)
+LivePages::LivePages(const Options& options, http::Versions& versions, Progress& progress)
     : options_(options), versions_(versions), recent_(kMostProducts) {
     readAll(progress);
     checkAll(progress);
@@ -113,10 +113,11 @@ bool LivePages::hasProducts() const {
 Response LivePages::find(const std::string& path) {
     const std::lock_guard lock(mutex_);
     const std::int64_t version = versions_.current();
-    const SiteLanguage& language = languageOf(catalog_->paths.languages(), path.substr(1));
+    const std::string file = path.starts_with('/') ? path.substr(1) : path;
+    const SiteLanguage& language = languageOf(catalog_->paths.languages(), file);
     std::optional<Response> response;
     try {
-        response = fileAt(path.substr(1));
+        response = fileAt(file);
     } catch (const std::exception& error) {
         // Usually a file that is being written. Its next version loads the page again.
         response = Response{500, std::string(kHtml),
@@ -150,16 +151,18 @@ void LivePages::update(const std::set<std::filesystem::path>& files) {
     for (const std::u16string& name : changed) {
         forget(name);
         if (names.contains(name))
-            read(name);
+            tryToRead(name);
     }
+    versions_.advance();
 }
 
-bool LivePages::check() {
+void LivePages::check() {
     const std::lock_guard lock(mutex_);
     const std::vector<std::string> before = linesOf(findings_);
     Progress progress(/*isShown=*/false);
     checkAll(progress);
-    return linesOf(findings_) != before;
+    if (linesOf(findings_) != before)
+        versions_.advance();
 }
 
 void LivePages::readAll(Progress& progress) {
@@ -168,7 +171,7 @@ void LivePages::readAll(Progress& progress) {
     const std::set<std::u16string> names = siteProducts(catalog_->paths.languages());
     progress.begin("reading", names.size());
     for (const std::u16string& name : names) {
-        read(name);
+        tryToRead(name);
         progress.step();
     }
 }
@@ -209,6 +212,14 @@ std::shared_ptr<const Product> LivePages::read(const std::u16string& name) {
         catalog_->folders.insert_or_assign(pages.index.substr(0, pages.index.find('/')), name);
     catalog_->directory.add(name, *product);
     return product;
+}
+
+void LivePages::tryToRead(const std::u16string& name) {
+    try {
+        read(name);
+    } catch (const std::exception&) {
+        // A file has changed meanwhile, so there will be another update.
+    }
 }
 
 std::shared_ptr<const Product> LivePages::productNamed(const std::u16string& name) {

@@ -33,10 +33,9 @@ class LivePages {
 public:
     /// Reads each product once, and checks all files.
     /// \param options   those that have been applied to the library
-    /// \param versions  pages tell it which version they show
-    /// Options and versions must outlive the object.
-    /// \throws whatever the host services throw
-    LivePages(const Options& options, const http::Versions& versions, Progress& progress);
+    /// \param versions  advanced with each change of the pages, which have the version that they
+    /// show Options and versions must outlive the object. \throws whatever the host services throw
+    LivePages(const Options& options, http::Versions& versions, Progress& progress);
 
     /// Returns whether any product has a file, even a broken one.
     bool hasProducts() const;
@@ -55,9 +54,8 @@ public:
 
     /// Checks all files. Until then, pages show the findings of before. This takes much longer than
     /// update() if there are many products.
-    /// \returns  whether the findings are others than before
     /// \throws std::exception  the check could not be completed
-    bool check();
+    void check();
 
 private:
     // By the code of the language.
@@ -80,6 +78,7 @@ private:
     void checkAll(Progress& progress);
     void readManifest();
     std::shared_ptr<const site::Product> read(const std::u16string& name);
+    void tryToRead(const std::u16string& name);
     std::shared_ptr<const site::Product> productNamed(const std::u16string& name);
     void forget(const std::u16string& name);
 
@@ -92,7 +91,7 @@ private:
     std::string startPageIn(const site::SiteLanguage& language) const;
 
     const Options& options_;
-    const http::Versions& versions_;
+    http::Versions& versions_;
     mutable std::mutex mutex_; // guards the members below, and the settings of the library
     std::unique_ptr<Catalog> catalog_;
     site::SiteFindings findings_;

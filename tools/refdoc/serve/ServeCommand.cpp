@@ -23,6 +23,7 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -117,12 +118,15 @@ private:
         while (!stop.stop_requested()) {
             std::set<std::filesystem::path> files = watch_.wait(kWatchTime);
             std::erase_if(files, [](const auto& file) { return !isReadByLibrary(file); });
-            if (!files.empty()) {
-                pages_.update(files);
-                versions_.advance();
-                isUnchecked = true;
-            } else if (std::exchange(isUnchecked, false) && pages_.check()) {
-                versions_.advance();
+            try {
+                if (!files.empty()) {
+                    isUnchecked = true;
+                    pages_.update(files);
+                } else if (std::exchange(isUnchecked, false)) {
+                    pages_.check();
+                }
+            } catch (const std::exception&) {
+                // The pages stay as they are until the next change.
             }
         }
     }

@@ -95,7 +95,7 @@ class LiveTest(unittest.TestCase):
         self.server.replace('"ref/smooth.html"', '"ref/other.html"')
         self.server.wait_for_page("/" + ITEM, "Page not found")
         self.open(ITEM)
-        self.assertIn("Page not found", self.text())
+        self.wait_for(lambda: "Page not found" in self.text())
         self.server.replace('"ref/other.html"', '"ref/smooth.html"')
         self.wait_for(lambda: PURPOSE in self.text())
         # Chromium reports the missing page in its console.

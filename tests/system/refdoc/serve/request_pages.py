@@ -85,7 +85,7 @@ class PagesTest(ServeTest):
     def test_only_files_of_the_site_exist(self):
         for path in ("/missing", "/orchard", "/orchard/ref/missing.html", "/fr/index.html", "/../installation.json",
                      "/%2e%2e/installation.json", "/orchard/%2E%2E%2Findex.html", "//etc/passwd", "/refdoc-site/",
-                     "/refdoc-site/../index.html", "/refdoc-site/search/en/99.js", "/index.html%00", "/%ff%fe"):
+                     "/refdoc-site/../index.html", "/refdoc-site/search/en/99.js", "/index.html%00", "/%ff%fe", "?a"):
             self.assertEqual(self.status(path), 404, path)
 
     def test_product_of_a_name_with_special_characters_has_its_page(self):
