@@ -12,6 +12,7 @@ build_packages=(
     libdeflate-dev
     libfmt-dev
     libutf8proc-dev
+    libcpp-httplib-dev
 )
 
 # Also for the tests and benchmarks.

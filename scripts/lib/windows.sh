@@ -160,6 +160,22 @@ build_utf8proc() {
     cross_build "$source" "$prefix" -DBUILD_SHARED_LIBS=OFF -DUTF8PROC_ENABLE_TESTING=OFF
 }
 
+# The sources are one header. Debian's package has a library for them, with compression and encryption.
+install_cpp_httplib() {
+    local archives=$1 prefix=$2 source=$3/cpp-httplib
+    unpack "$archives"/cpp-httplib_*.orig.tar.xz "$source"
+    cp "$source/httplib.h" "$prefix/include/"
+    mkdir -p "$prefix/lib/pkgconfig"
+    cat >"$prefix/lib/pkgconfig/cpp-httplib.pc" <<PACKAGE
+prefix=\${pcfiledir}/../..
+Name: cpp-httplib
+Description: A C++ HTTP server and client library
+Version: 0.11.4
+Libs: -lws2_32
+Cflags: -I\${prefix}/include
+PACKAGE
+}
+
 # Header-only libraries are the same on every system.
 copy_headers() {
     local prefix=$1
@@ -184,6 +200,7 @@ copy_licences() {
     cp "$source/libdeflate/COPYING" "$prefix/licences/libdeflate.txt"
     cp "$source/fmt/LICENSE.rst" "$prefix/licences/fmt.txt"
     cp "$source/utf8proc/LICENSE.md" "$prefix/licences/utf8proc.txt"
+    cp "$source/cpp-httplib/LICENSE" "$prefix/licences/cpp-httplib.txt"
     for package in libz-mingw-w64-dev gcc-mingw-w64-base mingw-w64-x86-64-dev; do
         cp "/usr/share/doc/$package/copyright" "$prefix/licences/$package.txt"
     done
@@ -201,14 +218,16 @@ provide_windows_dependencies() {
     local scratch=$prefix.scratch
     rm -rf "$prefix" "$scratch"
     mkdir -p "$prefix" "$scratch"
-    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib utf8proc"
-    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib utf8proc
+    say "Fetching Debian source packages: boost1.81 libzip libdeflate fmtlib utf8proc cpp-httplib"
+    fetch_sources "$scratch/archives" boost1.81 libzip libdeflate fmtlib utf8proc \
+        cpp-httplib
     say "Building the libraries and GoogleTest for Windows into $prefix; this takes a few minutes"
     build_boost "$scratch/archives" "$prefix" "$scratch"
     build_libzip "$scratch/archives" "$prefix" "$scratch"
     build_libdeflate "$scratch/archives" "$prefix" "$scratch"
     build_fmt "$scratch/archives" "$prefix" "$scratch"
     build_utf8proc "$scratch/archives" "$prefix" "$scratch"
+    install_cpp_httplib "$scratch/archives" "$prefix" "$scratch"
     cp --recursive /usr/src/googletest "$scratch/googletest"
     cross_build "$scratch/googletest" "$prefix"
     copy_headers "$prefix"

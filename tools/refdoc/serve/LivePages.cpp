@@ -1,6 +1,7 @@
 #include "tools/refdoc/serve/LivePages.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/html/Assets.hpp"
 #include "tools/refdoc/html/PageFrame.hpp"
 #include "tools/refdoc/pages/SearchIndex.hpp"
@@ -83,11 +84,25 @@ std::string brokenPageAt(const std::string& path, const SiteLanguages& languages
     return brokenPage(languages, product, edition, section);
 }
 
+// What the pages show of findings.
+std::vector<std::string> linesOf(const SiteFindings& findings) {
+    std::vector<std::string> lines;
+    const auto add = [&](const std::vector<check::ReportedFinding>& found) {
+        for (const check::ReportedFinding& finding : found)
+            lines.push_back(fmt::format("{}: {}", finding.location.text(), finding.message));
+    };
+    add(findings.start.others);
+    for (const auto& [name, product] : findings.products)
+        add(product.all());
+    return lines;
+}
+
 } // namespace
 
-LivePages::LivePages(const Options& options, const http::Versions& versions, Progress& progress)
+LivePages::LivePages(const Options& options, http::Versions& versions, Progress& progress)
     : options_(options), versions_(versions), recent_(kMostProducts) {
     readAll(progress);
+    checkAll(progress);
 }
 
 bool LivePages::hasProducts() const {
@@ -98,10 +113,11 @@ bool LivePages::hasProducts() const {
 Response LivePages::find(const std::string& path) {
     const std::lock_guard lock(mutex_);
     const std::int64_t version = versions_.current();
-    const SiteLanguage& language = languageOf(catalog_->paths.languages(), path.substr(1));
+    const std::string file = path.starts_with('/') ? path.substr(1) : path;
+    const SiteLanguage& language = languageOf(catalog_->paths.languages(), file);
     std::optional<Response> response;
     try {
-        response = fileAt(path.substr(1));
+        response = fileAt(file);
     } catch (const std::exception& error) {
         // Usually a file that is being written. Its next version loads the page again.
         response = Response{500, std::string(kHtml),
@@ -135,8 +151,18 @@ void LivePages::update(const std::set<std::filesystem::path>& files) {
     for (const std::u16string& name : changed) {
         forget(name);
         if (names.contains(name))
-            read(name);
+            tryToRead(name);
     }
+    versions_.advance();
+}
+
+void LivePages::check() {
+    const std::lock_guard lock(mutex_);
+    const std::vector<std::string> before = linesOf(findings_);
+    Progress progress(/*isShown=*/false);
+    checkAll(progress);
+    if (linesOf(findings_) != before)
+        versions_.advance();
 }
 
 void LivePages::readAll(Progress& progress) {
@@ -145,8 +171,20 @@ void LivePages::readAll(Progress& progress) {
     const std::set<std::u16string> names = siteProducts(catalog_->paths.languages());
     progress.begin("reading", names.size());
     for (const std::u16string& name : names) {
-        read(name);
+        tryToRead(name);
         progress.step();
+    }
+}
+
+void LivePages::checkAll(Progress& progress) {
+    findings_ = findFindings(siteProducts(catalog_->paths.languages()), progress);
+    recent_ = RecentProducts(kMostProducts);
+    for (auto& [name, summaries] : catalog_->products) {
+        const check::Summary summary = summarize(findings_.products[name].all(), 0, 0);
+        for (auto& [language, sections] : summaries) {
+            for (SectionSummary& section : sections)
+                section.findings = summary;
+        }
     }
 }
 
@@ -164,6 +202,7 @@ std::shared_ptr<const Product> LivePages::read(const std::u16string& name) {
     LoadAccount failures;
     auto product =
         std::make_shared<Product>(readProduct(name, catalog_->paths.languages(), failures));
+    product->findings = findings_.products[name];
     catalog_->paths.choose(name, *product);
     Summaries& summaries = catalog_->products[name];
     summaries.clear();
@@ -173,6 +212,14 @@ std::shared_ptr<const Product> LivePages::read(const std::u16string& name) {
         catalog_->folders.insert_or_assign(pages.index.substr(0, pages.index.find('/')), name);
     catalog_->directory.add(name, *product);
     return product;
+}
+
+void LivePages::tryToRead(const std::u16string& name) {
+    try {
+        read(name);
+    } catch (const std::exception&) {
+        // A file has changed meanwhile, so there will be another update.
+    }
 }
 
 std::shared_ptr<const Product> LivePages::productNamed(const std::u16string& name) {
@@ -251,7 +298,7 @@ std::string LivePages::startPageIn(const SiteLanguage& language) const {
             std::ranges::copy(found->second, std::back_inserter(sections));
     }
     std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
-    return startPage(catalog_->paths.languages(), language, sections, {});
+    return startPage(catalog_->paths.languages(), language, sections, findings_.start);
 }
 
 std::optional<std::string> LivePages::productPage(const SiteLanguage& language,

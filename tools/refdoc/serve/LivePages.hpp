@@ -5,6 +5,7 @@
 #include "tools/refdoc/pages/SiteModel.hpp"
 #include "tools/refdoc/serve/RecentProducts.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
 #include "tools/refdoc/site/SitePaths.hpp"
 #include "tools/refdoc/terminal/Progress.hpp"
 
@@ -30,12 +31,11 @@ inline constexpr std::string_view kEventPath = "/refdoc-site/events";
 /// until their files change.
 class LivePages {
 public:
-    /// Reads each product once.
+    /// Reads each product once, and checks all files.
     /// \param options   those that have been applied to the library
-    /// \param versions  pages tell it which version they show
-    /// Options and versions must outlive the object.
-    /// \throws whatever the host services throw
-    LivePages(const Options& options, const http::Versions& versions, Progress& progress);
+    /// \param versions  advanced with each change of the pages, which have the version that they
+    /// show Options and versions must outlive the object. \throws whatever the host services throw
+    LivePages(const Options& options, http::Versions& versions, Progress& progress);
 
     /// Returns whether any product has a file, even a broken one.
     bool hasProducts() const;
@@ -51,6 +51,11 @@ public:
     /// \param files  that were added, changed or removed
     /// \throws whatever the host services throw
     void update(const std::set<std::filesystem::path>& files);
+
+    /// Checks all files. Until then, pages show the findings of before. This takes much longer than
+    /// update() if there are many products.
+    /// \throws std::exception  the check could not be completed
+    void check();
 
 private:
     // By the code of the language.
@@ -70,8 +75,10 @@ private:
     };
 
     void readAll(Progress& progress);
+    void checkAll(Progress& progress);
     void readManifest();
     std::shared_ptr<const site::Product> read(const std::u16string& name);
+    void tryToRead(const std::u16string& name);
     std::shared_ptr<const site::Product> productNamed(const std::u16string& name);
     void forget(const std::u16string& name);
 
@@ -84,9 +91,10 @@ private:
     std::string startPageIn(const site::SiteLanguage& language) const;
 
     const Options& options_;
-    const http::Versions& versions_;
+    http::Versions& versions_;
     mutable std::mutex mutex_; // guards the members below, and the settings of the library
     std::unique_ptr<Catalog> catalog_;
+    site::SiteFindings findings_;
     RecentProducts recent_;
     std::optional<SearchFiles> search_; // of the language that was searched last
 };

@@ -23,10 +23,12 @@
 #include <fmt/format.h>
 
 #include <chrono>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 namespace refdoc {
 
@@ -111,13 +113,21 @@ private:
     }
 
     void follow(const std::stop_token& stop) {
+        // A check takes longer, so the pages show the changes first.
+        bool isUnchecked = false;
         while (!stop.stop_requested()) {
             std::set<std::filesystem::path> files = watch_.wait(kWatchTime);
             std::erase_if(files, [](const auto& file) { return !isReadByLibrary(file); });
-            if (files.empty())
-                continue;
-            pages_.update(files);
-            versions_.advance();
+            try {
+                if (!files.empty()) {
+                    isUnchecked = true;
+                    pages_.update(files);
+                } else if (std::exchange(isUnchecked, false)) {
+                    pages_.check();
+                }
+            } catch (const std::exception&) {
+                // The pages stay as they are until the next change.
+            }
         }
     }
 

@@ -36,7 +36,7 @@ SectionSummary summaryOf(const Product& product, const std::u16string& key,
                            .itemCount = countItems(resource),
                            .deprecatedCount = countDeprecated(resource),
                            .index = product.pages.at(key).index,
-                           .findings = summarize(product.findings.all(), 0, 0)};
+                           .findings = check::summarize(product.findings.all(), 0, 0)};
     for (const Edition& edition : product.editions) {
         if (hasOwnSection(edition, key))
             summary.languages.push_back(edition.language);
@@ -57,7 +57,7 @@ std::vector<SectionSummary> summariesOf(const Product& product, const Edition& e
                              .isInstalled = DocResourceParser::isProductInstalled(key),
                              .isBroken = true,
                              .index = pages.index,
-                             .findings = summarize(product.findings.all(), 0, 0)});
+                             .findings = check::summarize(product.findings.all(), 0, 0)});
     return summaries;
 }
 

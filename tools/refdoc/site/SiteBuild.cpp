@@ -22,7 +22,7 @@
 #include <iterator>
 #include <set>
 #include <stdexcept>
-#include <vector>
+#include <utility>
 
 namespace refdoc::site {
 

@@ -15,7 +15,7 @@ using Arguments = std::vector<std::string>;
 TEST(CommandLineTest, HelpIsAlsoACommand) {
     EXPECT_EQ(runProgram({"help"}), runProgram({"--help"}));
     for (const char* command :
-         {"show", "lookup", "products", "explain", "check", "search", "site", "help"})
+         {"show", "lookup", "products", "explain", "check", "search", "site", "serve", "help"})
         EXPECT_EQ(runProgram({"help", command}), runProgram({command, "--help"})) << command;
     EXPECT_EQ(runProgram({"help", "shwo"}),
               (Outcome{2, "",
@@ -91,7 +91,7 @@ TEST(CommandLineTest, CommandIsRequired) {
     EXPECT_EQ(runProgram({}),
               (Outcome{2, "",
                        "refdoc: a command is needed: show, lookup, products, "
-                       "explain, check, search, site or help; see refdoc --help\n"}));
+                       "explain, check, search, site, serve or help; see refdoc --help\n"}));
 }
 
 class CommandLineOrderTest : public RefdocTest {};

@@ -17,7 +17,7 @@ TEST(PageFrameTest, SurroundsTheContent) {
         R"(<!DOCTYPE html>
 <html lang="en" dir="rtl"><head><meta charset="utf-8">)"
         R"(<meta http-equiv="Content-Security-Policy" content="default-src &#39;none&#39;; )"
-        R"(script-src &#39;self&#39;; style-src &#39;self&#39;; img-src &#39;self&#39;; )"
+        R"(script-src &#39;self&#39;; style-src &#39;self&#39;; img-src &#39;self&#39;; connect-src &#39;self&#39;; )"
         R"(base-uri &#39;none&#39;; form-action &#39;none&#39;">)"
         R"(<meta name="viewport" content="width=device-width, initial-scale=1">)"
         R"(<meta name="referrer" content="no-referrer"><title>a &lt; b</title>)"
