@@ -44,9 +44,9 @@ public:
     /// Whether the folder may contain files that are not of a site.
     enum class Others { Refused, Kept };
 
-    /// Creates the folders above the folder, and removes what runs that were killed have left
-    /// beside it. \throws std::runtime_error  the folder contains files of others, and these are
-    /// refused; or
+    /// Creates the folders above the folder. Removes what killed runs have left beside it.
+    ///
+    /// \throws std::runtime_error  the folder contains files of others, and these are refused; or
     ///                             it is not a folder
     /// \throws std::filesystem::filesystem_error  a folder cannot be read or created
     SiteFolder(const std::filesystem::path& folder, Others others);
