@@ -1,26 +1,34 @@
 #pragma once
 
 #include "docparser/Queries.hpp"
+#include "tools/refdoc/pages/IndexTable.hpp"
 
-#include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
 
 namespace refdoc::site {
-
-/// The size of a part of the search index in bytes, unless a single entry is larger.
-inline constexpr std::size_t kLargestPart = 200'000;
 
 /// Returns the path of the page of an entry in the folder of the language; empty if it has none.
 using FindPage = std::function<std::string(const reference::docparser::IndexEntry& entry)>;
 
-/// Receives a file of the search index.
-using AddFile = std::function<void(const std::string& name, std::string_view content)>;
-
-/// Makes the files of the search index in one language: scripts "1.js", "2.js" and so on, and
-/// "parts.js" with their number. Each passes its data to the function refdocIndex(): a part is an
-/// array of rows in the order of the index, as readEntry() in `search.js` reads them.
+/// Makes the files of the search index in one language. docs/site.md tells what a search loads.
+///
+/// Every record has a number. Smaller numbers are better if all else is equal: records of installed
+/// products come first, then those that are not deprecated, then the smaller names. The files are
+///
+/// - "row0.js", ...: the records, as readEntry() in `search.js` reads them. The number of a record
+///   is 32 times the number of its file plus its position there.
+/// - "list0.js", ...: an IndexTable of the ends of all words, with the records that have the word
+/// - "best0.js", ...: an IndexTable of strings that very many records have, with the best records
+/// - "phrase0.js", ...: as "list", of all that stands from the start of a word up to the next space,
+///   unless there is a space before the word
+/// - "name0.js", ...: an IndexTable of the names by their length, which is the first code unit of
+///   the keys; in "eman0.js", ..., the names are reversed
+/// - "start.js": the directories of the tables, and the first numbers of the records that are
+///   deprecated, not installed, and both
+///
+/// A *word* here is a run of letters and digits, or of other characters. Of long names, links and
+/// purposes, the index has the start.
 void makeSearchIndex(const reference::docparser::LookupIndex& index, const FindPage& findPage,
                      const AddFile& addFile);
 

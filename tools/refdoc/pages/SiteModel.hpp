@@ -72,6 +72,11 @@ struct SectionSummary {
     check::Summary findings{};               ///< of the product
 };
 
+/// Returns the page of an item, below the folder of a language; null if the edition has no such
+/// item.
+const std::string* pageOf(const Product& product, const Edition& edition,
+                          const std::u16string& section, const std::u16string& href);
+
 /// Returns whether the records of an item are English because no translation has them.
 bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href);
 

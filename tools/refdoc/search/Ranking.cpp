@@ -23,16 +23,6 @@ struct FieldMatch {
     auto operator<=>(const FieldMatch&) const = default;
 };
 
-bool isWordCharacter(char32_t codePoint) {
-    if (codePoint < 0x80)
-        return (codePoint >= U'a' && codePoint <= U'z') ||
-               (codePoint >= U'A' && codePoint <= U'Z') || (codePoint >= U'0' && codePoint <= U'9');
-    // Letters, marks and numbers are the first categories of utf8proc.
-    const utf8proc_category_t category =
-        utf8proc_category(static_cast<utf8proc_int32_t>(codePoint));
-    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
-}
-
 bool isWord(std::u16string_view field, std::size_t start, std::size_t size) {
     std::size_t end = start + size;
     return (start == 0 || !isWordCharacter(codePointBefore(field, start))) &&
@@ -77,6 +67,16 @@ std::optional<FieldMatch> bestMatch(std::u16string_view text, const SearchedReco
 }
 
 } // namespace
+
+bool isWordCharacter(char32_t codePoint) {
+    if (codePoint < 0x80)
+        return (codePoint >= U'a' && codePoint <= U'z') ||
+               (codePoint >= U'A' && codePoint <= U'Z') || (codePoint >= U'0' && codePoint <= U'9');
+    // Letters, marks and numbers are the first categories of utf8proc.
+    const utf8proc_category_t category =
+        utf8proc_category(static_cast<utf8proc_int32_t>(codePoint));
+    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO;
+}
 
 std::optional<Rank> rankOf(const std::vector<std::u16string>& texts, const SearchedRecord& record) {
     FieldMatch worst{Match::Exact, SearchField::Name};

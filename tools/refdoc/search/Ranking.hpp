@@ -21,6 +21,10 @@ enum class Match {
 /// The fields of a lookup record, in the order of their weight.
 enum class SearchField { Name, Href, Purpose };
 
+/// Returns whether a character is a letter, a mark or a number of any script. In ASCII, it must be
+/// folded.
+bool isWordCharacter(char32_t codePoint);
+
 /// The fields of one record; a field that is not searched is absent.
 struct SearchedRecord {
     std::optional<std::u16string_view> name{};

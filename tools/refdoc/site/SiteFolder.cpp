@@ -2,7 +2,7 @@
 
 #include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/site/Parallel.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>

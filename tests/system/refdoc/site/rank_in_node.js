@@ -2,8 +2,9 @@
 //
 // usage: node rank_in_node.js SITE LANGUAGE < QUERIES
 //
-// QUERIES is a JSON array of strings. The output is an array with the results of each query:
-// [match, name, purpose, flags].
+// QUERIES is a JSON array of strings. The output is an array with an object for each query:
+// {state, bytes, results: [[match, name, purpose, flags], ...]}. `bytes` is the size of the
+// files of the index that the search read.
 "use strict";
 
 const fs = require("fs");
@@ -14,20 +15,32 @@ const [site, language] = process.argv.slice(2);
 const assets = path.join(site, "refdoc-site");
 
 function run(file) {
-  vm.runInThisContext(fs.readFileSync(path.join(assets, file), "utf8"), { filename: file });
+  const content = fs.readFileSync(path.join(assets, file), "utf8");
+  vm.runInThisContext(content, { filename: file });
+  return Buffer.byteLength(content);
 }
 
 run("search.js");
-let count = 0;
-globalThis.refdocIndex = (partCount) => (count = partCount);
-run(`search/${language}/parts.js`);
-const rows = [];
-globalThis.refdocIndex = (part) => rows.push(...part);
-for (let part = 1; part <= count; ++part) run(`search/${language}/${part}.js`);
 
-const entries = rows.map((row, position) => globalThis.readEntry(row, position));
-const queries = JSON.parse(fs.readFileSync(0, "utf8"));
-const results = queries.map((query) =>
-  globalThis.search(query, entries).map(({ rank, entry }) => [rank[0], entry.name, entry.purpose, entry.flags]),
-);
-process.stdout.write(JSON.stringify(results));
+async function search(query) {
+  const sizes = new Map();
+  const load = async (name) => {
+    let part;
+    globalThis.refdocIndex = (ownName, size, data) => (part = { ownName, size, data });
+    sizes.set(name, run(`search/${language}/${name}.js`));
+    if (part.ownName !== name || part.size !== sizes.get(name)) throw new Error(`${name} is not described correctly`);
+    return part;
+  };
+  const search = vm.runInThisContext("(query, load) => new Search(query, load)")(query, load);
+  const state = await search.run();
+  const results = search.results.map(({ rank, entry }) => [rank[0], entry.name, entry.purpose, entry.flags]);
+  return { state, bytes: [...sizes.values()].reduce((sum, size) => sum + size, 0), results };
+}
+
+async function main() {
+  const answers = [];
+  for (const query of JSON.parse(fs.readFileSync(0, "utf8"))) answers.push(await search(query));
+  process.stdout.write(JSON.stringify(answers));
+}
+
+main();

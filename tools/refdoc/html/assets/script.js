@@ -21,53 +21,26 @@ function setUpFilter(filter) {
   filter.hidden = false;
 }
 
-// The index is loaded in parts when the search is used. They are scripts, because pages that are
-// opened as files may load nothing else.
-class SearchIndex {
-  entries = [];
-  state = "loading"; // or "complete" or "incomplete"
-  #folder;
-  #isStarted = false;
-
-  constructor(folder) {
-    this.#folder = folder;
-  }
-
-  // Calls onChange whenever entries or state have changed. Only the first call does anything.
-  async load(onChange) {
-    if (this.#isStarted) return;
-    this.#isStarted = true;
-    try {
-      await this.#loadParts(onChange);
-      this.state = "complete";
-    } catch {
-      this.state = "incomplete";
+// Returns a function that loads a part of the index once and returns its promise. The parts are
+// scripts, because pages that are opened as files may load nothing else. Each of them calls
+// refdocIndex().
+function indexLoader(folder) {
+  const parts = new Map();
+  const resolvers = new Map();
+  globalThis.refdocIndex = (name, size, data) => resolvers.get(name)({ size, data });
+  return (name) => {
+    if (!parts.has(name)) {
+      const part = new Promise((resolve, reject) => {
+        resolvers.set(name, resolve);
+        const script = element("script", { src: `${folder}${name}.js` });
+        script.addEventListener("error", reject);
+        document.head.append(script);
+      });
+      parts.set(name, part);
     }
-    onChange();
-  }
-
-  async #loadParts(onChange) {
-    const count = await this.#loadData("parts.js");
-    for (let part = 1; part <= count; ++part) {
-      for (const row of await this.#loadData(`${part}.js`)) {
-        this.entries.push(readEntry(row, this.entries.length));
-      }
-      onChange();
-    }
-  }
-
-  // Runs a script that passes its data to refdocIndex().
-  #loadData(name) {
-    return new Promise((resolve, reject) => {
-      globalThis.refdocIndex = resolve;
-      const script = element("script", { src: this.#folder + name });
-      script.addEventListener("error", reject);
-      document.head.append(script);
-    });
-  }
+    return parts.get(name);
+  };
 }
-
-const MOST_RESULTS = 20;
 
 function element(name, properties, ...children) {
   const result = Object.assign(document.createElement(name), properties);
@@ -103,22 +76,37 @@ function resultItem({ entry }, pages) {
 }
 
 function statusText(count, state) {
+  if (state === PARTIAL) return "There may be better results; type more to find them";
+  if (count === MOST_RESULTS) return `The best ${count} results`;
   const results = count === 1 ? "1 result" : `${count} results`;
-  if (state === "loading") return `${results} so far`;
-  return state === "complete" ? results : `${results}; the index could not be loaded completely`;
+  return state === COMPLETE ? results : `${results}; type more exactly to find others`;
 }
 
 function setUpSearch(box) {
   const input = box.querySelector("input");
   const status = box.querySelector("[role=status]");
   const list = box.querySelector("ol");
-  const index = new SearchIndex(box.dataset.index);
+  const load = indexLoader(box.dataset.index);
   let timer;
 
-  function show() {
-    const results = search(input.value, index.entries);
-    list.replaceChildren(...results.slice(0, MOST_RESULTS).map((result) => resultItem(result, box.dataset.pages)));
-    status.textContent = input.value.trim() === "" ? "" : statusText(results.length, index.state);
+  function show(results, text) {
+    list.replaceChildren(...results.map((result) => resultItem(result, box.dataset.pages)));
+    status.textContent = text;
+  }
+
+  // Shows the results unless the input changes in the meantime.
+  async function update() {
+    clearTimeout(timer);
+    const query = input.value;
+    const search = new Search(query, load);
+    let text;
+    try {
+      const state = await search.run();
+      text = query.trim() === "" ? "" : statusText(search.results.length, state);
+    } catch {
+      text = "The search index could not be loaded";
+    }
+    if (query === input.value) show(search.results, text);
   }
 
   function moveFocus(step) {
@@ -127,16 +115,16 @@ function setUpSearch(box) {
     targets[Math.max(0, Math.min(next, targets.length - 1))].focus();
   }
 
-  box.addEventListener("keydown", (event) => {
+  box.addEventListener("keydown", async (event) => {
     if (event.key === "ArrowDown" || event.key === "ArrowUp") {
       event.preventDefault();
       moveFocus(event.key === "ArrowDown" ? 1 : -1);
     } else if (event.key === "Enter" && event.target === input) {
-      show();
+      await update();
       list.querySelector("a")?.click();
     } else if (event.key === "Escape") {
       input.value = "";
-      show();
+      update();
       input.focus();
     }
   });
@@ -146,9 +134,8 @@ function setUpSearch(box) {
     input.focus();
   });
   input.addEventListener("input", () => {
-    index.load(show);
     clearTimeout(timer);
-    timer = setTimeout(show, 50);
+    timer = setTimeout(update, 50);
   });
   box.hidden = false;
   if ("focus" in box.dataset) input.focus();

@@ -1,4 +1,4 @@
-#include "tools/refdoc/site/Parallel.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 
 #include <algorithm>
 #include <atomic>
@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace refdoc::site {
+namespace refdoc {
 
 namespace {
 
@@ -77,4 +77,4 @@ void forEachInParallel(std::size_t count, const std::function<void(std::size_t)>
     work.finish();
 }
 
-} // namespace refdoc::site
+} // namespace refdoc

@@ -1,4 +1,4 @@
-#include "tools/refdoc/site/Parallel.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace refdoc::site {
+namespace refdoc {
 namespace {
 
 TEST(ParallelTest, CallsWithEachNumberOnce) {
@@ -45,4 +45,4 @@ TEST(ParallelTest, BeginsNoCallAfterFailure) {
 }
 
 } // namespace
-} // namespace refdoc::site
+} // namespace refdoc

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <functional>
 
-namespace refdoc::site {
+namespace refdoc {
 
 /// Calls a function with each number below `count`, on as many threads as the processors can run at
 /// a time. The calling thread is one of them.
@@ -14,4 +14,4 @@ namespace refdoc::site {
 /// \param call  is called on several threads at a time
 void forEachInParallel(std::size_t count, const std::function<void(std::size_t number)>& call);
 
-} // namespace refdoc::site
+} // namespace refdoc
