@@ -67,7 +67,8 @@ Answer explainProduct(const Options& options, const PageSetup& setup) {
         readProduct(options.arguments, explanation.account, resources);
     removeDisabledFolder(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
-    explanation.sections = findOrigins(explanation.account, explanation.href);
+    SectionReader reader(explanation.href);
+    explanation.sections = findOrigins(explanation.account, reader);
     RecordCounts counts;
     addCounts(resources, explanation.href, counts);
     expectCounts(counts, explanation.sections);
@@ -85,7 +86,8 @@ Answer explainName(const std::string& name, const Options& options, const PageSe
     Explanation explanation{.name = fl::i18n::to_ustring(name)};
     const LookupResults results = readIndex(explanation.account);
     explanation.language = DocResourceParser::ParsingTools::getCurrentLocale();
-    explanation.sections = findOrigins(explanation.account, explanation.name);
+    SectionReader reader(explanation.name);
+    explanation.sections = findOrigins(explanation.account, reader);
     RecordCounts counts;
     addCounts(results.installed, explanation.name, counts);
     addCounts(results.notInstalled, explanation.name, counts);

@@ -1,7 +1,5 @@
 #include "tools/refdoc/explain/Origins.hpp"
 
-#include "tools/refdoc/session/SourceTexts.hpp"
-
 #include <stdexcept>
 #include <utility>
 
@@ -130,17 +128,14 @@ std::string_view toWord(const decltype(LostRecord::fate)& fate) noexcept {
     return std::visit([](auto value) { return reference::docparser::toWord(value); }, fate);
 }
 
-std::vector<SectionOrigins> findOrigins(const LoadAccount& account,
-                                        const std::optional<std::u16string>& key) {
+std::vector<SectionOrigins> findOrigins(const LoadAccount& account, SectionReader& reader) {
     const std::vector<SourceFile> files = sourceFiles(account);
-    SourceTexts texts;
     Follower follower;
     for (std::size_t index = 0; index < files.size(); ++index) {
         const FileAccount& file = account.files[index];
         if (file.sections.empty())
             continue;
-        std::vector<SourceSection> sources =
-            readSections(file, index, texts.read(files[index]), key);
+        std::vector<SourceSection> sources = reader.read(file, index, files[index]);
         for (std::size_t number = 0; number < sources.size(); ++number)
             follower.follow(file.sections[number], std::move(sources[number]));
     }

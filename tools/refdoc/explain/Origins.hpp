@@ -48,10 +48,10 @@ struct SectionOrigins {
 
 /// Follows the records of a retrieval through overlay and merge to the result.
 /// \param account  of one retrieval
-/// \param key      follows only the records with this key; absent: all
+/// \param reader   reads the files of the account; only the records that it reads are followed
 /// \returns        the sections of the result, installed ones first, then by key
 std::vector<SectionOrigins> findOrigins(const reference::docparser::LoadAccount& account,
-                                        const std::optional<std::u16string>& key);
+                                        SectionReader& reader);
 
 /// The number of records of a result, by section and key.
 using RecordCounts = std::map<std::pair<std::u16string, std::u16string>, std::size_t>;

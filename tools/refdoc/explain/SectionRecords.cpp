@@ -7,6 +7,7 @@
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parse.hpp>
 
+#include <algorithm>
 #include <utility>
 
 namespace refdoc {
@@ -60,6 +61,14 @@ void findPositions(const std::string& text, std::vector<SourceSection>& sections
     }
 }
 
+bool hasPointers(const std::vector<SourceSection>& sections,
+                 const std::vector<SectionAccount>& expected) {
+    return std::ranges::equal(
+        sections, expected, {},
+        [](const SourceSection& section) -> const std::string& { return section.header.pointer; },
+        &SectionAccount::pointer);
+}
+
 } // namespace
 
 std::vector<SourceSection> readSections(const FileAccount& file, std::size_t index,
@@ -80,6 +89,21 @@ std::vector<SourceSection> readSections(const FileAccount& file, std::size_t ind
         findPositions(text, sections);
     });
     return sections;
+}
+
+std::vector<SourceSection> SectionReader::read(const FileAccount& file, std::size_t index,
+                                               const SourceFile& source) {
+    std::vector<SourceSection>& sections = read_[source];
+    // If the file changed between two retrievals, its sections may be others.
+    if (!hasPointers(sections, file.sections))
+        sections = readSections(file, index, texts_.read(source), key_);
+    std::vector<SourceSection> copies = sections;
+    for (SourceSection& section : copies) {
+        section.header.file = index;
+        for (SourceRecord& record : section.records)
+            record.origin.file = index;
+    }
+    return copies;
 }
 
 } // namespace refdoc

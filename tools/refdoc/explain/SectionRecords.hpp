@@ -1,10 +1,13 @@
 #pragma once
 
 #include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace refdoc {
@@ -44,5 +47,22 @@ struct SourceSection {
 std::vector<SourceSection> readSections(const reference::docparser::FileAccount& file,
                                         std::size_t index, const std::string& text,
                                         const std::optional<std::u16string>& key);
+
+/// Reads the sections of files as readSections() does, each file once: sections of a file that
+/// several retrievals have used are copied from the first reading.
+class SectionReader {
+public:
+    /// \param key  reads only the records with this key; absent: all
+    explicit SectionReader(std::optional<std::u16string> key) : key_(std::move(key)) {}
+
+    /// \param source  the file of the account, which has the index
+    std::vector<SourceSection> read(const reference::docparser::FileAccount& file,
+                                    std::size_t index, const SourceFile& source);
+
+private:
+    std::optional<std::u16string> key_;
+    SourceTexts texts_;
+    std::map<SourceFile, std::vector<SourceSection>> read_;
+};
 
 } // namespace refdoc

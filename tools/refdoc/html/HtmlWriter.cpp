@@ -3,13 +3,18 @@
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace refdoc::html {
 
 namespace {
 
-std::string_view escapeOf(char character) noexcept {
+// Most pages are smaller.
+constexpr std::size_t kUsualPageSize = 16 * 1024;
+
+constexpr std::string_view escapeOf(char character) noexcept {
     switch (character) {
     case '&': return "&amp;";
     case '<': return "&lt;";
@@ -20,14 +25,57 @@ std::string_view escapeOf(char character) noexcept {
     }
 }
 
-bool isSpecial(char character) noexcept {
-    return !escapeOf(character).empty();
+constexpr std::array<bool, 256> kIsSpecial = [] {
+    std::array<bool, 256> isSpecial{};
+    for (std::size_t byte = 0; byte < isSpecial.size(); ++byte)
+        isSpecial[byte] = !escapeOf(static_cast<char>(byte)).empty();
+    return isSpecial;
+}();
+
+constexpr bool isSpecial(char character) noexcept {
+    return kIsSpecial[static_cast<unsigned char>(character)];
+}
+
+constexpr bool isPlain(char16_t unit) noexcept {
+    return unit >= u' ' && unit <= u'~' && !isSpecial(static_cast<char>(unit));
+}
+
+constexpr char16_t kFirstIsolate = u'\u2066'; // three characters that begin an isolate
+constexpr char16_t kEndOfIsolate = u'\u2069';
+
+// Ends each directional isolate in the string that begins it, and removes ends without a beginning.
+// Otherwise the end of the element "bdi" would end an isolate in it, and not the element.
+std::u16string withClosedIsolates(std::u16string_view text) {
+    std::u16string closed;
+    std::size_t depth = 0;
+    for (const char16_t character : text) {
+        if (character == kEndOfIsolate) {
+            if (depth == 0)
+                continue;
+            --depth;
+        } else if (character >= kFirstIsolate && character < kEndOfIsolate) {
+            ++depth;
+        }
+        closed += character;
+    }
+    return closed.append(depth, kEndOfIsolate);
 }
 
 } // namespace
 
+HtmlWriter::HtmlWriter() {
+    html_.reserve(kUsualPageSize);
+}
+
 void HtmlWriter::text(std::u16string_view text) {
-    escape(visibleText(text));
+    // Most strings need neither conversion nor escapes.
+    const auto rest = std::ranges::find_if_not(text, isPlain);
+    const std::size_t start = html_.size();
+    html_.resize(start + static_cast<std::size_t>(rest - text.begin()));
+    std::transform(text.begin(), rest, html_.begin() + static_cast<std::ptrdiff_t>(start),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    if (rest != text.end())
+        escape(visibleText(withClosedIsolates({rest, text.end()})));
 }
 
 void HtmlWriter::text(std::string_view text) {

@@ -14,6 +14,12 @@ namespace urls = boost::urls;
 
 namespace {
 
+// ':' is encoded too, so that no name looks like a scheme.
+constexpr urls::grammar::lut_chars kPathChars = urls::unreserved_chars + '/';
+constexpr urls::grammar::lut_chars kFragmentChars = urls::pchars + "/?";
+// A '%' stays, because it usually begins an encoded character.
+constexpr urls::grammar::lut_chars kUrlChars = urls::pchars + "/?#[]%";
+
 // The length of the folders that two paths share, with the slash at their end.
 std::size_t sharedFolders(std::string_view from, std::string_view to) {
     const auto [end, other] = std::ranges::mismatch(from, to);
@@ -28,18 +34,20 @@ std::string relativeUrl(std::string_view from, std::string_view to, std::string_
     std::string url;
     for (auto depth = std::ranges::count(from.substr(shared), '/'); depth > 0; --depth)
         url += "../";
-    // ':' is encoded too, so that no name looks like a scheme.
-    url += urls::encode(to.substr(shared), urls::unreserved_chars + '/');
+    const std::string_view rest = to.substr(shared);
+    if (std::ranges::all_of(rest, kPathChars))
+        url += rest;
+    else
+        url += urls::encode(rest, kPathChars);
     if (!fragment.empty())
-        url += '#' + urls::encode(fragment, urls::pchars + "/?");
+        url += '#' + urls::encode(fragment, kFragmentChars);
     return url;
 }
 
 std::optional<std::string> webUrl(std::string_view url) {
     if (!boost::istarts_with(url, "http://") && !boost::istarts_with(url, "https://"))
         return std::nullopt;
-    // A '%' stays, because it usually begins an encoded character.
-    return urls::encode(url, urls::pchars + "/?#[]%");
+    return urls::encode(url, kUrlChars);
 }
 
 } // namespace refdoc::html

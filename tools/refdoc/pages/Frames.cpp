@@ -49,12 +49,10 @@ std::string nearestPath(const SiteLanguage& language, const Product& product,
     const auto edition = std::ranges::find(product.editions, language.code, &Edition::language);
     if (edition == product.editions.end())
         return startPath(language);
-    const auto resource = edition->resources.find(section);
-    if (resource == edition->resources.end())
+    if (!edition->isBroken() && !edition->resources.contains(section))
         return startPath(language);
-    const SectionPages& pages = product.pages.at(section);
-    const bool hasItem = href && resource->second.items.contains(*href);
-    return language.folder + (hasItem ? pages.items.at(*href) : pages.index);
+    const std::string* page = href ? pageOf(product, *edition, section, *href) : nullptr;
+    return language.folder + (page ? *page : product.pages.at(section).index);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/explain/RuleText.hpp"
 #include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/pages/FindingList.hpp"
 #include "tools/refdoc/pages/Frames.hpp"
 #include "tools/refdoc/pages/Links.hpp"
 #include "tools/refdoc/pages/RecordWriter.hpp"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <optional>
 #include <set>
+#include <span>
 
 namespace refdoc::site {
 
@@ -45,16 +47,28 @@ public:
           record_(writer, isFallback_ ? std::string(html::kLabelLanguage) : to_string(language_)),
           links_(product, edition, section, href),
           files_(edition.account.files),
-          origins_(edition.origins.at(section)),
-          anchors_{fl::i18n::to_ustring(html::kContentId)} {}
+          sources_(edition.origins.at(section).kept.at(href)),
+          lost_(lostRecords(edition, section, href)),
+          anchors_{fl::i18n::to_ustring(html::kContentId), fl::i18n::to_ustring(kFindingsId)} {}
 
-    void write(const std::vector<RefItem>& items) {
-        const std::vector<SourceRecord>& sources = origins_.kept.at(href_);
+    void write(const std::vector<RefItem>& items, const ProductFindings& findings) {
+        const std::vector<check::ReportedFinding> found = findingsAt(findings);
+        writeFindingsNote(html_, found);
         for (std::size_t index = 0; index < items.size(); ++index)
-            html_.element("article", {}, [&] { writeItem(items[index], sources[index]); });
+            html_.element("article", {}, [&] { writeItem(items[index], sources_[index]); });
+        writeFindingsPanel(html_, found);
     }
 
 private:
+    std::vector<check::ReportedFinding> findingsAt(const ProductFindings& findings) const {
+        std::vector<check::ReportedFinding> found;
+        for (const SourceRecord& source : sources_)
+            findings.addAt(files_[source.origin.file], source.origin.pointer, found);
+        for (const LostRecord& lost : lost_)
+            findings.addAt(files_[lost.record.origin.file], lost.record.origin.pointer, found);
+        return found;
+    }
+
     void writeItem(const RefItem& item, const SourceRecord& source) {
         writeTitle(item);
         html_.element("p", {{"class", "purpose"}}, [&] { record_.prose(item.getRefPurpose()); });
@@ -267,12 +281,8 @@ private:
     }
 
     void writeLostRecords() {
-        const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
-            return lost.record.key;
-        };
-        auto lost = std::ranges::lower_bound(origins_.lost, href_, {}, keyOf);
-        for (; lost != origins_.lost.end() && keyOf(*lost) == href_; ++lost)
-            writeLost(*lost);
+        for (const LostRecord& lost : lost_)
+            writeLost(lost);
     }
 
     void writeOrigin(const SourceRecord& source) {
@@ -308,7 +318,8 @@ private:
     RecordWriter record_;
     Links links_;
     const std::vector<FileAccount>& files_;
-    const SectionOrigins& origins_;
+    const std::vector<SourceRecord>& sources_;
+    std::span<const LostRecord> lost_;
     std::set<std::u16string> anchors_; // that elements of the page have
 };
 
@@ -319,10 +330,10 @@ std::string itemPage(const SiteLanguages& languages, const Product& product, con
     const auto& resource = edition.resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
-    return html::framedPage(productFrame(languages, product, edition, section, href, title),
-                            [&](HtmlWriter& writer) {
-                                ItemContent(writer, product, edition, section, href).write(items);
-                            });
+    return html::framedPage(
+        productFrame(languages, product, edition, section, href, title), [&](HtmlWriter& writer) {
+            ItemContent(writer, product, edition, section, href).write(items, product.findings);
+        });
 }
 
 } // namespace refdoc::site

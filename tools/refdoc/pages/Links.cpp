@@ -44,19 +44,13 @@ std::optional<std::string> Links::urlOf(const std::u16string& link) const {
 }
 
 const std::string* Links::pageOf(const std::u16string& href) const {
-    if (const std::string* page = pageIn(section_, href))
+    if (const std::string* page = site::pageOf(product_, edition_, section_, href))
         return page;
     for (const auto& [key, section] : edition_.resources) {
-        if (const std::string* page = pageIn(key, href))
+        if (const std::string* page = site::pageOf(product_, edition_, key, href))
             return page;
     }
     return nullptr;
-}
-
-const std::string* Links::pageIn(const std::u16string& section, const std::u16string& href) const {
-    if (!edition_.resources.at(section).items.contains(href))
-        return nullptr;
-    return &product_.pages.at(section).items.at(href);
 }
 
 } // namespace refdoc::site

@@ -24,7 +24,6 @@ public:
 private:
     // Returns null if the edition has no such item.
     const std::string* pageOf(const std::u16string& href) const;
-    const std::string* pageIn(const std::u16string& section, const std::u16string& href) const;
 
     const Product& product_;
     const Edition& edition_;

@@ -1,6 +1,7 @@
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/explain/RuleText.hpp"
 #include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/pages/FindingList.hpp"
 #include "tools/refdoc/pages/Frames.hpp"
 #include "tools/refdoc/pages/RecordWriter.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
@@ -10,6 +11,8 @@
 #include <optional>
 #include <set>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace refdoc::site {
 
@@ -58,6 +61,7 @@ public:
     SectionContent(HtmlWriter& writer, const Product& product, const Edition& edition,
                    const std::u16string& section)
         : html_(writer),
+          product_(product),
           edition_(edition),
           section_(section),
           resource_(edition.resources.at(section)),
@@ -66,6 +70,9 @@ public:
     void write() {
         html_.element("h1", {},
                       [&] { html_.element("bdi", {}, resource_.header.getProductName()); });
+        writeBrokenFiles(html_, edition_.brokenFiles);
+        std::vector<check::ReportedFinding> findings = findingsBeside(edition_, product_.findings);
+        writeFindingsNote(html_, findings);
         writeHeader();
         // The script shows the field.
         html_.element("p", {{"class", "filter"}, {"hidden", ""}}, [&] {
@@ -79,6 +86,7 @@ public:
             writeType(headingOf(type), items);
         if (!types.untyped.empty())
             writeType(u"other pages", types.untyped);
+        writeFindingsPanel(html_, std::move(findings));
         writeOrigin();
     }
 
@@ -157,6 +165,7 @@ private:
     }
 
     HtmlWriter& html_;
+    const Product& product_;
     const Edition& edition_;
     const std::u16string& section_;
     const reference::docparser::DocResource<RefItem>& resource_;

@@ -1,5 +1,7 @@
 #include "tools/refdoc/pages/SiteModel.hpp"
 
+#include <algorithm>
+
 namespace refdoc::site {
 
 using Tools = reference::docparser::DocResourceParser::ParsingTools;
@@ -13,8 +15,30 @@ bool isOwnFile(const Edition& edition, const Origin& origin) {
 
 } // namespace
 
+const std::string* pageOf(const Product& product, const Edition& edition,
+                          const std::u16string& section, const std::u16string& href) {
+    const auto resource = edition.resources.find(section);
+    if (resource == edition.resources.end())
+        return nullptr;
+    const auto& items = resource->second.items;
+    const auto& pages = product.pages.at(section).items;
+    const auto page = pages.find(href);
+    // The pages are those of all editions, so an edition with as many items has each of them.
+    const bool hasItem =
+        page != pages.end() && (items.size() == pages.size() || items.contains(href));
+    return hasItem ? &page->second : nullptr;
+}
+
 bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href) {
     return !isOwnFile(edition, edition.origins.at(section).kept.at(href).front().origin);
+}
+
+std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,
+                                        const std::u16string& href) {
+    const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
+        return lost.record.key;
+    };
+    return std::ranges::equal_range(edition.origins.at(section).lost, href, {}, keyOf);
 }
 
 bool hasOwnSection(const Edition& edition, const std::u16string& section) {

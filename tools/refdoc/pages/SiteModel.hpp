@@ -2,10 +2,13 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/explain/Origins.hpp"
+#include "tools/refdoc/pages/ProductFindings.hpp"
 
 #include <cstddef>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -23,13 +26,23 @@ struct SiteLanguage {
 
 using SiteLanguages = std::vector<SiteLanguage>;
 
+/// A file that exists, but of which the library uses nothing.
+struct BrokenFile {
+    reference::docparser::FileAccount account{}; ///< its fate says why
+    std::string text{};                          ///< the content; empty if it was not read
+};
+
 /// The records of a product in one language, with English ones where a translation lacks them.
+/// Without resources, the edition is broken: nothing but its broken files can be shown.
 struct Edition {
     std::u16string language{};
     reference::docparser::ResourceMap<reference::property::RefItem> resources{};
     reference::docparser::LoadAccount account{};
     /// Where the records of each section come from. Its lost records are sorted by key.
     std::map<std::u16string, SectionOrigins> origins{};
+    std::vector<BrokenFile> brokenFiles{};
+
+    bool isBroken() const noexcept { return resources.empty(); }
 };
 
 /// The pages of a section, by href, in the folder of a language: "orchard/ref/smooth.html". Every
@@ -37,26 +50,39 @@ struct Edition {
 struct SectionPages {
     std::string index{}; ///< "orchard/index.html"
     std::map<std::u16string, std::string> items{};
+    std::u16string displayName{}; ///< for editions that lack the section
 };
 
 /// A product in all languages of the site.
 struct Product {
-    std::vector<Edition> editions{};                ///< of the languages that have any resources
+    std::vector<Edition> editions{}; ///< of the languages that have resources or broken files
     std::map<std::u16string, SectionPages> pages{}; ///< by section
+    ProductFindings findings{};
 };
 
 /// A section in the list of the start page, in one language.
 struct SectionSummary {
     std::u16string displayName{};
     bool isInstalled = false;
+    bool isBroken = false; ///< in this language; see Edition
     std::size_t itemCount = 0;
     std::size_t deprecatedCount = 0;         ///< of the items, those with any status but None
     std::vector<std::u16string> languages{}; ///< those whose own file has the section
     std::string index{};                     ///< see SectionPages
+    check::Summary findings{};               ///< of the product
 };
+
+/// Returns the page of an item, below the folder of a language; null if the edition has no such
+/// item.
+const std::string* pageOf(const Product& product, const Edition& edition,
+                          const std::u16string& section, const std::u16string& href);
 
 /// Returns whether the records of an item are English because no translation has them.
 bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href);
+
+/// Returns the records with a link that the edition does not have.
+std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,
+                                        const std::u16string& href);
 
 /// Returns whether the file of the edition's own language has a section. If not, all of the section
 /// is English.

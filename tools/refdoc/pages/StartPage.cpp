@@ -1,5 +1,7 @@
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/check/report/ReportFormats.hpp"
 #include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/pages/FindingList.hpp"
 #include "tools/refdoc/pages/Frames.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 
@@ -25,7 +27,20 @@ void writeSection(HtmlWriter& writer, const SectionSummary& section) {
         writer.element("th", {{"scope", "row"}}, [&] {
             writer.element("a", {{"href", html::relativeUrl({}, section.index)}},
                            [&] { writer.element("bdi", {}, section.displayName); });
+            if (section.isBroken) {
+                writer.text(" ");
+                writer.element("small", {{"class", "mark error"}}, "file cannot be used");
+            }
+            if (section.findings.findings() > 0) {
+                writer.text(" ");
+                writer.element("small", {{"class", "mark warning"}},
+                               check::countsText(section.findings));
+            }
         });
+        if (section.isBroken) {
+            writer.element("td", {{"colspan", "3"}}, "");
+            return;
+        }
         writer.element("td", {}, std::to_string(section.itemCount));
         writer.element("td", {}, std::to_string(section.deprecatedCount));
         writer.element("td", {}, languagesOf(section));
@@ -56,7 +71,7 @@ void writeTable(HtmlWriter& writer, const char* heading,
 } // namespace
 
 std::string startPage(const SiteLanguages& languages, const SiteLanguage& language,
-                      const std::vector<SectionSummary>& sections) {
+                      const std::vector<SectionSummary>& sections, const StartFindings& findings) {
     const html::PageFrame frame = startFrame(languages, language);
     return html::framedPage(frame, [&](HtmlWriter& writer) {
         writer.element("h1", {}, frame.title);
@@ -64,6 +79,10 @@ std::string startPage(const SiteLanguages& languages, const SiteLanguage& langua
             writer.element("p", {}, "There is no product with full records.");
         writeTable(writer, "Installed", sections, true);
         writeTable(writer, "Not installed", sections, false);
+        if (findings.summary.findings() > 0)
+            writer.element("p", {{"class", "findings-note"}},
+                           "refdoc check: " + check::summaryText(findings.summary));
+        writeFindingsPanel(writer, findings.others);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "docparser/DocParserException.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
+#include "tools/refdoc/session/SourceTexts.hpp"
 
 #include <algorithm>
 #include <iterator>
@@ -13,6 +14,8 @@ namespace refdoc::site {
 
 using reference::docparser::DocParserException;
 using reference::docparser::DocResourceParser;
+using reference::docparser::Fate;
+using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
 
 namespace {
@@ -28,8 +31,22 @@ bool readResources(const std::u16string& product, Edition& edition) {
     }
 }
 
-void readOrigins(Edition& edition) {
-    std::vector<SectionOrigins> sections = findOrigins(edition.account, std::nullopt);
+bool isBroken(const FileAccount& file) {
+    return file.fate == Fate::Malformed || file.fate == Fate::Unreadable ||
+           file.fate == Fate::NotRegular || file.fate == Fate::OverLimit;
+}
+
+void readBrokenFiles(Edition& edition) {
+    SourceTexts texts;
+    for (const FileAccount& file : edition.account.files) {
+        if (isBroken(file))
+            edition.brokenFiles.push_back(
+                {file, file.fate == Fate::Malformed ? texts.read({.path = file.path}) : ""});
+    }
+}
+
+void readOrigins(SectionReader& reader, Edition& edition) {
+    std::vector<SectionOrigins> sections = findOrigins(edition.account, reader);
     RecordCounts counts;
     addCounts(edition.resources, std::nullopt, counts);
     expectCounts(counts, sections);
@@ -54,14 +71,16 @@ std::set<std::u16string> siteProducts(const SiteLanguages& languages) {
 Product readProduct(const std::u16string& name, const SiteLanguages& languages,
                     LoadAccount& account) {
     Product product;
+    SectionReader reader(std::nullopt); // most languages share the English file
     for (const SiteLanguage& language : languages) {
         Edition edition{.language = language.code};
-        if (!readResources(name, edition)) {
-            std::ranges::move(edition.account.files, std::back_inserter(account.files));
-            continue;
-        }
-        readOrigins(edition);
-        product.editions.push_back(std::move(edition));
+        if (readResources(name, edition))
+            readOrigins(reader, edition);
+        else
+            std::ranges::copy(edition.account.files, std::back_inserter(account.files));
+        readBrokenFiles(edition);
+        if (!edition.isBroken() || !edition.brokenFiles.empty())
+            product.editions.push_back(std::move(edition));
     }
     return product;
 }

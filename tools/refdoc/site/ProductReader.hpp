@@ -11,8 +11,7 @@ namespace refdoc::site {
 /// \throws whatever the host services throw
 std::set<std::u16string> siteProducts(const SiteLanguages& languages);
 
-/// Reads a product in each language, and where its records come from. It has no pages yet, and no
-/// editions if it cannot be read.
+/// Reads a product in each language, and where its records come from. It has no pages yet.
 /// \param account  receives the account of each retrieval that finds no resources
 /// \throws std::runtime_error  a file changed while it was read
 /// \throws whatever the host services throw

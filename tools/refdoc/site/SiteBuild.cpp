@@ -3,74 +3,37 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/html/Assets.hpp"
-#include "tools/refdoc/pages/FileNames.hpp"
 #include "tools/refdoc/pages/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
-#include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
+#include "tools/refdoc/site/SectionSummaries.hpp"
+#include "tools/refdoc/site/SiteFindings.hpp"
+#include "tools/refdoc/site/SitePaths.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <future>
+#include <iterator>
 #include <set>
 #include <stdexcept>
-#include <utility>
+#include <vector>
 
 namespace refdoc::site {
 
 using namespace reference::docparser;
-using reference::property::DeprecationStatus;
-using reference::property::RefItem;
 
 namespace {
-
-std::set<std::u16string> hrefsIn(const Product& product, const std::u16string& section) {
-    std::set<std::u16string> hrefs;
-    for (const Edition& edition : product.editions) {
-        const auto resource = edition.resources.find(section);
-        if (resource == edition.resources.end())
-            continue;
-        for (const auto& [href, items] : resource->second.items)
-            hrefs.insert(href);
-    }
-    return hrefs;
-}
-
-std::size_t countDeprecated(const DocResource<RefItem>& resource) {
-    std::size_t count = 0;
-    for (const auto& [href, items] : resource.items)
-        count += static_cast<std::size_t>(std::ranges::count_if(items, [](const RefItem& item) {
-            return item.getDeprecationStatus() != DeprecationStatus::None;
-        }));
-    return count;
-}
-
-std::size_t countItems(const DocResource<RefItem>& resource) {
-    std::size_t count = 0;
-    for (const auto& [href, items] : resource.items)
-        count += items.size();
-    return count;
-}
 
 class SiteBuild {
 public:
     explicit SiteBuild(SiteFolder& output)
-        : output_(output), names_{kIndexName, kAssetFolder, SiteFolder::kListName} {
-        FileNames searchNames{};
-        for (const std::u16string& language : allLanguages()) {
-            // English is the first language, and its pages are not in a folder of their own.
-            const bool isEnglish = languages_.empty();
-            languages_.push_back(
-                {language, isEnglish ? "" : names_.addFolder(language) + '/',
-                 fmt::format("{}/search/{}/", kAssetFolder, searchNames.addFolder(language))});
-        }
-        summaries_.resize(languages_.size());
-    }
+        : output_(output), languages_(paths_.languages()), summaries_(languages_.size()) {}
 
     void addProducts(Progress& progress, std::vector<std::string>& complaints) {
         const std::set<std::u16string> products = siteProducts(languages_);
@@ -78,15 +41,21 @@ public:
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
+        findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
-        for (const std::u16string& name : products) {
-            LoadAccount failures;
-            Product product = readProduct(name, languages_, failures);
-            if (product.editions.empty())
-                complaints.push_back(complaintAboutProduct(name, failures));
-            choosePaths(product);
+        // Each product is read while the pages of the one before it are made.
+        std::future<ReadProduct> next = startReading(*products.begin());
+        for (auto name = products.begin(); name != products.end(); ++name) {
+            auto [product, failures] = next.get();
+            if (std::ranges::all_of(product.editions, &Edition::isBroken))
+                complaints.push_back(complaintAboutProduct(*name, failures));
+            product.findings = std::move(findings_.products[*name]);
+            // This may change the language, which would disturb the reading.
+            paths_.choose(*name, product);
+            if (const auto following = std::next(name); following != products.end())
+                next = startReading(*following);
             addPages(product);
-            directory_.add(name, product);
+            directory_.add(*name, product);
             progress.step();
         }
     }
@@ -110,67 +79,66 @@ public:
             std::vector<SectionSummary>& sections = summaries_[index];
             std::ranges::stable_sort(sections, {}, &SectionSummary::displayName);
             output_.add(languages_[index].folder + std::string(kIndexName),
-                        startPage(languages_, languages_[index], sections));
+                        startPage(languages_, languages_[index], sections, findings_.start));
         }
         for (const html::Asset& asset : html::assets())
             output_.add(fmt::format("{}/{}", kAssetFolder, asset.name), asset.content);
     }
 
 private:
-    void choosePaths(Product& product) {
-        for (const Edition& edition : product.editions) {
-            for (const auto& [key, resource] : edition.resources)
-                product.pages.try_emplace(key);
-        }
-        for (auto& [key, pages] : product.pages) {
-            const std::string folder = names_.addFolder(key) + '/';
-            pages.index = folder + std::string(kIndexName);
-            FileNames names{kIndexName};
-            for (const std::u16string& href : hrefsIn(product, key))
-                pages.items.emplace(href, folder + names.addPage(href));
-        }
+    struct ReadProduct {
+        Product product{};
+        LoadAccount failures{};
+    };
+
+    // On another thread, if the system allows one.
+    std::future<ReadProduct> startReading(const std::u16string& name) const {
+        return std::async([this, name] {
+            ReadProduct read;
+            read.product = readProduct(name, languages_, read.failures);
+            return read;
+        });
     }
 
     void addPages(const Product& product) {
+        std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
             const auto language =
                 std::ranges::find(languages_, edition.language, &SiteLanguage::code);
-            for (const auto& [key, resource] : edition.resources) {
-                addSection(product, edition, key, language->folder);
-                summaries_[static_cast<std::size_t>(language - languages_.begin())].push_back(
-                    summaryOf(product, key, resource));
+            for (const auto& [key, resource] : edition.resources)
+                addSection(product, edition, key, language->folder, files);
+            if (edition.isBroken()) {
+                for (const auto& [key, pages] : product.pages)
+                    files.push_back({language->folder + pages.index, [&, &key = key] {
+                                         return brokenPage(languages_, product, edition, key);
+                                     }});
             }
+            std::ranges::move(
+                summariesOf(product, edition),
+                std::back_inserter(
+                    summaries_[static_cast<std::size_t>(language - languages_.begin())]));
         }
+        output_.add(files);
     }
 
+    // The files refer to the arguments.
     void addSection(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::string& folder) {
+                    const std::string& folder, std::vector<SiteFile>& files) const {
         const SectionPages& pages = product.pages.at(key);
-        output_.add(folder + pages.index, sectionPage(languages_, product, edition, key));
+        files.push_back({folder + pages.index,
+                         [&, this] { return sectionPage(languages_, product, edition, key); }});
         for (const auto& [href, items] : edition.resources.at(key).items)
-            output_.add(folder + pages.items.at(href),
-                        itemPage(languages_, product, edition, key, href));
-    }
-
-    static SectionSummary summaryOf(const Product& product, const std::u16string& key,
-                                    const DocResource<RefItem>& resource) {
-        SectionSummary summary{.displayName = resource.header.getProductName(),
-                               .isInstalled = DocResourceParser::isProductInstalled(key),
-                               .itemCount = countItems(resource),
-                               .deprecatedCount = countDeprecated(resource),
-                               .index = product.pages.at(key).index};
-        for (const Edition& edition : product.editions) {
-            if (hasOwnSection(edition, key))
-                summary.languages.push_back(edition.language);
-        }
-        return summary;
+            files.push_back({folder + pages.items.at(href), [&, this, &href = href] {
+                                 return itemPage(languages_, product, edition, key, href);
+                             }});
     }
 
     SiteFolder& output_;
-    FileNames names_; // of the folder of the site
-    SiteLanguages languages_;
+    SitePaths paths_;
+    const SiteLanguages& languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    SiteFindings findings_;
 };
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "tools/refdoc/site/SiteFolder.hpp"
 
+#include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -9,12 +11,17 @@
 #include <iterator>
 #include <stdexcept>
 #include <system_error>
+#include <vector>
 
 namespace refdoc::site {
 
 namespace fs = std::filesystem;
+using boost::interprocess::file_lock;
 
 namespace {
+
+constexpr char kTemporaryPrefix[] = ".refdoc-";
+constexpr char kLockName[] = "lock";
 
 // Returns the folder without links and with the folders above it, which are created.
 fs::path prepared(const fs::path& folder) {
@@ -32,6 +39,44 @@ fs::path prepared(const fs::path& folder) {
 
 fs::path below(const fs::path& folder, const std::string& path) {
     return folder / fs::path(fl::i18n::to_ustring(path));
+}
+
+file_lock lockOf(const fs::path& temporaryFolder) {
+    return file_lock((temporaryFolder / kLockName).c_str());
+}
+
+// Returns the lock of a new temporary folder.
+file_lock locked(const fs::path& temporaryFolder) {
+    std::ofstream(temporaryFolder / kLockName, std::ios::binary);
+    file_lock lock = lockOf(temporaryFolder);
+    // A file system may have no locks. The folder then never counts as abandoned.
+    platform::ignoreFailure([&] { lock.lock(); });
+    return lock;
+}
+
+// Returns whether a folder is the temporary folder of a run that has ended. The system unlocks the
+// files of a process when it ends, whatever the reason.
+bool isAbandoned(const fs::path& folder) {
+    std::error_code unreadable;
+    bool isUnlocked = false;
+    if (folder.filename().u16string().starts_with(fl::i18n::to_ustring(kTemporaryPrefix)) &&
+        fs::is_regular_file(folder / kLockName, unreadable))
+        // A folder of another user, for example, is left to that user.
+        platform::ignoreFailure([&] { isUnlocked = lockOf(folder).try_lock(); });
+    return isUnlocked;
+}
+
+// Removes the temporary folders in a folder whose runs have ended, and returns the folder.
+const fs::path& withoutAbandoned(const fs::path& folder) {
+    std::error_code failure; // to list or to remove; neither matters for the new site
+    std::vector<fs::path> abandoned;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, failure)) {
+        if (isAbandoned(entry.path()))
+            abandoned.push_back(entry.path());
+    }
+    for (const fs::path& temporaryFolder : abandoned)
+        fs::remove_all(temporaryFolder, failure);
+    return folder;
 }
 
 std::string read(const fs::path& file) {
@@ -65,7 +110,8 @@ void close(std::ofstream& stream, const fs::path& file) {
 SiteFolder::SiteFolder(const fs::path& folder, Others others)
     : folder_(prepared(folder)),
       oldFiles_(readList(folder_ / kListName)),
-      temporary_(".refdoc-", folder_.parent_path()),
+      temporary_(kTemporaryPrefix, withoutAbandoned(folder_.parent_path())),
+      lock_(locked(temporary_.path())),
       staged_(temporary_.path() / "site"),
       list_(temporary_.path() / "list", std::ios::binary) {
     if (others == Others::Refused)
@@ -89,17 +135,33 @@ void SiteFolder::expectNoOthers() const {
 }
 
 void SiteFolder::add(const std::string& path, std::string_view content) {
-    list_ << path << '\n';
-    oldFiles_.erase(path);
-    if (hasContent(below(folder_, path), content)) {
-        ++changes_.unchanged;
-        return;
-    }
-    stage(path, content);
-    ++changes_.written;
+    list(path);
+    write(path, content);
 }
 
-void SiteFolder::stage(const std::string& path, std::string_view content) {
+void SiteFolder::add(const std::vector<SiteFile>& files) {
+    for (const SiteFile& file : files)
+        list(file.path);
+    forEachInParallel(files.size(), [&](std::size_t number) {
+        write(files[number].path, files[number].makeContent());
+    });
+}
+
+void SiteFolder::list(const std::string& path) {
+    list_ << path << '\n';
+    oldFiles_.erase(path);
+    ++added_;
+}
+
+// Several threads may call this at a time.
+void SiteFolder::write(const std::string& path, std::string_view content) {
+    if (hasContent(below(folder_, path), content))
+        ++unchanged_;
+    else
+        stage(path, content);
+}
+
+void SiteFolder::stage(const std::string& path, std::string_view content) const {
     const fs::path file = below(staged_, path);
     std::ofstream stream(file, std::ios::binary);
     if (!stream) {
@@ -117,28 +179,31 @@ SiteChanges SiteFolder::publish() {
     const bool isListChanged = !hasContent(folder_ / kListName, list);
     if (isListChanged)
         stage(std::string(kListName), list);
+    SiteChanges changes{.written = added_ - unchanged_, .unchanged = unchanged_};
     if (!fs::exists(folder_) || fs::is_empty(folder_)) {
         fs::remove(folder_);
         fs::rename(staged_, folder_);
-        return changes_;
+        return changes;
     }
     // Should the publication end early, the files of both sites are recognised later.
     if (isListChanged)
         std::ofstream(folder_ / kListName, std::ios::binary | std::ios::app) << list;
-    removeOldFiles();
+    changes.removed = removeOldFiles();
     moveStagedFiles();
-    return changes_;
+    return changes;
 }
 
-void SiteFolder::removeOldFiles() {
+std::size_t SiteFolder::removeOldFiles() const {
+    std::size_t removed = 0;
     for (const std::string& path : oldFiles_) {
         fs::path file = below(folder_, path);
-        changes_.removed += fs::remove(file) ? 1 : 0;
+        removed += fs::remove(file) ? 1 : 0;
         std::error_code notEmpty;
         do {
             file = file.parent_path();
         } while (file != folder_ && fs::remove(file, notEmpty));
     }
+    return removed;
 }
 
 // The list comes last, because it has no lines for the files of the old site.

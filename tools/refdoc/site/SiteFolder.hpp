@@ -2,14 +2,25 @@
 
 #include "platform/system/TemporaryFolder.hpp"
 
+#include <boost/interprocess/sync/file_lock.hpp>
+
+#include <atomic>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace refdoc::site {
+
+/// A file of a site.
+struct SiteFile {
+    std::string path; ///< relative, with '/' between folders; UTF-8
+    std::function<std::string()> makeContent;
+};
 
 /// How many files a publication changed.
 struct SiteChanges {
@@ -33,16 +44,23 @@ public:
     /// Whether the folder may contain files that are not of a site.
     enum class Others { Refused, Kept };
 
-    /// Creates the folders above the folder.
-    /// \throws std::runtime_error  the folder contains files of others, and these are refused; or
+    /// Creates the folders above the folder, and removes what runs that were killed have left
+    /// beside it. \throws std::runtime_error  the folder contains files of others, and these are
+    /// refused; or
     ///                             it is not a folder
     /// \throws std::filesystem::filesystem_error  a folder cannot be read or created
     SiteFolder(const std::filesystem::path& folder, Others others);
 
     /// Adds a file. One that is already there with this content is not written.
-    /// \param path  relative, with '/' between folders; UTF-8. Each path is added once.
+    /// \param path  as in a SiteFile. Each path is added once.
     /// \throws std::filesystem::filesystem_error  the file cannot be written
     void add(const std::string& path, std::string_view content);
+
+    /// Adds files whose contents are made on several threads. Each thread has the content of one
+    /// file in memory.
+    /// \throws std::filesystem::filesystem_error  a file cannot be written
+    /// \throws what the functions of the files throw, see forEachInParallel()
+    void add(const std::vector<SiteFile>& files);
 
     /// Makes the added files the site, and removes its other files and the folders that become
     /// empty. The last call to the object.
@@ -52,16 +70,20 @@ public:
 
 private:
     void expectNoOthers() const;
-    void stage(const std::string& path, std::string_view content);
+    void list(const std::string& path);
+    void write(const std::string& path, std::string_view content);
+    void stage(const std::string& path, std::string_view content) const;
     void moveStagedFiles();
-    void removeOldFiles();
+    std::size_t removeOldFiles() const;
 
     std::filesystem::path folder_;
     std::set<std::string> oldFiles_; // of the present site, except those that were added again
     platform::TemporaryFolder temporary_;
-    std::filesystem::path staged_; // as the folder of the site, with the new files only
-    std::ofstream list_;           // of the added files
-    SiteChanges changes_;
+    boost::interprocess::file_lock lock_; // held for as long as the temporary folder is in use
+    std::filesystem::path staged_;        // as the folder of the site, with the new files only
+    std::ofstream list_;                  // of the added files
+    std::size_t added_ = 0;
+    std::atomic<std::size_t> unchanged_ = 0;
 };
 
 } // namespace refdoc::site

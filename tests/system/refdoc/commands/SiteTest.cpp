@@ -240,8 +240,108 @@ TEST_F(TwoProductsTest, ProductThatCannotBeReadIsReported) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "refdoc: " + path("help/docCatalog/referenceapi/Cellar.json") +
                                " is malformed at 2:1: incomplete JSON; run refdoc check\n");
-    EXPECT_FALSE(fs::exists(path("out/cellar")));
     EXPECT_TRUE(fs::exists(path("out/orchard/b.html")));
+}
+
+TEST_F(TwoProductsTest, ProductThatCannotBeReadHasAPageWithTheReason) {
+    addResource("Cellar", "{\n");
+    addLookup("Cellar", section("cellar", R"({"name": "z", "href": "a.html", "refpurpose": ""})"));
+    site();
+    for (const std::string language : {"", "de/"}) {
+        EXPECT_THAT(page(language + "index.html"),
+                    HasSubstr("<a href=\"cellar/index.html\"><bdi>cellar name</bdi></a> "
+                              "<small class=\"mark error\">file cannot be used</small>"));
+        EXPECT_THAT(page(language + "cellar/index.html"), HasSubstr("Cellar.json:2:1"));
+    }
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(TwoProductsTest, BrokenProductThatIsNotInTheLookupIndexIsNamedByItsFile) {
+    addResource("Cellar", "{\n");
+    site();
+    EXPECT_THAT(page("Cellar/index.html"), HasSubstr("<h1><bdi>Cellar</bdi></h1>"));
+}
+
+TEST_F(TwoProductsTest, BrokenFileOfOneLanguageLeavesTheOtherLanguages) {
+    addResource("Orchard", "{\n");
+    site();
+    EXPECT_THAT(page("orchard/index.html"), HasSubstr("Orchard.json:2:1"));
+    EXPECT_THAT(page("orchard/index.html"),
+                HasSubstr("<a href=\"../de/orchard/index.html\" hreflang=\"de\">"));
+    EXPECT_THAT(page("de/orchard/c.html"),
+                HasSubstr("<a href=\"../../orchard/index.html\" hreflang=\"en\">"));
+    EXPECT_FALSE(fs::exists(path("out/orchard/b.html")));
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(TwoProductsTest, PageOfAProductShowsItsBrokenTranslation) {
+    addResource("Orchard_de", "{\n");
+    site();
+    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("Orchard_de.json:2:1"));
+    EXPECT_THAT(page("de/orchard/b.html"), HasSubstr("not translated into de"));
+    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("This file cannot be used"));
+    EXPECT_THAT(page("orchard/index.html"), Not(HasSubstr("This file cannot be used")));
+}
+
+// The links of an item and of its translation lead nowhere, and a lookup file has no product.
+class FindingsTest : public SiteTest {
+protected:
+    FindingsTest() {
+        addManifest(R"({"supportedDocLanguages": ["en", "de"]})");
+        addResource("Orchard", section("orchard",
+                                       R"json({"href": "a.html", "refpurpose": "Join trees",
+                                               "seealso": [{"url": "en.html", "name": ""}]},
+                                              {"href": "b.html", "refpurpose": "Cut trees"})json"));
+        addResource("Orchard_de",
+                    section("orchard", R"json({"href": "a.html", "refpurpose": "Verbinden",
+                                               "seealso": [{"url": "de.html", "name": ""}]})json"));
+        addLookup("Cellar", "{");
+    }
+
+    // The pages that show a finding with this message.
+    std::vector<std::string> pagesWith(const std::string& message) const {
+        std::vector<std::string> pages;
+        for (const std::string& name : filesIn(path("out"))) {
+            const std::string text = page(name);
+            const std::size_t panel = text.find("id=\"refdoc-findings\"");
+            if (panel != text.npos && text.find(message, panel) != text.npos)
+                pages.push_back(name);
+        }
+        return pages;
+    }
+};
+
+TEST_F(FindingsTest, FindingsAreOnThePagesThatTheyBelongTo) {
+    EXPECT_EQ(site().err, "");
+    EXPECT_THAT(pagesWith("link &quot;en.html&quot;"),
+                ElementsAre("de/orchard/a.html", "de/orchard/index.html", "orchard/a.html",
+                            "orchard/index.html"));
+    EXPECT_THAT(pagesWith("link &quot;de.html&quot;"),
+                ElementsAre("de/orchard/a.html", "de/orchard/index.html", "orchard/index.html"));
+    EXPECT_THAT(pagesWith("Cellar.json"), ElementsAre("de/index.html", "index.html"));
+    EXPECT_THAT(page("orchard/b.html"), Not(HasSubstr("refdoc-findings")));
+}
+
+TEST_F(FindingsTest, FindingTellsRuleAndPosition) {
+    site();
+    const std::string text = page("orchard/a.html");
+    EXPECT_THAT(text, HasSubstr("<p class=\"findings-note\">"
+                                "<a href=\"#refdoc-findings\">1 warning</a></p>"));
+    EXPECT_THAT(text.substr(text.find("<section class=\"findings\"")),
+                HasSubstr("<h3><span class=\"warning\">warning</span> <code>broken-link</code></h3>"
+                          "<ul><li><bdi>no product has an item with the link &quot;en.html&quot;"
+                          "</bdi> (<bdi>a.html, seealso[0].url</bdi>)<p><code><bdi>" +
+                          path("help/docCatalog/referenceapi/Orchard.json:2:")));
+}
+
+TEST_F(FindingsTest, StartPageHasTheTotals) {
+    site();
+    EXPECT_THAT(
+        page("index.html"),
+        HasSubstr("<p class=\"findings-note\">refdoc check: 1 error, 2 warnings in 3 files; "
+                  "4 files checked</p>"));
+    EXPECT_THAT(page("index.html"), HasSubstr("<bdi>orchard name</bdi></a> "
+                                              "<small class=\"mark warning\">2 warnings</small>"));
 }
 
 TEST_F(SiteTest, WithoutProductsThereIsNoSite) {
@@ -267,7 +367,7 @@ TEST_F(SiteTest, LinksLeadToItemsOrTheWebOrStayText) {
          "inputs": [{"name": "y", "purpose": "y", "htmlid": "in-y"}]})json"));
     site();
     const std::string text = page("orchard/ref/a.html");
-    EXPECT_THAT(valuesOf("href", text.substr(text.find("<main"))),
+    EXPECT_THAT(valuesOf("href", text.substr(text.find("<article"))),
                 ElementsAre("../b.html", "c.html", "c.html#in-y", "../b.html", "a.html#in%20x",
                             "https://a.example/?b&amp;c"));
     EXPECT_THAT(text, HasSubstr("<bdi>script</bdi> "
@@ -301,11 +401,11 @@ TEST_F(SiteTest, HostileDataStaysText) {
             "seealso": [{"url": "https://a.example/\" onclick=\"alert(1)", "name": "<u>"}]}]})json");
     EXPECT_EQ(site().status, 0);
     const std::set<std::string> own{
-        "a",       "article", "bdi",   "body",   "code",    "dd",     "details", "div",
-        "dl",      "dt",      "h1",    "h2",     "head",    "header", "html",    "input",
-        "label",   "li",      "link",  "main",   "meta",    "nav",    "p",       "script",
-        "section", "small",   "span",  "strong", "summary", "table",  "tbody",   "td",
-        "th",      "thead",   "title", "tr",     "ul",      "ol"};
+        "a",      "article", "bdi",   "body",  "code",   "dd",      "details", "div",
+        "dl",     "dt",      "h1",    "h2",    "h3",     "head",    "header",  "html",
+        "input",  "label",   "li",    "link",  "main",   "meta",    "nav",     "p",
+        "script", "section", "small", "span",  "strong", "summary", "table",   "tbody",
+        "td",     "th",      "thead", "title", "tr",     "ul",      "ol"};
     std::set<std::string> foreign;
     for (const std::string& name : filesIn(path("out"))) {
         if (!name.ends_with(".html"))

@@ -16,6 +16,12 @@ namespace refdoc::check {
 /// Returns "1 error", "2 errors".
 std::string counted(std::size_t count, std::string_view what);
 
+/// Returns "2 errors, 1 warning, 3 notes", without those that there are none of.
+std::string countsText(const Summary& summary);
+
+/// Returns the last line of a report for people, without a line feed.
+std::string summaryText(const Summary& summary);
+
 // Reports for people get the limit of `--max`: the most findings or, in statistics, the most
 // products of a rule. 0 means all. If it is absent, these reports have at most 200 lines.
 using Limit = std::optional<std::size_t>;

@@ -20,22 +20,6 @@ namespace {
 constexpr std::size_t kMostLines = 200; // if no limit is given
 constexpr std::size_t kMostLinesOfSummary = 3;
 
-std::string summaryText(const Summary& summary) {
-    std::string text;
-    for (const auto& [count, word] :
-         {std::pair(summary.errors, "error"), std::pair(summary.warnings, "warning"),
-          std::pair(summary.notes, "note")}) {
-        if (count > 0)
-            text += (text.empty() ? "" : ", ") + counted(count, word);
-    }
-    const std::string checked = summary.checkedFiles == 0
-                                    ? "no files checked"
-                                    : counted(summary.checkedFiles, "file") + " checked";
-    if (text.empty())
-        return summary.checkedFiles == 0 ? checked + '\n' : checked + ", no problems found\n";
-    return fmt::format("{} in {}; {}\n", text, counted(summary.files, "file"), checked);
-}
-
 // Returns the lines between the findings and the summary: what is left out.
 std::string omissionText(std::size_t missing, const Summary& summary) {
     std::string text;
@@ -114,6 +98,27 @@ std::string counted(std::size_t count, std::string_view what) {
     return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s");
 }
 
+std::string countsText(const Summary& summary) {
+    std::string text;
+    for (const auto& [count, word] :
+         {std::pair(summary.errors, "error"), std::pair(summary.warnings, "warning"),
+          std::pair(summary.notes, "note")}) {
+        if (count > 0)
+            text += (text.empty() ? "" : ", ") + counted(count, word);
+    }
+    return text;
+}
+
+std::string summaryText(const Summary& summary) {
+    const std::string checked = summary.checkedFiles == 0
+                                    ? "no files checked"
+                                    : counted(summary.checkedFiles, "file") + " checked";
+    if (summary.findings() == 0)
+        return summary.checkedFiles == 0 ? checked : checked + ", no problems found";
+    return fmt::format("{} in {}; {}", countsText(summary), counted(summary.files, "file"),
+                       checked);
+}
+
 std::string textReport(std::vector<ReportedFinding> findings, const Summary& summary, Limit limit,
                        const TextStyle& style) {
     constexpr std::size_t kUsualLength = 256; // of the lines of a finding
@@ -124,7 +129,7 @@ std::string textReport(std::vector<ReportedFinding> findings, const Summary& sum
     for (const ReportedFinding& finding : findings)
         lines.append(finding, report);
     report += omissionText(summary.findings() - placesOf(findings), summary);
-    report += summaryText(summary);
+    report += summaryText(summary) + '\n';
     return report;
 }
 
@@ -136,7 +141,7 @@ std::string statisticsReport(const std::vector<ProductCount>& counts, const Summ
     std::string report;
     for (const RuleCounts& rule : rules)
         addCounts(rule, products, style, report);
-    return report + summaryText(summary);
+    return report + summaryText(summary) + '\n';
 }
 
 std::string ruleList(bool color) {

@@ -2,11 +2,13 @@
 
 #include "docparser/DocParserException.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
-#include <optional>
+#include <mutex>
 #include <unordered_set>
 #include <utility>
 
@@ -15,8 +17,11 @@ namespace refdoc::check {
 using reference::docparser::DocParserException;
 using reference::docparser::DocResource;
 using reference::docparser::DocResourceParser;
+using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
+using reference::docparser::RecordAccount;
 using reference::docparser::ResourceMap;
+using reference::docparser::SectionAccount;
 using reference::property::RefItem;
 using reference::property::RefItemLookup;
 using reference::property::SeeAlso;
@@ -46,15 +51,43 @@ void moveLookups(ResourceMap<RefItemLookup>& resources, bool isInstalled,
         contents.lookups.insert_or_assign(key, LookupSection{isInstalled, std::move(resource)});
 }
 
-void retrieveProduct(const std::u16string& product, LanguageContents& contents) {
-    std::optional<ResourceMap<RefItem>> resources;
+void retrieveLookups(LanguageContents& contents) {
+    const LoadAccount::Scope scope(contents.account);
+    auto lookups = DocResourceParser::getResourceLookupFiles();
+    moveLookups(lookups.installed, /*isInstalled=*/true, contents);
+    moveLookups(lookups.notInstalled, /*isInstalled=*/false, contents);
+}
+
+struct ProductContents {
+    LoadAccount account{};
+    std::map<std::u16string, FullSection> sections{};
+};
+
+ProductContents retrieveProduct(const std::u16string& product) {
+    ProductContents contents;
+    const LoadAccount::Scope scope(contents.account);
     try {
-        resources = DocResourceParser::getResourceFile(product);
+        for (const auto& [key, resource] : DocResourceParser::getResourceFile(product))
+            contents.sections.emplace(key, sectionOf(resource));
     } catch (const DocParserException&) {
-        return; // The account has the reason.
+        // The account has the reason.
     }
-    for (const auto& [key, resource] : *resources)
-        contents.products[product].emplace(key, sectionOf(resource));
+    return contents;
+}
+
+void append(LoadAccount account, LoadAccount& target) {
+    const std::size_t offset = target.files.size();
+    for (FileAccount& file : account.files) {
+        for (SectionAccount& section : file.sections) {
+            section.other += offset;
+            for (RecordAccount& record : section.records) {
+                record.file += offset;
+                record.winner += offset;
+            }
+        }
+        target.files.push_back(std::move(file));
+    }
+    target.isComplete = target.isComplete && account.isComplete;
 }
 
 } // namespace
@@ -78,16 +111,23 @@ LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& 
                                   const std::function<void()>& step) {
     const LanguageGuard current(language);
     LanguageContents contents;
-    const LoadAccount::Scope scope(contents.account);
-    auto lookups = DocResourceParser::getResourceLookupFiles();
-    moveLookups(lookups.installed, /*isInstalled=*/true, contents);
-    moveLookups(lookups.notInstalled, /*isInstalled=*/false, contents);
+    retrieveLookups(contents);
     step();
     for (const auto& [key, section] : contents.lookups)
         names.insert(section.resource.header.getProduct());
-    for (const std::u16string& product : names) {
-        retrieveProduct(product, contents);
+    const std::vector<std::u16string> products(names.begin(), names.end());
+    std::vector<ProductContents> retrieved(products.size());
+    std::mutex stepping;
+    forEachInParallel(products.size(), [&](std::size_t number) {
+        retrieved[number] = retrieveProduct(products[number]);
+        const std::lock_guard lock(stepping);
         step();
+    });
+    for (std::size_t number = 0; number < products.size(); ++number) {
+        auto& [account, sections] = retrieved[number];
+        append(std::move(account), contents.account);
+        if (!sections.empty())
+            contents.products.emplace(products[number], std::move(sections));
     }
     return contents;
 }

@@ -97,7 +97,8 @@ protected:
             addLines(results.installed, expected);
             addLines(results.notInstalled, expected);
         }
-        std::vector<SectionOrigins> origins = findOrigins(account_, std::nullopt);
+        SectionReader reader(std::nullopt);
+        std::vector<SectionOrigins> origins = findOrigins(account_, reader);
         EXPECT_EQ(linesOf(origins), expected);
         return origins;
     }
@@ -111,7 +112,7 @@ protected:
         } catch (const DocParserException&) {
             expected.clear();
         }
-        std::vector<SectionOrigins> origins = findOrigins(account_, std::nullopt);
+        std::vector<SectionOrigins> origins = findOrigins(account_, productReader_);
         EXPECT_EQ(linesOf(origins), expected);
         return origins;
     }
@@ -130,6 +131,7 @@ protected:
 
     const docparser_tests::TemporaryFolder folder_;
     LoadAccount account_;
+    SectionReader productReader_{std::nullopt}; // shared by the languages of a product
 
 private:
     void expectPlace(const SourceRecord& record) const {
@@ -236,7 +238,8 @@ TEST_P(RandomOriginsTest, CoverEveryRecordOfIndex) {
         const std::vector<SectionOrigins> all = expectIndexExplained();
         expectPlaces(all);
         for (const std::u16string name : {u"graft", u"prune", u"press"}) {
-            for (const SectionOrigins& alone : findOrigins(account_, name))
+            SectionReader reader(name);
+            for (const SectionOrigins& alone : findOrigins(account_, reader))
                 expectPartOf(all, alone, name);
         }
     }

@@ -16,6 +16,7 @@ namespace refdoc::site {
 namespace {
 
 using reference::docparser::DocResourceParser;
+using reference::docparser::Fate;
 using reference::docparser::LoadAccount;
 
 // The content of a page, with each block on a line of its own, and without folders in paths.
@@ -26,7 +27,7 @@ std::string blocksOf(std::string page) {
     const std::size_t start = page.find("<main");
     const std::string content = page.substr(start, page.find("</body>") - start);
     static const std::regex block(
-        "(<(?:article|dd|details|div|dl|dt|h1|h2|li|p|section|summary|table|"
+        "(<(?:article|dd|details|div|dl|dt|h1|h2|h3|li|p|pre|section|summary|table|"
         "tbody|tr|ul)[ >])");
     return std::regex_replace(content, block, "\n$1");
 }
@@ -177,11 +178,56 @@ TEST_F(SitePagesTest, SectionPageHasTheHeaderAndTheItemsByType) {
 <li><code><bdi>/Orchard.json:1:1</bdi></code></li></ul></details></main>)html");
 }
 
+// The page of an edition whose only file is broken.
+std::string brokenPageOf(const reference::docparser::FileAccount& account,
+                         const std::string& text) {
+    const SiteLanguages languages{{u"en", ""}};
+    const Product product{
+        .editions = {{.language = u"en", .brokenFiles = {{account, text}}}},
+        .pages = {{u"orchard", {.index = "orchard/index.html", .displayName = u"Orchard"}}}};
+    return blocksOf(brokenPage(languages, product, product.editions.front(), u"orchard"));
+}
+
+TEST_F(SitePagesTest, BrokenPageMarksThePositionOfTheError) {
+    EXPECT_EQ(brokenPageOf({.path = u"Orchard.json", .fate = Fate::Malformed}, "{\n  \"<a>\": }\n"),
+              R"html(<main id="refdoc-content">
+<h1><bdi>Orchard</bdi></h1>
+<h2>This file cannot be used</h2>
+<p><code><bdi>Orchard.json</bdi></code></p>
+<section class="finding">
+<h3><span class="error">error</span> <code>malformed-json</code></h3>
+<ul>
+<li><bdi>invalid JSON, so the whole file is dropped: missing value after the colon; add one</bdi>
+<p><code><bdi>Orchard.json:2:10</bdi></code></p>
+<pre dir="ltr" tabindex="0">  &quot;&lt;a&gt;&quot;: }
+         ^</pre></li></ul>
+<details>
+<summary>What this means and how to fix it</summary>
+<p>A file that is not valid JSON is dropped completely, like a missing file. An empty file is not valid either. Fix the error at the reported position.</p></details></section></main>)html");
+}
+
+TEST_F(SitePagesTest, BrokenPageNamesTheReasonOfAFileThatWasNotRead) {
+    EXPECT_EQ(brokenPageOf({.path = u"Orchard.json", .fate = Fate::NotRegular}, ""),
+              R"html(<main id="refdoc-content">
+<h1><bdi>Orchard</bdi></h1>
+<h2>This file cannot be used</h2>
+<p><code><bdi>Orchard.json</bdi></code></p>
+<section class="finding">
+<h3><span class="error">error</span> <code>not-a-file</code></h3>
+<ul>
+<li><bdi>a folder, pipe or device has the name of a resource file</bdi>
+<p><code><bdi>Orchard.json</bdi></code></p></li></ul>
+<details>
+<summary>What this means and how to fix it</summary>
+<p>Only regular files are read. Folders, pipes, sockets and devices are skipped. Rename or remove it.</p></details></section></main>)html");
+}
+
 TEST_F(SitePagesTest, StartPageListsSections) {
     const std::vector<SectionSummary> sections{
         {.displayName = u"Cellar", .itemCount = 12, .languages = {u"en", u"de"}, .index = "a"},
+        {.displayName = u"Hives", .isBroken = true, .index = "h"},
         {.displayName = u"Orchard", .isInstalled = true, .deprecatedCount = 3, .index = "b/c"}};
-    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections)),
+    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), sections, {})),
               R"html(<main id="refdoc-content">
 <h1>Reference documentation</h1>
 <h2>Installed</h2>
@@ -193,8 +239,9 @@ TEST_F(SitePagesTest, StartPageListsSections) {
 <table><thead>
 <tr><th scope="col">Product</th><th scope="col">Items</th><th scope="col">Deprecated</th><th scope="col">Languages</th></tr></thead>
 <tbody>
-<tr><th scope="row"><a href="a"><bdi>Cellar</bdi></a></th><td>12</td><td>0</td><td>en, de</td></tr></tbody></table></main>)html");
-    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), {})),
+<tr><th scope="row"><a href="a"><bdi>Cellar</bdi></a></th><td>12</td><td>0</td><td>en, de</td></tr>
+<tr><th scope="row"><a href="h"><bdi>Hives</bdi></a> <small class="mark error">file cannot be used</small></th><td colspan="3"></td></tr></tbody></table></main>)html");
+    EXPECT_EQ(blocksOf(startPage(languages_, languages_.front(), {}, {})),
               "<main id=\"refdoc-content\">\n<h1>Reference documentation</h1>"
               "\n<p>There is no product with full records.</p></main>");
 }

@@ -2,6 +2,7 @@
 
 #include "tests/support/TemporaryFolder.hpp"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,7 +11,9 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace refdoc::site {
 namespace {
@@ -110,6 +113,55 @@ TEST_F(SiteFolderTest, WithoutPublicationTheOldSiteStays) {
         site.add("c.html", "new");
     }
     EXPECT_EQ(contentOf(folder_.path()), before);
+}
+
+TEST_F(SiteFolderTest, ContentsMadeOnSeveralThreadsAreListedInOrder) {
+    std::vector<SiteFile> files;
+    std::string list;
+    Files expected;
+    for (int number = 0; number < 500; ++number) {
+        const std::string path = fmt::format("{}/{}.html", number % 7, number);
+        files.push_back({path, [path] { return "content of " + path; }});
+        list += path + '\n';
+        expected[path] = "content of " + path;
+    }
+    expected[".refdoc-site"] = list;
+    for (const SiteChanges& changes : {SiteChanges{500, 0, 0}, SiteChanges{0, 500, 0}}) {
+        SiteFolder site(out_, Others::Refused);
+        site.add(files);
+        EXPECT_EQ(site.publish(), changes);
+        EXPECT_EQ(contentOf(out_), expected);
+    }
+}
+
+TEST_F(SiteFolderTest, FailureToMakeContentLeavesOldSite) {
+    publish({{"a.html", "a"}});
+    const Files before = contentOf(folder_.path());
+    {
+        SiteFolder site(out_, Others::Refused);
+        std::vector<SiteFile> files{{"a.html", [] { return "changed"; }}};
+        for (const char* path : {"b.html", "c.html"})
+            files.push_back({path, [path]() -> std::string { throw std::runtime_error(path); }});
+        try {
+            site.add(files);
+            FAIL() << "no exception";
+        } catch (const std::runtime_error& failure) {
+            EXPECT_STREQ(failure.what(), "b.html");
+        }
+    }
+    EXPECT_EQ(contentOf(folder_.path()), before);
+}
+
+TEST_F(SiteFolderTest, FoldersOfKilledRunsAreRemoved) {
+    folder_.write(".refdoc-1/lock", "");
+    folder_.write(".refdoc-1/site/a.html", "never published");
+    folder_.write(".refdoc-2/mine.txt", "mine");
+    folder_.write("other/lock", "");
+    publish({{"b.html", "b"}});
+    EXPECT_EQ(contentOf(folder_.path()), (Files{{".refdoc-2/mine.txt", "mine"},
+                                                {"other/lock", ""},
+                                                {"out/.refdoc-site", "b.html\n"},
+                                                {"out/b.html", "b"}}));
 }
 
 TEST_F(SiteFolderTest, FilesOfOthersAreRefused) {
