@@ -117,7 +117,7 @@ TEST_F(TwoProductsTest, EachSectionAndItemHasAPageInEachLanguage) {
                             "de/orchard/ref/a.html", "index.html", "orchard/b.html",
                             "orchard/index.html", "orchard/ref/a.html", "refdoc-site/icon.svg",
                             "refdoc-site/script.js", "refdoc-site/search.js",
-                            "refdoc-site/search/de/parts.js", "refdoc-site/search/en/parts.js",
+                            "refdoc-site/search/de/start.js", "refdoc-site/search/en/start.js",
                             "refdoc-site/style.css"));
     EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
@@ -180,7 +180,7 @@ TEST_F(TwoProductsTest, SearchIndexLeadsToThePagesOfEachLanguage) {
     site();
     EXPECT_EQ(
         page("refdoc-site/search/en/row0.js"),
-        R"(refdocIndex("row0", 261,[["z","a.html","Press","function","cellar name","cellar/a.html"],
+        R"(refdocIndex("row0", 270,[["z","a.html","Press","function","cellar name","cellar/a.html"],
 ["a","ref/a.html","<Join> trees","class","orchard name","orchard/ref/a.html"],
 ["c","d.html","","function","orchard name",""],
 ["b","c.html","new","function","orchard name",""]]);

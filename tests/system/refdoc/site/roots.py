@@ -125,5 +125,8 @@ def write_hostile_root(root):
 
 def write_long_root(root):
     """Writes a product whose names and links have a million letters."""
-    items = [hostile_item(f"{LONG}.html", LONG)]
+    argument = {"name": LONG, "purpose": "a long name"}
+    items = [{"href": f"{LONG}.html", "refpurpose": LONG, "refentity": [{"type": "class", "name": LONG}],
+              "syntaxgroup": [{"title": "Call", "syntax": [LONG]}], "inputs": [argument],
+              "seealso": [{"url": f"{LONG}.html", "name": LONG}]}]
     write_files(root / "docCatalog", "Long", hostile_section(LONG, LONG, items), entries_of(items))
