@@ -91,13 +91,14 @@ public:
         summaries_.resize(languages_.size());
     }
 
-    void addProducts(Progress& progress, std::vector<std::string>& complaints) {
+    void addProducts(Findings findings, Progress& progress, std::vector<std::string>& complaints) {
         const std::set<std::u16string> products = siteProducts(languages_);
         if (products.empty())
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
-        findings_ = findFindings(products, progress);
+        if (findings == Findings::Shown)
+            findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
         // Each product is read while the pages of the one before it are made.
         std::future<ReadProduct> next = startReading(*products.begin());
@@ -249,9 +250,10 @@ private:
 
 } // namespace
 
-void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints) {
+void addFiles(SiteFolder& output, Findings findings, Progress& progress,
+              std::vector<std::string>& complaints) {
     SiteBuild build(output);
-    build.addProducts(progress, complaints);
+    build.addProducts(findings, progress, complaints);
     build.addSearchIndexes(progress);
     build.addSharedFiles();
 }

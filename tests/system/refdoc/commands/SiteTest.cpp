@@ -336,6 +336,12 @@ TEST_F(FindingsTest, FindingTellsRuleAndPosition) {
                           path("help/docCatalog/referenceapi/Orchard.json:2:")));
 }
 
+TEST_F(FindingsTest, FindingsCanBeLeftOut) {
+    site({"--no-check"});
+    EXPECT_THAT(pagesWith(""), IsEmpty());
+    EXPECT_THAT(page("index.html"), Not(HasSubstr("refdoc check")));
+}
+
 TEST_F(FindingsTest, StartPageHasTheTotals) {
     site();
     EXPECT_THAT(
