@@ -38,12 +38,25 @@ test_packages=(
     zsh
     fish
 )
+# Other packages of Node.js contain npm, and conflict with Debian's.
+command -v npm >/dev/null || test_packages+=(npm)
+
+# The folder with the npm packages for the tests.
+npm_folder=tests/system/refdoc/site
 
 # Also for the documentation. The tests build it too, and fail if a page has warnings.
 docs_packages=(
     doxygen
     graphviz
     python3
+)
+
+# Also for scripts/screenshot.
+screenshot_packages=(
+    chromium
+    fonts-dejavu-core
+    fonts-dejavu-extra
+    optipng
 )
 
 # Also for scripts/coverage.

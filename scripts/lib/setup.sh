@@ -59,6 +59,18 @@ install_packages() {
     rm -f "$log"
 }
 
+# Installs the npm packages for the tests unless they are installed. Without the network, the tests that need
+# them fail, but no others.
+install_npm_packages() {
+    if [ "$npm_folder/node_modules/.package-lock.json" -nt "$npm_folder/package-lock.json" ]; then
+        say "All npm packages are installed"
+        return
+    fi
+    say "Installing npm packages in $npm_folder"
+    npm ci --prefix "$npm_folder" --ignore-scripts --no-audit --no-fund --loglevel=error ||
+        say "npm has failed"
+}
+
 # Configures and builds a preset in build/<preset>; further arguments go to the build.
 build_preset() {
     local preset=$1

@@ -9,6 +9,7 @@
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/products/ProductsCommand.hpp"
 #include "tools/refdoc/search/SearchCommand.hpp"
+#include "tools/refdoc/serve/ServeCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/SiteCommand.hpp"
 
@@ -37,8 +38,8 @@ CommandEntry helpCommand() {
 }
 
 std::vector<CommandEntry> commands() {
-    return {showCommand(),  lookupCommand(), productsCommand(), explainCommand(),
-            checkCommand(), searchCommand(), siteCommand(),     helpCommand()};
+    return {showCommand(),   lookupCommand(), productsCommand(), explainCommand(), checkCommand(),
+            searchCommand(), siteCommand(),   serveCommand(),    helpCommand()};
 }
 
 std::vector<Remark> exitStatuses() {

@@ -15,6 +15,7 @@
 #include <fmt/format.h>
 
 #include <cerrno>
+#include <concepts>
 #include <cstdio>
 #include <exception>
 #include <iterator>
@@ -68,17 +69,11 @@ Answer failure(const std::string& reason) {
     return {.status = ExitStatus::Failed, .complaints = {reason}};
 }
 
-Answer answerTo(const std::vector<std::string>& arguments) {
-    // Not in the table: the command is for the completion scripts, and the table's options before
-    // and after it belong to the command line that is being completed.
-    if (!arguments.empty() && arguments.front() == "complete")
-        return {.output = completionsOf(commandTable(), {arguments.begin() + 1, arguments.end()})};
+// Calls a function and turns what it throws into an answer.
+template <std::invocable Function>
+Answer answerOf(Function function) {
     try {
-        const std::variant<CommandLine, Answer> parsed =
-            parseCommandLine(commandTable(), arguments);
-        if (const CommandLine* line = std::get_if<CommandLine>(&parsed))
-            return runCommand(*line);
-        return std::get<Answer>(parsed);
+        return function();
     } catch (const UsageError& error) {
         return wrongUsage(commandTable(), error.what());
     } catch (const std::exception& error) {
@@ -86,6 +81,17 @@ Answer answerTo(const std::vector<std::string>& arguments) {
     } catch (const foundation::core::except::IException& error) {
         return failure(error.what());
     }
+}
+
+Answer answerTo(const std::vector<std::string>& arguments) {
+    // Not in the table: the command is for the completion scripts, and the table's options before
+    // and after it belong to the command line that is being completed.
+    if (!arguments.empty() && arguments.front() == "complete")
+        return {.output = completionsOf(commandTable(), {arguments.begin() + 1, arguments.end()})};
+    const std::variant<CommandLine, Answer> parsed = parseCommandLine(commandTable(), arguments);
+    if (const CommandLine* line = std::get_if<CommandLine>(&parsed))
+        return runCommand(*line);
+    return std::get<Answer>(parsed);
 }
 
 // The output counts as printed only after the system has accepted all of it.
@@ -104,7 +110,7 @@ ExitStatus deliver(Answer answer) {
     }
     for (const std::string& complaint : answer.complaints)
         fmt::print(stderr, "refdoc: {}\n", visibleLine(complaint));
-    return answer.status;
+    return answer.remainder ? deliver(answerOf(answer.remainder)) : answer.status;
 }
 
 } // namespace
@@ -112,7 +118,8 @@ ExitStatus deliver(Answer answer) {
 int main(int argc, char* argv[]) {
     try {
         const platform::Utf8Output utf8Output;
-        return static_cast<int>(deliver(answerTo(platform::argumentsInUtf8(argc, argv))));
+        return static_cast<int>(
+            deliver(answerOf([&] { return answerTo(platform::argumentsInUtf8(argc, argv)); })));
     } catch (const std::exception&) {
         // Standard error or memory has failed, so the exit status is all that can report it.
         return static_cast<int>(ExitStatus::Failed);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,10 @@ struct Answer {
     std::string pager{};                   ///< the command that shows the output; empty: none
     std::vector<std::string> complaints{}; ///< for stderr, one line each, without the program's
                                            ///< name; UTF-8, may contain control characters
+    /// What the command does after this has been printed; empty if it has ended. Its answer is
+    /// printed next and has the exit status.
+    /// \throws std::exception, foundation::core::except::IException  the command failed
+    std::function<Answer()> remainder{};
 };
 
 } // namespace refdoc

@@ -20,4 +20,8 @@ struct Asset {
 /// Returns the files of `assets/`, which are built into the tool.
 const std::array<Asset, 4>& assets();
 
+/// Returns the script that loads a page again when its server has a new version. The attribute
+/// "data-events" of its element has the URL of the events.
+const Asset& liveScript();
+
 } // namespace refdoc::html

@@ -40,6 +40,27 @@ constexpr bool isPlain(char16_t unit) noexcept {
     return unit >= u' ' && unit <= u'~' && !isSpecial(static_cast<char>(unit));
 }
 
+constexpr char16_t kFirstIsolate = u'\u2066'; // three characters that begin an isolate
+constexpr char16_t kEndOfIsolate = u'\u2069';
+
+// Ends each directional isolate in the string that begins it, and removes ends without a beginning.
+// Otherwise the end of the element "bdi" would end an isolate in it, and not the element.
+std::u16string withClosedIsolates(std::u16string_view text) {
+    std::u16string closed;
+    std::size_t depth = 0;
+    for (const char16_t character : text) {
+        if (character == kEndOfIsolate) {
+            if (depth == 0)
+                continue;
+            --depth;
+        } else if (character >= kFirstIsolate && character < kEndOfIsolate) {
+            ++depth;
+        }
+        closed += character;
+    }
+    return closed.append(depth, kEndOfIsolate);
+}
+
 } // namespace
 
 HtmlWriter::HtmlWriter() {
@@ -54,7 +75,7 @@ void HtmlWriter::text(std::u16string_view text) {
     std::transform(text.begin(), rest, html_.begin() + static_cast<std::ptrdiff_t>(start),
                    [](char16_t unit) { return static_cast<char>(unit); });
     if (rest != text.end())
-        escape(visibleText({rest, text.end()}));
+        escape(visibleText(withClosedIsolates({rest, text.end()})));
 }
 
 void HtmlWriter::text(std::string_view text) {

@@ -31,7 +31,8 @@ using Attributes = std::initializer_list<Attribute>;
 
 /// Writes HTML text. Strings remain text or attribute values whatever they contain, because `<`,
 /// `>`, `&` and quotation marks are escaped. UTF-8 must be well-formed and without control
-/// characters except line feeds; in UTF-16, these are replaced as visibleText() does.
+/// characters except line feeds; in UTF-16, these are replaced as visibleText() does, and
+/// directional isolates are closed, so that they end with their element.
 ///
 ///     writer.element("ul", {{"class", "links"}}, [&] {
 ///         for (const SeeAlso& link : links)

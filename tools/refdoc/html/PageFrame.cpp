@@ -2,8 +2,6 @@
 
 #include "tools/refdoc/html/Assets.hpp"
 
-#include <boost/algorithm/string/replace.hpp>
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -11,10 +9,6 @@
 namespace refdoc::html {
 
 namespace {
-
-constexpr std::string_view kPolicy =
-    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; base-uri 'none'; "
-    "form-action 'none'";
 
 void writeHead(HtmlWriter& writer, const PageFrame& frame) {
     writer.element("head", {}, [&] {
@@ -84,7 +78,7 @@ void writeSearch(HtmlWriter& writer, const SearchBox& search) {
 void writeBody(HtmlWriter& writer, const PageFrame& frame,
                const std::function<void(HtmlWriter&)>& writeContent) {
     writer.element("body", {}, [&] {
-        const std::string contentUrl = "#" + std::string(kContentId);
+        const std::string contentUrl = std::string("#").append(kContentId);
         writer.element("a", {{"class", "skip"}, {"href", contentUrl}}, "Skip to the content");
         writer.element("header", {}, [&] {
             if (!frame.crumbs.empty())
@@ -111,7 +105,9 @@ std::string framedPage(const PageFrame& frame,
 }
 
 std::string languageTag(std::string_view language) {
-    return boost::replace_all_copy(std::string(language), "_", "-");
+    std::string tag(language);
+    std::ranges::replace(tag, '_', '-');
+    return tag;
 }
 
 bool isRightToLeft(std::string_view language) {

@@ -46,6 +46,11 @@ inline constexpr std::string_view kLabelLanguage = "en";
 /// The id of the element that has the content. Records may have anchors with any other name.
 inline constexpr std::string_view kContentId = "refdoc-content";
 
+/// The policy of each page. Its scripts may connect only to the server of the page.
+inline constexpr std::string_view kPolicy =
+    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; connect-src 'self'; "
+    "base-uri 'none'; form-action 'none'";
+
 /// Returns a complete page. Its policy allows only scripts, styles and pictures of the site itself,
 /// so that nothing in a record could run even if it became markup.
 std::string framedPage(const PageFrame& frame,

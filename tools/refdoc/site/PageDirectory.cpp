@@ -3,8 +3,7 @@
 namespace refdoc::site {
 
 void PageDirectory::add(const std::u16string& name, const Product& product) {
-    ProductPages& pages = products_[name];
-    pages.sections = product.pages;
+    ProductPages& pages = products_[name] = {.sections = product.pages};
     for (const Edition& edition : product.editions) {
         std::set<SectionAndHref>& missing = pages.missing[edition.language];
         for (const auto& [key, section] : product.pages) {

@@ -13,7 +13,7 @@ namespace refdoc::site {
 /// Finds the pages of entries of the lookup index, after their products have been read.
 class PageDirectory {
 public:
-    /// Remembers the pages of a product.
+    /// Remembers the pages of a product in place of those from before.
     /// \param name  of its resource file
     void add(const std::u16string& name, const Product& product);
 

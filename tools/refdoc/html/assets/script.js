@@ -75,15 +75,31 @@ function element(name, properties, ...children) {
   return result;
 }
 
+// Does what the tool does in pages: ends each directional isolate in the string that begins it.
+function withClosedIsolates(text) {
+  let depth = 0;
+  const closed = text.replace(/[\u2066-\u2069]/gu, (character) => {
+    if (character !== "\u2069") ++depth;
+    else if (depth === 0) return "";
+    else --depth;
+    return character;
+  });
+  return closed + "\u2069".repeat(depth);
+}
+
+function isolated(text) {
+  return element("bdi", {}, withClosedIsolates(text));
+}
+
 function resultItem({ entry }, pages) {
-  const name = element("bdi", {}, entry.name);
+  const name = isolated(entry.name);
   const title = entry.page === "" ? name : element("a", { href: pages + entry.page }, name);
-  const marks = [entry.type, element("bdi", {}, entry.product)];
+  const marks = [entry.type, isolated(entry.product)];
   if (entry.flags & NOT_INSTALLED) marks.push("not installed");
   if (entry.flags & DEPRECATED) marks.push("deprecated");
   const details = element("small", {});
   for (const mark of marks) details.append(details.hasChildNodes() ? ", " : "", mark);
-  return element("li", {}, title, " ", element("bdi", {}, entry.purpose), " ", details);
+  return element("li", {}, title, " ", isolated(entry.purpose), " ", details);
 }
 
 function statusText(count, state) {
@@ -138,5 +154,12 @@ function setUpSearch(box) {
   if ("focus" in box.dataset) input.focus();
 }
 
+// The links to other languages lead to the same place on the page.
+function keepPlace() {
+  for (const link of document.querySelectorAll(".languages a")) link.hash = location.hash;
+}
+
+addEventListener("hashchange", keepPlace);
+keepPlace();
 for (const filter of document.querySelectorAll(".filter")) setUpFilter(filter);
 for (const box of document.querySelectorAll(".search")) setUpSearch(box);

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+#include <utility>
+
 namespace refdoc::html {
 namespace {
 
@@ -31,6 +35,19 @@ TEST(HtmlWriterTest, ControlCharactersAndUnpairedSurrogatesAreReplaced) {
     HtmlWriter writer;
     writer.text(u"a\0b\x1B\x9F\n\r\n\t"s + char16_t(0xD800));
     EXPECT_EQ(writer.take(), "a␀b␛\uFFFD\n\n \uFFFD");
+}
+
+TEST(HtmlWriterTest, DirectionalIsolatesEndWithTheirElement) {
+    const std::pair<std::u16string_view, std::string_view> cases[] = {
+        {u"a\u2067b\u2069c", "a\u2067b\u2069c"},
+        {u"\u2066a\u2068b", "\u2066a\u2068b\u2069\u2069"},
+        {u"\u2069a\u2066\u2069\u2069b", "a\u2066\u2069b"},
+    };
+    for (const auto& [text, expected] : cases) {
+        HtmlWriter writer;
+        writer.text(text);
+        EXPECT_EQ(writer.take(), expected);
+    }
 }
 
 } // namespace
