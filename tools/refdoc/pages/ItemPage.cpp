@@ -39,13 +39,14 @@ std::u16string namesOf(const RefItem& item) {
 class ItemContent {
 public:
     ItemContent(HtmlWriter& writer, const Product& product, const Edition& edition,
-                const std::u16string& section, const std::u16string& href)
+                const std::u16string& section, const std::u16string& href,
+                const FindPageAt& findPage)
         : html_(writer),
           href_(href),
           isFallback_(isFallback(edition, section, href)),
           language_(edition.language),
           record_(writer, isFallback_ ? std::string(html::kLabelLanguage) : to_string(language_)),
-          links_(product, edition, section, href),
+          links_(product, edition, section, href, findPage),
           files_(edition.account.files),
           sources_(edition.origins.at(section).kept.at(href)),
           lost_(lostRecords(edition, section, href)),
@@ -326,14 +327,16 @@ private:
 } // namespace
 
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
-                     const std::u16string& section, const std::u16string& href) {
+                     const std::u16string& section, const std::u16string& href,
+                     const FindPageAt& findPage) {
     const auto& resource = edition.resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
-    return html::framedPage(
-        productFrame(languages, product, edition, section, href, title), [&](HtmlWriter& writer) {
-            ItemContent(writer, product, edition, section, href).write(items, product.findings);
-        });
+    return html::framedPage(productFrame(languages, product, edition, section, href, title),
+                            [&](HtmlWriter& writer) {
+                                ItemContent(writer, product, edition, section, href, findPage)
+                                    .write(items, product.findings);
+                            });
 }
 
 } // namespace refdoc::site

@@ -1,7 +1,10 @@
 #include "tools/refdoc/pages/Links.hpp"
 
 #include "tools/refdoc/html/Urls.hpp"
+#include "tools/refdoc/session/HelpLinks.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
+
+#include <algorithm>
 
 namespace refdoc::site {
 
@@ -22,12 +25,13 @@ std::u16string joined(const std::u16string& href, const std::u16string& link) {
 } // namespace
 
 Links::Links(const Product& product, const Edition& edition, const std::u16string& section,
-             const std::u16string& href)
+             const std::u16string& href, const FindPageAt& findPage)
     : product_(product),
       edition_(edition),
       section_(section),
       href_(href),
-      page_(product.pages.at(section).items.at(href)) {}
+      page_(product.pages.at(section).items.at(href)),
+      findPage_(findPage) {}
 
 std::optional<std::string> Links::urlOf(const std::u16string& link) const {
     if (const std::string* page = pageOf(link))
@@ -40,7 +44,20 @@ std::optional<std::string> Links::urlOf(const std::u16string& link) const {
         if (const std::string* page = pageOf(href))
             return html::relativeUrl(page_, *page, visibleLine(fragment));
     }
-    return std::nullopt;
+    if (!findPage_ || leavesDocumentation(link))
+        return std::nullopt;
+    const std::string page = findPage_(edition_.language, resolvedLink(helpLocation(), link));
+    return page.empty() ? std::nullopt
+                        : std::optional(html::relativeUrl(page_, page, visibleLine(fragment)));
+}
+
+bool Links::mayLeadOutside(const std::u16string& link) const {
+    return !leavesDocumentation(link) && !urlOf(link) &&
+           !resolvedLink(helpLocation(), link).starts_with(resolvedLink(helpLocation(), {}) + u'/');
+}
+
+const std::u16string& Links::helpLocation() const {
+    return edition_.resources.at(section_).header.getHelpLocation();
 }
 
 const std::string* Links::pageOf(const std::u16string& href) const {
@@ -51,6 +68,18 @@ const std::string* Links::pageOf(const std::u16string& href) const {
             return page;
     }
     return nullptr;
+}
+
+bool mayLeadOutside(const Product& product, const Edition& edition, const std::u16string& section,
+                    const std::u16string& href) {
+    const FindPageAt none;
+    const Links links(product, edition, section, href, none);
+    const auto isOutside = [&](const auto& link) { return links.mayLeadOutside(link.getUrl()); };
+    return std::ranges::any_of(edition.resources.at(section).items.at(href),
+                               [&](const reference::property::RefItem& item) {
+                                   return std::ranges::any_of(item.getSeeAlso(), isOutside) ||
+                                          std::ranges::any_of(item.getExamples(), isOutside);
+                               });
 }
 
 } // namespace refdoc::site

@@ -11,17 +11,24 @@ namespace refdoc::site {
 /// Resolves the links in the records of one page.
 class Links {
 public:
-    /// \param href  of the item that the page shows; links may be relative to it
+    /// \param href    of the item that the page shows; links may be relative to it
+    /// \param findPage  finds the items of other products; may be empty
     /// The arguments must outlive the object.
     Links(const Product& product, const Edition& edition, const std::u16string& section,
-          const std::u16string& href);
+          const std::u16string& href, const FindPageAt& findPage);
 
-    /// Returns the URL of the item that a link leads to, with the link's fragment; absent if it is
-    /// not an item of the product. The items of the section come before those of other sections.
-    /// Links are compared with the hrefs of items as they are, then relative to the page.
+    /// Returns the URL of the item that a link leads to, with the link's fragment; absent if there
+    /// is none. Links are compared with the hrefs of the section, then of the other sections of the
+    /// product: first as they are, then relative to the page. After that, they are relative to the
+    /// help location of the section, and may lead to any product.
     std::optional<std::string> urlOf(const std::u16string& link) const;
 
+    /// Returns whether a link may lead to an item of another product: it leads to none of this one,
+    /// and out of the help location of the section.
+    bool mayLeadOutside(const std::u16string& link) const;
+
 private:
+    const std::u16string& helpLocation() const;
     // Returns null if the edition has no such item.
     const std::string* pageOf(const std::u16string& href) const;
 
@@ -30,6 +37,11 @@ private:
     const std::u16string& section_;
     const std::u16string& href_;
     const std::string& page_;
+    const FindPageAt& findPage_;
 };
+
+/// Returns whether an item has a link or example that may lead to an item of another product.
+bool mayLeadOutside(const Product& product, const Edition& edition, const std::u16string& section,
+                    const std::u16string& href);
 
 } // namespace refdoc::site

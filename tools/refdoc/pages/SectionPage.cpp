@@ -77,7 +77,7 @@ public:
         // The script shows the field.
         html_.element("p", {{"class", "filter"}, {"hidden", ""}}, [&] {
             html_.element("label", {}, [&] {
-                html_.text("Filter: ");
+                html_.text("Filter ");
                 html_.emptyElement("input", {{"type", "search"}, {"autocomplete", "off"}});
             });
         });

@@ -7,6 +7,7 @@
 #include "tools/refdoc/pages/ProductFindings.hpp"
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <span>
 #include <string>
@@ -71,6 +72,11 @@ struct SectionSummary {
     std::string index{};                     ///< see SectionPages
     check::Summary findings{};               ///< of the product
 };
+
+/// Returns the path of the page of an item in the folder of a language; empty if there is none.
+/// \param location  the item's resolvedLink()
+using FindPageAt =
+    std::function<std::string(const std::u16string& language, const std::u16string& location)>;
 
 /// Returns the page of an item, below the folder of a language; null if the edition has no such
 /// item.

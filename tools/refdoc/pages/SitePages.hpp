@@ -44,7 +44,11 @@ std::string brokenPage(const SiteLanguages& languages, const Product& product,
 /// Returns the page of an item that the edition has in a section. All records with the href are on
 /// it, each with the files that it comes from. Where a record's own links lead to an anchor, it has
 /// an element with that id.
+/// \param findPage  finds the items of other products that links lead to; without it, such links
+/// are
+///                  text
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
-                     const std::u16string& section, const std::u16string& href);
+                     const std::u16string& section, const std::u16string& href,
+                     const FindPageAt& findPage = {});
 
 } // namespace refdoc::site

@@ -1,10 +1,14 @@
 #include "tools/refdoc/site/PageDirectory.hpp"
 
+#include "tools/refdoc/session/HelpLinks.hpp"
+
 namespace refdoc::site {
 
 void PageDirectory::add(const std::u16string& name, const Product& product) {
     ProductPages& pages = products_[name] = {.sections = product.pages};
     for (const Edition& edition : product.editions) {
+        for (const auto& [key, resource] : edition.resources)
+            locations_[resolvedLink(resource.header.getHelpLocation(), {})].insert({name, key});
         std::set<SectionAndHref>& missing = pages.missing[edition.language];
         for (const auto& [key, section] : product.pages) {
             const auto resource = edition.resources.find(key);
@@ -37,6 +41,34 @@ std::string PageDirectory::pageOf(const std::u16string& language,
             path = item->second;
     }
     return path;
+}
+
+std::string PageDirectory::pageAt(const std::u16string& language,
+                                  const std::u16string& location) const {
+    for (std::size_t slash = location.rfind(u'/'); slash != location.npos && slash > 0;
+         slash = location.rfind(u'/', slash - 1)) {
+        const auto found = locations_.find(location.substr(0, slash));
+        if (found == locations_.end())
+            continue;
+        for (const auto& [product, section] : found->second) {
+            std::string page =
+                pageIn(products_.at(product), language, section, location.substr(slash + 1));
+            if (!page.empty())
+                return page;
+        }
+    }
+    return {};
+}
+
+std::string PageDirectory::pageIn(const ProductPages& product, const std::u16string& language,
+                                  const std::u16string& section, const std::u16string& href) {
+    const auto missing = product.missing.find(language);
+    const auto pages = product.sections.find(section);
+    if (missing == product.missing.end() || pages == product.sections.end() ||
+        missing->second.contains({section, href}))
+        return {};
+    const auto item = pages->second.items.find(href);
+    return item == pages->second.items.end() ? std::string() : item->second;
 }
 
 } // namespace refdoc::site

@@ -22,7 +22,11 @@ public:
     std::string pageOf(const std::u16string& language,
                        const reference::docparser::IndexEntry& entry) const;
 
+    /// Returns the same for the item at a location; see FindPageAt.
+    std::string pageAt(const std::u16string& language, const std::u16string& location) const;
+
 private:
+    using ProductAndSection = std::pair<std::u16string, std::u16string>;
     using SectionAndHref = std::pair<std::u16string, std::u16string>;
 
     struct ProductPages {
@@ -31,7 +35,13 @@ private:
         std::map<std::u16string, std::set<SectionAndHref>> missing{};
     };
 
+    // Returns an empty path if the language lacks the item.
+    static std::string pageIn(const ProductPages& product, const std::u16string& language,
+                              const std::u16string& section, const std::u16string& href);
+
     std::map<std::u16string, ProductPages> products_;
+    // The products and sections of each help location.
+    std::map<std::u16string, std::set<ProductAndSection>> locations_;
 };
 
 } // namespace refdoc::site

@@ -3,6 +3,7 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/html/Assets.hpp"
+#include "tools/refdoc/pages/Links.hpp"
 #include "tools/refdoc/pages/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
@@ -35,13 +36,14 @@ public:
     explicit SiteBuild(SiteFolder& output)
         : output_(output), languages_(paths_.languages()), summaries_(languages_.size()) {}
 
-    void addProducts(Progress& progress, std::vector<std::string>& complaints) {
+    void addProducts(Findings findings, Progress& progress, std::vector<std::string>& complaints) {
         const std::set<std::u16string> products = siteProducts(languages_);
         if (products.empty())
             throw std::runtime_error(fmt::format(
                 "no product has a full resource file in {}{}",
                 quoted(DocResourceParser::getReferenceRoots()->referenceApiFolder), kOtherFolders));
-        findings_ = findFindings(products, progress);
+        if (findings == Findings::Shown)
+            findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
         // Each product is read while the pages of the one before it are made.
         std::future<ReadProduct> next = startReading(*products.begin());
@@ -49,13 +51,31 @@ public:
             auto [product, failures] = next.get();
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
                 complaints.push_back(complaintAboutProduct(*name, failures));
-            product.findings = std::move(findings_.products[*name]);
+            product.findings = findings_.products[*name];
             // This may change the language, which would disturb the reading.
             paths_.choose(*name, product);
             if (const auto following = std::next(name); following != products.end())
                 next = startReading(*following);
-            addPages(product);
+            addPages(*name, product);
             directory_.add(*name, product);
+            progress.step();
+        }
+    }
+
+    // Makes the pages that had to wait until the pages of all products were known.
+    void addLinkedPages(Progress& progress) {
+        progress.begin("linking", linked_.size());
+        for (const std::u16string& name : linked_) {
+            ReadProduct read = startReading(name).get();
+            read.product.findings = std::move(findings_.products[name]);
+            paths_.choose(name, read.product);
+            std::vector<SiteFile> files;
+            forEachItem(read.product, [&](const Edition& edition, const std::u16string& key,
+                                          const std::u16string& href) {
+                if (mayLeadOutside(read.product, edition, key, href))
+                    files.push_back(pageOf(read.product, edition, key, href));
+            });
+            output_.add(files);
             progress.step();
         }
     }
@@ -100,13 +120,29 @@ private:
         });
     }
 
-    void addPages(const Product& product) {
+    auto languageOf(const Edition& edition) const {
+        return std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+    }
+
+    // Calls use(edition, section, href) for each item of each edition.
+    template <class Use>
+    static void forEachItem(const Product& product, Use use) {
+        for (const Edition& edition : product.editions) {
+            for (const auto& [key, resource] : edition.resources) {
+                for (const auto& [href, items] : resource.items)
+                    use(edition, key, href);
+            }
+        }
+    }
+
+    void addPages(const std::u16string& name, const Product& product) {
         std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
-            const auto language =
-                std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+            const auto language = languageOf(edition);
             for (const auto& [key, resource] : edition.resources)
-                addSection(product, edition, key, language->folder, files);
+                files.push_back({language->folder + product.pages.at(key).index, [&, &key = key] {
+                                     return sectionPage(languages_, product, edition, key);
+                                 }});
             if (edition.isBroken()) {
                 for (const auto& [key, pages] : product.pages)
                     files.push_back({language->folder + pages.index, [&, &key = key] {
@@ -118,19 +154,25 @@ private:
                 std::back_inserter(
                     summaries_[static_cast<std::size_t>(language - languages_.begin())]));
         }
+        forEachItem(product, [&](const Edition& edition, const std::u16string& key,
+                                 const std::u16string& href) {
+            if (mayLeadOutside(product, edition, key, href))
+                linked_.insert(name);
+            else
+                files.push_back(pageOf(product, edition, key, href));
+        });
         output_.add(files);
     }
 
-    // The files refer to the arguments.
-    void addSection(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::string& folder, std::vector<SiteFile>& files) const {
-        const SectionPages& pages = product.pages.at(key);
-        files.push_back({folder + pages.index,
-                         [&, this] { return sectionPage(languages_, product, edition, key); }});
-        for (const auto& [href, items] : edition.resources.at(key).items)
-            files.push_back({folder + pages.items.at(href), [&, this, &href = href] {
-                                 return itemPage(languages_, product, edition, key, href);
-                             }});
+    // The file refers to the arguments.
+    SiteFile pageOf(const Product& product, const Edition& edition, const std::u16string& key,
+                    const std::u16string& href) const {
+        return {languageOf(edition)->folder + product.pages.at(key).items.at(href), [&, this] {
+                    return itemPage(languages_, product, edition, key, href,
+                                    [this](const auto& language, const auto& location) {
+                                        return directory_.pageAt(language, location);
+                                    });
+                }};
     }
 
     SiteFolder& output_;
@@ -138,14 +180,17 @@ private:
     const SiteLanguages& languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language
     PageDirectory directory_;
+    std::set<std::u16string> linked_; // products with pages that may link to other products
     SiteFindings findings_;
 };
 
 } // namespace
 
-void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints) {
+void addFiles(SiteFolder& output, Findings findings, Progress& progress,
+              std::vector<std::string>& complaints) {
     SiteBuild build(output);
-    build.addProducts(progress, complaints);
+    build.addProducts(findings, progress, complaints);
+    build.addLinkedPages(progress);
     build.addSearchIndexes(progress);
     build.addSharedFiles();
 }

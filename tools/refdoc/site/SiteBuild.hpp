@@ -8,11 +8,15 @@
 
 namespace refdoc::site {
 
+/// Whether the pages show the findings of `check`.
+enum class Findings { Shown, Hidden };
+
 /// Adds the files of the site that shows what the library finds with the current settings, in all
 /// languages. Only the full records of one product at a time are in memory.
 /// \param complaints  receives a complaint for each product that cannot be read
 /// \throws std::runtime_error  there is no product, or a file changed while it was read
 /// \throws std::filesystem::filesystem_error  a file cannot be written
-void addFiles(SiteFolder& output, Progress& progress, std::vector<std::string>& complaints);
+void addFiles(SiteFolder& output, Findings findings, Progress& progress,
+              std::vector<std::string>& complaints);
 
 } // namespace refdoc::site

@@ -42,7 +42,9 @@ Answer runSite(const Options& options, const PageSetup&) {
                                         ? site::SiteFolder::Others::Kept
                                         : site::SiteFolder::Others::Refused);
     Answer answer;
-    site::addFiles(output, progress, answer.complaints);
+    const auto findings =
+        options.values.has("--no-check") ? site::Findings::Hidden : site::Findings::Shown;
+    site::addFiles(output, findings, progress, answer.complaints);
     const std::string index = to_string((folder / "index.html").u16string());
     answer.output = outputOf(index, output.publish(), options.format);
     return answer;
@@ -64,7 +66,9 @@ CommandEntry siteCommand() {
                        .isRequired = true,
                        .help = "The folder of the site; it is created if it does not exist"}},
         .options = {{.name = "--force",
-                     .help = "Keep files in OUT that are not of a site, instead of failing"}},
+                     .help = "Keep files in OUT that are not of a site, instead of failing"},
+                    {.name = "--no-check",
+                     .help = "Leave out the findings of refdoc check, which takes less time"}},
         .examples = {{"refdoc --install samples site build/site",
                       "Write the site of the samples."}},
         .run = runSite,

@@ -334,6 +334,12 @@ TEST_F(FindingsTest, FindingTellsRuleAndPosition) {
                           path("help/docCatalog/referenceapi/Orchard.json:2:")));
 }
 
+TEST_F(FindingsTest, FindingsCanBeLeftOut) {
+    site({"--no-check"});
+    EXPECT_THAT(pagesWith(""), IsEmpty());
+    EXPECT_THAT(page("index.html"), Not(HasSubstr("refdoc check")));
+}
+
 TEST_F(FindingsTest, StartPageHasTheTotals) {
     site();
     EXPECT_THAT(
@@ -372,6 +378,29 @@ TEST_F(SiteTest, LinksLeadToItemsOrTheWebOrStayText) {
                             "https://a.example/?b&amp;c"));
     EXPECT_THAT(text, HasSubstr("<bdi>script</bdi> "
                                 "<small><code><bdi>javascript:alert(1)</bdi></code></small>"));
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(SiteTest, LinksLeadToItemsOfOtherProducts) {
+    addManifest(R"({"supportedDocLanguages": ["en", "de"]})");
+    addResource("Orchard", section("orchard", R"json(
+        {"href": "ref/a.html", "refpurpose": "a",
+         "seealso": [{"url": "../../cellar/help/ref/b.html#in-x", "name": "other"},
+                     {"url": "../../cellar/help/ref/none.html", "name": "none"},
+                     {"url": "../../../cellar/help/ref/b.html", "name": "above"},
+                     {"url": "ref/b.html", "name": "same href"}]})json"));
+    addResource("Cellar", section("cellar", R"json(
+        {"href": "ref/b.html", "refpurpose": "b",
+         "inputs": [{"name": "x", "purpose": "x", "htmlid": "in-x"}],
+         "seealso": [{"url": "../../orchard/help/ref/a.html", "name": "back"}]})json"));
+    EXPECT_THAT(site().out, HasSubstr("files written, 0 unchanged, 0 removed"));
+    for (const std::string language : {"", "de/"}) {
+        const std::string text = page(language + "orchard/ref/a.html");
+        EXPECT_THAT(valuesOf("href", text.substr(text.find("<h2>See also"))),
+                    ElementsAre("../../cellar/ref/b.html#in-x"));
+        EXPECT_THAT(page(language + "cellar/ref/b.html"),
+                    HasSubstr("<a href=\"../../orchard/ref/a.html\"><bdi"));
+    }
     EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 

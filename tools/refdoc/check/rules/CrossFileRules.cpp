@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
+#include "tools/refdoc/session/HelpLinks.hpp"
 
 #include <boost/json/parse.hpp>
 #include <fmt/format.h>
@@ -55,37 +56,6 @@ constexpr Rule kInstalledWithoutDocumentation{
     "No section has the short name of the product, or the name of the support package, as its key. "
     "Keys are case-sensitive. Correct the key or the manifest.",
     Relation::FollowsFromAny};
-
-// Appends a part to a path; ".." removes the last part instead.
-void addPart(std::u16string_view part, std::u16string& path) {
-    if (part == u".." && !path.empty()) {
-        const std::size_t last = path.rfind(u'/');
-        path.erase(last == path.npos ? 0 : last);
-    } else if (!part.empty() && part != u".") {
-        path.append(path.empty() ? u"" : u"/").append(part);
-    }
-}
-
-// Returns the path of a link without ".", ".." and fragment.
-std::u16string normalized(std::u16string_view location, std::u16string_view link) {
-    std::u16string result;
-    result.reserve(location.size() + link.size() + 1);
-    for (const std::u16string_view path : {location, link.substr(0, link.find(u'#'))}) {
-        for (std::size_t start = 0; start <= path.size();) {
-            const std::size_t end = std::min(path.find(u'/', start), path.size());
-            addPart(path.substr(start, end - start), result);
-            start = end + 1;
-        }
-    }
-    return result;
-}
-
-// "https://...", "mailto:...", "//host/...", "#fragment": not another page of the documentation.
-bool leavesDocumentation(std::u16string_view link) {
-    const std::size_t end = link.find_first_of(u":/#");
-    return link.empty() || link.starts_with(u"//") || link.starts_with(u'#') ||
-           (end != link.npos && link[end] == u':');
-}
 
 bool isAnythingInstalled() {
     return !DocResourceParser::getTopLevelProducts()->empty() ||
@@ -151,10 +121,10 @@ private:
         if (!locatedTargets_) {
             locatedTargets_.emplace();
             forEachTarget([&](std::u16string_view location, std::u16string_view href) {
-                locatedTargets_->insert(normalized(location, href));
+                locatedTargets_->insert(resolvedLink(location, href));
             });
         }
-        return locatedTargets_->contains(normalized(helpLocation, link));
+        return locatedTargets_->contains(resolvedLink(helpLocation, link));
     }
 
     void checkLookup(const std::u16string& key, const LookupSection& lookup) {

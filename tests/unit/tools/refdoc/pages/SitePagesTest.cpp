@@ -159,7 +159,7 @@ TEST_F(SitePagesTest, SectionPageHasTheHeaderAndTheItemsByType) {
 <dd><code><bdi>2.1</bdi></code></dd>
 <dt>Resource file</dt>
 <dd><code><bdi>Orchard</bdi></code></dd></dl>
-<p class="filter" hidden><label>Filter: <input type="search" autocomplete="off"></label></p>
+<p class="filter" hidden><label>Filter <input type="search" autocomplete="off"></label></p>
 <section class="items">
 <h2>functions</h2>
 <ul>
