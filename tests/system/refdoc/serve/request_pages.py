@@ -85,7 +85,7 @@ class PagesTest(ServeTest):
     def test_only_files_of_the_site_exist(self):
         for path in ("/missing", "/orchard", "/orchard/ref/missing.html", "/fr/index.html", "/../installation.json",
                      "/%2e%2e/installation.json", "/orchard/%2E%2E%2Findex.html", "//etc/passwd", "/refdoc-site/",
-                     "/refdoc-site/../index.html", "/refdoc-site/search/en/99.js", "/index.html%00", "/%ff%fe", "?a"):
+                     "/refdoc-site/../index.html", "/refdoc-site/search/en/row99.js", "/index.html%00", "/%ff%fe", "?a"):
             self.assertEqual(self.status(path), 404, path)
 
     def test_product_of_a_name_with_special_characters_has_its_page(self):
@@ -173,7 +173,7 @@ class RefusedRequestTest(ServeTest):
 class LoadTest(ServeTest):
 
     def test_parallel_requests_get_their_pages(self):
-        paths = [ITEM, "/", "/de/orchard/index.html", "/missing", "/refdoc-site/search/ja/parts.js"] * 40
+        paths = [ITEM, "/", "/de/orchard/index.html", "/missing", "/refdoc-site/search/ja/start.js"] * 40
         with ThreadPoolExecutor(200) as threads:
             statuses = list(threads.map(self.status, paths))
         self.assertEqual(statuses, [200, 200, 200, 404, 200] * 40)
@@ -317,9 +317,9 @@ class ChangeTest(ServeTest):
     def test_search_index_follows_lookup_files(self):
         lookup = "help/docCatalog/referenceapi_lookup/Cellar.json"
         name = json.loads((self.server.folder / lookup).read_text(encoding="utf-8"))["refItems"][0]["name"]
-        self.assertIn(name, self.server.page("/refdoc-site/search/en/1.js"))
-        self.assert_shown_soon("/refdoc-site/search/en/1.js", "newName",
-                               lambda: self.server.replace(f'"{name}"', '"newName"', lookup))
+        self.assertIn(name, self.server.page("/refdoc-site/search/en/row0.js"))
+        self.assert_shown_soon("/refdoc-site/search/en/row0.js", "!first",
+                               lambda: self.server.replace(f'"{name}"', '"!first"', lookup))
 
     def test_manifest_changes_languages(self):
         manifest = self.server.folder / "installation.json"
@@ -334,25 +334,26 @@ class ChangeTest(ServeTest):
         self.assert_shown_soon(ITEM, PURPOSE,
                                lambda: (self.server.folder / "installation.json").write_text("{", encoding="utf-8"))
 
+    def shown_version(self):
+        return int(self.server.page(ITEM).split("events?since=")[1].split('"')[0])
+
     def test_other_files_are_no_change(self):
-        events = self.events()
-        folder = (self.server.folder / PRODUCT).parent
-        (folder / ".Orchard.json.swp").write_text("a", encoding="utf-8")
-        time.sleep(0.5)
-        self.server.replace(PURPOSE, "Press apples")
-        first = events.next_version()
-        self.assertEqual(first, int(self.server.page(ITEM).split("events?since=")[1].split('"')[0]))
+        before = self.shown_version()
+        ((self.server.folder / PRODUCT).parent / ".Orchard.json.swp").write_text("a", encoding="utf-8")
+        time.sleep(1)
+        self.assertEqual(self.shown_version(), before)
 
     def test_stream_with_an_old_version_has_an_event_at_once(self):
         self.assertGreater(self.events("?since=1").next_version(), 1)
 
     def test_page_has_the_version_that_it_shows(self):
-        before = self.server.page(ITEM)
+        before = self.shown_version()
         events = self.events()
         self.server.replace(PURPOSE, "Press apples")
         version = events.next_version()
-        self.assertIn(f"events?since={version}\"", self.server.page(ITEM))
-        self.assertNotIn(f"events?since={version}\"", before)
+        self.assertGreater(version, before)
+        # The findings of a check may have another version.
+        self.assertGreaterEqual(self.shown_version(), version)
 
     def test_pages_stay_complete_while_files_change(self):
         stop = threading.Event()
