@@ -452,9 +452,7 @@ private:
 
     const Word& wordOf(const WordEnd& end) const { return words_.all()[end.word()]; }
 
-    std::u16string_view keyOf(const WordEnd& end) const {
-        return shortened(end.rest(wordOf(end)));
-    }
+    std::u16string_view keyOf(const WordEnd& end) const { return shortened(end.rest(wordOf(end))); }
 
     // Adds the best records for each text that the word ends of too many parts begin with. The
     // given word ends have the same code units before the last one of `size`.

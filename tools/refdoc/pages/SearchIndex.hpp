@@ -20,8 +20,8 @@ using FindPage = std::function<std::string(const reference::docparser::IndexEntr
 ///   is 32 times the number of its file plus its position there.
 /// - "list0.js", ...: an IndexTable of the ends of all words, with the records that have the word
 /// - "best0.js", ...: an IndexTable of strings that very many records have, with the best records
-/// - "phrase0.js", ...: as "list", of all that stands from the start of a word up to the next space,
-///   unless there is a space before the word
+/// - "phrase0.js", ...: as "list", of all that stands from the start of a word up to the next
+///   space, unless there is a space before the word
 /// - "name0.js", ...: an IndexTable of the names by their length, which is the first code unit of
 ///   the keys; in "eman0.js", ..., the names are reversed
 /// - "start.js": the directories of the tables, and the first numbers of the records that are

@@ -325,7 +325,10 @@ std::optional<std::string> LivePages::productPage(const SiteLanguage& language,
         std::ranges::find(pages.items, path, &decltype(pages.items)::value_type::second);
     if (!hasSection || item == pages.items.end() || !resource->second.items.contains(item->first))
         return std::nullopt;
-    return itemPage(languages, *product, *edition, key, item->first);
+    return itemPage(languages, *product, *edition, key, item->first,
+                    [this](const std::u16string& code, const std::u16string& location) {
+                        return catalog_->directory.pageAt(code, location);
+                    });
 }
 
 } // namespace refdoc::serve

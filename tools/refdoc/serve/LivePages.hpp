@@ -32,9 +32,10 @@ inline constexpr std::string_view kEventPath = "/refdoc-site/events";
 class LivePages {
 public:
     /// Reads each product once, and checks all files.
-    /// \param options   those that have been applied to the library
+    /// \param options   those that have been applied to the library; must outlive the object
     /// \param versions  advanced with each change of the pages, which have the version that they
-    /// show Options and versions must outlive the object. \throws whatever the host services throw
+    ///                  show; must outlive the object
+    /// \throws whatever the host services throw
     LivePages(const Options& options, http::Versions& versions, Progress& progress);
 
     /// Returns whether any product has a file, even a broken one.

@@ -112,7 +112,7 @@ class LongTest(BrowserTest):
 
     def test_long_names_are_found(self):
         self.open("index.html")
-        self.search("bb", [LONG])
+        self.search("bb", [LONG[:1500]])  # the index has the start of a string
         self.assert_fits_window()
 
 
