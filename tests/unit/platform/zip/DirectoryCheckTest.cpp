@@ -62,15 +62,27 @@ TEST_F(DirectoryCheckTest, ListsADirectoryOfManyMebibytes) {
 TEST_F(DirectoryCheckTest, ListsADirectoryThatIsExactlyAsLongAsTheLimit) {
     const std::uint64_t length = 46 + 6;
     for (const bool isZip64 : {false, true}) {
-        const std::u16string file =
-            write(ZipBytes{.entries = {{.name = "a.json"}}, .isZip64 = isZip64}.build());
-        platform::setReadLimits({.directoryBytes = length});
-        EXPECT_THAT(OpenPackage(file).leafNames(), ElementsAre(u"a.json"));
-        platform::setReadLimits({.directoryBytes = length - 1});
-        EXPECT_EQ(messageOf<LimitError>([&] { OpenPackage{file}; }),
-                  "the package \"" + (folder / "package.zip").string() +
-                      "\" cannot be opened: its directory is larger than the limit of 51 bytes");
+        // With the longest comment, the records at the end are as far from it as possible.
+        for (const std::string& comment : {std::string(), std::string(0xFFFF, 'c')}) {
+            const std::u16string file = write(
+                ZipBytes{.entries = {{.name = "a.json"}}, .comment = comment, .isZip64 = isZip64}
+                    .build());
+            platform::setReadLimits({.directoryBytes = length});
+            EXPECT_THAT(OpenPackage(file).leafNames(), ElementsAre(u"a.json"));
+            platform::setReadLimits({.directoryBytes = length - 1});
+            EXPECT_EQ(
+                messageOf<LimitError>([&] { OpenPackage{file}; }),
+                "the package \"" + (folder / "package.zip").string() +
+                    "\" cannot be opened: its directory is larger than the limit of 51 bytes");
+        }
     }
+}
+
+TEST_F(DirectoryCheckTest, LimitOfTheDirectoryDoesNotApplyToContent) {
+    const std::string text = sampleText(std::size_t{2} << 20);
+    platform::setReadLimits({.directoryBytes = 46 + 6});
+    OpenPackage package = open(ZipBytes{.entries = {{.name = "a.json", .content = text}}});
+    EXPECT_EQ(package.read(0), text);
 }
 
 TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
@@ -86,8 +98,15 @@ TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
 
 TEST_F(DirectoryCheckTest, IgnoresAnEndRecordThatDoesNotLeadToADirectory) {
     platform::setReadLimits({.directoryBytes = 60});
-    const ZipBytes zip{.entries = {{.name = "a.json"}}, .comment = endRecord(1, 70, 0)};
-    EXPECT_THAT(open(zip).leafNames(), ElementsAre(u"a.json"));
+    const std::uint64_t directory = 30 + 6;
+    const std::uint64_t end = directory + 46 + 6 + 22 + 22;
+    for (const auto& [length, offset] :
+         {std::pair(std::uint64_t{70}, std::uint64_t{0}), std::pair(end - directory + 1, directory),
+          std::pair(std::uint64_t{70}, end + 1)}) {
+        const ZipBytes zip{.entries = {{.name = "a.json"}},
+                           .comment = endRecord(1, length, offset)};
+        EXPECT_THAT(open(zip).leafNames(), ElementsAre(u"a.json")) << length << " at " << offset;
+    }
 }
 
 TEST_F(DirectoryCheckTest, RefusesSeveralDirectoriesThatTogetherExceedTheLimit) {
