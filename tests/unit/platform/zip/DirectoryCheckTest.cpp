@@ -59,22 +59,29 @@ TEST_F(DirectoryCheckTest, ListsADirectoryOfManyMebibytes) {
     EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U);
 }
 
+struct LimitedPackage {
+    std::string name = "a.json"; // of its only entry
+    std::string comment{};
+    bool isZip64 = false;
+};
+
 TEST_F(DirectoryCheckTest, ListsADirectoryThatIsExactlyAsLongAsTheLimit) {
-    const std::uint64_t length = 46 + 6;
-    for (const bool isZip64 : {false, true}) {
-        // With the longest comment, the records at the end are as far from it as possible.
-        for (const std::string& comment : {std::string(), std::string(0xFFFF, 'c')}) {
-            const std::u16string file = write(
-                ZipBytes{.entries = {{.name = "a.json"}}, .comment = comment, .isZip64 = isZip64}
-                    .build());
-            platform::setReadLimits({.directoryBytes = length});
-            EXPECT_THAT(OpenPackage(file).leafNames(), ElementsAre(u"a.json"));
-            platform::setReadLimits({.directoryBytes = length - 1});
-            EXPECT_EQ(
-                messageOf<LimitError>([&] { OpenPackage{file}; }),
-                "the package \"" + (folder / "package.zip").string() +
-                    "\" cannot be opened: its directory is larger than the limit of 51 bytes");
-        }
+    const std::string longest(0xFFFF, 'c');
+    for (const LimitedPackage& row :
+         {LimitedPackage{}, LimitedPackage{.isZip64 = true}, LimitedPackage{.name = ""},
+          LimitedPackage{.comment = longest},
+          LimitedPackage{.comment = longest, .isZip64 = true}}) {
+        const std::u16string file = write(ZipBytes{
+            .entries = {{.name = row.name}}, .comment = row.comment, .isZip64 = row.isZip64}
+                                              .build());
+        const std::uint64_t length = 46 + row.name.size();
+        platform::setReadLimits({.directoryBytes = length});
+        EXPECT_EQ(OpenPackage(file).leaves().size(), 1U);
+        platform::setReadLimits({.directoryBytes = length - 1});
+        EXPECT_EQ(messageOf<LimitError>([&] { OpenPackage{file}; }),
+                  "the package \"" + (folder / "package.zip").string() +
+                      "\" cannot be opened: its directory is larger than the limit of " +
+                      std::to_string(length - 1) + " bytes");
     }
 }
 

@@ -42,7 +42,7 @@ std::string placeOf(const json::value& finding) {
     return place;
 }
 
-// The paths of the test's table instead of those in the install folder, or the reverse.
+// Replaces the start of a text.
 std::string replaced(std::string text, std::string_view from, std::string_view to) {
     return text.starts_with(from) ? text.replace(0, from.size(), to) : text;
 }
