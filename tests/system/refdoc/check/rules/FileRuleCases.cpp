@@ -51,6 +51,7 @@ const std::vector<RuleCase> kFileCases = {
      {Boundary},
      {{"lookup/P.json", text(record("h"))}, {"lookup/Q.json", {}, Form::Unopenable}},
      "lookup/Q.json"},
+    {"unreadable-file", {Boundary}, {{"full/P.json", {}, Form::Unopenable}}, "full/P.json"},
     {"unreadable-file",
      {Translation},
      {kGerman, {"lookup/P_de.json", {}, Form::Unopenable}},
