@@ -213,8 +213,8 @@ TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverFileCallFails) {
 }
 
 TEST_F(ObservedFaultTest, AccountOutOfMemoryIsMarkedIncompleteAndLosesNoRecords) {
-    const auto [whole, expected] = recorded(readLookups);
-    ASSERT_TRUE(whole.isComplete);
+    const std::pair<LoadAccount, Outcome<Lookups>> whole = recorded(readLookups);
+    ASSERT_TRUE(whole.first.isComplete);
     std::size_t incomplete = 0;
     failEachAllocationRecorded<Lookups>(
         readLookups, [&](const LoadAccount& account, const Outcome<Lookups>& outcome) {
@@ -222,8 +222,8 @@ TEST_F(ObservedFaultTest, AccountOutOfMemoryIsMarkedIncompleteAndLosesNoRecords)
                 return;
             ++incomplete;
             // A failed allocation of the recorder affects only the account, which then ends.
-            EXPECT_EQ(outcome.result, expected.result);
-            EXPECT_NE(account.files, whole.files);
+            EXPECT_EQ(outcome.result, whole.second.result);
+            EXPECT_NE(account.files, whole.first.files);
         });
     EXPECT_GT(incomplete, 50U);
 }

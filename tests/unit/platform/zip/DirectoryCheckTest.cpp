@@ -116,6 +116,19 @@ TEST_F(DirectoryCheckTest, IgnoresAnEndRecordThatDoesNotLeadToADirectory) {
     }
 }
 
+TEST_F(DirectoryCheckTest, IgnoresAnEndRecordBeyondTheLargestFile) {
+    const std::uint64_t comment = 30 + 6 + 46 + 6 + 22; // its position in the file
+    const std::string end = "PK\6\6" + littleEndian(44, 8) + std::string(12, '\0') +
+                            littleEndian(1, 8) + littleEndian(1, 8) + littleEndian(70, 8) +
+                            littleEndian(std::uint64_t{1} << 63, 8);
+    const std::string locator =
+        "PK\6\7" + littleEndian(0, 4) + littleEndian(comment, 8) + littleEndian(1, 4);
+    const ZipBytes zip{.entries = {{.name = "a.json"}},
+                       .comment = end + locator + endRecord(1, 70, 0)};
+    platform::setReadLimits({.directoryBytes = 60});
+    EXPECT_THAT(open(zip).leafNames(), ElementsAre(u"a.json"));
+}
+
 TEST_F(DirectoryCheckTest, RefusesSeveralDirectoriesThatTogetherExceedTheLimit) {
     constexpr std::uint64_t kCount = 10'000;
     const std::uint64_t length = kCount * (46 + 1);
