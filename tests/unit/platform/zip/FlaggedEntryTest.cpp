@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -25,9 +26,9 @@ TEST(FlaggedEntry, FlagIsClearedWhereverThePartBegins) {
         {10, "", ""},
     };
     for (const auto& row : rows) {
-        std::string bytes = row.bytes;
-        clearUtf8Flags(entries, row.offset, bytes);
-        EXPECT_EQ(bytes, row.cleared) << row.offset;
+        std::string bytes = row.bytes + '\x0F';
+        clearUtf8Flags(entries, row.offset, std::span(bytes).first(row.bytes.size()));
+        EXPECT_EQ(bytes, row.cleared + '\x0F') << row.offset;
     }
 }
 
