@@ -22,6 +22,13 @@ std::string linkTo(const std::string& url) {
     return text(item("pages/a.html", R"(, "seealso": [{"url": ")" + url + R"(", "name": ""}])"));
 }
 
+// A section that is dropped, because its base code is the help folder of the main section.
+std::string dropped(const std::string& items) {
+    return R"(, "supportPackages": [{"productName": "", "baseCode": "k", "helpFolder": "k",
+"helpLocation": "k", "refItems": [)" +
+           items + "]}]";
+}
+
 const std::vector<RuleCase> kFileCases = {
     {"misnamed-folder",
      {Negative},
@@ -221,6 +228,11 @@ const std::vector<RuleCase> kFileCases = {
       {"lookup/P.json", text(R"({"name": "n", "href": "a", "refpurpose": "other"})")}},
      "lookup/P.json:2:1"},
     {"dropped-record",
+     {Boundary},
+     {{"lookup/P.zip!P.json", text(record("b"), dropped(record("a")))},
+      {"lookup/P.json", text(record("a"))}},
+     "lookup/P.json:2:1"},
+    {"dropped-record",
      {Entry},
      {{"lookup/P.zip!P.json", text(record("a"))},
       {"lookup/P.zip!P.json", text("\n" + record("b"))}},
@@ -259,12 +271,9 @@ const std::vector<RuleCase> kFileCases = {
      {Negative},
      {{"full/P.json", text(item("a"))}, {"lookup/P.json", text(record("a"))}}},
     {"lookup-without-page",
-     {Negative},
-     {{"full/P.json", text(item("a"))},
-      {"lookup/P.json",
-       text(record("a"), R"(, "supportPackages": [{"productName": "", "baseCode": "k",
-        "helpFolder": "k", "helpLocation": "k", "refItems": [)" +
-                             record("b") + "]}]")}}},
+     {Boundary},
+     {{"full/P.json", text(item("a"))}, {"lookup/P.json", text(record("b"), dropped(record("b")))}},
+     "lookup/P.json:2:1"},
     {"lookup-without-page",
      {Boundary},
      {{"full/P.json", text(item("a"))},

@@ -19,6 +19,13 @@ std::string nested(std::size_t depth) {
     return text("", ",\n\"x\": " + std::string(depth, '[') + std::string(depth, ']'));
 }
 
+std::string lines(std::size_t count, const std::string& item) {
+    std::string lines;
+    for (; count > 0; --count)
+        lines += item + ",\n";
+    return lines;
+}
+
 // A rule about the text of a file, checked in a file, an entry and a translation.
 struct TextCase {
     std::string rule;
@@ -69,6 +76,10 @@ const std::vector<TextCase> kTextCases = {
     {"unknown-key", {Negative}, text(record("h"), R"(, "$schema": "s")")},
     {"unknown-key", {Boundary}, text(record("h", R"(, "$schema": "s")")), {":2:46"}},
     {"unknown-key", {Boundary}, text(record("h", R"(, "Type": "class")")), {":2:46"}},
+    {"unknown-key",
+     {Boundary},
+     text(lines(9, record("h")) + lines(2, record("h", R"(, "x": 1)")) + record("h")),
+     {":11:46", ":12:46"}},
 
     {"unknown-word", kViolation, text(record("h", R"(, "type": "functon")")), {":2:54"}},
     {"unknown-word", {Negative}, text(record("h", R"(, "type": "function")"))},
