@@ -119,8 +119,7 @@ void AccountRecorder::fileRead(const std::string& text) noexcept {
 void AccountRecorder::sectionFound(const std::u16string& key, bool isFirstOfKey) noexcept {
     record([&] {
         std::vector<SectionAccount>& sections = current().sections;
-        if (isFirstOfKey)
-            open_.back().sections.emplace(key, sections.size());
+        open_.back().sections.try_emplace(key, sections.size());
         std::string pointer;
         if (!sections.empty())
             pointer = "/supportPackages/" + std::to_string(sections.size() - 1);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 namespace platform::zip {
 
@@ -21,8 +20,9 @@ constexpr std::string_view kZip64EndMagic = "PK\6\6"sv;
 constexpr std::size_t kZip64EndLength = 56;
 constexpr std::size_t kLongestComment = 0xFFFF;
 
-// The byte of an entry's record that has the UTF-8 flag.
+// The byte of an entry's record that has the UTF-8 flag, and the bit of the flag.
 constexpr std::size_t kFlagOffset = 9;
+constexpr unsigned char kUtf8NameFlag = 0x08;
 
 /// Decodes a little-endian number.
 std::uint64_t numberAt(std::string_view bytes, std::size_t offset, std::size_t length) noexcept {
@@ -144,6 +144,16 @@ std::vector<FlaggedEntry> findFlaggedEntries(PackageFile& file) {
             return flagged;
     }
     return {};
+}
+
+void clearUtf8Flags(std::span<const FlaggedEntry> entries, std::uint64_t offset,
+                    std::span<char> bytes) noexcept {
+    const std::uint64_t end = offset + bytes.size();
+    auto entry = std::ranges::lower_bound(entries, offset, {}, &FlaggedEntry::flagOffset);
+    for (; entry != entries.end() && entry->flagOffset < end; ++entry) {
+        char& flags = bytes[entry->flagOffset - offset];
+        flags = static_cast<char>(static_cast<unsigned char>(flags) & ~kUtf8NameFlag);
+    }
 }
 
 } // namespace platform::zip

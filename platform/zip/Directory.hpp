@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,9 +65,6 @@ struct FlaggedEntry {
     std::uint64_t flagOffset; ///< position in the file of the byte with the flag
 };
 
-/// The bit of the flag in that byte.
-constexpr unsigned char kUtf8NameFlag = 0x08;
-
 /// Finds the flagged entries of a package, in the order of its directory.
 ///
 /// Needed only if libzip refuses a package, which it does for a single flagged name that is not
@@ -75,5 +73,11 @@ constexpr unsigned char kUtf8NameFlag = 0x08;
 /// \throws std::system_error     the file cannot be read
 /// \throws platform::LimitError  see PackageFile::read()
 std::vector<FlaggedEntry> findFlaggedEntries(PackageFile& file);
+
+/// Clears the flags of entries in a part of the package's file.
+/// \param entries  in the order of the directory
+/// \param offset   the position of `bytes` in the file
+void clearUtf8Flags(std::span<const FlaggedEntry> entries, std::uint64_t offset,
+                    std::span<char> bytes) noexcept;
 
 } // namespace platform::zip

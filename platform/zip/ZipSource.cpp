@@ -2,7 +2,6 @@
 
 #include "platform/system/Cancellation.hpp"
 
-#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -14,13 +13,13 @@ constexpr zip_int64_t kFailed = -1;
 
 } // namespace
 
-ZipHandle ZipSource::openArchive(ZipErrorInfo& error, const std::vector<FlaggedEntry>& hidden) {
+ZipHandle ZipSource::openArchive(ZipErrorInfo& error, std::span<const FlaggedEntry> hidden) {
     ZipSourceHandle source(zip_source_function_create(&ZipSource::serve, this, error.get()));
     if (!source)
         return nullptr;
-    hidden_ = &hidden;
+    hidden_ = hidden;
     ZipHandle archive(zip_open_from_source(source.get(), ZIP_RDONLY, error.get()));
-    hidden_ = nullptr;
+    hidden_ = {};
     // An open archive owns the source; after a failure, the handle still owns it.
     if (archive)
         static_cast<void>(source.release());
@@ -59,7 +58,7 @@ zip_int64_t ZipSource::read(char* buffer, std::size_t length) {
     const CancellationHold hold;
     try {
         const std::size_t count = file_.read(position_, buffer, length);
-        clearHiddenFlags(buffer, count);
+        clearUtf8Flags(hidden_, position_, {buffer, count});
         position_ += count;
         return static_cast<zip_int64_t>(count);
     } catch (const std::exception&) {
@@ -83,17 +82,6 @@ zip_int64_t ZipSource::describe(zip_stat_t& description) const {
     description.size = file_.size();
     description.valid = ZIP_STAT_SIZE;
     return sizeof description;
-}
-
-void ZipSource::clearHiddenFlags(char* bytes, std::size_t length) const {
-    if (!hidden_)
-        return;
-    const std::uint64_t end = position_ + length;
-    auto entry = std::ranges::lower_bound(*hidden_, position_, {}, &FlaggedEntry::flagOffset);
-    for (; entry != hidden_->end() && entry->flagOffset < end; ++entry) {
-        char* const flags = bytes + (entry->flagOffset - position_);
-        *flags = static_cast<char>(static_cast<unsigned char>(*flags) & ~kUtf8NameFlag);
-    }
 }
 
 } // namespace platform::zip

@@ -6,8 +6,8 @@
 
 #include <cstdint>
 #include <exception>
+#include <span>
 #include <utility>
-#include <vector>
 
 namespace platform::zip {
 
@@ -28,7 +28,7 @@ public:
     /// \param error   receives the error if the file is not an archive
     /// \param hidden  entries whose UTF-8 flag is hidden from libzip, in the order of the directory
     /// \returns       the archive, or null if the file is not one
-    ZipHandle openArchive(ZipErrorInfo& error, const std::vector<FlaggedEntry>& hidden);
+    ZipHandle openArchive(ZipErrorInfo& error, std::span<const FlaggedEntry> hidden);
 
     /// Returns and clears the exception of the last failed read; null if no read has failed since
     /// the last call. libzip itself reports only that a read failed.
@@ -40,13 +40,12 @@ private:
     zip_int64_t read(char* buffer, std::size_t length);
     zip_int64_t seek(void* target, zip_uint64_t length);
     zip_int64_t describe(zip_stat_t& description) const;
-    void clearHiddenFlags(char* bytes, std::size_t length) const;
 
     PackageFile file_;
     std::uint64_t position_ = 0;
     ZipErrorInfo error_;
     std::exception_ptr readFailure_;
-    const std::vector<FlaggedEntry>* hidden_ = nullptr; // set while an archive is being opened
+    std::span<const FlaggedEntry> hidden_; // empty unless an archive is being opened
 };
 
 } // namespace platform::zip

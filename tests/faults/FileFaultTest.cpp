@@ -1,9 +1,13 @@
 #include "platform/InstallationManifest.hpp"
+#include "platform/system/RegularFile.hpp"
 #include "tests/faults/FaultTest.hpp"
 #include "tests/faults/FileFaults.hpp"
 
+#include <sys/stat.h>
+
 #include <array>
 #include <cerrno>
+#include <filesystem>
 
 namespace docparser_tests {
 namespace {
@@ -168,6 +172,18 @@ TEST_F(FileFaultTest, FaultsReachEveryTypeOfCallThatTheLibraryMakes) {
         DocResourceParser::getResourceLookupFiles();
         EXPECT_GT(countedCalls(call), 0U) << static_cast<int>(call);
     }
+}
+
+TEST_F(FileFaultTest, FileThatIsExchangedForAPipeBeforeItIsOpenedIsRefused) {
+    const std::filesystem::path file = folder.write("Orchard.json", "{}");
+    EXPECT_TRUE(platform::RegularFile::open(file));
+    const std::function<void()> exchange = [&] {
+        std::filesystem::remove(file);
+        ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    };
+    runBeforeNextOpen(exchange);
+    EXPECT_FALSE(platform::RegularFile::open(file));
+    EXPECT_TRUE(std::filesystem::is_fifo(file));
 }
 
 // Makes reads and allocations fail. The destructor reports whether an allocation has failed.

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <utility>
 
 namespace docparser_tests {
 
@@ -28,8 +29,12 @@ constinit thread_local Armed armed;
 constinit thread_local std::array<std::size_t, kFileCalls> counts{};
 constinit std::atomic<std::size_t> badCloses{0};
 
+constinit thread_local const std::function<void()>* beforeOpen = nullptr;
+
 // Counts the current call and returns whether it must fail; sets errno if so.
 bool fails(FileCall call) noexcept {
+    if (call == FileCall::Open && beforeOpen)
+        (*std::exchange(beforeOpen, nullptr))();
     if (!armed.isArmed || armed.call != call)
         return false;
     ++counts[static_cast<std::size_t>(call)];
@@ -84,6 +89,10 @@ std::size_t FileFaults::failures() const noexcept {
 
 std::size_t countedCalls(FileCall call) noexcept {
     return counts[static_cast<std::size_t>(call)];
+}
+
+void runBeforeNextOpen(const std::function<void()>& step) noexcept {
+    beforeOpen = &step;
 }
 
 std::size_t wrongCloses() noexcept {

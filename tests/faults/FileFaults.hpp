@@ -3,6 +3,7 @@
 #include "tests/faults/CallSchedule.hpp"
 
 #include <cstddef>
+#include <functional>
 
 namespace docparser_tests {
 
@@ -39,6 +40,10 @@ public:
 /// The number of calls of a type that the calling thread made under its last FileFaults of that
 /// type.
 std::size_t countedCalls(FileCall call) noexcept;
+
+/// Runs a step on the calling thread just before its next call of FileCall::Open.
+/// \param step  must live until then
+void runBeforeNextOpen(const std::function<void()>& step) noexcept;
 
 /// How often any thread closed a descriptor that was not open.
 std::size_t wrongCloses() noexcept;

@@ -20,7 +20,13 @@
 namespace docparser_tests {
 namespace {
 
+using reference::docparser::Fate;
+using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
+using reference::docparser::SectionAccount;
+using reference::docparser::SectionFate;
+using testing::ElementsAre;
+using testing::Field;
 
 // Greater than the number of calls of any operation.
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
@@ -146,6 +152,32 @@ protected:
         }
     }
 
+    // Runs the operation once and returns its account and outcome.
+    template <class Result>
+    static std::pair<LoadAccount, Outcome<Result>> recorded(const std::function<Result()>& act) {
+        std::pair<LoadAccount, Outcome<Result>> run;
+        const LoadAccount::Scope scope(run.first);
+        run.second = attempt(act);
+        return run;
+    }
+
+    // Calls judge(account, outcome) for each allocation that fails, until none fails.
+    template <class Result, class Judge>
+    void failEachAllocationRecorded(const std::function<Result()>& act, Judge judge) {
+        bool hasFailed = true;
+        for (std::size_t nth = 1; hasFailed; ++nth) {
+            SCOPED_TRACE(testing::Message() << "allocation " << nth);
+            reset();
+            std::pair<LoadAccount, Outcome<Result>> run;
+            {
+                const AllocationFaults faults(nth, Repetition::Once);
+                run = recorded(act);
+                hasFailed = faults.failures() > 0;
+            }
+            judge(run.first, run.second);
+        }
+    }
+
     const std::function<Resources()> readResources = [] {
         return DocResourceParser::getResourceFile(kProduct);
     };
@@ -181,31 +213,37 @@ TEST_F(ObservedFaultTest, AccountDoesNotChangeLookupsWhicheverFileCallFails) {
 }
 
 TEST_F(ObservedFaultTest, AccountOutOfMemoryIsMarkedIncompleteAndLosesNoRecords) {
-    const auto accountOf = [&](LoadAccount& account) {
-        const LoadAccount::Scope scope(account);
-        return DocResourceParser::getResourceLookupFiles();
-    };
-    LoadAccount whole;
-    const Lookups expected = accountOf(whole);
-    ASSERT_TRUE(whole.isComplete);
+    const std::pair<LoadAccount, Outcome<Lookups>> whole = recorded(readLookups);
+    ASSERT_TRUE(whole.first.isComplete);
     std::size_t incomplete = 0;
-    bool hasFailed = true;
-    for (std::size_t nth = 1; hasFailed; ++nth) {
-        reset();
-        LoadAccount account;
-        Outcome<Lookups> outcome;
-        {
-            const AllocationFaults faults(nth, Repetition::Once);
-            outcome = attempt<Lookups>([&] { return accountOf(account); });
-            hasFailed = faults.failures() > 0;
-        }
-        incomplete += account.isComplete ? 0 : 1;
-        // A failed allocation of the recorder affects only the account.
-        if (!account.isComplete) {
-            EXPECT_EQ(outcome.result, expected) << "allocation " << nth;
-        }
-    }
+    failEachAllocationRecorded<Lookups>(
+        readLookups, [&](const LoadAccount& account, const Outcome<Lookups>& outcome) {
+            if (account.isComplete)
+                return;
+            ++incomplete;
+            // A failed allocation of the recorder affects only the account, which then ends.
+            EXPECT_EQ(outcome.result, whole.second.result);
+            EXPECT_NE(account.files, whole.first.files);
+        });
     EXPECT_GT(incomplete, 50U);
+}
+
+TEST_F(ObservedFaultTest, AccountShowsWhichSectionsWerePlacedBeforeMemoryRanOut) {
+    const Resources firstSectionOnly = partialResources().at(1);
+    std::size_t partial = 0;
+    failEachAllocationRecorded<Resources>(
+        readResources, [&](const LoadAccount& account, const Outcome<Resources>& outcome) {
+            if (!account.isComplete || outcome.result != firstSectionOnly)
+                return;
+            ++partial;
+            const FileAccount& translation = account.files.at(1);
+            EXPECT_EQ(translation.fate, Fate::Failed);
+            EXPECT_EQ(translation.reason, "out of memory");
+            EXPECT_THAT(translation.sections,
+                        ElementsAre(Field(&SectionAccount::fate, SectionFate::Overlay),
+                                    Field(&SectionAccount::fate, SectionFate::Unused)));
+        });
+    EXPECT_GT(partial, 0U);
 }
 
 } // namespace

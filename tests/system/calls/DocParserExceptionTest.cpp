@@ -104,8 +104,9 @@ TEST_F(DocParserExceptionTest, CloneIsIndependent) {
     EXPECT_EQ(*boost::get_error_info<Note>(*copy), "why");
 }
 
-TEST_F(DocParserExceptionTest, RethrowsACopyOfItself) {
-    const DocParserException original(u"Absent");
+TEST_F(DocParserExceptionTest, RethrowsACopyWithItsErrorInformation) {
+    DocParserException original(u"Absent");
+    original << Note("why");
     const boost::exception_detail::clone_base& base = original;
     try {
         base.rethrow();
@@ -113,6 +114,8 @@ TEST_F(DocParserExceptionTest, RethrowsACopyOfItself) {
     } catch (const DocParserException& exception) {
         EXPECT_NE(&exception, &original);
         EXPECT_EQ(exception.getProductName(), u"Absent");
+        ASSERT_NE(boost::get_error_info<Note>(exception), nullptr);
+        EXPECT_EQ(*boost::get_error_info<Note>(exception), "why");
     }
 }
 

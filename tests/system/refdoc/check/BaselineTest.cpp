@@ -1,3 +1,4 @@
+#include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
 
 namespace refdoc_tests {
@@ -15,6 +16,20 @@ TEST_F(BaselineTest, KnownFindingsAreNotReported) {
                   (Outcome{0, "17 files checked, no problems found\n", ""}))
             << format;
     }
+}
+
+// A fingerprint in a baseline must still be known to later versions.
+TEST_F(BaselineTest, FingerprintsNeverChange) {
+    addResource("A", section("a", R"({"href": "a.html", "refpurpose": "", "hint": 1},)"
+                                  R"({"href": "a.html", "refpurpose": "", "hint": 1})"));
+    docparser_tests::ZipBytes package;
+    package.entries = {{.name = "in/A.json", .content = "{"}};
+    add("help/docCatalog/referenceapi_lookup/A.zip", package.build());
+    std::vector<std::string> fingerprints;
+    for (const boost::json::value& finding : documents(check({"help", "--jsonl"}).out))
+        fingerprints.emplace_back(finding.at("fingerprint").as_string());
+    EXPECT_THAT(fingerprints,
+                testing::ElementsAre("00278c924a5cbe60", "00278c924a5cbe60-2", "273e1aa3051b8033"));
 }
 
 TEST_F(BaselineTest, FindingIsKnownAfterLinesAreInserted) {

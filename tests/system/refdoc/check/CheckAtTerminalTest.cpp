@@ -69,6 +69,16 @@ TEST_F(CheckAtTerminalTest, ShowsEntriesOfPackages) {
     EXPECT_THAT(checkAt(120, {"A.zip"})[1], HasSubstr("\"refItems\":[{\"href\""));
 }
 
+TEST_F(CheckAtTerminalTest, ControlCharactersOfFilesAndItemsAreMadeVisible) {
+    addResource("A\x1b[2J",
+                section("a", R"({"href": "\u001b]0;x\u0007", "refpurpose": "", "k": 1})"));
+    const std::vector<std::string> lines = checkAt(200, {"help"});
+    EXPECT_THAT(lines.at(0), HasSubstr("A␛[2J.json:1:154: warning: unknown key \"k\", ignored "
+                                       "(␛]0;x␇) [unknown-key]"));
+    for (const std::string& line : lines)
+        EXPECT_THAT(line, Not(HasSubstr("\x1b")));
+}
+
 TEST_F(CheckAtTerminalTest, ShowsTheEndOfATruncatedFile) {
     addResource("A", R"({"productName": ")");
     EXPECT_THAT(checkAt(80, {"help"}),

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <map>
 
 namespace refdoc_tests {
 namespace {
@@ -24,6 +26,64 @@ TEST_F(CheckPathTest, ResourceFileMayBeInAnyFolder) {
             "drafts/Orchard.json:1:107: error: the required key \"refpurpose\" is missing; the "
             "whole file is dropped (a.html) [missing-key]\n1 error in 1 file; 1 file checked\n",
             ""}));
+}
+
+TEST_F(CheckPathTest, RelatedPositionsOfASingleFileAreInThatFile) {
+    add("drafts/Orchard.json", section("a", "", ",\n\"refItems\": []"));
+    EXPECT_EQ(linesOf(check({"drafts/Orchard.json"}).out),
+              (std::vector<std::string>{
+                  "drafts/Orchard.json:2:1: error: the object already has this key; the earlier "
+                  "value is ignored (refItems) [repeated-key]",
+                  "    drafts/Orchard.json:1:94: the value that is ignored",
+                  "1 error in 1 file; 1 file checked"}));
+}
+
+TEST_F(CheckPathTest, CheckOfASingleFileLeavesNoTemporaryFiles) {
+    add("A.json", kNoPurpose);
+    add("temporary/used.txt", "");
+    const std::string temporary = path("temporary");
+    const std::map<std::string, std::string> variables = {
+        {"TMPDIR", temporary}, {"TMP", temporary}, {"TEMP", temporary}};
+    EXPECT_EQ(runProgram({"check", "A.json"}, {.variables = variables, .folder = path()}).status,
+              1);
+    const std::filesystem::directory_iterator left(temporary);
+    EXPECT_EQ(std::distance(begin(left), end(left)), 1);
+}
+
+TEST_F(CheckPathTest, PathTakesPrecedenceOverRootOption) {
+    add("other/docCatalog/referenceapi/B.json", "{");
+    addResource("A", kNoPurpose);
+    addLookupFolder();
+    for (const char* where : {"help", ".", "help/docCatalog/referenceapi/A.json"})
+        EXPECT_THAT(linesOf(check({where, "--root", "other"}).out),
+                    testing::ElementsAre(HasSubstr("A.json:1:107: error"),
+                                         "1 error in 1 file; 1 file checked"))
+            << where;
+}
+
+TEST_F(CheckPathTest, ManifestIsFoundUpToSixLevelsAboveTheFile) {
+    addManifest(R"({"supportedDocLanguages": ["en", "fr"]})");
+    add("1/2/3/4/5/6/A_FR.json", section("a", ""));
+    add("1/2/3/4/5/6/7/A_FR.json", section("a", ""));
+    EXPECT_THAT(check({"1/2/3/4/5/6/A_FR.json"}).out,
+                HasSubstr("\"_FR\" differs from the supported language \"fr\""));
+    EXPECT_EQ(check({"1/2/3/4/5/6/7/A_FR.json"}).out, "1 file checked, no problems found\n");
+}
+
+TEST_F(CheckPathTest, SupportFolderIsNotCheckedWithASingleFile) {
+    addManifest(R"({"supportPackageRoot": "packages"})");
+    add("packages/help/docCatalog/referenceapi/Kit.JSON", section("kit", ""));
+    add("A.json", section("a", ""));
+    EXPECT_EQ(check({"A.json"}).out, "1 file checked, no problems found\n");
+    EXPECT_THAT(check({"."}).out, HasSubstr("[extension-case]"));
+}
+
+TEST_F(CheckPathTest, CurrentLanguageIsKnownEvenIfItIsNotSupported) {
+    addManifest(R"({"docLanguage": "fr", "supportedDocLanguages": ["en", "de"]})");
+    addResource("A", section("a", ""));
+    addResource("A_fr", section("a", ""));
+    addLookupFolder();
+    EXPECT_EQ(check({"help"}).out, "3 files checked, no problems found\n");
 }
 
 TEST_F(CheckPathTest, ContentDecidesWhetherItIsLookupFile) {

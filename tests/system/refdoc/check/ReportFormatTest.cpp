@@ -1,4 +1,5 @@
 #include "tests/support/Schema.hpp"
+#include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
 
@@ -117,6 +118,20 @@ TEST_F(ReportFormatTest, TextIsColouredOnRequest) {
                 testing::HasSubstr("\x1b[31merror\x1b[0m: the required key \"refpurpose\""));
 }
 
+class HostileTextTest : public CheckTest {};
+
+TEST_F(HostileTextTest, ControlCharactersAreMadeVisible) {
+    docparser_tests::ZipBytes package;
+    package.entries = {
+        {.name = "A\x1b.json",
+         .content =
+             section("a", R"({"name": "n", "href": "\u001b[2J", "refpurpose": "", "\u0007": 1})")}};
+    add("A.zip", package.build());
+    EXPECT_EQ(check({"A.zip"}).out,
+              "A.zip!A␛.json:1:160: warning: unknown key \"␇\", ignored (n) [unknown-key]\n"
+              "1 warning in 1 file; 1 file checked\n");
+}
+
 // These tests check what the standard requires of each object. scripts/check-sarif runs the
 // validator of the standard's authors.
 class SarifTest : public ReportFormatTest {
@@ -199,6 +214,17 @@ TEST_F(SarifTest, EntryIsLogicalLocationInItsPackage) {
               "help/docCatalog/referenceapi_lookup/Locked.zip");
     EXPECT_EQ(textAt(place, "/logicalLocations/0/name"), "Locked.json");
     EXPECT_FALSE(place.at("physicalLocation").as_object().contains("region"));
+}
+
+TEST_F(SarifTest, PositionInAnEntryIsNoRegionOfThePackage) {
+    docparser_tests::ZipBytes package;
+    package.entries = {{.name = "A.json", .content = "{"}};
+    add("A.zip", package.build());
+    EXPECT_EQ(document(check({"A.zip", "--sarif"}).out).at_pointer("/runs/0/results/0/locations"),
+              document(R"([{
+        "physicalLocation": {"artifactLocation": {"uri": "A.zip", "uriBaseId": "%SRCROOT%"}},
+        "logicalLocations": [{"name": "A.json", "fullyQualifiedName": "A.zip!A.json:1:2",
+                              "kind": "resource"}]}])"));
 }
 
 TEST_F(SarifTest, ItemIsLogicalLocation) {

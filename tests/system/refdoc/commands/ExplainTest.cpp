@@ -6,6 +6,7 @@
 #include <boost/json/serialize.hpp>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace refdoc_tests {
 namespace {
@@ -167,6 +168,23 @@ Files considered
     EXPECT_EQ(explain({"Cellar"}).status, 1);
 }
 
+TEST_F(ExplainProductTest, IndentsTheRemarkBelowALongFate) {
+    std::filesystem::create_directories(
+        docparser_tests::pathOf(path("help/docCatalog/referenceapi/Cellar.json")));
+    EXPECT_THAT(explain({"Cellar"}).out, HasSubstr(R"(
+  not-regular ROOT/referenceapi/Cellar.json
+              a folder, pipe, socket or device has the name
+)"));
+}
+
+TEST_F(ExplainProductTest, MissingTranslationIsNoProblem) {
+    EXPECT_THAT(explain({"Orchard", "--lang", "fr", "--color", "always"}).out,
+                HasSubstr("\x1b[2mmissing  \x1b[0m ROOT/referenceapi/Orchard_fr.json\n"));
+    addResource("Orchard_fr", "{");
+    EXPECT_THAT(explain({"Orchard", "--lang", "fr", "--color", "always"}).out,
+                HasSubstr("\x1b[31mmalformed\x1b[0m ROOT/referenceapi/Orchard_fr.json:1:2\n"));
+}
+
 TEST_F(ExplainProductTest, SuggestsSimilarProducts) {
     const Outcome outcome = explain({"Orchad"});
     EXPECT_EQ(outcome.status, 1);
@@ -303,6 +321,19 @@ Section orchard
               dropped-href: a record of the name has this href, in Estate.zip!lookup/Orchard.json
 )",
                                                      ""}));
+}
+
+TEST_F(ExplainNameTest, AcceptsNamesBeyondAscii) {
+    addLookup("Cellar",
+              section("cellar", "\n"
+                                R"({"name": "größe", "href": "g.html", "refpurpose": "Size"})"));
+    const Outcome outcome = explain({"--name", "größe"});
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_THAT(outcome.out, AllOf(testing::StartsWith("größe\n=====\n"), HasSubstr(R"(
+  größe
+    from      ROOT/referenceapi_lookup/Cellar.json:2:1
+              g.html: Size
+)")));
 }
 
 TEST_F(ExplainNameTest, ShowsRecordsThatAreDroppedByTheirNumber) {

@@ -97,6 +97,22 @@ TEST_F(AccountRecorderTest, NamesTheEntriesOfAPackage) {
                         .fate = Fate::SkippedLanguage}));
 }
 
+TEST_F(AccountRecorderTest, SectionWhoseKeyIsTakenRefersToItsOwnFile) {
+    read(u"0", u"k", SectionFate::New);
+    conclude();
+    recorder.fileConsidered(FileRole::Lookup, u"1", false);
+    recorder.sectionFound(u"k", true);
+    recorder.sectionFound(u"k", false);
+    recorder.sectionPlaced(u"k", SectionFate::Merged, /*isInstalled=*/false);
+    conclude();
+    EXPECT_THAT(recorded().files.at(1).sections,
+                ElementsAre(SectionAccount{.key = u"k", .fate = SectionFate::Merged, .other = 0},
+                            SectionAccount{.key = u"k",
+                                           .pointer = "/supportPackages/0",
+                                           .fate = SectionFate::KeyTaken,
+                                           .other = 1}));
+}
+
 // Three files with records of one name: the third is an overlay on the merge of the first two.
 TEST_F(AccountRecorderTest, FollowsRecordsThroughSeveralCombinations) {
     const std::u16string name = u"n";
@@ -129,6 +145,29 @@ TEST_F(AccountRecorderTest, FollowsRecordsThroughSeveralCombinations) {
                             RecordAccount{u"n", u"b", RecordFate::DroppedHref, 1, 2}));
 }
 
+TEST_F(AccountRecorderTest, WinnerIsTheFileOfTheRecordThatIsKept) {
+    const std::u16string name = u"n";
+    const std::vector<RefItemLookup> first = {recordOf(u"a")};
+    const std::vector<RefItemLookup> second = {recordOf(u"b"), recordOf(u"c")};
+    const std::vector<RefItemLookup> merged = {first[0], second[0], second[1]};
+    const std::vector<RefItemLookup> third = {recordOf(u"c"), recordOf(u"d")};
+
+    read(u"0", u"k", SectionFate::New);
+    conclude();
+    read(u"1", u"k", SectionFate::Merged);
+    recorder.recordAppended(name, {first[0], second[0]}, second, 0);
+    recorder.recordAppended(name, merged, second, 1);
+    conclude();
+    read(u"2", u"k", SectionFate::Merged);
+    recorder.recordDropped(name, merged, third, 0);
+    recorder.recordDropped(name, merged, third, 1);
+    conclude();
+
+    EXPECT_THAT(recorded().files.at(2).sections.at(0).records,
+                ElementsAre(RecordAccount{u"n", u"c", RecordFate::DroppedHref, 2, 1},
+                            RecordAccount{u"n", u"d", RecordFate::DroppedCount, 2, 0}));
+}
+
 TEST_F(AccountRecorderTest, SortsRecordsByName) {
     const std::vector<RefItemLookup> records = {recordOf(u"x")};
     read(u"0", u"k", SectionFate::New);
@@ -155,6 +194,12 @@ TEST_F(AccountRecorderTest, AdjustsIndicesToTheTargetAccount) {
     EXPECT_EQ(account.files[4].sections.at(0).other, 3U);
     EXPECT_THAT(account.files[4].sections.at(0).records,
                 ElementsAre(RecordAccount{u"h", u"h", RecordFate::Replaced, 3, 4}));
+}
+
+TEST_F(AccountRecorderTest, DoesNotCompleteAnAccountThatIsIncomplete) {
+    LoadAccount account{.isComplete = false};
+    recorder.appendTo(account);
+    EXPECT_FALSE(account.isComplete);
 }
 
 TEST(RetrievalRecording, ObservesNothingWithoutAScope) {

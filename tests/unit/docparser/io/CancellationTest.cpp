@@ -27,7 +27,16 @@ protected:
                              std::filesystem::directory_iterator());
     }
 
+    std::u16string writePackage() const {
+        const ZipBytes zip{
+            .entries = {
+                {.name = "Orchard.json", .content = "{}", .method = docparser_tests::kDeflated}}};
+        return folder.write("Package.zip", zip.build()).u16string();
+    }
+
     const TemporaryFolder folder;
+    const opc::FileSystemOpsSelector selector{
+        storage::microservicestoragesystem::GetStorageSystemReference()};
 };
 
 TEST_F(CancelledReading, ThreadEndsWhileReadingAFile) {
@@ -40,14 +49,19 @@ TEST_F(CancelledReading, ThreadEndsWhileReadingAFile) {
     EXPECT_EQ(openFiles(), openBefore);
 }
 
+// The stack frames of the zip library must not be unwound, because they would leak their memory.
+TEST_F(CancelledReading, ThreadDoesNotEndInsideTheZipLibrary) {
+    const std::u16string path = writePackage();
+    EXPECT_FALSE(isCancelledIn([&] {
+        cancelThisThread();
+        ZipPackage package(path, selector);
+    }));
+}
+
 TEST_F(CancelledReading, ThreadEndsWhileReadingAnEntry) {
-    ZipBytes zip;
-    zip.entries = {{.name = "Orchard.json", .content = "{}", .method = docparser_tests::kDeflated}};
-    const std::u16string path = folder.write("Package.zip", zip.build()).u16string();
+    const std::u16string path = writePackage();
     const auto openBefore = openFiles();
     EXPECT_TRUE(isCancelledIn([&] {
-        const opc::FileSystemOpsSelector selector(
-            storage::microservicestoragesystem::GetStorageSystemReference());
         ZipPackage package(path, selector);
         const auto products =
             package.findProducts(/*isNonEnglishLocale=*/false, {}, u"_en", unobserved);

@@ -28,6 +28,11 @@ TEST(PlaceOfOffset, CountsLinesAndCharacters) {
     EXPECT_EQ(placeOfOffset(text, 10), (TextPlace{10, 3, 1}));
 }
 
+TEST(PlaceOfOffset, ReturnsTheColumnOfTheCharacterThatTheByteBelongsTo) {
+    EXPECT_EQ(placeOfOffset("aéb", 2), (TextPlace{2, 1, 2}));
+    EXPECT_EQ(placeOfOffset("a𝑦b", 4), (TextPlace{4, 1, 2}));
+}
+
 TEST(PlaceOfOffset, CountsUpToTheEndOfTheText) {
     EXPECT_EQ(placeOfOffset("ab", 100), (TextPlace{2, 1, 3}));
     EXPECT_EQ(placeOfOffset("", 0), TextPlace());
@@ -94,7 +99,7 @@ TEST(FindSyntaxProblem, IsEmptyForValidJson) {
 TEST(FindSyntaxProblem, ReturnsPositionAndReason) {
     EXPECT_EQ(findSyntaxProblem("[1,\n  x]")->place, (TextPlace{6, 2, 3}));
     EXPECT_EQ(findSyntaxProblem("[1, 2")->place, (TextPlace{5, 1, 6}));
-    EXPECT_EQ(findSyntaxProblem("[] []")->place, (TextPlace{3, 1, 4}));
+    EXPECT_EQ(findSyntaxProblem("[] []"), (SyntaxProblem{{3, 1, 4}, "extra data"}));
     EXPECT_EQ(findSyntaxProblem("\xEF\xBB\xBF{}")->place, TextPlace());
     EXPECT_EQ(findSyntaxProblem("")->place, TextPlace());
     EXPECT_FALSE(findSyntaxProblem("[1,\n  x]")->reason.empty());

@@ -59,18 +59,37 @@ TEST_F(DirectoryCheckTest, ListsADirectoryOfManyMebibytes) {
     EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U);
 }
 
+struct LimitedPackage {
+    std::string name = "a.json"; // of its only entry
+    std::string comment{};
+    bool isZip64 = false;
+};
+
 TEST_F(DirectoryCheckTest, ListsADirectoryThatIsExactlyAsLongAsTheLimit) {
-    const std::uint64_t length = 46 + 6;
-    for (const bool isZip64 : {false, true}) {
-        const std::u16string file =
-            write(ZipBytes{.entries = {{.name = "a.json"}}, .isZip64 = isZip64}.build());
+    const std::string longest(0xFFFF, 'c');
+    for (const LimitedPackage& row :
+         {LimitedPackage{}, LimitedPackage{.isZip64 = true}, LimitedPackage{.name = ""},
+          LimitedPackage{.comment = longest},
+          LimitedPackage{.comment = longest, .isZip64 = true}}) {
+        const std::u16string file = write(ZipBytes{
+            .entries = {{.name = row.name}}, .comment = row.comment, .isZip64 = row.isZip64}
+                                              .build());
+        const std::uint64_t length = 46 + row.name.size();
         platform::setReadLimits({.directoryBytes = length});
-        EXPECT_THAT(OpenPackage(file).leafNames(), ElementsAre(u"a.json"));
+        EXPECT_EQ(OpenPackage(file).leaves().size(), 1U);
         platform::setReadLimits({.directoryBytes = length - 1});
         EXPECT_EQ(messageOf<LimitError>([&] { OpenPackage{file}; }),
                   "the package \"" + (folder / "package.zip").string() +
-                      "\" cannot be opened: its directory is larger than the limit of 51 bytes");
+                      "\" cannot be opened: its directory is larger than the limit of " +
+                      std::to_string(length - 1) + " bytes");
     }
+}
+
+TEST_F(DirectoryCheckTest, LimitOfTheDirectoryDoesNotApplyToContent) {
+    const std::string text = sampleText(std::size_t{2} << 20);
+    platform::setReadLimits({.directoryBytes = 46 + 6});
+    OpenPackage package = open(ZipBytes{.entries = {{.name = "a.json", .content = text}}});
+    EXPECT_EQ(package.read(0), text);
 }
 
 TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
@@ -86,7 +105,27 @@ TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
 
 TEST_F(DirectoryCheckTest, IgnoresAnEndRecordThatDoesNotLeadToADirectory) {
     platform::setReadLimits({.directoryBytes = 60});
-    const ZipBytes zip{.entries = {{.name = "a.json"}}, .comment = endRecord(1, 70, 0)};
+    const std::uint64_t directory = 30 + 6;
+    const std::uint64_t end = directory + 46 + 6 + 22 + 22;
+    for (const auto& [length, offset] :
+         {std::pair(std::uint64_t{70}, std::uint64_t{0}), std::pair(end - directory + 1, directory),
+          std::pair(std::uint64_t{70}, end + 1)}) {
+        const ZipBytes zip{.entries = {{.name = "a.json"}},
+                           .comment = endRecord(1, length, offset)};
+        EXPECT_THAT(open(zip).leafNames(), ElementsAre(u"a.json")) << length << " at " << offset;
+    }
+}
+
+TEST_F(DirectoryCheckTest, IgnoresAnEndRecordBeyondTheLargestFile) {
+    const std::uint64_t comment = 30 + 6 + 46 + 6 + 22; // its position in the file
+    const std::string end = "PK\6\6" + littleEndian(44, 8) + std::string(12, '\0') +
+                            littleEndian(1, 8) + littleEndian(1, 8) + littleEndian(70, 8) +
+                            littleEndian(std::uint64_t{1} << 63, 8);
+    const std::string locator =
+        "PK\6\7" + littleEndian(0, 4) + littleEndian(comment, 8) + littleEndian(1, 4);
+    const ZipBytes zip{.entries = {{.name = "a.json"}},
+                       .comment = end + locator + endRecord(1, 70, 0)};
+    platform::setReadLimits({.directoryBytes = 60});
     EXPECT_THAT(open(zip).leafNames(), ElementsAre(u"a.json"));
 }
 

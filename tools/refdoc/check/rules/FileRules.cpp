@@ -101,6 +101,11 @@ std::string_view entryCause(const FileAccount& file) {
     return isUnsupported ? cause : "damaged data";
 }
 
+bool isLink(const std::u16string& path) {
+    std::error_code ignored; // The library skips a file that cannot be seen.
+    return fs::is_symlink(path, ignored);
+}
+
 Finding unreadable(const FileAccount& file) {
     if (file.role == FileRole::Package)
         return {.rule = &kUnreadablePackage,
@@ -181,7 +186,7 @@ std::optional<Finding> findUnreadable(const FileAccount& account) {
     switch (account.fate) {
     case Fate::Missing:
         // A full resource file is optional. A lookup file was found in its folder before.
-        if (account.role == FileRole::Resources)
+        if (account.role == FileRole::Resources && !isLink(account.path))
             return std::nullopt;
         return unreadable(account);
     case Fate::Unreadable: return unreadable(account);

@@ -1,14 +1,10 @@
-#include "tests/support/UnopenableFile.hpp"
-#include "tests/support/ZipBytes.hpp"
 #include "tests/system/refdoc/check/CheckTest.hpp"
-#include "tests/system/refdoc/check/RuleExamples.hpp"
+#include "tests/system/refdoc/check/rules/RuleExamples.hpp"
 #include "tools/refdoc/check/rules/Rules.hpp"
 
 #include <fmt/format.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <map>
 #include <ostream>
 #include <string_view>
 
@@ -20,39 +16,11 @@ void PrintTo(const RuleExample& example, std::ostream* stream) {
 
 namespace {
 
-using docparser_tests::pathOf;
-using docparser_tests::ZipBytes;
-using docparser_tests::ZipEntryBytes;
 using refdoc::check::Rule;
 using refdoc::check::rules;
 
-constexpr std::uintmax_t kMostBytes = std::uintmax_t{1} << 30;
-
 class RuleTest : public CheckTest, public testing::WithParamInterface<RuleExample> {
 protected:
-    void write(const std::vector<ExampleFile>& files) {
-        for (const char* folder : {"referenceapi", "referenceapi_lookup"})
-            std::filesystem::create_directories(pathOf(path("help/docCatalog")) / folder);
-        std::map<std::string, ZipBytes> packages;
-        for (const ExampleFile& file : files) {
-            const std::size_t separator = file.path.find('!');
-            if (separator == file.path.npos)
-                write(file);
-            else
-                packages[file.path.substr(0, separator)].entries.push_back(
-                    {.name = file.path.substr(separator + 1),
-                     .content = file.content,
-                     .flags =
-                         file.form == Form::Encrypted ? docparser_tests::kEncryptedFlag : kPlain});
-        }
-        for (const auto& [path, package] : packages)
-            add(path, package.build());
-        for (const ExampleFile& file : files) {
-            if (file.form == Form::Missing)
-                std::filesystem::remove(pathOf(path(file.path)));
-        }
-    }
-
     // Windows has locked files instead of links that lead nowhere.
     static std::string onThisSystem(std::string finding) {
 #ifdef _WIN32
@@ -63,33 +31,10 @@ protected:
 #endif
         return finding;
     }
-
-private:
-    static constexpr std::uint16_t kPlain = 0;
-
-    void write(const ExampleFile& file) {
-        switch (file.form) {
-        case Form::Plain:
-        case Form::Encrypted: add(file.path, file.content); break;
-        case Form::ByteOrderMark: add(file.path, "\xEF\xBB\xBF" + file.content); break;
-        case Form::OverLimit:
-            add(file.path, "");
-            std::filesystem::resize_file(pathOf(path(file.path)), kMostBytes + 1);
-            break;
-        case Form::Folder: std::filesystem::create_directories(pathOf(path(file.path))); break;
-        case Form::Missing: break;
-        case Form::Unopenable:
-            std::filesystem::create_directories(pathOf(path(file.path)).parent_path());
-            unopenable_.emplace(pathOf(path(file.path)));
-            break;
-        }
-    }
-
-    std::optional<docparser_tests::UnopenableFile> unopenable_;
 };
 
 TEST_P(RuleTest, ReportsItsExampleAndNothingElse) {
-    write(GetParam().files);
+    const ExampleFolder folder(docparser_tests::pathOf(path()), GetParam().files);
     const std::string out = check({"."}).out;
     const std::size_t summary = out.rfind("\n1 ", out.rfind(" checked\n"));
     ASSERT_NE(summary, out.npos) << out;
@@ -111,6 +56,7 @@ std::string_view remarkOn(Form form) {
     case Form::Missing: return " (missing)";
     case Form::Unopenable: return " (a link to a file that does not exist)";
     case Form::Encrypted: return " (encrypted)";
+    case Form::AtLimit: break; // not in an example of a rule
     }
     return "";
 }

@@ -1,4 +1,4 @@
-#include "tests/system/refdoc/check/RuleExamples.hpp"
+#include "tests/system/refdoc/check/rules/RuleExamples.hpp"
 
 namespace refdoc_tests {
 
