@@ -59,8 +59,12 @@ void SitePaths::choose(const std::u16string& name, Product& product) {
     SectionNames& sections = sections_[name];
     if (SectionNames present = sectionsIn(product); !present.empty())
         sections = std::move(present);
-    else if (sections.empty()) // The file that has the key is broken, but lookup files may have it.
-        sections.insert(lookupSectionOf(name));
+    // The file with the key and the English name is broken, but lookup files may have them.
+    if (product.editions.front().isBroken()) {
+        const auto [key, displayName] = lookupSectionOf(name);
+        if (sections.empty() || sections.contains(key))
+            sections.insert_or_assign(key, displayName);
+    }
     for (const auto& [key, displayName] : sections) {
         const auto [folder, isNew] = folders_.try_emplace({name, key});
         if (isNew)

@@ -1,6 +1,8 @@
 #include "tests/support/Schema.hpp"
 #include "tests/system/refdoc/RefdocTest.hpp"
 
+#include <boost/algorithm/string/replace.hpp>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -272,6 +274,18 @@ TEST_F(TwoProductsTest, BrokenFileOfOneLanguageLeavesTheOtherLanguages) {
                 HasSubstr("<a href=\"../../orchard/index.html\" hreflang=\"en\">"));
     EXPECT_FALSE(fs::exists(path("out/orchard/b.html")));
     EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
+TEST_F(TwoProductsTest, BrokenEnglishFileHasTheNameOfTheLookupIndex) {
+    addResource("Orchard", "{\n");
+    addResource("Orchard_de", boost::replace_all_copy(
+                                  section("orchard", R"({"href": "c.html", "refpurpose": "Neu"})"),
+                                  "orchard name", "Obstgarten"));
+    addLookup("Orchard",
+              section("orchard", R"({"name": "z", "href": "a.html", "refpurpose": ""})"));
+    site();
+    EXPECT_THAT(page("orchard/index.html"), HasSubstr("<h1><bdi>orchard name</bdi></h1>"));
+    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("<h1><bdi>Obstgarten</bdi></h1>"));
 }
 
 TEST_F(TwoProductsTest, PageOfAProductShowsItsBrokenTranslation) {
