@@ -1,6 +1,7 @@
 #include "tools/refdoc/html/Urls.hpp"
 
 #include <boost/algorithm/string/predicate.hpp>
+#include <boost/algorithm/string/replace.hpp>
 #include <boost/url/encode.hpp>
 #include <boost/url/rfc/pchars.hpp>
 #include <boost/url/rfc/unreserved_chars.hpp>
@@ -17,8 +18,7 @@ namespace {
 // ':' is encoded too, so that no name looks like a scheme.
 constexpr urls::grammar::lut_chars kPathChars = urls::unreserved_chars + '/';
 constexpr urls::grammar::lut_chars kFragmentChars = urls::pchars + "/?";
-// A '%' stays, because it usually begins an encoded character.
-constexpr urls::grammar::lut_chars kUrlChars = urls::pchars + "/?#[]%";
+constexpr urls::grammar::lut_chars kUrlChars = urls::pchars + "/?#[]";
 
 // The length of the folders that two paths share, with the slash at their end.
 std::size_t sharedFolders(std::string_view from, std::string_view to) {
@@ -47,7 +47,8 @@ std::string relativeUrl(std::string_view from, std::string_view to, std::string_
 std::optional<std::string> webUrl(std::string_view url) {
     if (!boost::istarts_with(url, "http://") && !boost::istarts_with(url, "https://"))
         return std::nullopt;
-    return urls::encode(url, kUrlChars);
+    // A '%' stays, because it usually begins an encoded character.
+    return boost::replace_all_copy(urls::encode(url, kUrlChars), "%25", "%");
 }
 
 } // namespace refdoc::html

@@ -37,6 +37,7 @@ TEST(UrlsTest, NamesAndFragmentsAreEncoded) {
 TEST(UrlsTest, OnlyHttpLeadsToTheWeb) {
     EXPECT_EQ(webUrl("https://a.example/b?c=d&e#f"), "https://a.example/b?c=d&e#f");
     EXPECT_EQ(webUrl("HTTP://a.example/%20"), "HTTP://a.example/%20");
+    EXPECT_EQ(webUrl("http://a.example/%25/100%"), "http://a.example/%25/100%");
     EXPECT_EQ(webUrl("http://a.example/ \"<ß"), "http://a.example/%20%22%3C%C3%9F");
     for (const char* url :
          {"", "http:", "javascript:alert(1)", " https://a.example", "//a.example",
