@@ -38,7 +38,9 @@ std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16st
     const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
         return lost.record.key;
     };
-    return std::ranges::equal_range(edition.origins.at(section).lost, href, {}, keyOf);
+    const std::vector<LostRecord>& lost = edition.origins.at(section).lost;
+    return {std::ranges::lower_bound(lost, href, {}, keyOf),
+            std::ranges::upper_bound(lost, href, {}, keyOf)};
 }
 
 bool hasOwnSection(const Edition& edition, const std::u16string& section) {
