@@ -14,7 +14,9 @@ namespace {
 std::optional<ip::address> addressFrom(const std::string& text) {
     boost::system::error_code error;
     const ip::address address = ip::make_address(text, error);
-    return error ? std::nullopt : std::optional(address);
+    // Windows also accepts an address with a port: "127.0.0.1:8400", "[::1]:8400".
+    const bool hasPort = text.find(address.is_v4() ? ':' : '[') != text.npos;
+    return error || hasPort ? std::nullopt : std::optional(address);
 }
 
 // Returns a host of a URL as an address: without the brackets of IPv6.
