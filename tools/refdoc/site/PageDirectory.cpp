@@ -25,21 +25,12 @@ std::string PageDirectory::pageOf(const std::u16string& language,
     const auto product = products_.find(entry.header->getProduct());
     if (product == products_.end())
         return {};
-    const auto& [sections, missingByLanguage] = product->second;
-    const auto missing = missingByLanguage.find(language);
-    if (missing == missingByLanguage.end())
-        return {};
+    const ProductPages& pages = product->second;
     const std::u16string& href = entry.record->getHref();
-    std::string path;
-    for (const auto& [key, section] : sections) {
-        const auto item = section.items.find(href);
-        if (item == section.items.end() || missing->second.contains({key, href}))
-            continue;
-        if (key == *entry.section)
-            return item->second;
-        if (path.empty())
-            path = item->second;
-    }
+    std::string path = pageIn(pages, language, *entry.section, href);
+    for (auto section = pages.sections.begin(); path.empty() && section != pages.sections.end();
+         ++section)
+        path = pageIn(pages, language, section->first, href);
     return path;
 }
 
