@@ -12,8 +12,7 @@ import sys
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from browser import NARROW, SAMPLES, WIDE, BrowserTest, main, pages_of, temporary_folder, write_site
-from roots import LargeRoot
+from browser import NARROW, SAMPLES, WIDE, BrowserTest, main, pages_of, write_large_site, write_site
 
 SCREENSHOTS = pathlib.Path(sys.argv[3])
 
@@ -154,10 +153,7 @@ class LargeSiteTest(BrowserTest):
 
     @classmethod
     def setUpClass(cls):
-        install = temporary_folder() / "large"
-        cls.root = LargeRoot(200)
-        cls.root.write(install)
-        cls.address = write_site("large-site", "--install", install)
+        cls.root, cls.address = write_large_site()
 
     def test_start_page_lists_the_installed_products_first(self):
         self.open("index.html")
@@ -171,7 +167,7 @@ class LargeSiteTest(BrowserTest):
         for product in random.Random(1).sample(self.root.products, 3):
             self.one(".search input").clear()
             self.one(".search input").send_keys(product)
-            self.wait(lambda: len(self.results()) == LargeRoot.ITEMS
+            self.wait(lambda: len(self.results()) == self.root.ITEMS
                       and all(name.startswith(product) for name in self.results()))
 
     def test_sampled_pages_fit_the_window(self):

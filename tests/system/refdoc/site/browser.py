@@ -16,6 +16,8 @@ from selenium import webdriver
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support.ui import WebDriverWait
 
+from roots import LargeRoot
+
 REFDOC, SAMPLES = (pathlib.Path(argument) for argument in sys.argv[1:3])
 
 NARROW = 400
@@ -35,6 +37,14 @@ def write_site(name, *options):
     site = temporary_folder() / name
     subprocess.run([REFDOC, *options, "site", site], stdout=subprocess.DEVNULL, check=True)
     return f"{site.as_uri()}/"
+
+
+def write_large_site():
+    """Writes a site of 200 products in English and Arabic, and returns their root and the site's address."""
+    install = temporary_folder() / "large"
+    root = LargeRoot(200)
+    root.write(install)
+    return root, write_site("large-site", "--install", install)
 
 
 def pages_of(address):

@@ -8,8 +8,7 @@ AXE is the script of axe-core, which `npm ci` installs in this folder.
 import pathlib
 import sys
 
-from browser import NARROW, SAMPLES, WIDE, BrowserTest, main, temporary_folder, write_site
-from roots import LargeRoot
+from browser import NARROW, SAMPLES, WIDE, BrowserTest, main, write_large_site, write_site
 
 AXE = pathlib.Path(sys.argv[3])
 
@@ -74,10 +73,7 @@ class LargeSiteTest(AccessibilityTest):
 
     @classmethod
     def setUpClass(cls):
-        install = temporary_folder() / "large"
-        cls.root = LargeRoot(200)
-        cls.root.write(install)
-        cls.address = write_site("large-site", "--install", install)
+        cls.root, cls.address = write_large_site()
 
     def test_pages_have_no_violation(self):
         for folder in ("", "ar/"):
