@@ -51,8 +51,7 @@ std::vector<FileGroup> groupsOf(const CheckedFiles& files) {
     std::vector<FileGroup> groups;
     std::unordered_map<std::size_t, std::size_t> positions; // of the groups, by set
     for (std::size_t number = 0; number < sorted.size(); ++number) {
-        const auto [position, isNew] =
-            positions.try_emplace(sets.find_set(number), groups.size());
+        const auto [position, isNew] = positions.try_emplace(sets.find_set(number), groups.size());
         if (isNew)
             groups.emplace_back();
         groups[position->second].push_back(sorted[number]);

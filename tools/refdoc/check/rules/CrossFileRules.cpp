@@ -62,11 +62,8 @@ bool isAnythingInstalled() {
            !DocResourceParser::getHardwareSupportPackages()->empty();
 }
 
-std::unordered_set<std::u16string_view> hrefsOf(const FullSection& section) {
-    std::unordered_set<std::u16string_view> hrefs;
-    for (const Page& page : section.pages)
-        hrefs.insert(page.href);
-    return hrefs;
+bool hasPage(const FullSection& section, const std::u16string& href) {
+    return std::ranges::binary_search(section.pages, href, {}, &Page::href);
 }
 
 // Finds what does not fit together in one language.
@@ -155,11 +152,10 @@ private:
 
     void checkRecords(const std::u16string& key, const LookupSection& lookup,
                       const FullSection& full) {
-        const std::unordered_set<std::u16string_view> pages = hrefsOf(full);
         const std::string product = to_string(lookup.resource.header.getProduct());
         forEachRecord(lookup, [&](const std::u16string& name, const auto& record) {
             const std::u16string& href = record.getHref();
-            if (!pages.contains(href))
+            if (!hasPage(full, href))
                 pending_.add(
                     kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
                     Reporter::EveryFile,
@@ -196,11 +192,8 @@ private:
     }
 
     void checkLinks(const std::u16string& key, const FullSection& section) {
-        if (section.links.empty())
-            return;
-        const std::unordered_set<std::u16string_view> pages = hrefsOf(section);
         for (const std::u16string& link : section.links) {
-            if (!pages.contains(link) && !leavesDocumentation(link) &&
+            if (!hasPage(section, link) && !leavesDocumentation(link) &&
                 !isTarget(section.helpLocation, link))
                 pending_.add(
                     kBrokenLink, FileRole::Resources, key, {.link = link}, Reporter::EveryFile,

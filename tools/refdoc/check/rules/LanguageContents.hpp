@@ -21,7 +21,7 @@ struct Page {
 /// products would not fit into memory together.
 struct FullSection {
     std::u16string helpLocation;
-    std::vector<Page> pages;
+    std::vector<Page> pages;           ///< by href
     std::vector<std::u16string> links; ///< the distinct see-also links of all items
 };
 
