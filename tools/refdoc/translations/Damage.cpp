@@ -31,10 +31,9 @@ void addDamaged(const LoadAccount& account, const std::u16string& language, bool
 
 std::string complaintAbout(const DamagedFile& damaged) {
     const FileAccount& file = damaged.file;
-    return fmt::format("{}: {}{}{}; what it documents counts as missing",
-                       to_string(placeText(file, file.place)),
-                       reference::docparser::toWord(file.fate), file.reason.empty() ? "" : ": ",
-                       file.reason);
+    return fmt::format(
+        "{}: {}{}{}; what it documents counts as missing", to_string(placeText(file, file.place)),
+        reference::docparser::toWord(file.fate), file.reason.empty() ? "" : ": ", file.reason);
 }
 
 } // namespace refdoc::translations

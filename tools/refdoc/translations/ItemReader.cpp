@@ -52,8 +52,7 @@ Content readContent(const std::u16string& name) {
 
 // The library looks no further than to the first folder that has a usable file.
 bool isHidden(const Content& translation, const Content& english) {
-    return english.isUsable() && translation.isUsable() &&
-           translation.folder() > english.folder();
+    return english.isUsable() && translation.isUsable() && translation.folder() > english.folder();
 }
 
 Comparison compare(const Content& english, const Content& translation, bool wantsPositions) {

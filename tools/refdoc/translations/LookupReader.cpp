@@ -45,8 +45,7 @@ droppedSections(const LoadAccount& account, SectionReader& reader) {
             const bool isUnused =
                 section.fate == SectionFate::KeyTaken || section.fate == SectionFate::Unused;
             if (file.isTranslation && isUnused)
-                dropped.emplace_back(section.key,
-                                     reader.read(file, index, sources[index])[number]);
+                dropped.emplace_back(section.key, reader.read(file, index, sources[index])[number]);
         }
     }
     return dropped;

@@ -10,9 +10,9 @@
 #include "tools/refdoc/terminal/Progress.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 #include "tools/refdoc/translations/Damage.hpp"
+#include "tools/refdoc/translations/ReportReader.hpp"
 #include "tools/refdoc/translations/formats/EntryWords.hpp"
 #include "tools/refdoc/translations/formats/ReportFormats.hpp"
-#include "tools/refdoc/translations/ReportReader.hpp"
 
 #include <fmt/format.h>
 
@@ -88,8 +88,7 @@ void complainAboutShares(const Report& report, std::size_t threshold, Answer& an
 Answer runTranslations(const Options& options, const PageSetup& setup) {
     const std::size_t threshold = thresholdOf(options.values);
     Progress progress(platform::askStandardError().isTerminal);
-    const Report report =
-        readReport(options.arguments, options.values.has("--details"), progress);
+    const Report report = readReport(options.arguments, options.values.has("--details"), progress);
     Answer answer{.output = outputOf(report, options, setup)};
     for (const DamagedFile& damaged : report.damaged)
         answer.complaints.push_back(complaintAbout(damaged));

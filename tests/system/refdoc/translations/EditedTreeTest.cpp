@@ -19,7 +19,16 @@ using docparser_tests::ResourceText;
 constexpr int kProducts = 200;
 constexpr int kPages = 12;
 
-enum class Edit { None, Remove, Rename, Untranslate, ChangeInput, ChangeSyntax, AddProperty, Count };
+enum class Edit {
+    None,
+    Remove,
+    Rename,
+    Untranslate,
+    ChangeInput,
+    ChangeSyntax,
+    AddProperty,
+    Count
+};
 
 // One page in one language.
 struct Page {
@@ -121,8 +130,7 @@ private:
             page.href = "old/former-" + href.substr(4);
             expect(start, "missing " + page.name + ' ' + href);
             expect(start, "orphaned " + page.name + ' ' + page.href);
-            expect(start,
-                   "renamed " + page.name + ' ' + page.href + ' ' + page.name + ' ' + href);
+            expect(start, "renamed " + page.name + ' ' + page.href + ' ' + page.name + ' ' + href);
             break;
         case Edit::Untranslate:
             page.purpose.resize(page.purpose.find(" in "));

@@ -33,11 +33,10 @@ protected:
                                "{\"href\": \"b\", \"refpurpose\": \"Cut\", \"outputs\": "
                                "[{\"name\": \"x\", \"purpose\": \"p\"}]},\n"
                                "{\"href\": \"new.html\", \"refpurpose\": \"Water\"}]}");
-        addResource("Orchard_de", resourceText("o", {{"a", "Verbinden"},
-                                                     {"b", "Schneiden"},
-                                                     {"old/new.html", "Gießen"}}));
-        addLookup("Orchard",
-                  ResourceText("o").add(lookupItem("graft", "a", "Join")).str());
+        addResource("Orchard_de",
+                    resourceText(
+                        "o", {{"a", "Verbinden"}, {"b", "Schneiden"}, {"old/new.html", "Gießen"}}));
+        addLookup("Orchard", ResourceText("o").add(lookupItem("graft", "a", "Join")).str());
     }
 
     std::string positionOf(const std::string& file, const std::string& place) const {
@@ -52,38 +51,36 @@ protected:
 
 TEST_F(TranslationsFormatsTest, TextHasATableOfItemsAndOneOfLookupEntries) {
     addProducts();
-    EXPECT_EQ(
-        translations({}),
-        (Outcome{0,
-                 "Items\n"
-                 "-----\n"
-                 "Product       Language  Translated          English  Missing  Orphaned  "
-                 "Identical  Out of step\n"
-                 "Cellar        de        ..........   0.0 %  1        0        0         1"
-                 "          0\n"
-                 "Orchard       de        ######....  66.6 %  3        1        1         0"
-                 "          1\n"
-                 "all products  de        #####.....  50.0 %  4        1        1         1"
-                 "          1\n"
-                 "\n"
-                 "Lookup entries\n"
-                 "--------------\n"
-                 "Product       Language  Translated          English  Missing  Orphaned  "
-                 "Identical  Out of step  Dropped\n"
-                 "Orchard       de        ..........   0.0 %  1        1        0         0"
-                 "          0            0\n"
-                 "all products  de        ..........   0.0 %  1        1        0         0"
-                 "          0            0\n",
-                 ""}));
+    EXPECT_EQ(translations({}),
+              (Outcome{0,
+                       "Items\n"
+                       "-----\n"
+                       "Product       Language  Translated          English  Missing  Orphaned  "
+                       "Identical  Out of step\n"
+                       "Cellar        de        ..........   0.0 %  1        0        0         1"
+                       "          0\n"
+                       "Orchard       de        ######....  66.6 %  3        1        1         0"
+                       "          1\n"
+                       "all products  de        #####.....  50.0 %  4        1        1         1"
+                       "          1\n"
+                       "\n"
+                       "Lookup entries\n"
+                       "--------------\n"
+                       "Product       Language  Translated          English  Missing  Orphaned  "
+                       "Identical  Out of step  Dropped\n"
+                       "Orchard       de        ..........   0.0 %  1        1        0         0"
+                       "          0            0\n"
+                       "all products  de        ..........   0.0 %  1        1        0         0"
+                       "          0            0\n",
+                       ""}));
 }
 
 TEST_F(TranslationsFormatsTest, DetailsListTheItemsWithTheirPositions) {
     addProducts();
     const std::string text = translations({"--details", "Orchard"}).out;
-    EXPECT_THAT(text,
-                HasSubstr("\nOrchard, de\n"
-                          "missing      new.html                             " +
-                          positionOf("referenceapi/Orchard.json", "4:1") + "\n"));
+    EXPECT_THAT(text, HasSubstr("\nOrchard, de\n"
+                                "missing      new.html                             " +
+                                positionOf("referenceapi/Orchard.json", "4:1") + "\n"));
     EXPECT_THAT(text, HasSubstr("orphaned     old/new.html  now probably new.html  " +
                                 positionOf("referenceapi/Orchard_de.json", "1:")));
     EXPECT_THAT(text, HasSubstr("out of step  b             outputs                " +
@@ -168,8 +165,7 @@ TEST_F(TranslationsFormatsTest, JsonHasTheSchema) {
 TEST_F(TranslationsFormatsTest, DetailsOfTheJsonHavePositions) {
     addProducts();
     const json::value report = document(translations({"--json", "--details", "Cellar"}).out);
-    const json::value& details =
-        report.at("products").at(0).at("languages").at("de").at("details");
+    const json::value& details = report.at("products").at(0).at("languages").at("de").at("details");
     EXPECT_EQ(details.at(0).at("class"), json::value("identical"));
     EXPECT_EQ(details.at(0).at("href"), json::value("r"));
     EXPECT_EQ(details.at(0).at("path"),
@@ -227,10 +223,10 @@ TEST_F(TranslationsFormatsTest, DamagedTranslationIsMissingWithAComplaint) {
     addLookup("Orchard_de", "[");
     const Outcome outcome = translations({"--json"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.err, HasSubstr(native("/referenceapi/Orchard_de.json") +
-                                       ":2:3: malformed: "));
-    EXPECT_THAT(outcome.err, HasSubstr(native("/referenceapi_lookup/Orchard_de.json") +
-                                       ":1:2: malformed: "));
+    EXPECT_THAT(outcome.err,
+                HasSubstr(native("/referenceapi/Orchard_de.json") + ":2:3: malformed: "));
+    EXPECT_THAT(outcome.err,
+                HasSubstr(native("/referenceapi_lookup/Orchard_de.json") + ":1:2: malformed: "));
     EXPECT_THAT(outcome.err, HasSubstr("; what it documents counts as missing\n"));
     const json::value report = document(outcome.out);
     EXPECT_THAT(defectsIn(report), testing::ElementsAre("Orchard de missing a"));

@@ -66,7 +66,8 @@ json::object itemWith(std::string_view href, std::string_view refPurpose, json::
 }
 
 TranslationsTest::TranslationsTest() {
-    addManifest(R"({"supportedDocLanguages": ["en", "de", "ja"], "supportPackageRoot": "packages"})");
+    addManifest(
+        R"({"supportedDocLanguages": ["en", "de", "ja"], "supportPackageRoot": "packages"})");
 }
 
 std::set<std::string> TranslationsTest::defects(std::vector<std::string> arguments) const {
@@ -100,8 +101,7 @@ TEST_F(TranslationsTest, ReportsTheNumbersOfEachLanguage) {
     addResource("Orchard_de", resourceText("o", {{"a", "Verbinden"}, {"b", "Schneiden"}}));
     addResource("Orchard_ja", resourceText("o", {{"a", "Join"}}));
     const json::value report = document(run({"translations", "--json"}).out);
-    const json::object& languages =
-        report.at("products").at(0).at("languages").as_object();
+    const json::object& languages = report.at("products").at(0).at("languages").as_object();
     EXPECT_EQ(languages.at("de").at("english"), json::value(3));
     EXPECT_EQ(languages.at("de").at("translated"), json::value(2));
     EXPECT_EQ(languages.at("de").at("share"), json::value(66));
@@ -117,15 +117,15 @@ TEST_F(TranslationsTest, ReportsTheNumbersOfEachLanguage) {
                              {"translated", 0},
                              {"share", 0},
                              {"lookup", {{"english", 0}, {"translated", 0}, {"share", 100}}}}}}));
-    EXPECT_THAT(defectsIn(report),
-                ElementsAre("Orchard de missing c", "Orchard ja identical a",
-                            "Orchard ja missing b", "Orchard ja missing c"));
+    EXPECT_THAT(defectsIn(report), ElementsAre("Orchard de missing c", "Orchard ja identical a",
+                                               "Orchard ja missing b", "Orchard ja missing c"));
 }
 
 TEST_F(TranslationsTest, ReportsRenamedPages) {
     const json::object entity{{"refentity", json::array{{{"name", "graft"}}}}};
     addResource("Orchard", ResourceText("o").add(itemWith("new.html", "Join", entity)).str());
-    addResource("Orchard_de", ResourceText("o").add(itemWith("alt.html", "Verbinden", entity)).str());
+    addResource("Orchard_de",
+                ResourceText("o").add(itemWith("alt.html", "Verbinden", entity)).str());
     EXPECT_THAT(defects({"--langs", "en,de"}),
                 ElementsAre("Orchard de missing new.html", "Orchard de orphaned alt.html",
                             "Orchard de renamed alt.html new.html"));
@@ -139,17 +139,18 @@ TEST_F(TranslationsTest, ReportsTheFieldsThatAreOutOfStep) {
         return json::object{{"inputs", list}};
     };
     addResource("Orchard", ResourceText("o").add(itemWith("a", "Join", inputs({"x", "y"}))).str());
-    addResource("Orchard_de", ResourceText("o").add(itemWith("a", "Verbinden", inputs({"x"}))).str());
+    addResource("Orchard_de",
+                ResourceText("o").add(itemWith("a", "Verbinden", inputs({"x"}))).str());
     EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Orchard de outOfStep a inputs"));
 }
 
 TEST_F(TranslationsTest, ReportsSectionsOfSupportPackages) {
-    addResource("Orchard", ResourceText("o")
-                               .addSupportPackage(ResourceText("kit").add(item("k", "Tool")))
-                               .str());
-    addResource("Orchard_de", ResourceText("o")
-                                  .addSupportPackage(ResourceText("kit").add(item("l", "Werkzeug")))
-                                  .str());
+    addResource(
+        "Orchard",
+        ResourceText("o").addSupportPackage(ResourceText("kit").add(item("k", "Tool"))).str());
+    addResource(
+        "Orchard_de",
+        ResourceText("o").addSupportPackage(ResourceText("kit").add(item("l", "Werkzeug"))).str());
     EXPECT_THAT(defects({"--langs", "en,de"}),
                 ElementsAre("Orchard de missing k", "Orchard de orphaned l"));
 }
@@ -163,7 +164,8 @@ TEST_F(TranslationsTest, ReportsProductsOfTheSupportPackageFolder) {
 
 TEST_F(TranslationsTest, IgnoresATranslationThatTheLibraryNeverReads) {
     addResource("Kit", resourceText("k", {{"a", "Tool"}}));
-    add("packages/help/docCatalog/referenceapi/Kit_de.json", resourceText("k", {{"a", "Werkzeug"}}));
+    add("packages/help/docCatalog/referenceapi/Kit_de.json",
+        resourceText("k", {{"a", "Werkzeug"}}));
     EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Kit de missing a"));
 }
 
@@ -176,9 +178,9 @@ TEST_F(TranslationsTest, TranslationThatEqualsEnglishHasNothingTranslated) {
 }
 
 TEST_F(TranslationsTest, ComparesPlainLookupFiles) {
-    addLookup("Orchard", lookupText("o", {lookupItem("graft", "a", "Join"),
-                                          lookupItem("prune", "b", "Cut"),
-                                          lookupItem("water", "c", "Water")}));
+    addLookup("Orchard",
+              lookupText("o", {lookupItem("graft", "a", "Join"), lookupItem("prune", "b", "Cut"),
+                               lookupItem("water", "c", "Water")}));
     json::object deprecated = lookupItem("graft", "a", "Verbinden");
     deprecated["deprecated"] = true;
     addLookup("Orchard_de", lookupText("o", {deprecated, lookupItem("prune", "b", "Cut"),
@@ -192,21 +194,21 @@ TEST_F(TranslationsTest, ComparesPlainLookupFiles) {
 TEST_F(TranslationsTest, ComparesLookupFilesInPackages) {
     const std::string english =
         lookupText("o", {lookupItem("graft", "a", "Join"), lookupItem("prune", "b", "Cut")});
-    addPackage("All", {{"in/Orchard.json", english},
-                       {"in/Orchard_de.json",
-                        lookupText("o", {lookupItem("graft", "a", "Verbinden")})}});
+    addPackage("All",
+               {{"in/Orchard.json", english},
+                {"in/Orchard_de.json", lookupText("o", {lookupItem("graft", "a", "Verbinden")})}});
     addPackage("Cellar", {{"Cellar.json", lookupText("c", {lookupItem("rack", "r", "Rack")})}});
     addPackage("Cellar_de",
                {{"Cellar_de.json", lookupText("c", {lookupItem("rack", "r", "Rack")})}});
-    EXPECT_THAT(defects({"--langs", "en,de"}),
-                ElementsAre("Cellar de lookup identical rack r",
-                            "Orchard de lookup missing prune b"));
+    EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Cellar de lookup identical rack r",
+                                                           "Orchard de lookup missing prune b"));
 }
 
 TEST_F(TranslationsTest, ComparesLookupSectionsOfSupportPackages) {
-    addLookup("Orchard", ResourceText("o")
-                             .addSupportPackage(ResourceText("kit").add(lookupItem("k", "k", "Tool")))
-                             .str());
+    addLookup("Orchard",
+              ResourceText("o")
+                  .addSupportPackage(ResourceText("kit").add(lookupItem("k", "k", "Tool")))
+                  .str());
     EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Orchard de lookup missing k k"));
 }
 
@@ -215,19 +217,19 @@ TEST_F(TranslationsTest, ReportsRecordsThatTheMergeDrops) {
     addPackage("More", {{"Orchard_de.json", lookupText("o", {lookupItem("graft", "b", "Alt")})},
                         {"Orchard.json", lookupText("o", {})}});
     addLookup("Orchard_de", lookupText("o", {lookupItem("graft", "a", "Verbinden")}));
-    EXPECT_THAT(defects({"--langs", "en,de"}),
-                ElementsAre("Orchard de lookup dropped graft b"));
+    EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Orchard de lookup dropped graft b"));
 }
 
 TEST_F(TranslationsTest, ReportsRecordsOfSectionsThatAreDropped) {
     addLookup("Orchard", lookupText("o", {lookupItem("graft", "a", "Join")}));
-    addLookup("Orchard_de", ResourceText("o")
-                                .add(lookupItem("graft", "a", "Verbinden"))
-                                .addSupportPackage(ResourceText("kit").set("baseCode", "o").add(
-                                    lookupItem("prune", "b", "Schneiden")))
-                                .str());
-    EXPECT_THAT(defects({"--langs", "en,de"}),
-                ElementsAre("Orchard de lookup dropped prune b"));
+    addLookup(
+        "Orchard_de",
+        ResourceText("o")
+            .add(lookupItem("graft", "a", "Verbinden"))
+            .addSupportPackage(
+                ResourceText("kit").set("baseCode", "o").add(lookupItem("prune", "b", "Schneiden")))
+            .str());
+    EXPECT_THAT(defects({"--langs", "en,de"}), ElementsAre("Orchard de lookup dropped prune b"));
 }
 
 TEST_F(TranslationsTest, ProductWithoutEnglishFileIsOrphaned) {

@@ -11,15 +11,15 @@ namespace refdoc::translations {
 /// Compares the full resources of a product with those of its translation.
 ///
 /// Texts are purposes, descriptions, titles and the text in place of a picture. A translated item
-/// has at least one text that its English item does not have; if the English item has no text, there
-/// is nothing to translate. An item is out of step if the inputs, outputs, syntaxes, properties or
-/// parameters have other names or another order, or the syntaxes another wording; texts, allowed
-/// values and defaults are not compared. The fields have the names that `refdoc show --json` prints.
-/// \param english      the English file alone
-/// \param translation  the language file alone
-Comparison compareItems(
-    const reference::docparser::ResourceMap<reference::property::RefItem>& english,
-    const reference::docparser::ResourceMap<reference::property::RefItem>& translation);
+/// has at least one text that its English item does not have; if the English item has no text,
+/// there is nothing to translate. An item is out of step if the inputs, outputs, syntaxes,
+/// properties or parameters have other names or another order, or the syntaxes another wording;
+/// texts, allowed values and defaults are not compared. The fields have the names that `refdoc show
+/// --json` prints. \param english      the English file alone \param translation  the language file
+/// alone
+Comparison
+compareItems(const reference::docparser::ResourceMap<reference::property::RefItem>& english,
+             const reference::docparser::ResourceMap<reference::property::RefItem>& translation);
 
 /// The lookup records of one product in one language.
 using LookupRecords = std::map<Key, const reference::property::RefItemLookup*>;

@@ -55,9 +55,9 @@ std::string csvNumbers(const Report& report) {
                                   std::string_view list, const Comparison& comparison) {
         Counts counts;
         counts.add(comparison);
-        Fields fields{visibleLine(product.product), visibleLine(language.language),
-                      std::string(list),            numberText(counts.english),
-                      numberText(counts.translated), percentText(counts)};
+        Fields fields{
+            visibleLine(product.product), visibleLine(language.language), std::string(list),
+            numberText(counts.english),   numberText(counts.translated),  percentText(counts)};
         for (const Defect defect : kDefects)
             fields.push_back(numberText(counts.of(defect)));
         lines += csvLine(std::move(fields));
@@ -73,11 +73,16 @@ Fields csvFieldsOf(const Entry& entry) {
     const Position position = entry.position.value_or(Position());
     const Entry::Likely likely = entry.likely.value_or(Entry::Likely());
     const auto& place = position.place;
-    return {std::string(toWord(entry.defect)), visibleLine(entry.section),
-            visibleLine(entry.name),           visibleLine(entry.href),
-            fieldsText(entry),                 visibleLine(likely.name),
-            visibleLine(likely.href),          visibleLine(position.path),
-            visibleLine(position.entry),       place ? numberText(place->line) : "",
+    return {std::string(toWord(entry.defect)),
+            visibleLine(entry.section),
+            visibleLine(entry.name),
+            visibleLine(entry.href),
+            fieldsText(entry),
+            visibleLine(likely.name),
+            visibleLine(likely.href),
+            visibleLine(position.path),
+            visibleLine(position.entry),
+            place ? numberText(place->line) : "",
             place ? numberText(place->column) : ""};
 }
 
@@ -139,8 +144,8 @@ Fields numbersOf(const Counts& counts) {
 
 std::string tableHead(const Fields& names) {
     Fields titles = names;
-    for (const char* title : {"translated", "English", "missing", "orphaned", "identical",
-                              "out of step", "dropped"})
+    for (const char* title :
+         {"translated", "English", "missing", "orphaned", "identical", "out of step", "dropped"})
         titles.emplace_back(title);
     Fields rules(names.size(), "---");
     rules.resize(titles.size(), "---:");
@@ -201,9 +206,9 @@ std::string markdownEntries(const Report& report) {
                                   std::string_view list, const Comparison& comparison) {
         if (comparison.entries.empty())
             return;
-        text += fmt::format("\n### {} {}, {}\n\n", codeOf(product.product),
-                            codeOf(language.language),
-                            list == "items" ? "items" : "lookup entries");
+        text +=
+            fmt::format("\n### {} {}, {}\n\n", codeOf(product.product), codeOf(language.language),
+                        list == "items" ? "items" : "lookup entries");
         for (const Entry& entry : comparison.entries)
             text += markdownEntry(entry);
     });

@@ -1,6 +1,5 @@
-#include "tools/refdoc/translations/comparison/Comparisons.hpp"
-
 #include "tests/support/Records.hpp"
+#include "tools/refdoc/translations/comparison/Comparisons.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -68,10 +67,10 @@ TEST(ComparisonTest, ItemsAreComparedBySection) {
 
 TEST(ComparisonTest, TranslationThatEqualsEnglishIsIdenticalAndNothingElse) {
     const Resources english = resourcesOf({page(u"a", u"Join"), page(u"b", u"Cut")});
-    EXPECT_EQ(compareItems(english, english),
-              (Comparison{.english = 2,
-                          .entries = {entry(Defect::Identical, u"a"),
-                                      entry(Defect::Identical, u"b")}}));
+    EXPECT_EQ(
+        compareItems(english, english),
+        (Comparison{.english = 2,
+                    .entries = {entry(Defect::Identical, u"a"), entry(Defect::Identical, u"b")}}));
 }
 
 TEST(ComparisonTest, OneTextOfItsOwnMakesAnItemTranslated) {
@@ -79,9 +78,8 @@ TEST(ComparisonTest, OneTextOfItsOwnMakesAnItemTranslated) {
         return ObjectInfo(u"x", purpose, {}, u"");
     };
     const auto itemOf = [&](const std::u16string& purpose) {
-        return makeRefItem({.href = u"a",
-                            .refPurpose = u"Join",
-                            .parameters = {Parameter(info(purpose), u"")}});
+        return makeRefItem(
+            {.href = u"a", .refPurpose = u"Join", .parameters = {Parameter(info(purpose), u"")}});
     };
     EXPECT_EQ(compareItems(resourcesOf({itemOf(u"A tree")}), resourcesOf({itemOf(u"Ein Baum")})),
               (Comparison{.english = 1, .translated = 1}));
@@ -102,9 +100,8 @@ TEST(ComparisonTest, ItemWithoutTextHasNothingToTranslate) {
 std::vector<std::string_view> fieldsThatDiffer(RefItemFields english) {
     english.href = u"a";
     english.refPurpose = u"Join";
-    const Comparison comparison =
-        compareItems(resourcesOf({makeRefItem(std::move(english))}),
-                     resourcesOf({page(u"a", u"Verbinden")}));
+    const Comparison comparison = compareItems(resourcesOf({makeRefItem(std::move(english))}),
+                                               resourcesOf({page(u"a", u"Verbinden")}));
     EXPECT_EQ(comparison.translated, 1U);
     return comparison.entries.empty() ? std::vector<std::string_view>()
                                       : comparison.entries.front().fields;
@@ -113,16 +110,16 @@ std::vector<std::string_view> fieldsThatDiffer(RefItemFields english) {
 TEST(ComparisonTest, ItemWithOtherPartsIsOutOfStep) {
     const ObjectInfo info(u"x", u"", {}, u"");
     const Input input(info, SyntaxType::Function, u"", false);
-    EXPECT_THAT(fieldsThatDiffer({.syntaxGroups = {SyntaxGroup(u"", SyntaxType::Function,
-                                                               {u"a(b)"})}}),
-                ElementsAre("syntaxGroups"));
+    EXPECT_THAT(
+        fieldsThatDiffer({.syntaxGroups = {SyntaxGroup(u"", SyntaxType::Function, {u"a(b)"})}}),
+        ElementsAre("syntaxGroups"));
     EXPECT_THAT(fieldsThatDiffer({.inputs = {input}}), ElementsAre("inputs"));
     EXPECT_THAT(fieldsThatDiffer({.inputGroups = {InputGroup(u"", {input})}}),
                 ElementsAre("inputGroups"));
     EXPECT_THAT(fieldsThatDiffer({.outputs = {Output(info, SyntaxType::Function)}}),
                 ElementsAre("outputs"));
-    EXPECT_THAT(fieldsThatDiffer({.classPropertyGroups = {ClassPropertyGroup(
-                                      u"", {ClassProperty(info, u"")})}}),
+    EXPECT_THAT(fieldsThatDiffer(
+                    {.classPropertyGroups = {ClassPropertyGroup(u"", {ClassProperty(info, u"")})}}),
                 ElementsAre("classPropertyGroups"));
     EXPECT_THAT(fieldsThatDiffer({.parameters = {Parameter(info, u"")}}),
                 ElementsAre("parameters"));
@@ -156,10 +153,10 @@ TEST(ComparisonTest, InputsDifferInNameAndTypeButNotInTexts) {
 }
 
 TEST(ComparisonTest, PartsOfASecondRecordAreCompared) {
-    const RefItem second = makeRefItem(
-        {.href = u"a",
-         .refPurpose = u"Cut",
-         .outputs = {Output(ObjectInfo(u"x", u"", {}, u""), SyntaxType::Function)}});
+    const RefItem second =
+        makeRefItem({.href = u"a",
+                     .refPurpose = u"Cut",
+                     .outputs = {Output(ObjectInfo(u"x", u"", {}, u""), SyntaxType::Function)}});
     const Comparison comparison = compareItems(resourcesOf({page(u"a", u"Join"), second}),
                                                resourcesOf({page(u"a", u"Verbinden")}));
     ASSERT_EQ(comparison.entries.size(), 1U);
@@ -176,8 +173,8 @@ std::u16string newHrefOf(const RefItem& orphaned, const std::vector<RefItem>& en
 }
 
 TEST(ComparisonTest, RenamedPageDocumentsTheSameNames) {
-    EXPECT_EQ(newHrefOf(page(u"alt.html", u"Alt", u"graft"),
-                        {page(u"alt2.html", u"Old", u"prune"), page(u"new.html", u"New", u"graft")}),
+    EXPECT_EQ(newHrefOf(page(u"alt.html", u"Alt", u"graft"), {page(u"alt2.html", u"Old", u"prune"),
+                                                              page(u"new.html", u"New", u"graft")}),
               u"new.html");
 }
 
@@ -203,10 +200,9 @@ TEST(ComparisonTest, RenamedPageHasANearHref) {
 }
 
 TEST(ComparisonTest, TranslatedPageIsNoNewPage) {
-    const Comparison comparison =
-        compareItems(resourcesOf({page(u"a.html", u"Join", u"graft")}),
-                     resourcesOf({page(u"a.html", u"Verbinden", u"graft"),
-                                  page(u"b.html", u"Alt", u"graft")}));
+    const Comparison comparison = compareItems(
+        resourcesOf({page(u"a.html", u"Join", u"graft")}),
+        resourcesOf({page(u"a.html", u"Verbinden", u"graft"), page(u"b.html", u"Alt", u"graft")}));
     EXPECT_THAT(comparison.entries, ElementsAre(entry(Defect::Orphaned, u"b.html")));
 }
 
@@ -262,9 +258,9 @@ TEST(ComparisonTest, LookupRecordOfAnotherTypeIsOutOfStep) {
 TEST(ComparisonTest, DroppedLookupRecordIsNotMissing) {
     Lookups english;
     english.add(u"graft", u"a", u"Join");
-    EXPECT_EQ(compareLookups(english.byKey(), {}, {{u"s", u"graft", u"a"}}),
-              (Comparison{.english = 1,
-                          .entries = {lookupEntry(Defect::Dropped, u"graft", u"a")}}));
+    EXPECT_EQ(
+        compareLookups(english.byKey(), {}, {{u"s", u"graft", u"a"}}),
+        (Comparison{.english = 1, .entries = {lookupEntry(Defect::Dropped, u"graft", u"a")}}));
 }
 
 TEST(ComparisonTest, ShareIsRoundedDown) {
