@@ -12,6 +12,7 @@
 #include "tools/refdoc/serve/ServeCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/SiteCommand.hpp"
+#include "tools/refdoc/translations/TranslationsCommand.hpp"
 
 namespace refdoc {
 
@@ -38,14 +39,16 @@ CommandEntry helpCommand() {
 }
 
 std::vector<CommandEntry> commands() {
-    return {showCommand(),   lookupCommand(), productsCommand(), explainCommand(), checkCommand(),
-            searchCommand(), siteCommand(),   serveCommand(),    helpCommand()};
+    return {showCommand(),         lookupCommand(), productsCommand(), explainCommand(),
+            checkCommand(),        searchCommand(), siteCommand(),     serveCommand(),
+            translationsCommand(), helpCommand()};
 }
 
 std::vector<Remark> exitStatuses() {
     return {{"0", "Success."},
             {"1", "Something that was asked for does not exist: the product, a link or a name; "
-                  "\"search\" found nothing; or \"check\" found errors."},
+                  "\"search\" found nothing; \"check\" found errors; or less is translated than "
+                  "\"translations --fail-under\" asks for."},
             {"2", "Wrong usage."},
             {"3", "Any other failure."}};
 }

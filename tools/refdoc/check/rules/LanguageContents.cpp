@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <mutex>
 #include <unordered_set>
 #include <utility>
 
@@ -102,10 +103,7 @@ bool LanguageContents::hasNames() const {
 }
 
 void addFullProducts(const std::vector<std::u16string>& languages, ProductNames& names) {
-    for (const std::u16string& language : languages) {
-        const LanguageGuard current(language);
-        std::ranges::move(productNames(), std::inserter(names, names.end()));
-    }
+    names.merge(productNames(languages));
 }
 
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
