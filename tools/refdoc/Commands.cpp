@@ -47,7 +47,8 @@ std::vector<CommandEntry> commands() {
 std::vector<Remark> exitStatuses() {
     return {{"0", "Success."},
             {"1", "Something that was asked for does not exist: the product, a link or a name; "
-                  "\"search\" found nothing; or \"check\" found errors."},
+                  "\"search\" found nothing; \"check\" found errors; or \"diff --exit-code\" found "
+                  "changes."},
             {"2", "Wrong usage."},
             {"3", "Any other failure."}};
 }

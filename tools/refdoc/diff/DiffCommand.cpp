@@ -36,7 +36,7 @@ Answer compare(std::unique_ptr<Tree> oldTree, std::unique_ptr<Tree> newTree,
                DiffSettings settings) {
     oldTree->load();
     newTree->load();
-    Tree::shareSections(*oldTree, *newTree);
+    Tree::align(*oldTree, *newTree);
     return runComparison(std::move(oldTree), std::move(newTree), std::move(settings));
 }
 

@@ -38,6 +38,10 @@ bool isDamaged(const FileAccount& file) {
            file.fate == Fate::Failed;
 }
 
+std::string entryOf(const FileAccount& file) {
+    return file.entry.empty() ? "" : "!" + toUtf8(file.entry);
+}
+
 std::string errorOf(const FileAccount& file) {
     if (file.fate == Fate::NotRegular)
         return "not a regular file";
@@ -105,7 +109,7 @@ void Tree::load() {
             lookup_[section.header.getProduct()].emplace(key, &section);
         }
     }
-    addLookupDamages(account);
+    addLookupFiles(account);
     for (const std::u16string& name : productNames())
         fullProducts_.insert(name);
     products_ = fullProducts_;
@@ -129,25 +133,46 @@ void Tree::assign(const std::u16string& section, const std::u16string& product) 
     current = product;
 }
 
-void Tree::shareSections(Tree& one, Tree& other) {
-    for (const auto& [section, product] : std::map(one.productOf_)) {
+// The smaller name is the same in both directions.
+void Tree::assignLike(const Tree& other) {
+    for (const auto& [section, product] : std::map(productOf_)) {
         const auto found = other.productOf_.find(section);
-        if (found == other.productOf_.end())
-            continue;
-        const std::u16string shared = std::min(product, found->second);
-        one.assign(section, shared);
-        other.assign(section, shared);
+        if (found != other.productOf_.end())
+            assign(section, std::min(product, found->second));
     }
 }
 
-void Tree::addLookupDamages(const LoadAccount& account) {
+void Tree::addMissingEntries(const Tree& other) {
+    for (const Damage& damage : lookupDamages_) {
+        const auto isInFile = [&](const std::string& file) {
+            return file == damage.relativePath || file.starts_with(damage.relativePath + "!");
+        };
+        for (auto each = other.sectionsOf_.lower_bound(damage.relativePath);
+             each != other.sectionsOf_.end() && isInFile(each->first); ++each)
+            damagedLookups_.insert(other.productOf_.at(each->second));
+    }
+}
+
+void Tree::align(Tree& one, Tree& other) {
+    one.assignLike(other);
+    other.assignLike(one);
+    one.addMissingEntries(other);
+    other.addMissingEntries(one);
+}
+
+void Tree::addLookupFiles(const LoadAccount& account) {
     const std::vector<SourceFile> sources = sourceFiles(account);
     const std::vector<std::u16string> languages = allLanguages();
     for (std::size_t index = 0; index < sources.size(); ++index) {
-        if (!isDamaged(account.files[index]))
-            continue;
-        lookupDamages_.push_back(damageOf(account.files[index]));
-        damagedLookups_.insert(check::productNameOf(sources[index], languages));
+        const FileAccount& file = account.files[index];
+        if (isDamaged(file)) {
+            lookupDamages_.push_back(damageOf(file));
+            damagedLookups_.insert(check::productNameOf(sources[index], languages));
+        }
+        for (const auto& section : file.sections) {
+            if (productOf_.contains(section.key))
+                sectionsOf_.emplace(relativePathOf(file), section.key);
+        }
     }
 }
 
@@ -181,12 +206,16 @@ ReadProduct Tree::read(const std::u16string& product) const {
     return result;
 }
 
-Damage Tree::damageOf(const FileAccount& file) const {
-    const std::string entry = file.entry.empty() ? "" : "!" + toUtf8(file.entry);
+std::string Tree::relativePathOf(const FileAccount& file) const {
     const fs::path path = toPath(file.path).lexically_normal();
     const fs::path relative = path.lexically_relative(toPath(root_).lexically_normal());
+    return toUtf8(relative.generic_u16string()) + entryOf(file);
+}
+
+Damage Tree::damageOf(const FileAccount& file) const {
+    const std::string entry = entryOf(file);
     const check::PathNames names(fs::current_path());
-    return {.relativePath = toUtf8(relative.generic_u16string()) + entry,
+    return {.relativePath = relativePathOf(file),
             .shownPath =
                 shownFile_.empty() ? names.pathOf({.path = file.path}) + entry : shownFile_ + entry,
             .error = errorOf(file)};

@@ -67,10 +67,13 @@ public:
     /// compared.
     void load();
 
-    /// Makes two loaded trees agree on the product of each section of the lookup index that both
-    /// have. The library names the product whose file it read first, which may be another one if
-    /// files of several products have the section.
-    static void shareSections(Tree& one, Tree& other);
+    /// Makes two loaded trees agree on
+    ///
+    /// - the product of each section of the lookup index that both have: the library names the one
+    ///   whose file it read first, which may differ if files of several products have the section
+    /// - the products whose entries may be missing because a lookup file or package is damaged: the
+    ///   other tree shows which products the file is about
+    static void align(Tree& one, Tree& other);
 
     /// Makes the library read this tree.
     void select() const;
@@ -81,20 +84,17 @@ public:
     /// The damaged lookup files and packages.
     const std::vector<Damage>& lookupDamages() const noexcept { return lookupDamages_; }
 
-    /// The products that have damaged lookup files.
-    const std::set<std::u16string>& productsWithoutLookup() const noexcept {
-        return damagedLookups_;
-    }
-
-    /// Reads a product, except whether the lookup index is damaged on the other side. Its records
-    /// refer to this tree.
+    /// Reads a product. Its records refer to this tree.
     ReadProduct read(const std::u16string& product) const;
 
 private:
     void takeSettings();
     void assign(const std::u16string& section, const std::u16string& product);
-    void addLookupDamages(const reference::docparser::LoadAccount& account);
+    void assignLike(const Tree& other);
+    void addMissingEntries(const Tree& other);
+    void addLookupFiles(const reference::docparser::LoadAccount& account);
     bool readResources(const std::u16string& product, ReadProduct& result) const;
+    std::string relativePathOf(const reference::docparser::FileAccount& file) const;
     Damage damageOf(const reference::docparser::FileAccount& file) const;
 
     std::optional<check::TemporaryRoot> temporary_;
@@ -110,8 +110,9 @@ private:
     std::set<std::u16string> fullProducts_;
     std::set<std::u16string> products_;
     LookupResults index_;
-    std::map<std::u16string, std::u16string> productOf_; // by section of the index
-    std::map<std::u16string, LookupSections> lookup_;    // by product
+    std::map<std::u16string, std::u16string> productOf_;    // by section of the index
+    std::map<std::u16string, LookupSections> lookup_;       // by product
+    std::multimap<std::string, std::u16string> sectionsOf_; // by lookup file, see Damage
     std::vector<Damage> lookupDamages_;
     std::set<std::u16string> damagedLookups_;
 };

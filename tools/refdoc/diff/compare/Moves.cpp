@@ -4,6 +4,7 @@
 #include <boost/json/object.hpp>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <iterator>
 #include <string_view>
@@ -21,6 +22,10 @@ using Words = std::vector<std::size_t>; // hashes, sorted
 // For more pairs with the same names than this, comparing each with each takes too long.
 constexpr std::size_t kMostPairs = 256;
 
+// The links differ, the names are the same, and words of the format say little.
+constexpr std::array<std::string_view, 4> kMembersWithoutText{"href", "refEntities",
+                                                              "deprecationStatus", "syntaxType"};
+
 bool isAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
@@ -29,10 +34,12 @@ bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80;
 }
 
-// Returns the end of the first word. Scripts other than Latin often have no spaces, so that each
-// character beyond ASCII is a word.
+// Returns the end of the first word or space. Scripts other than Latin often have no spaces, so
+// that each character beyond ASCII is a word.
 std::size_t wordEnd(std::string_view text) {
     std::size_t end = 1;
+    if (text.front() == ' ')
+        return end;
     if (isAscii(text.front())) {
         while (end < text.size() && text[end] != ' ' && isAscii(text[end]))
             ++end;
@@ -61,7 +68,8 @@ void collectWords(const json::value& value, std::string_view field, Words& words
             collectWords(element, field, words);
     } else if (const json::object* members = value.if_object()) {
         for (const json::key_value_pair& member : *members) {
-            if (member.key() != "href")
+            if (std::ranges::find(kMembersWithoutText, std::string_view(member.key())) ==
+                kMembersWithoutText.end())
                 collectWords(member.value(), member.key(), words);
         }
     }

@@ -31,7 +31,7 @@ inline constexpr int kLeastCertainty = 50;
 /// swapped arguments.
 ///
 /// The certainty is the percentage of words that both have, twice their number divided by that of
-/// all words; links do not count.
+/// all words; links, names of entities and words of the format do not count.
 /// Cost: linear in the size of the records; of many items with the same names, those at the same
 /// position are compared.
 std::vector<Move> findMoves(std::vector<MoveCandidate>& removed, std::vector<MoveCandidate>& added);
