@@ -43,8 +43,7 @@ json::value toJson(const Summary& summary) {
 json::array toJson(const std::vector<DamagedFile>& files) {
     json::array array;
     for (const DamagedFile& file : files)
-        array.push_back(
-            {{"side", toWord(file.side)}, {"path", file.path}, {"error", file.error}});
+        array.push_back({{"side", toWord(file.side)}, {"path", file.path}, {"error", file.error}});
     return array;
 }
 

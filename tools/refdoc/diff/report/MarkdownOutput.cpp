@@ -97,8 +97,7 @@ private:
             place += " → " + codeSpan(change.newHref);
         if (const auto index = change.newIndex ? change.newIndex : change.oldIndex)
             place += fmt::format(", record {}", *index + 1);
-        text_ += change.name.empty() ? place
-                                     : fmt::format("{} ({})", codeSpan(change.name), place);
+        text_ += change.name.empty() ? place : fmt::format("{} ({})", codeSpan(change.name), place);
         if (hasSections_)
             text_ += " in section " + codeSpan(change.section);
     }

@@ -61,9 +61,7 @@ private:
                        paintOf(change.changeClass));
     }
 
-    static bool isLookupField(const Change& change) {
-        return change.id == ChangeId::LookupChanged;
-    }
+    static bool isLookupField(const Change& change) { return change.id == ChangeId::LookupChanged; }
 
     static bool isSameRecord(const Change& left, const Change& right) {
         return isLookupField(left) == isLookupField(right) && left.href == right.href &&

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -52,9 +53,25 @@ public:
     const std::vector<TextRun>& compare(std::string_view oldText, std::string_view newText);
 
 private:
+    // A text. Equal tokens of both texts have equal numbers.
+    struct Side {
+        std::vector<WordToken> tokens;
+        std::vector<std::size_t> numbers;
+    };
+
+    struct Part {
+        std::span<const WordToken> tokens;
+        std::span<const std::size_t> numbers;
+    };
+
+    static Part partOf(const Side& side, std::size_t begin, std::size_t end);
+
     void readTokens(std::string_view oldText, std::string_view newText);
     void findMatches();
-    bool haveMuchInCommon(std::size_t begin, std::size_t oldEnd, std::size_t newEnd);
+    void addMatchesBetween(const Match& first, const Match& last);
+
+    // Counts the words that both parts have, in any order.
+    std::size_t countCommonWords(const Part& oldPart, const Part& newPart);
     void joinChanges();
     bool isReplacement(const Match& left, const Match& right) const;
     bool isSpace(const Match& match) const;
@@ -64,10 +81,8 @@ private:
                 std::size_t end);
 
     std::size_t context_;
-    std::vector<WordToken> oldTokens_;
-    std::vector<WordToken> newTokens_;
-    std::vector<std::size_t> oldNumbers_; // of the tokens; equal tokens have equal numbers
-    std::vector<std::size_t> newNumbers_;
+    Side old_;
+    Side new_;
     std::vector<std::size_t> counts_; // of the old tokens with each number
     std::vector<Match> matches_;
     std::vector<TextRun> runs_;

@@ -79,8 +79,8 @@ inline std::vector<refdoc::diff::Change> changeOfEachId() {
     itemMoved.field = itemMoved.oldField = "/href";
     itemMoved.oldValue = "ref/hum.html";
     itemMoved.newValue = "ref/buzz.html";
-    Change itemChanged = smoothField(ChangeClass::Textual, "/refPurpose", "Shift a series",
-                                     "Shift a signal");
+    Change itemChanged =
+        smoothField(ChangeClass::Textual, "/refPurpose", "Shift a series", "Shift a signal");
 
     Change lookupAdded = inOrchard(ChangeId::LookupAdded, ChangeClass::Notable);
     lookupAdded.href = "ref/wave.html";

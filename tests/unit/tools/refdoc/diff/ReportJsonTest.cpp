@@ -133,17 +133,18 @@ std::vector<Change> changesWithWholeRecords() {
     sectionRemoved.oldValue = section;
     Change lookupAdded = inOrchard(ChangeId::LookupAdded, ChangeClass::Notable);
     lookupAdded.newValue = entry;
-    return {productAdded, sectionRemoved, lookupAdded,
-            smoothField(ChangeClass::Notable, "/inputs/0", nullptr, input),
-            smoothField(ChangeClass::Textual, "/inputs", json(R"(["a", "b"])"),
-                        json(R"(["b", "a"])")),
-            smoothField(ChangeClass::Breaking, "/syntaxGroups/0/syntaxes/0", "f(x)", nullptr),
-            smoothField(ChangeClass::Textual, "/inputs/0/isNameValuePair", false, true)};
+    return {
+        productAdded,
+        sectionRemoved,
+        lookupAdded,
+        smoothField(ChangeClass::Notable, "/inputs/0", nullptr, input),
+        smoothField(ChangeClass::Textual, "/inputs", json(R"(["a", "b"])"), json(R"(["b", "a"])")),
+        smoothField(ChangeClass::Breaking, "/syntaxGroups/0/syntaxes/0", "f(x)", nullptr),
+        smoothField(ChangeClass::Textual, "/inputs/0/isNameValuePair", false, true)};
 }
 
 TEST(ReportJsonTest, OutputIsValid) {
-    const std::string output =
-        wholeOutput(*jsonOutput(), changesWithWholeRecords(), kDamagedFiles);
+    const std::string output = wholeOutput(*jsonOutput(), changesWithWholeRecords(), kDamagedFiles);
     EXPECT_EQ(Schema(kOutput, "diff").problemsOf(json(output)), "");
     EXPECT_TRUE(Schema(kOutput).accepts(json(output)));
     EXPECT_EQ(Schema(kOutput, "diff").problemsOf(json(wholeOutput(*jsonOutput(), {}))), "");
@@ -164,7 +165,8 @@ TEST(ReportJsonTest, EachIdAndClassIsValid) {
 }
 
 // Calls use() with the object and with each one inside of it.
-void forEachObject(boost::json::value& value, const std::function<void(boost::json::object&)>& use) {
+void forEachObject(boost::json::value& value,
+                   const std::function<void(boost::json::object&)>& use) {
     if (boost::json::array* array = value.if_array()) {
         for (boost::json::value& element : *array)
             forEachObject(element, use);
@@ -177,8 +179,9 @@ void forEachObject(boost::json::value& value, const std::function<void(boost::js
 
 TEST(ReportJsonTest, SchemaRejectsMissingAndAdditionalMembers) {
     const Schema schema(kOutput, "diff");
-    boost::json::value document = json(wholeOutput(
-        *jsonOutput(), {smoothField(ChangeClass::Textual, "/refPurpose", "a", "b")}, kDamagedFiles));
+    boost::json::value document = json(
+        wholeOutput(*jsonOutput(), {smoothField(ChangeClass::Textual, "/refPurpose", "a", "b")},
+                    kDamagedFiles));
     int damages = 0;
     forEachObject(document, [&](boost::json::object& object) {
         const boost::json::object whole = object;

@@ -47,16 +47,17 @@ TEST(ReportMarkdownTest, NamesSectionsIfThereAreSeveral) {
     Change other = inOrchard(ChangeId::ItemRemoved, ChangeClass::Breaking);
     other.section = "cellar";
     other.href = "a.html";
-    EXPECT_EQ(productOutput(*markdownOutput(),
-                            {other, smoothField(ChangeClass::Breaking, "/inputs/0",
-                                                json(R"({"objectInfo": {"name": "x"}})"), nullptr)}),
-              "\n"
-              "## Orchard\n"
-              "\n"
-              "### Breaking changes\n"
-              "\n"
-              "- Item removed: `a.html` in section `cellar`\n"
-              "- `smooth` (`ref/smooth.html`) in section `orchard`, input 1 removed: `x`\n");
+    EXPECT_EQ(
+        productOutput(*markdownOutput(),
+                      {other, smoothField(ChangeClass::Breaking, "/inputs/0",
+                                          json(R"({"objectInfo": {"name": "x"}})"), nullptr)}),
+        "\n"
+        "## Orchard\n"
+        "\n"
+        "### Breaking changes\n"
+        "\n"
+        "- Item removed: `a.html` in section `cellar`\n"
+        "- `smooth` (`ref/smooth.html`) in section `orchard`, input 1 removed: `x`\n");
 }
 
 TEST(ReportMarkdownTest, ListsDamagedFiles) {
@@ -70,8 +71,7 @@ TEST(ReportMarkdownTest, ListsDamagedFiles) {
               "- `c.json` (both): x\n"
               "\n"
               "No differences in undamaged files.\n");
-    EXPECT_EQ(wholeOutput(*markdownOutput(), {}),
-              "# Documentation changes\n\nNo differences.\n");
+    EXPECT_EQ(wholeOutput(*markdownOutput(), {}), "# Documentation changes\n\nNo differences.\n");
 }
 
 TEST(ReportMarkdownTest, CodeSpansHoldAnyText) {
@@ -87,8 +87,7 @@ TEST(ReportMarkdownTest, CodeSpansHoldAnyText) {
 TEST(ReportMarkdownTest, ProseHasNoMarkup) {
     EXPECT_EQ(escapedMarkdown("plain, 50 % (x)."), "plain, 50 % (x).");
     EXPECT_EQ(escapedMarkdown("`a` *b* _c_ ~d~"), "\\`a\\` \\*b\\* \\_c\\_ \\~d\\~");
-    EXPECT_EQ(escapedMarkdown("<script>&amp;</script>"),
-              "\\<script\\>\\&amp;\\</script\\>");
+    EXPECT_EQ(escapedMarkdown("<script>&amp;</script>"), "\\<script\\>\\&amp;\\</script\\>");
     EXPECT_EQ(escapedMarkdown("[a](b) ![c](d)"), "\\[a\\](b) \\!\\[c\\](d)");
     EXPECT_EQ(escapedMarkdown("https://a.b www.c.d"), "https\\://a.b www\\.c.d");
     EXPECT_EQ(escapedMarkdown("me@a.b @you #1"), "me\\@<!-- -->a.b \\@<!-- -->you \\#1");

@@ -28,8 +28,7 @@ std::string textOf(const std::vector<Change>& changes, const PageSetup& setup = 
 // The line of one changed field of an item, on a pipe.
 std::string lineOf(const std::string& field, const boost::json::value& oldValue,
                    const boost::json::value& newValue) {
-    const std::string text =
-        textOf({smoothField(ChangeClass::Textual, field, oldValue, newValue)});
+    const std::string text = textOf({smoothField(ChangeClass::Textual, field, oldValue, newValue)});
     const std::string before = std::string(kTitles) + kSmooth + "  textual   ";
     EXPECT_TRUE(text.starts_with(before)) << text;
     return text.substr(before.size());
@@ -113,24 +112,20 @@ TEST(ReportTextTest, NamesFieldsAndElements) {
 }
 
 TEST(ReportTextTest, FieldsInWordsFollowFromTheirNames) {
-    for (const auto& [pointer, words] :
-         std::vector<std::pair<std::string, std::string>>{{"", ""},
-                                                          {"/refEntities/0", "entity 1"},
-                                                          {"/ref", "ref"},
-                                                          {"/references", "references"},
-                                                          {"/classPropertyGroups/19/properties/9",
-                                                           "class property group 20, property 10"},
-                                                          {"/inputs/99", "input 100"},
-                                                          {"/futureThings/0/wideName",
-                                                           "future thing 1, wide name"},
-                                                          {"/examples/0/openCommand",
-                                                           "example 1, open command"}})
+    for (const auto& [pointer, words] : std::vector<std::pair<std::string, std::string>>{
+             {"", ""},
+             {"/refEntities/0", "entity 1"},
+             {"/ref", "ref"},
+             {"/references", "references"},
+             {"/classPropertyGroups/19/properties/9", "class property group 20, property 10"},
+             {"/inputs/99", "input 100"},
+             {"/futureThings/0/wideName", "future thing 1, wide name"},
+             {"/examples/0/openCommand", "example 1, open command"}})
         EXPECT_EQ(fieldText(pointer), words);
 }
 
 TEST(ReportTextTest, ShowsHostileText) {
-    EXPECT_EQ(lineOf("/refPurpose", "a\x1b[31m\n", "a\x1b[31m\t"),
-              "purpose: a␛[31m[-␊-]{+␉+}\n");
+    EXPECT_EQ(lineOf("/refPurpose", "a\x1b[31m\n", "a\x1b[31m\t"), "purpose: a␛[31m[-␊-]{+␉+}\n");
     EXPECT_EQ(lineOf("/refPurpose", "\xc2\x85", "\xc2\x86"), "purpose: [-\ufffd-]{+\ufffd+}\n");
     Change change = inOrchard(ChangeId::ItemRemoved, ChangeClass::Breaking);
     change.section = "or\nchard";

@@ -84,6 +84,7 @@ TEST(ReportWordDiffTest, ReplacesTextsWithFewCommonWordsAsAWhole) {
     expectDifferences({
         {"Draws the tree of a model", "Exports a table as text",
          "[-Draws the tree of a model-]{+Exports a table as text+}"},
+        {"a b c d e f", "g e h i j a", "[-a b c d e f-]{+g e h i j a+}"},
         {"Finds all of the roots.", "Closes many old doors.",
          "[-Finds all of the roots-]{+Closes many old doors+}."},
     });
@@ -105,8 +106,7 @@ TEST(ReportWordDiffTest, ComparesGraphemesInManyScripts) {
 
 TEST(ReportWordDiffTest, NeverSplitsAnEmojiSequence) {
     expectDifferences({
-        {"👨\u200d👩\u200d👧", "👨\u200d👩\u200d👦",
-         "[-👨\u200d👩\u200d👧-]{+👨\u200d👩\u200d👦+}"},
+        {"👨\u200d👩\u200d👧", "👨\u200d👩\u200d👦", "[-👨\u200d👩\u200d👧-]{+👨\u200d👩\u200d👦+}"},
         {"👍🏽👍", "👍🏿👍", "[-👍🏽-]{+👍🏿+}👍"},
         {"🇩🇪🇯🇵", "🇩🇪🇫🇷", "🇩🇪[-🇯🇵-]{+🇫🇷+}"},
         {"1\ufe0f\u20e3 x", "1 x", "[-1\ufe0f\u20e3-]{+1+} x"},
@@ -123,9 +123,11 @@ TEST(ReportWordDiffTest, SkipsWordsFarFromChanges) {
     EXPECT_EQ(marked(diff.compare("old a b c d e f", "a b c d e f")), "[-old -]a  …");
 }
 
-constexpr std::array kPieces{"a", "b", "the", "word", " ", "  ", "\n", ".", ",", "(", "é", "e\u0301",
-                             "系", "列", "か\u3099", "👨\u200d👩\u200d👧", "🇩🇪", "🇯🇵", "ש", "ที่",
-                             "한글", "\u0301", "\u200d", "\u202e", "\xff", "\r", "0"};
+constexpr std::array kPieces{
+    "a",    "b",  "the", "word",    " ",    "  ",     "\n",       ".",
+    ",",    "(",  "é",   "e\u0301", "系",   "列",     "か\u3099", "👨\u200d👩\u200d👧",
+    "🇩🇪",   "🇯🇵", "ש",   "ที่",       "한글", "\u0301", "\u200d",   "\u202e",
+    "\xff", "\r", "0"};
 
 std::string randomText(std::mt19937& random, std::size_t pieces) {
     std::string text;
@@ -172,8 +174,8 @@ TEST(ReportWordDiffTest, RunsMakeUpBothTexts) {
     WordDiff shortDiff(/*context=*/3);
     for (int round = 0; round < 4000; ++round) {
         const std::string oldText = randomText(random, random() % 60);
-        const std::string newText = round % 3 == 0 ? randomText(random, random() % 60)
-                                                   : edited(oldText, random);
+        const std::string newText =
+            round % 3 == 0 ? randomText(random, random() % 60) : edited(oldText, random);
         for (WordDiff* each : {&diff, &shortDiff}) {
             const std::vector<TextRun>& runs = each->compare(oldText, newText);
             ASSERT_EQ(without(TextRun::Fate::Added, runs).size(), oldText.size()) << oldText;
