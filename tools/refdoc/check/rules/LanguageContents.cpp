@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
-#include <mutex>
 #include <unordered_set>
 #include <utility>
 
