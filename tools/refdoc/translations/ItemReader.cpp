@@ -3,6 +3,7 @@
 #include "docparser/DocParserException.hpp"
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/account/LoadAccount.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/translations/Damage.hpp"
 #include "tools/refdoc/translations/Positions.hpp"
@@ -73,6 +74,7 @@ ItemReader::ItemReader(std::vector<std::u16string> languages, bool wantsPosition
       fileNames_(fullFileNames()) {}
 
 ReadItems ItemReader::read(const std::u16string& product) const {
+    const LanguageGuard current(Tools::kEnglishLocale);
     ReadItems result{.report = {.product = product}};
     const auto readFile = [&](const std::u16string& name, const std::u16string& language) {
         Content content = fileNames_.contains(name) ? readContent(name) : Content();

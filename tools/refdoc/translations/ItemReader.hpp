@@ -17,8 +17,9 @@ struct ReadItems {
 /// Compares the full resources of products with their translations. Reads each file once, and those
 /// with defects again if positions are wanted.
 ///
-/// The documentation language must be English while the object is used. Then the library reads each
-/// language file alone, as that of a product whose name ends with "_" and the language.
+/// In English, the library reads each language file alone, as that of a product whose name ends
+/// with
+/// "_" and the language.
 class ItemReader {
 public:
     /// \param languages  without English

@@ -1,7 +1,6 @@
 #include "tools/refdoc/translations/ReportReader.hpp"
 
 #include "docparser/DocResourceParser.hpp"
-#include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
@@ -12,7 +11,6 @@
 #include <cstddef>
 #include <iterator>
 #include <map>
-#include <mutex>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -65,13 +63,10 @@ std::vector<std::u16string> chosenProducts(const std::vector<std::u16string>& ch
 void readItems(Report& report, const std::vector<std::u16string>& products, bool wantsPositions,
                Progress& progress) {
     progress.begin("reading products", products.size());
-    const LanguageGuard english(Tools::kEnglishLocale);
     const ItemReader reader(report.languages, wantsPositions);
     std::vector<ReadItems> results(products.size());
-    std::mutex stepping;
     forEachInParallel(products.size(), [&](std::size_t number) {
         results[number] = reader.read(products[number]);
-        const std::lock_guard lock(stepping);
         progress.step();
     });
     for (ReadItems& result : results) {
