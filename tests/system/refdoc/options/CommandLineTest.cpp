@@ -88,10 +88,12 @@ TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
 }
 
 TEST(CommandLineTest, CommandIsRequired) {
-    EXPECT_EQ(runProgram({}),
-              (Outcome{2, "",
-                       "refdoc: a command is needed: show, lookup, products, "
-                       "explain, check, search, site, serve or help; see refdoc --help\n"}));
+    EXPECT_EQ(
+        runProgram({}),
+        (Outcome{
+            2, "",
+            "refdoc: a command is needed: show, lookup, products, "
+            "explain, check, search, site, serve, diff, git-diff or help; see refdoc --help\n"}));
 }
 
 class CommandLineOrderTest : public RefdocTest {};
