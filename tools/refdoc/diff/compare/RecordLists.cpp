@@ -232,11 +232,14 @@ private:
 
     void addFields(const RecordPlace& oldPlace, const RecordPlace& newPlace,
                    const boost::json::value& oldRecord, const boost::json::value& newRecord) {
-        const bool hasMoved = std::is_same_v<Record, RefItem> && *oldPlace.key != *newPlace.key;
-        for (FieldChange& field : compareRecords(oldRecord, newRecord)) {
-            Change change = changeAt(kIds.changed, &oldPlace, &newPlace);
-            if (hasMoved)
-                change.newHref = toUtf8(*newPlace.key);
+        std::vector<FieldChange> fields = compareRecords(oldRecord, newRecord);
+        if (fields.empty())
+            return;
+        Change common = changeAt(kIds.changed, &oldPlace, &newPlace);
+        if (std::is_same_v<Record, RefItem> && *oldPlace.key != *newPlace.key)
+            common.newHref = toUtf8(*newPlace.key);
+        for (FieldChange& field : fields) {
+            Change change = common;
             change.changeClass = field.changeClass;
             change.field = std::move(field.field);
             change.oldField = std::move(field.oldField);
