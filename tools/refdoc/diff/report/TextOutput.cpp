@@ -158,7 +158,7 @@ public:
     std::string separator() const override { return "\n"; }
 
     std::string tail(const Summary& summary) const override {
-        return (summary.total() > 0 ? "\n" : "") + summaryText(summary) + '\n';
+        return fmt::format("{}{}\n", summary.total() > 0 ? "\n" : "", summaryText(summary));
     }
 
 private:
