@@ -1,7 +1,7 @@
 #include "tools/refdoc/diff/report/ChangeWords.hpp"
 #include "tools/refdoc/diff/report/DiffOutput.hpp"
 #include "tools/refdoc/diff/report/ReportLines.hpp"
-#include "tools/refdoc/diff/report/WordDiff.hpp"
+#include "tools/refdoc/diff/words/WordDiff.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/refdoc/diff/report/EditScript.hpp"
-#include "tools/refdoc/diff/report/WordTokens.hpp"
+#include "tools/refdoc/diff/words/EditScript.hpp"
+#include "tools/refdoc/diff/words/WordTokens.hpp"
 
 #include <cstddef>
 #include <limits>
