@@ -47,7 +47,8 @@ TEST_F(CommandLineTableTest, OneCommandWithItsArguments) {
         {{},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, diff, "
+         "git-diff or "
          "help"},
         {{"products"}, 0, "Folders", ""},
         {{"show"}, 2, "", "show needs a PRODUCT"},
@@ -93,7 +94,8 @@ TEST_F(CommandLineTableTest, OptionsWithValues) {
         {{"--lang", "lookup"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, diff, "
+         "git-diff or "
          "help"},
         {{"--lang", "lookup", "lookup", "x"}, 1, "", noEntry("x")},
         {{"lookup", "--lang", "--"}, 2, "", "--lang needs a value"},
@@ -161,7 +163,8 @@ TEST_F(CommandLineTableTest, OptionsWithoutValues) {
         {{"--json"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, diff, "
+         "git-diff or "
          "help"},
         {{"--json", "true", "lookup"}, 2, "", "unknown command \"true\""},
         {{"lookup", "--json", "true"}, 1, "{", noEntry("true")},
@@ -262,7 +265,8 @@ TEST_F(CommandLineTableTest, NamesWithSpecialCharactersAndAfterDashes) {
         {{"--"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, diff, "
+         "git-diff or "
          "help"},
         {{"[a]"}, 2, "", "unknown command \"[a]\""},
         {{"show", "Orchard", ""},
@@ -381,7 +385,8 @@ TEST_F(CommandLineTableTest, HelpAndVersion) {
         {{"--lang", "--help"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, diff, "
+         "git-diff or "
          "help"},
         {{"--version", "--lang"}, 2, "", "--lang needs a value"},
         {{"--help", "--color", "pink"},
