@@ -7,7 +7,11 @@
 #include "tools/refdoc/diff/compare/Matching.hpp"
 #include "tools/refdoc/diff/compare/Moves.hpp"
 
+#include <boost/json/monotonic_resource.hpp>
+
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -85,6 +89,8 @@ Matching matchRecords(const std::vector<Record>& olds, const std::vector<Record>
     Matching matching = matcher.take();
     return matching.isInOrder() ? matching : pairByIndex(olds.size(), news.size());
 }
+
+constexpr std::size_t kRecordSize = 32768;
 
 // One record, and where it is.
 template <class Record>
@@ -173,8 +179,16 @@ private:
             const RecordPlace oldPlace{&olds.first, &olds.second, oldIndex};
             const RecordPlace newPlace{&news.first, &news.second, newIndex};
             if (!(oldPlace.record() == newPlace.record()))
-                addFields(oldPlace, newPlace, toJson(oldPlace.record()), toJson(newPlace.record()));
+                compareRecord(oldPlace, newPlace);
         }
+    }
+
+    void compareRecord(const RecordPlace& oldPlace, const RecordPlace& newPlace) {
+        // Most records fit into the buffer; the changes get copies of what they need.
+        std::array<unsigned char, kRecordSize> buffer;
+        boost::json::monotonic_resource memory(buffer.data(), buffer.size());
+        addFields(oldPlace, newPlace, toJson(oldPlace.record(), &memory),
+                  toJson(newPlace.record(), &memory));
     }
 
     // An item without names never moves, and needs no conversion.
@@ -218,11 +232,14 @@ private:
 
     void addFields(const RecordPlace& oldPlace, const RecordPlace& newPlace,
                    const boost::json::value& oldRecord, const boost::json::value& newRecord) {
-        const bool hasMoved = std::is_same_v<Record, RefItem> && *oldPlace.key != *newPlace.key;
-        for (FieldChange& field : compareRecords(oldRecord, newRecord)) {
-            Change change = changeAt(kIds.changed, &oldPlace, &newPlace);
-            if (hasMoved)
-                change.newHref = toUtf8(*newPlace.key);
+        std::vector<FieldChange> fields = compareRecords(oldRecord, newRecord);
+        if (fields.empty())
+            return;
+        Change common = changeAt(kIds.changed, &oldPlace, &newPlace);
+        if (std::is_same_v<Record, RefItem> && *oldPlace.key != *newPlace.key)
+            common.newHref = toUtf8(*newPlace.key);
+        for (FieldChange& field : fields) {
+            Change change = common;
             change.changeClass = field.changeClass;
             change.field = std::move(field.field);
             change.oldField = std::move(field.oldField);

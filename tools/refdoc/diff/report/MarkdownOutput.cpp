@@ -1,7 +1,7 @@
 #include "tools/refdoc/diff/report/ChangeWords.hpp"
 #include "tools/refdoc/diff/report/DiffOutput.hpp"
 #include "tools/refdoc/diff/report/MarkdownText.hpp"
-#include "tools/refdoc/diff/report/WordDiff.hpp"
+#include "tools/refdoc/diff/words/WordDiff.hpp"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 #include "tools/refdoc/diff/report/ChangeWords.hpp"
 #include "tools/refdoc/diff/report/DiffOutput.hpp"
 #include "tools/refdoc/diff/report/ReportLines.hpp"
-#include "tools/refdoc/diff/report/WordDiff.hpp"
+#include "tools/refdoc/diff/words/WordDiff.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
 #include <fmt/format.h>
@@ -158,7 +158,7 @@ public:
     std::string separator() const override { return "\n"; }
 
     std::string tail(const Summary& summary) const override {
-        return (summary.total() > 0 ? "\n" : "") + summaryText(summary) + '\n';
+        return fmt::format("{}{}\n", summary.total() > 0 ? "\n" : "", summaryText(summary));
     }
 
 private:

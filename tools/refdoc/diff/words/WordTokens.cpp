@@ -1,4 +1,4 @@
-#include "tools/refdoc/diff/report/WordTokens.hpp"
+#include "tools/refdoc/diff/words/WordTokens.hpp"
 
 #include "tools/refdoc/terminal/DisplayText.hpp"
 

@@ -1,4 +1,4 @@
-#include "tools/refdoc/diff/report/EditScript.hpp"
+#include "tools/refdoc/diff/words/EditScript.hpp"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "tools/refdoc/diff/report/WordDiff.hpp"
+#include "tools/refdoc/diff/words/WordDiff.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tools/refdoc/diff/report/EditScript.hpp"
-#include "tools/refdoc/diff/report/WordTokens.hpp"
+#include "tools/refdoc/diff/words/EditScript.hpp"
+#include "tools/refdoc/diff/words/WordTokens.hpp"
 
 #include <cstddef>
 #include <limits>
@@ -86,7 +86,7 @@ private:
     std::vector<std::size_t> counts_; // of the old tokens with each number
     std::vector<Match> matches_;
     std::vector<TextRun> runs_;
-    EditScript script_{/*mostEdits=*/128};
+    EditScript script_{/*mostEdits=*/64};
 };
 
 } // namespace refdoc::diff
