@@ -51,9 +51,10 @@ droppedSections(const LoadAccount& account, SectionReader& reader) {
     return dropped;
 }
 
-// Calls use(key) for each record of a language file that was dropped in a merge.
-template <class Use>
-void forEachDropped(const LoadAccount& account, const Use& use) {
+// Calls use(key) for each record of a language file that the library drops.
+// \param sections  the result of droppedSections()
+template <class Sections, class Use>
+void forEachDropped(const LoadAccount& account, const Sections& sections, const Use& use) {
     for (const FileAccount& file : account.files) {
         for (const SectionAccount& section : file.sections) {
             for (const RecordAccount& record : section.records) {
@@ -62,6 +63,18 @@ void forEachDropped(const LoadAccount& account, const Use& use) {
             }
         }
     }
+    for (const auto& [key, section] : sections) {
+        for (const SourceRecord& record : section.records)
+            use(Key{key, record.key, record.href});
+    }
+}
+
+std::map<std::u16string, Comparison>
+compareEach(const std::map<std::u16string_view, Sides>& sides) {
+    std::map<std::u16string, Comparison> comparisons;
+    for (const auto& [product, side] : sides)
+        comparisons.emplace(product, compareLookups(side.english, side.translation, side.dropped));
+    return comparisons;
 }
 
 } // namespace
@@ -106,17 +119,10 @@ std::map<std::u16string, Comparison> LookupReader::compare(const std::u16string&
         if (!english.hasEntry(*entry.section, *entry.record))
             sidesOf(key).translation.try_emplace(key, entry.record);
     });
-    forEachDropped(index.account, [&](const Key& key) { sidesOf(key).dropped.insert(key); });
-    for (const auto& [section, source] : dropped) {
-        for (const SourceRecord& record : source.records) {
-            const Key key{section, record.key, record.href};
-            sidesOf(key).dropped.insert(key);
-        }
-    }
+    forEachDropped(index.account, dropped,
+                   [&](const Key& key) { sidesOf(key).dropped.insert(key); });
 
-    std::map<std::u16string, Comparison> comparisons;
-    for (const auto& [product, side] : sides)
-        comparisons.emplace(product, compareLookups(side.english, side.translation, side.dropped));
+    std::map<std::u16string, Comparison> comparisons = compareEach(sides);
     if (wantsPositions_)
         addAllPositions(index, comparisons);
     return comparisons;

@@ -233,6 +233,13 @@ TEST_F(TranslationsFormatsTest, DamagedTranslationIsMissingWithAComplaint) {
     EXPECT_EQ(report.at("damaged").as_array().size(), 2U);
 }
 
+TEST_F(TranslationsFormatsTest, DamagedPackageIsNamed) {
+    add("help/docCatalog/referenceapi_lookup/Orchard_de.zip", "not a package");
+    const Outcome outcome = translations({});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.err, HasSubstr(native("/referenceapi_lookup/Orchard_de.zip") + ": "));
+}
+
 TEST_F(TranslationsFormatsTest, DamagedEnglishFileIsReportedOnce) {
     addResource("Orchard", "{");
     addResource("Orchard_de", resourceText("o", {{"a", "Verbinden"}}));

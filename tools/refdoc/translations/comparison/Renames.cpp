@@ -39,7 +39,8 @@ void Renames::add(const Key& missing, const Label& label) {
         section.hrefs.push_back(missing.href);
 }
 
-void Renames::addLikely(std::vector<Entry>& orphaned, const std::vector<Label>& labels) const {
+void Renames::addReplacements(std::vector<Entry>& orphaned,
+                              const std::vector<Label>& labels) const {
     for (std::size_t index = 0; index < orphaned.size(); ++index) {
         Entry& entry = orphaned[index];
         const auto section = sections_.find(entry.section);
@@ -47,7 +48,7 @@ void Renames::addLikely(std::vector<Entry>& orphaned, const std::vector<Label>& 
             continue;
         const bool comparesHrefs = section->second.hrefs.size() * orphaned.size() <= kMostPairs;
         if (const Key* key = find(section->second, entry, labels[index], comparesHrefs))
-            entry.likely = {std::u16string(key->name), std::u16string(key->href)};
+            entry.replacement = {std::u16string(key->name), std::u16string(key->href)};
     }
 }
 

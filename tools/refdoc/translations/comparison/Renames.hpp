@@ -27,7 +27,7 @@ public:
     /// 3. the one with the nearest href; left out if the product has very many missing and orphaned
     ///    entries, because each pair would have to be compared
     /// \param labels  of the orphaned entries, in their order
-    void addLikely(std::vector<Entry>& orphaned, const std::vector<Label>& labels) const;
+    void addReplacements(std::vector<Entry>& orphaned, const std::vector<Label>& labels) const;
 
 private:
     // Of several missing keys, the maps have the first one.

@@ -4,6 +4,7 @@
 
 #include <compare>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,21 +46,22 @@ struct Position {
     bool operator==(const Position&) const = default;
 };
 
+/// A missing item or lookup record that probably is an orphaned one under another name or href.
+struct Replacement {
+    std::u16string name{}; ///< of a lookup record; empty for an item
+    std::u16string href{};
+
+    bool operator==(const Replacement&) const = default;
+};
+
 /// One item or lookup record with a defect.
 struct Entry {
     Defect defect = Defect::Missing;
     std::u16string section{}; ///< the key of the section
     std::u16string name{};    ///< of a lookup record; empty for an item
     std::u16string href{};
-    std::vector<std::string_view> fields{}; ///< OutOfStep: the fields of the record that differ
-    /// Orphaned: the missing item or record that probably has replaced it.
-    struct Likely {
-        std::u16string name{};
-        std::u16string href{};
-
-        bool operator==(const Likely&) const = default;
-    };
-    std::optional<Likely> likely{};
+    std::vector<std::string_view> fields{};   ///< OutOfStep: the fields of the record that differ
+    std::optional<Replacement> replacement{}; ///< Orphaned: what probably has replaced it
     std::optional<Position> position{}; ///< in the English file if missing, else in the translation
 
     bool operator==(const Entry&) const = default;

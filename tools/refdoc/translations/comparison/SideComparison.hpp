@@ -60,7 +60,7 @@ Comparison compareSides(const std::map<Key, const Record*>& english,
         orphaned.push_back(makeEntry(Defect::Orphaned, key));
         labels.push_back(rules.labelOf(*record));
     }
-    renames.addLikely(orphaned, labels);
+    renames.addReplacements(orphaned, labels);
     std::ranges::move(orphaned, std::back_inserter(result.entries));
     sortEntries(result.entries);
     return result;

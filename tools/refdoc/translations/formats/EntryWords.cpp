@@ -39,9 +39,9 @@ std::u16string titleOf(Defect defect) {
 }
 
 std::u16string remarkOn(const Entry& entry) {
-    if (entry.likely) {
-        const bool isSamePage = entry.likely->href == entry.href;
-        return u"now probably " + (isSamePage ? entry.likely->name : entry.likely->href);
+    if (entry.replacement) {
+        const bool isSamePage = entry.replacement->href == entry.href;
+        return u"now probably " + (isSamePage ? entry.replacement->name : entry.replacement->href);
     }
     std::vector<std::string> words;
     for (const std::string_view field : entry.fields)

@@ -42,16 +42,16 @@ json::value elementOf(const Entry& entry, Type type) {
     return object;
 }
 
-json::array likelyOf(const Comparison& comparison, Type type) {
+json::array renamesOf(const Comparison& comparison, Type type) {
     json::array renames;
     for (const Entry& entry : comparison.entries) {
-        if (!entry.likely)
+        if (!entry.replacement)
             continue;
         json::object element = nameOf(entry.name, entry.href, type);
         element.emplace("likely", type == Type::Items
-                                      ? toJson(entry.likely->href)
-                                      : json::value(nameOf(entry.likely->name, entry.likely->href,
-                                                           Type::Lookup)));
+                                      ? toJson(entry.replacement->href)
+                                      : json::value(nameOf(entry.replacement->name,
+                                                           entry.replacement->href, Type::Lookup)));
         renames.push_back(std::move(element));
     }
     return renames;
@@ -67,7 +67,7 @@ json::object documentOf(const Comparison& comparison, Type type) {
     }
     for (const Entry& entry : comparison.entries)
         object.at(toWord(entry.defect)).as_array().push_back(elementOf(entry, type));
-    object.emplace("renamed", likelyOf(comparison, type));
+    object.emplace("renamed", renamesOf(comparison, type));
     return object;
 }
 

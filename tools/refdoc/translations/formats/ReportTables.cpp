@@ -71,15 +71,15 @@ std::string fieldsText(const Entry& entry) {
 
 Fields csvFieldsOf(const Entry& entry) {
     const Position position = entry.position.value_or(Position());
-    const Entry::Likely likely = entry.likely.value_or(Entry::Likely());
+    const Replacement replacement = entry.replacement.value_or(Replacement());
     const auto& place = position.place;
     return {std::string(toWord(entry.defect)),
             visibleLine(entry.section),
             visibleLine(entry.name),
             visibleLine(entry.href),
             fieldsText(entry),
-            visibleLine(likely.name),
-            visibleLine(likely.href),
+            visibleLine(replacement.name),
+            visibleLine(replacement.href),
             visibleLine(position.path),
             visibleLine(position.entry),
             place ? numberText(place->line) : "",
@@ -184,9 +184,10 @@ std::string incompleteTable(const Report& report) {
 }
 
 std::string markdownRemark(const Entry& entry) {
-    if (entry.likely) {
-        const Entry::Likely& likely = *entry.likely;
-        return ", now probably " + codeOf(likely.href == entry.href ? likely.name : likely.href);
+    if (entry.replacement) {
+        const Replacement& replacement = *entry.replacement;
+        return ", now probably " +
+               codeOf(replacement.href == entry.href ? replacement.name : replacement.href);
     }
     const std::string fields = fl::i18n::to_string(remarkOn(entry));
     return fields.empty() ? "" : ": " + fields;

@@ -167,7 +167,7 @@ TEST(ComparisonTest, PartsOfASecondRecordAreCompared) {
 std::u16string newHrefOf(const RefItem& orphaned, const std::vector<RefItem>& english) {
     for (const Entry& found : compareItems(resourcesOf(english), resourcesOf({orphaned})).entries) {
         if (found.defect == Defect::Orphaned)
-            return found.likely ? found.likely->href : u"none";
+            return found.replacement ? found.replacement->href : u"none";
     }
     return u"not orphaned";
 }
@@ -236,7 +236,7 @@ TEST(ComparisonTest, LookupRecordsAreComparedByNameAndHref) {
         .add(u"graft", u"b", u"Join")
         .add(u"new", u"c", u"Schneiden");
     Entry orphaned = lookupEntry(Defect::Orphaned, u"new", u"c");
-    orphaned.likely = {u"old", u"c"};
+    orphaned.replacement = {u"old", u"c"};
     EXPECT_EQ(compareLookups(english.byKey(), translation.byKey(), {}),
               (Comparison{.english = 3,
                           .translated = 1,
@@ -285,7 +285,7 @@ TEST(ComparisonTest, ManyRenamedPagesAreComparedQuickly) {
     EXPECT_EQ(comparison.count(Defect::Orphaned), 20'000U);
     for (const Entry& found : comparison.entries) {
         if (found.defect == Defect::Orphaned) {
-            EXPECT_EQ(found.likely->href, u"new/" + found.href.substr(5));
+            EXPECT_EQ(found.replacement->href, u"new/" + found.href.substr(5));
         }
     }
 }
