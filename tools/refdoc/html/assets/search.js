@@ -11,7 +11,7 @@ const FEW_PARTS = 4;
 const MOST_RESULTS = 20;
 
 // What a search may have loaded, in bytes, after it has looked for candidates and for near names.
-const LIST_LIMIT = 120_000;
+const LIST_LIMIT = 150_000;
 const NAME_LIMIT = 160_000;
 
 // How complete the results of a search are.
