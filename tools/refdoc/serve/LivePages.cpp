@@ -4,7 +4,7 @@
 #include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/html/Assets.hpp"
 #include "tools/refdoc/html/PageFrame.hpp"
-#include "tools/refdoc/pages/SearchIndex.hpp"
+#include "tools/refdoc/index/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
