@@ -36,7 +36,8 @@ struct TreeComparison::Batch {
 
 TreeComparison::TreeComparison(const Tree& oldTree, const Tree& newTree, const DiffOutput& output,
                                std::optional<ChangeClass> only)
-    : old_(oldTree), new_(newTree), output_(output), only_(only) {
+    : old_(oldTree), new_(newTree), output_(output) {
+    summary_.only = only;
     std::ranges::set_union(oldTree.products(), newTree.products(), std::back_inserter(products_));
     damages_.add(Side::Old, oldTree.lookupDamages());
     damages_.add(Side::New, newTree.lookupDamages());
@@ -77,9 +78,10 @@ void TreeComparison::compare(Batch& batch) const {
         // Frees the memory on the thread that used it.
         batch.olds[index].records = {};
         batch.news[index].records = {};
-        if (only_)
-            std::erase_if(product.changes,
-                          [&](const Change& change) { return change.changeClass != *only_; });
+        if (summary_.only)
+            std::erase_if(product.changes, [&](const Change& change) {
+                return change.changeClass != *summary_.only;
+            });
         for (const Change& change : product.changes)
             ++batch.changes[index].counts.at(static_cast<std::size_t>(change.changeClass));
         if (!product.changes.empty())

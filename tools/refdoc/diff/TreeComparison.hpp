@@ -48,7 +48,6 @@ private:
     const Tree& old_;
     const Tree& new_;
     const DiffOutput& output_;
-    std::optional<ChangeClass> only_;
     std::vector<std::u16string> products_;
     std::size_t done_ = 0;
     bool isEmpty_ = true; // no product has changes so far

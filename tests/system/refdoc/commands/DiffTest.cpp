@@ -74,7 +74,8 @@ TEST_F(DiffTest, StatusTellsOfPrintedChangesOnlyIfAskedTo) {
     EXPECT_EQ(diff({"--exit-code"}).status, 1);
     EXPECT_EQ(diff({"--exit-code", "--json"}).status, 1);
     EXPECT_EQ(diff({"--exit-code", "--only", "textual"}).status, 1);
-    EXPECT_EQ(diff({"--exit-code", "--only", "breaking"}), (Outcome{0, "no differences\n", ""}));
+    EXPECT_EQ(diff({"--exit-code", "--only", "breaking"}),
+              (Outcome{0, "no breaking differences\n", ""}));
 }
 
 TEST_F(DiffTest, OnlyOneClassIsPrinted) {

@@ -113,6 +113,7 @@ struct DamagedFile {
 
 /// What was found in all products. It counts only the changes that are printed.
 struct Summary {
+    std::optional<ChangeClass> only{};   ///< the class that is printed; absent for all
     std::array<std::size_t, 3> counts{}; ///< by ChangeClass
     std::vector<DamagedFile> damagedFiles{};
 

@@ -180,7 +180,8 @@ std::string counted(std::size_t count, std::string_view one, std::string_view ma
 std::string summaryText(const Summary& summary) {
     const std::string_view where = summary.damagedFiles.empty() ? "" : " in undamaged files";
     if (summary.total() == 0)
-        return fmt::format("no differences{}", where);
+        return fmt::format("no {}{}differences{}", summary.only ? toWord(*summary.only) : "",
+                           summary.only ? " " : "", where);
     std::string counts;
     for (const ChangeClass each :
          {ChangeClass::Breaking, ChangeClass::Notable, ChangeClass::Textual}) {

@@ -41,7 +41,7 @@ std::string contentsText(const Change& change);
 std::string counted(std::size_t count, std::string_view one, std::string_view many);
 
 /// Returns the last line of a report: "3 differences: 1 breaking, 2 textual". If files were
-/// damaged, it speaks of undamaged files.
+/// damaged, it speaks of undamaged files. If only one class is printed, the line names it.
 std::string summaryText(const Summary& summary);
 
 } // namespace refdoc::diff

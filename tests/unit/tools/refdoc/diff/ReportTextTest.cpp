@@ -199,6 +199,8 @@ TEST(ReportTextTest, SummaryTellsOfDamagedFiles) {
     EXPECT_EQ(output->tail(summary), "no differences\n");
     summary.damagedFiles = {{Side::Old, "a.json", "broken"}};
     EXPECT_EQ(output->tail(summary), "no differences in undamaged files\n");
+    summary.only = ChangeClass::Breaking;
+    EXPECT_EQ(output->tail(summary), "no breaking differences in undamaged files\n");
     summary.counts = {1, 0, 0};
     EXPECT_EQ(output->tail(summary), "\n1 difference in undamaged files: 1 breaking\n");
     summary = {.counts = {0, 2, 10}};
