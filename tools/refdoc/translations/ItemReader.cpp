@@ -56,13 +56,12 @@ bool isHidden(const Content& translation, const Content& english) {
     return english.isUsable() && translation.isUsable() && translation.folder() > english.folder();
 }
 
-Comparison compare(const Content& english, const Content& translation, bool wantsPositions) {
+// \param reader  of the product's files; null if no positions are wanted
+Comparison compare(const Content& english, const Content& translation, SectionReader* reader) {
     Comparison comparison = compareItems(english.resources, translation.resources);
-    if (wantsPositions && !comparison.entries.empty()) {
-        SectionReader reader(std::nullopt);
-        addPositions(comparison, Positions(english.account, reader, /*isTranslation=*/false),
-                     Positions(translation.account, reader, /*isTranslation=*/false));
-    }
+    if (reader && !comparison.entries.empty())
+        addPositions(comparison, Positions(english.account, *reader, /*isTranslation=*/false),
+                     Positions(translation.account, *reader, /*isTranslation=*/false));
     return comparison;
 }
 
@@ -83,12 +82,14 @@ ReadItems ItemReader::read(const std::u16string& product) const {
     };
     const Content english = readFile(product, Tools::kEnglishLocale);
     result.report.hasEnglish = english.isUsable();
+    SectionReader reader(std::nullopt); // the languages share the English file
     for (const std::u16string& language : languages_) {
         Content translation = readFile(product + Tools::kLocaleSeparator + language, language);
         if (isHidden(translation, english))
             translation = {};
         result.report.languages.push_back(
-            {.language = language, .items = compare(english, translation, wantsPositions_)});
+            {.language = language,
+             .items = compare(english, translation, wantsPositions_ ? &reader : nullptr)});
     }
     return result;
 }

@@ -5,7 +5,6 @@
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
 #include "tools/refdoc/translations/Damage.hpp"
-#include "tools/refdoc/translations/Positions.hpp"
 
 #include <cstddef>
 #include <set>
@@ -130,10 +129,11 @@ std::map<std::u16string, Comparison> LookupReader::compare(const std::u16string&
 
 void LookupReader::addAllPositions(const Index& index,
                                    std::map<std::u16string, Comparison>& comparisons) {
-    const Positions english(english_.account, reader_, /*isTranslation=*/false);
+    if (!englishPositions_)
+        englishPositions_.emplace(english_.account, reader_, /*isTranslation=*/false);
     const Positions translation(index.account, reader_, /*isTranslation=*/true);
     for (auto& [product, comparison] : comparisons)
-        addPositions(comparison, english, translation);
+        addPositions(comparison, *englishPositions_, translation);
 }
 
 } // namespace refdoc::translations

@@ -3,6 +3,7 @@
 #include "docparser/account/LoadAccount.hpp"
 #include "tools/refdoc/explain/SectionRecords.hpp"
 #include "tools/refdoc/session/LookupIndex.hpp"
+#include "tools/refdoc/translations/Positions.hpp"
 #include "tools/refdoc/translations/comparison/Comparisons.hpp"
 
 #include <map>
@@ -47,6 +48,7 @@ private:
     bool wantsPositions_;
     SectionReader reader_{std::nullopt}; // most languages share the English files
     Index english_;
+    std::optional<Positions> englishPositions_; // read when they are first needed
     Products products_;
     std::vector<DamagedFile> damaged_;
 };
