@@ -47,8 +47,8 @@ TEST_F(CommandLineTableTest, OneCommandWithItsArguments) {
         {{},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+         "translations or help"},
         {{"products"}, 0, "Folders", ""},
         {{"show"}, 2, "", "show needs a PRODUCT"},
         {{"show", "Orchard"}, 0, "orchard name", ""},
@@ -93,8 +93,8 @@ TEST_F(CommandLineTableTest, OptionsWithValues) {
         {{"--lang", "lookup"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+         "translations or help"},
         {{"--lang", "lookup", "lookup", "x"}, 1, "", noEntry("x")},
         {{"lookup", "--lang", "--"}, 2, "", "--lang needs a value"},
         {{"--lang=a=b", "lookup", "x"}, 1, "", noEntry("x")},
@@ -161,8 +161,8 @@ TEST_F(CommandLineTableTest, OptionsWithoutValues) {
         {{"--json"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+         "translations or help"},
         {{"--json", "true", "lookup"}, 2, "", "unknown command \"true\""},
         {{"lookup", "--json", "true"}, 1, "{", noEntry("true")},
         {{"--json", "--jsonl", "lookup"}, 2, "", "--json and --jsonl cannot be combined"},
@@ -262,8 +262,8 @@ TEST_F(CommandLineTableTest, NamesWithSpecialCharactersAndAfterDashes) {
         {{"--"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+         "translations or help"},
         {{"[a]"}, 2, "", "unknown command \"[a]\""},
         {{"show", "Orchard", ""},
          1,
@@ -381,8 +381,8 @@ TEST_F(CommandLineTableTest, HelpAndVersion) {
         {{"--lang", "--help"},
          2,
          "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+         "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+         "translations or help"},
         {{"--version", "--lang"}, 2, "", "--lang needs a value"},
         {{"--help", "--color", "pink"},
          2,
