@@ -88,48 +88,43 @@ TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
 }
 
 TEST(CommandLineTest, CommandIsRequired) {
-    EXPECT_EQ(
-        runProgram({}),
-        (Outcome{
-        2, "",
-            "refdoc: a command is needed: show, lookup, products, "
-            "explain, check, search, site, serve, translations, diff, git-diff or help; see refdoc --help
-            "}));
+    EXPECT_EQ(runProgram({}), (Outcome{2, "",
+                                       "refdoc: a command is needed: show, lookup, products, "
+                                       "explain, check, search, site, serve, translations, diff, "
+                                       "git-diff or help; see refdoc --help\n"}));
 }
 
 class CommandLineOrderTest : public RefdocTest {};
 
 TEST_F(CommandLineOrderTest, GlobalOptionsPrecedeOrFollowTheCommandAndItsArguments) {
-        addResource("Orchard",
-                    section("orchard", R"({"href": "a.html", "refpurpose": "English"})"));
-        addResource("Orchard_de",
-                    section("orchard", R"({"href": "a.html", "refpurpose": "Deutsch"})"));
-        const Outcome expected = run({"--lang", "de", "--json", "show", "Orchard", "a.html"});
-        ASSERT_THAT(expected.out, HasSubstr("\"Deutsch\""));
-        for (const Arguments& arguments :
-             {Arguments{"--json", "show", "--lang", "de", "Orchard", "a.html"},
-              Arguments{"show", "Orchard", "--json", "a.html", "--lang", "de"},
-              Arguments{"show", "Orchard", "a.html", "--lang=de", "--json"}})
-            EXPECT_EQ(run(arguments), expected);
-        EXPECT_EQ(runProgram(
-                      {"show", "Orchard", "a.html", "--json", "--lang", "de", "--install", path()}),
-                  expected);
+    addResource("Orchard", section("orchard", R"({"href": "a.html", "refpurpose": "English"})"));
+    addResource("Orchard_de", section("orchard", R"({"href": "a.html", "refpurpose": "Deutsch"})"));
+    const Outcome expected = run({"--lang", "de", "--json", "show", "Orchard", "a.html"});
+    ASSERT_THAT(expected.out, HasSubstr("\"Deutsch\""));
+    for (const Arguments& arguments :
+         {Arguments{"--json", "show", "--lang", "de", "Orchard", "a.html"},
+          Arguments{"show", "Orchard", "--json", "a.html", "--lang", "de"},
+          Arguments{"show", "Orchard", "a.html", "--lang=de", "--json"}})
+        EXPECT_EQ(run(arguments), expected);
+    EXPECT_EQ(
+        runProgram({"show", "Orchard", "a.html", "--json", "--lang", "de", "--install", path()}),
+        expected);
 }
 
 TEST_F(CommandLineOrderTest, LastOfRepeatedOptionsWins) {
-        EXPECT_THAT(run({"--lang", "de", "--lang", "ja", "--json", "products"}).out,
-                    HasSubstr("\"language\": \"ja\""));
+    EXPECT_THAT(run({"--lang", "de", "--lang", "ja", "--json", "products"}).out,
+                HasSubstr("\"language\": \"ja\""));
 }
 
 TEST_F(CommandLineOrderTest, MessagesStartInLowerCaseAndEndWithoutAPeriod) {
-        for (const Arguments& arguments : {Arguments{"show", "P"}, Arguments{"lookup", "x"},
-                                           Arguments{"lookup"}, Arguments{"--bad"}}) {
-            const std::string line = run(arguments).err;
-            EXPECT_THAT(line, AllOf(StartsWith("refdoc: "), EndsWith("\n")));
-            EXPECT_EQ(std::ranges::count(line, '\n'), 1) << line;
-            EXPECT_TRUE(line[8] >= 'a' && line[8] <= 'z') << line;
-            EXPECT_NE(line[line.size() - 2], '.') << line;
-        }
+    for (const Arguments& arguments : {Arguments{"show", "P"}, Arguments{"lookup", "x"},
+                                       Arguments{"lookup"}, Arguments{"--bad"}}) {
+        const std::string line = run(arguments).err;
+        EXPECT_THAT(line, AllOf(StartsWith("refdoc: "), EndsWith("\n")));
+        EXPECT_EQ(std::ranges::count(line, '\n'), 1) << line;
+        EXPECT_TRUE(line[8] >= 'a' && line[8] <= 'z') << line;
+        EXPECT_NE(line[line.size() - 2], '.') << line;
+    }
 }
 
 } // namespace
