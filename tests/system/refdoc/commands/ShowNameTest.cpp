@@ -79,6 +79,17 @@ TEST_F(ShowNameTest, ArgumentsAfterTheProductMayBeNames) {
     EXPECT_EQ(run({"show", "Cellar", "prune"}).status, 1);
 }
 
+TEST_F(ShowNameTest, ItemThatDocumentsTheNamePrecedesTheIndex) {
+    addResource("Meadow", section("meadow",
+                                  R"({"href": "mow.html", "refpurpose": "Cut grass",
+                                      "refentity": [{"type": "function", "name": "mow"}]},
+                                     {"href": "rake.html", "refpurpose": "Collect grass"})"));
+    addLookup("Meadow",
+              section("meadow", R"({"name": "mow", "href": "rake.html", "refpurpose": "Rake"})"));
+    EXPECT_EQ(run({"show", "Meadow", "mow"}), run({"show", "Meadow", "mow.html"}));
+    EXPECT_EQ(run({"show", "mow"}), run({"show", "Meadow", "rake.html"}));
+}
+
 TEST_F(ShowNameTest, EntryWithoutAFullRecordIsAComplaint) {
     EXPECT_THAT(run({"show", "lost"}).err, HasSubstr("no item \"lost.html\" in \"Orchard\""));
     EXPECT_THAT(run({"show", "away"}).err, HasSubstr("no resources for \"Gone\""));
