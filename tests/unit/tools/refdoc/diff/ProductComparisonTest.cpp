@@ -184,15 +184,15 @@ std::vector<FieldCase> fieldCases() {
          groups({InputGroup(u"Options", {input(u"x")})}),
          {"breaking /inputs/0", "notable /inputGroups/0"}},
         {"removed output",
-         [&](auto& item) { item.outputs = {Output(stock, SyntaxType::Function)}; },
+         [stock](auto& item) { item.outputs = {Output(stock, SyntaxType::Function)}; },
          none,
          {"breaking /outputs/0"}},
         {"removed parameter",
-         [&](auto& item) { item.parameters = {Parameter(stock, u"")}; },
+         [stock](auto& item) { item.parameters = {Parameter(stock, u"")}; },
          none,
          {"breaking /parameters/0"}},
         {"removed property",
-         [&](auto& item) {
+         [stock](auto& item) {
              item.classPropertyGroups = {ClassPropertyGroup(u"", {ClassProperty(stock, u"")})};
          },
          none,
