@@ -6,7 +6,6 @@ import concurrent.futures
 import contextlib
 import functools
 import hashlib
-import itertools
 import json
 import os
 import pathlib
@@ -90,8 +89,9 @@ class Tree:
         self.programs = {line.split(":")[0] for line in targets if "_LINKER__" in line}
 
     def changes(self, name):
-        options = itertools.dropwhile(lambda option: option[0] != "-", self.commands[name][0][:-4])
-        return mutants.find_changes(self.folder / name, [option for option in options if option[:2] != "-W"])
+        # The command is the compiler, its options, -o OBJECT -c SOURCE.
+        options = [option for option in self.commands[name][0][1:-4] if not option.startswith("-W")]
+        return mutants.find_changes(self.folder / name, options)
 
     def objects(self, name):
         return [command[command.index("-o") + 1] for command in self.commands[name]]
@@ -109,6 +109,13 @@ class Tree:
         """Returns a digest of the objects of a source; None if it does not compile."""
         status, _ = self.ninja(*self.objects(name))
         return None if status else digest(*((self.build / path).read_bytes() for path in self.objects(name)))
+
+    def build_programs(self, names):
+        """Builds the programs and libraries that sources are part of, without a change."""
+        print(f"== Building {self.build}; the first build takes a while", file=sys.stderr)
+        status, output = self.run("ninja", *set().union(*map(self.dependents, names)))
+        if status:
+            sys.exit(f"{output[-4000:]}\nthe unchanged sources cannot be built")
 
     def links(self, name):
         return self.ninja(*self.dependents(name))[0] == 0
@@ -164,10 +171,8 @@ class Tree:
         file = self.folder / name
         original = file.read_bytes()
         changed = change.apply(original)
-        before = self.compile(name)
-        if not before or not self.links(name):
-            sys.exit(f"{name} cannot be built without a change; run ninja in {self.build}")
         self.cpu_seconds = 0.0
+        before = self.compile(name)
         file.write_bytes(changed)
         try:
             after = self.compile(name)
@@ -205,7 +210,8 @@ class Run:
             with OUTCOMES.open("a", encoding="utf-8") as file:
                 file.write(json.dumps(row, ensure_ascii=False) + "\n")
         test = f"  [{row['test']}]" if row["test"] else ""
-        print(f"{row['outcome']:<15} {name}:{change.line}:{change.column}  {row['change']}{test}", flush=True)
+        # In one string, because the others print at the same time.
+        print(f"{row['outcome']:<15} {name}:{change.line}:{change.column}  {row['change']}{test}\n", end="", flush=True)
         return row
 
     def outcome(self, name, change):
@@ -267,6 +273,9 @@ def main():
     if unknown or not names:
         parser.error(f"not a source, or not in this room: {' '.join(sorted(unknown)) or arguments.room}")
     places = draw(names, arguments.seed, arguments.count, trees[0].changes)
+    # One after the other: the first tree fills ccache for the others.
+    for tree in trees:
+        tree.build_programs({name for name, _, _ in places})
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as executor:
         rows = list(executor.map(Run(trees).examine, places))
     print_summary(rows)
