@@ -5,6 +5,7 @@
 #include "tools/refdoc/cli/CommandLine.hpp"
 #include "tools/refdoc/cli/Help.hpp"
 #include "tools/refdoc/cli/Options.hpp"
+#include "tools/refdoc/diff/DiffCommand.hpp"
 #include "tools/refdoc/explain/ExplainCommand.hpp"
 #include "tools/refdoc/lookup/LookupCommand.hpp"
 #include "tools/refdoc/products/ProductsCommand.hpp"
@@ -12,6 +13,7 @@
 #include "tools/refdoc/serve/ServeCommand.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/SiteCommand.hpp"
+#include "tools/refdoc/translations/TranslationsCommand.hpp"
 
 namespace refdoc {
 
@@ -38,16 +40,20 @@ CommandEntry helpCommand() {
 }
 
 std::vector<CommandEntry> commands() {
-    return {showCommand(),   lookupCommand(), productsCommand(), explainCommand(), checkCommand(),
-            searchCommand(), siteCommand(),   serveCommand(),    helpCommand()};
+    return {showCommand(),         lookupCommand(), productsCommand(), explainCommand(),
+            checkCommand(),        searchCommand(), siteCommand(),     serveCommand(),
+            translationsCommand(), diffCommand(),   gitDiffCommand(),  helpCommand()};
 }
 
 std::vector<Remark> exitStatuses() {
-    return {{"0", "Success."},
-            {"1", "Something that was asked for does not exist: the product, a link or a name; "
-                  "\"search\" found nothing; or \"check\" found errors."},
-            {"2", "Wrong usage."},
-            {"3", "Any other failure."}};
+    return {
+        {"0", "Success."},
+        {"1",
+         "Something that was asked for does not exist: the product, a link or a name; "
+         "\"search\" found nothing; \"check\" found errors; less is translated than \"translations "
+         "--fail-under\" asks for; or \"diff --exit-code\" found changes."},
+        {"2", "Wrong usage."},
+        {"3", "Any other failure."}};
 }
 
 std::vector<Remark> environment() {

@@ -3,6 +3,7 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/HostServices.hpp"
 #include "platform/path/Path.hpp"
+#include "tools/refdoc/check/FileGroups.hpp"
 #include "tools/refdoc/check/findings/PendingFindings.hpp"
 #include "tools/refdoc/check/rules/Consequences.hpp"
 #include "tools/refdoc/check/rules/ContentRules.hpp"
@@ -12,6 +13,7 @@
 #include "tools/refdoc/check/rules/MergeRules.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
 #include "tools/refdoc/session/Languages.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/suggest/Suggestions.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
@@ -20,7 +22,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
-#include <map>
+#include <mutex>
 #include <set>
 #include <string>
 #include <string_view>
@@ -33,6 +35,7 @@ namespace refdoc::check {
 using reference::docparser::DocResourceParser;
 using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
+using reference::docparser::SectionAccount;
 
 namespace {
 
@@ -46,6 +49,13 @@ ProductNamesByFile productsOf(const Findings& findings,
             products[file] = productNameOf(file, languages);
     }
     return products;
+}
+
+// Accounts of records take much memory, and the merge losses have what they tell.
+FileAccount withoutRecords(FileAccount file) {
+    for (SectionAccount& section : file.sections)
+        section.records = {};
+    return file;
 }
 
 std::string nothingToCheck() {
@@ -110,7 +120,7 @@ private:
             consideredPaths_.insert(sources[index].path);
             FileAccount& file = account.files[index];
             if (wasRead(file) || findUnreadable(file))
-                files_.try_emplace(sources[index], std::move(file));
+                files_.try_emplace(sources[index], withoutRecords(std::move(file)));
         }
         if (scope_ == Scope::Everything)
             addCrossFileFindings(contents, pending_);
@@ -140,26 +150,31 @@ private:
     void checkFiles() {
         progress_.begin("checking", files_.size());
         fileCount_ = files_.size();
-        // Translations last: the English file reports what it has in common with them.
-        for (const bool isTranslation : {false, true}) {
-            for (const auto& [file, account] : files_) {
-                if (account.isTranslation != isTranslation)
-                    continue;
-                checkFile(file, account);
+        const std::vector<FileGroup> groups = groupsOf(files_);
+        forEachInParallel(groups.size(), [&](std::size_t number) {
+            for (const auto* file : groups[number]) {
+                checkFile(file->first, file->second);
                 progress_.step();
             }
-        }
+        });
     }
 
     void checkFile(const SourceFile& file, const FileAccount& account) {
         std::vector<Finding> found;
         if (wasRead(account)) {
             found = findDroppedSections(account, file);
-            checkContent(account, file, texts_.read(file), pending_, mergeLosses_, found);
+            checkContent(account, file, read(file), pending_, mergeLosses_, found);
         } else {
             found.push_back(*findUnreadable(account));
         }
+        const std::lock_guard lock(mutex_);
         addFindings(found, file, findings_);
+    }
+
+    // One after the other, because entries of one package follow each other.
+    std::string read(const SourceFile& file) {
+        const std::lock_guard lock(mutex_);
+        return texts_.read(file);
     }
 
     void checkInstallation() {
@@ -179,6 +194,7 @@ private:
     Progress& progress_;
     std::vector<std::u16string> languages_;
     ProductNames products_;
+    std::mutex mutex_; // guards texts_ and findings_ while files are checked
     SourceTexts texts_;
     PendingFindings pending_;
     MergeLosses mergeLosses_;
@@ -186,7 +202,7 @@ private:
     std::set<std::u16string> consideredPaths_;
     std::set<std::u16string> sectionKeys_;
     bool hasNames_ = false;
-    std::map<SourceFile, FileAccount> files_; // that were read, or have a finding
+    CheckedFiles files_; // that were read, or have a finding; without the accounts of records
     std::size_t fileCount_ = 0;
     Findings findings_;
 };

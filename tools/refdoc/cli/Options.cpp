@@ -71,7 +71,7 @@ std::vector<OptionEntry> globalOptions() {
         {.name = "--json", .help = "Print one JSON document", .group = kFormatGroup},
         {.name = "--jsonl",
          .help = "Print one JSON object per line: each record, or each file for products, each "
-                 "finding for check and each result for search",
+                 "finding for check, each result for search and each product for translations",
          .group = kFormatGroup},
         {"--color",
          "WHEN",

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string_view>
 
 namespace refdoc::html {
@@ -8,9 +9,11 @@ namespace refdoc::html {
 // The files that all pages share.
 
 inline constexpr std::string_view kStyleName = "style.css";
-inline constexpr std::string_view kSearchName = "search.js"; ///< the ranking; before the script
-inline constexpr std::string_view kScriptName = "script.js";
 inline constexpr std::string_view kIconName = "icon.svg";
+
+/// The scripts of each page in the order in which they run. Each may use those before it.
+inline constexpr std::array<std::string_view, 6> kScriptNames{
+    "ranking.js", "tables.js", "lookups.js", "search.js", "field.js", "script.js"};
 
 struct Asset {
     std::string_view name;
@@ -18,7 +21,7 @@ struct Asset {
 };
 
 /// Returns the files of `assets/`, which are built into the tool.
-const std::array<Asset, 4>& assets();
+std::span<const Asset> assets();
 
 /// Returns the script that loads a page again when its server has a new version. The attribute
 /// "data-events" of its element has the URL of the events.

@@ -23,7 +23,7 @@ void writeHead(HtmlWriter& writer, const PageFrame& frame) {
         const std::string icon = frame.assets + std::string(kIconName);
         writer.emptyElement("link", {{"rel", "stylesheet"}, {"href", style}});
         writer.emptyElement("link", {{"rel", "icon"}, {"href", icon}});
-        for (const std::string_view name : {kSearchName, kScriptName}) {
+        for (const std::string_view name : kScriptNames) {
             const std::string script = frame.assets + std::string(name);
             writer.element("script", {{"src", script}, {"defer", ""}}, "");
         }

@@ -35,8 +35,6 @@ void appendEscaped(std::string& text, std::string_view serialised) {
     }
 }
 
-void appendIndented(std::string& text, const json::value& value, std::size_t depth);
-
 // \param append  appends one of the elements
 template <class Elements, class Append>
 void appendElements(std::string& text, const Elements& elements, std::size_t depth,
@@ -52,7 +50,9 @@ void appendElements(std::string& text, const Elements& elements, std::size_t dep
     text += lineBreak;
 }
 
-void appendIndented(std::string& text, const json::value& value, std::size_t depth) {
+} // namespace
+
+void appendIndentedJson(std::string& text, const json::value& value, std::size_t depth) {
     const json::object* object = value.if_object();
     const json::array* array = value.if_array();
     if (object && !object->empty()) {
@@ -60,13 +60,13 @@ void appendIndented(std::string& text, const json::value& value, std::size_t dep
         appendElements(text, *object, depth, [&](const json::key_value_pair& member) {
             appendEscaped(text, json::serialize(member.key()));
             text += ": ";
-            appendIndented(text, member.value(), depth + 1);
+            appendIndentedJson(text, member.value(), depth + 1);
         });
         text += '}';
     } else if (array && !array->empty()) {
         text += '[';
         appendElements(text, *array, depth, [&](const json::value& element) {
-            appendIndented(text, element, depth + 1);
+            appendIndentedJson(text, element, depth + 1);
         });
         text += ']';
     } else {
@@ -74,11 +74,9 @@ void appendIndented(std::string& text, const json::value& value, std::size_t dep
     }
 }
 
-} // namespace
-
 std::string toIndentedJson(const json::value& document) {
     std::string text;
-    appendIndented(text, document, 0);
+    appendIndentedJson(text, document, 0);
     text += '\n';
     return text;
 }

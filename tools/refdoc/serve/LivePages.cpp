@@ -4,7 +4,7 @@
 #include "tools/refdoc/check/report/Report.hpp"
 #include "tools/refdoc/html/Assets.hpp"
 #include "tools/refdoc/html/PageFrame.hpp"
-#include "tools/refdoc/pages/SearchIndex.hpp"
+#include "tools/refdoc/index/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
@@ -102,7 +102,7 @@ std::vector<std::string> linesOf(const SiteFindings& findings) {
 LivePages::LivePages(const Options& options, http::Versions& versions, Progress& progress)
     : options_(options), versions_(versions), recent_(kMostProducts) {
     readAll(progress);
-    checkAll(progress);
+    show(findFindings(siteProducts(catalog_->paths.languages()), progress));
 }
 
 bool LivePages::hasProducts() const {
@@ -157,12 +157,19 @@ void LivePages::update(const std::set<std::filesystem::path>& files) {
 }
 
 void LivePages::check() {
-    const std::lock_guard lock(mutex_);
-    const std::vector<std::string> before = linesOf(findings_);
     Progress progress(/*isShown=*/false);
-    checkAll(progress);
-    if (linesOf(findings_) != before)
+    SiteFindings findings = findFindings(siteProducts(languages()), progress);
+    const std::vector<std::string> lines = linesOf(findings);
+    const std::lock_guard lock(mutex_);
+    const bool isChanged = lines != linesOf(findings_);
+    show(std::move(findings));
+    if (isChanged)
         versions_.advance();
+}
+
+SiteLanguages LivePages::languages() const {
+    const std::lock_guard lock(mutex_);
+    return catalog_->paths.languages();
 }
 
 void LivePages::readAll(Progress& progress) {
@@ -176,8 +183,8 @@ void LivePages::readAll(Progress& progress) {
     }
 }
 
-void LivePages::checkAll(Progress& progress) {
-    findings_ = findFindings(siteProducts(catalog_->paths.languages()), progress);
+void LivePages::show(SiteFindings findings) {
+    findings_ = std::move(findings);
     recent_ = RecentProducts(kMostProducts);
     for (auto& [name, summaries] : catalog_->products) {
         const check::Summary summary = summarize(findings_.products[name].all(), 0, 0);

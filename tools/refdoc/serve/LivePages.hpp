@@ -53,8 +53,9 @@ public:
     /// \throws whatever the host services throw
     void update(const std::set<std::filesystem::path>& files);
 
-    /// Checks all files. Until then, pages show the findings of before. This takes much longer than
-    /// update() if there are many products.
+    /// Checks all files. Until that is done, pages show the findings of before. This takes much
+    /// longer than update() if there are many products, but other calls need not wait for it.
+    /// Findings about files that change meanwhile may be those of before or after the change.
     /// \throws std::exception  the check could not be completed
     void check();
 
@@ -76,7 +77,8 @@ private:
     };
 
     void readAll(Progress& progress);
-    void checkAll(Progress& progress);
+    site::SiteLanguages languages() const;
+    void show(site::SiteFindings findings);
     void readManifest();
     std::shared_ptr<const site::Product> read(const std::u16string& name);
     void tryToRead(const std::u16string& name);
@@ -93,7 +95,8 @@ private:
 
     const Options& options_;
     http::Versions& versions_;
-    mutable std::mutex mutex_; // guards the members below, and the settings of the library
+    // Guards the members below, and the settings of the library except in check().
+    mutable std::mutex mutex_;
     std::unique_ptr<Catalog> catalog_;
     site::SiteFindings findings_;
     RecentProducts recent_;

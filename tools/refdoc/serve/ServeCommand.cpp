@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 #include "docparser/Queries.hpp"
+#include "platform/Failure.hpp"
 #include "platform/HostServices.hpp"
 #include "platform/terminal/Browser.hpp"
 #include "platform/terminal/OutputDevice.hpp"
@@ -23,12 +24,11 @@
 #include <fmt/format.h>
 
 #include <chrono>
-#include <exception>
+#include <future>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <thread>
-#include <utility>
 
 namespace refdoc {
 
@@ -113,22 +113,34 @@ private:
     }
 
     void follow(const std::stop_token& stop) {
-        // A check takes longer, so the pages show the changes first.
+        // A check takes longer, so the pages show changes before it and while it runs.
         bool isUnchecked = false;
+        std::future<void> check;
         while (!stop.stop_requested()) {
             std::set<std::filesystem::path> files = watch_.wait(kWatchTime);
             std::erase_if(files, [](const auto& file) { return !isReadByLibrary(file); });
-            try {
-                if (!files.empty()) {
-                    isUnchecked = true;
-                    pages_.update(files);
-                } else if (std::exchange(isUnchecked, false)) {
-                    pages_.check();
-                }
-            } catch (const std::exception&) {
+            if (!files.empty()) {
+                isUnchecked = true;
                 // The pages stay as they are until the next change.
+                platform::ignoreFailure([&] { pages_.update(files); });
+            } else if (isUnchecked && isDone(check)) {
+                isUnchecked = false;
+                check = startCheck();
             }
         }
+    }
+
+    static bool isDone(const std::future<void>& check) {
+        return !check.valid() || check.wait_for(0s) == std::future_status::ready;
+    }
+
+    std::future<void> startCheck() {
+        // After a failure, the findings stay as they are until the next change.
+        const auto check = [this] { platform::ignoreFailure([this] { pages_.check(); }); };
+        std::future<void> started = std::async(check);
+        if (started.wait_for(0s) == std::future_status::deferred)
+            started.wait(); // The system allows no further thread, so this one checks.
+        return started;
     }
 
     const Options options_;

@@ -8,6 +8,7 @@
 #include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
 
+#include <unordered_set>
 #include <utility>
 
 namespace refdoc {
@@ -31,6 +32,53 @@ void applyFolders(const Options& options, const HostServices& services) {
         disableSupportFolder();
 }
 
+// What a guard of this thread has chosen; null without one.
+thread_local std::shared_ptr<const HostServices> servicesOfThread;
+
+// Lets each thread have services of its own.
+class ServicesByThread final : public HostServices {
+public:
+    // \param others  for threads without a guard; not null
+    explicit ServicesByThread(std::shared_ptr<const HostServices> others)
+        : others_(std::move(others)) {}
+
+    std::shared_ptr<const HostServices> current() const {
+        return servicesOfThread ? servicesOfThread : others_;
+    }
+
+    std::u16string installPath() const override { return current()->installPath(); }
+    std::u16string docLanguage() const override { return current()->docLanguage(); }
+
+    std::vector<std::u16string> supportedDocLanguages() const override {
+        return current()->supportedDocLanguages();
+    }
+
+    std::vector<std::shared_ptr<const docproduct::TopLevelDocProduct>>
+    installedTopLevelDocProducts() const override {
+        return current()->installedTopLevelDocProducts();
+    }
+
+    std::u16string supportPackageRoot() const override { return current()->supportPackageRoot(); }
+
+    std::unordered_set<std::u16string>
+    installedHardwareSupportPackages(const std::u16string& root) const override {
+        return current()->installedHardwareSupportPackages(root);
+    }
+
+private:
+    std::shared_ptr<const HostServices> others_;
+};
+
+// Returns the services of this thread. Prepares those of the process for guards, which changes
+// nothing for threads without one.
+std::shared_ptr<const HostServices> preparedServices() {
+    const std::shared_ptr<const HostServices> services = platform::hostServices();
+    if (const auto* byThread = dynamic_cast<const ServicesByThread*>(services.get()))
+        return byThread->current();
+    platform::setHostServices(std::make_shared<ServicesByThread>(services));
+    return services;
+}
+
 } // namespace
 
 std::shared_ptr<const HostServices> selectedServices(const Options& options) {
@@ -49,10 +97,12 @@ void applyOptions(const Options& options) {
     // Some operations treat a host that fails like one without packages or languages. A malformed
     // manifest is reported here, so that it cannot look like an empty one.
     services->docLanguage();
-    platform::setHostServices(services);
+    // Prepared for guards of other threads, which must not replace new services by those of before.
+    platform::setHostServices(std::make_shared<ServicesByThread>(services));
     applyFolders(options, *services);
-    platform::setHostServices(std::make_shared<LanguageOverrides>(services, options.language,
-                                                                  selectedLanguages(options)));
+    platform::setHostServices(
+        std::make_shared<ServicesByThread>(std::make_shared<LanguageOverrides>(
+            services, options.language, selectedLanguages(options))));
     // Last, because a new support-package folder resets the test packages.
     if (options.installedProducts || options.supportPackages)
         DocResourceParser::setTestProducts(
@@ -62,13 +112,13 @@ void applyOptions(const Options& options) {
         expectSupportedLanguage(options);
 }
 
-LanguageGuard::LanguageGuard(const std::u16string& language) : services_(platform::hostServices()) {
-    platform::setHostServices(
-        std::make_shared<LanguageOverrides>(services_, language, std::nullopt));
+LanguageGuard::LanguageGuard(const std::u16string& language) : before_(servicesOfThread) {
+    servicesOfThread =
+        std::make_shared<LanguageOverrides>(preparedServices(), language, std::nullopt);
 }
 
 LanguageGuard::~LanguageGuard() {
-    platform::setHostServices(services_);
+    servicesOfThread = std::move(before_);
 }
 
 } // namespace refdoc

@@ -25,7 +25,8 @@ std::optional<std::vector<std::u16string>> selectedLanguages(const Options& opti
 ///                             not have needed it
 void applyOptions(const Options& options);
 
-/// Makes a language current while the object exists; it joins the supported languages.
+/// Makes a language current on this thread while the object exists; it joins the supported
+/// languages. Other threads keep theirs, also those that this one starts.
 class LanguageGuard {
 public:
     explicit LanguageGuard(const std::u16string& language);
@@ -34,7 +35,7 @@ public:
     LanguageGuard& operator=(const LanguageGuard&) = delete;
 
 private:
-    std::shared_ptr<const platform::HostServices> services_; // restored by the destructor
+    std::shared_ptr<const platform::HostServices> before_; // of this thread; restored at the end
 };
 
 } // namespace refdoc

@@ -56,18 +56,21 @@ private:
     const std::function<void(std::size_t)>& call_;
 };
 
-std::size_t threadsFor(std::size_t count) {
-    return std::min<std::size_t>(std::thread::hardware_concurrency(), count / kCallsPerThread);
-}
-
 } // namespace
 
 void forEachInParallel(std::size_t count, const std::function<void(std::size_t)>& call) {
+    forEachInParallel(count, count / kCallsPerThread, call);
+}
+
+void forEachInParallel(std::size_t count, std::size_t mostThreads,
+                       const std::function<void(std::size_t)>& call) {
+    const std::size_t threads =
+        std::min<std::size_t>({std::thread::hardware_concurrency(), mostThreads, count});
     Work work(count, call);
     {
         std::vector<std::jthread> others;
         try {
-            while (others.size() + 1 < threadsFor(count))
+            while (others.size() + 1 < threads)
                 others.emplace_back([&work] { work.run(); });
         } catch (const std::system_error&) {
             // The system allows no further thread; those that have started do the work.

@@ -14,4 +14,9 @@ namespace refdoc {
 /// \param call  is called on several threads at a time
 void forEachInParallel(std::size_t count, const std::function<void(std::size_t number)>& call);
 
+/// The same for calls that take so long, or so much memory, that the number of threads matters.
+/// \param mostThreads  the calling thread included
+void forEachInParallel(std::size_t count, std::size_t mostThreads,
+                       const std::function<void(std::size_t number)>& call);
+
 } // namespace refdoc

@@ -1,9 +1,11 @@
 #include "tools/refdoc/session/ProductNames.hpp"
 
 #include "docparser/DocResourceParser.hpp"
+#include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/SupportFolder.hpp"
 
-#include <set>
+#include <algorithm>
+#include <iterator>
 
 namespace refdoc {
 
@@ -31,6 +33,15 @@ std::vector<std::u16string> productNames() {
             names.insert(productOf(file, language));
     }
     return {names.begin(), names.end()};
+}
+
+std::set<std::u16string> productNames(const std::vector<std::u16string>& languages) {
+    std::set<std::u16string> names;
+    for (const std::u16string& language : languages) {
+        const LanguageGuard current(language);
+        std::ranges::move(productNames(), std::inserter(names, names.end()));
+    }
+    return names;
 }
 
 } // namespace refdoc

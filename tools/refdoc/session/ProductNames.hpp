@@ -2,6 +2,7 @@
 
 #include "docparser/DocResourceParser.hpp"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,5 +17,9 @@ std::u16string productOf(const reference::docparser::ProductPathData& file,
 /// support-package folder, in English or in the current language. Sorted, each once.
 /// \throws whatever the host services throw
 std::vector<std::u16string> productNames();
+
+/// Returns the names that productNames() returns in at least one of the languages.
+/// \throws whatever the host services throw
+std::set<std::u16string> productNames(const std::vector<std::u16string>& languages);
 
 } // namespace refdoc

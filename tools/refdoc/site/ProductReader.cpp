@@ -60,12 +60,9 @@ void readOrigins(SectionReader& reader, Edition& edition) {
 } // namespace
 
 std::set<std::u16string> siteProducts(const SiteLanguages& languages) {
-    std::set<std::u16string> names;
-    for (const SiteLanguage& language : languages) {
-        const LanguageGuard current(language.code);
-        std::ranges::move(productNames(), std::inserter(names, names.end()));
-    }
-    return names;
+    std::vector<std::u16string> codes;
+    std::ranges::transform(languages, std::back_inserter(codes), &SiteLanguage::code);
+    return productNames(codes);
 }
 
 Product readProduct(const std::u16string& name, const SiteLanguages& languages,

@@ -3,10 +3,11 @@
 #include "docparser/DocResourceParser.hpp"
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/html/Assets.hpp"
+#include "tools/refdoc/index/SearchIndex.hpp"
 #include "tools/refdoc/pages/Links.hpp"
-#include "tools/refdoc/pages/SearchIndex.hpp"
 #include "tools/refdoc/pages/SitePages.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/show/ShowCommand.hpp"
 #include "tools/refdoc/site/PageDirectory.hpp"
 #include "tools/refdoc/site/ProductReader.hpp"
@@ -31,6 +32,9 @@ using namespace reference::docparser;
 
 namespace {
 
+// At a time, because each needs the lookup index of its language.
+constexpr std::size_t kMostIndexes = 2;
+
 class SiteBuild {
 public:
     explicit SiteBuild(SiteFolder& output)
@@ -51,13 +55,14 @@ public:
             auto [product, failures] = next.get();
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
                 complaints.push_back(complaintAboutProduct(*name, failures));
-            product.findings = findings_.products[*name];
-            // This may change the language, which would disturb the reading.
-            paths_.choose(*name, product);
+            product.findings = std::move(findings_.products[*name]);
             if (const auto following = std::next(name); following != products.end())
                 next = startReading(*following);
+            paths_.choose(*name, product);
             addPages(*name, product);
             directory_.add(*name, product);
+            if (linked_.contains(*name)) // some of its pages are made later
+                findings_.products[*name] = std::move(product.findings);
             progress.step();
         }
     }
@@ -82,16 +87,10 @@ public:
 
     void addSearchIndexes(Progress& progress) {
         progress.begin("indexing", languages_.size());
-        for (const SiteLanguage& language : languages_) {
-            const LanguageGuard current(language.code);
-            makeSearchIndex(
-                DocResourceParser::getResourceLookupFiles(),
-                [&](const IndexEntry& entry) { return directory_.pageOf(language.code, entry); },
-                [&](const std::string& name, std::string_view content) {
-                    output_.add(language.search + name, content);
-                });
+        forEachInParallel(languages_.size(), kMostIndexes, [&](std::size_t number) {
+            addSearchIndex(languages_[number]);
             progress.step();
-        }
+        });
     }
 
     void addSharedFiles() {
@@ -118,6 +117,16 @@ private:
             read.product = readProduct(name, languages_, read.failures);
             return read;
         });
+    }
+
+    void addSearchIndex(const SiteLanguage& language) {
+        const LanguageGuard current(language.code);
+        makeSearchIndex(
+            DocResourceParser::getResourceLookupFiles(),
+            [&](const IndexEntry& entry) { return directory_.pageOf(language.code, entry); },
+            [&](const std::string& name, std::string_view content) {
+                output_.add(language.search + name, content);
+            });
     }
 
     auto languageOf(const Edition& edition) const {

@@ -7,11 +7,12 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <iterator>
 #include <stdexcept>
 #include <system_error>
-#include <vector>
+#include <utility>
 
 namespace refdoc::site {
 
@@ -84,14 +85,6 @@ std::string read(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-std::set<std::string> readList(const fs::path& file) {
-    std::set<std::string> paths;
-    std::ifstream stream(file, std::ios::binary);
-    for (std::string path; std::getline(stream, path);)
-        paths.insert(path);
-    return paths;
-}
-
 bool hasContent(const fs::path& file, std::string_view content) {
     std::error_code missing;
     return fs::is_regular_file(fs::symlink_status(file, missing)) &&
@@ -107,9 +100,46 @@ void close(std::ofstream& stream, const fs::path& file) {
 
 } // namespace
 
+// The paths in a list of files, in memory only while the list is used: a site may have millions.
+class SiteFolder::PathList {
+public:
+    // \param file  may be missing, which means no paths
+    explicit PathList(const fs::path& file) : text_(read(file)) {
+        std::string_view rest = text_;
+        for (std::size_t end = rest.find('\n'); end != rest.npos; end = rest.find('\n')) {
+            paths_.push_back(rest.substr(0, end));
+            rest.remove_prefix(end + 1);
+        }
+        std::ranges::sort(paths_);
+    }
+    PathList(const PathList&) = delete;
+    PathList& operator=(const PathList&) = delete;
+
+    bool contains(std::string_view path) const { return std::ranges::binary_search(paths_, path); }
+
+    // Returns the paths that another list lacks; valid as long as this object.
+    std::vector<std::string_view> without(const PathList& other) const {
+        std::vector<std::string_view> paths;
+        std::ranges::set_difference(paths_, other.paths_, std::back_inserter(paths));
+        return paths;
+    }
+
+    // Returns the text of a list with the paths in order.
+    std::string sortedText() const {
+        std::string text;
+        text.reserve(text_.size());
+        for (const std::string_view path : paths_)
+            text.append(path).append(1, '\n');
+        return text;
+    }
+
+private:
+    std::string text_;
+    std::vector<std::string_view> paths_; // in text_
+};
+
 SiteFolder::SiteFolder(const fs::path& folder, Others others)
     : folder_(prepared(folder)),
-      oldFiles_(readList(folder_ / kListName)),
       temporary_(kTemporaryPrefix, withoutAbandoned(folder_.parent_path())),
       lock_(locked(temporary_.path())),
       staged_(temporary_.path() / "site"),
@@ -122,11 +152,12 @@ SiteFolder::SiteFolder(const fs::path& folder, Others others)
 void SiteFolder::expectNoOthers() const {
     if (!fs::exists(folder_))
         return;
+    const PathList files(folder_ / kListName);
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder_)) {
         const std::u16string path = entry.path().lexically_relative(folder_).generic_u16string();
         const bool isFolder = entry.is_directory() && !entry.is_symlink();
         if (!isFolder && path != fl::i18n::to_ustring(kListName) &&
-            !oldFiles_.contains(fl::i18n::to_string(path)))
+            !files.contains(fl::i18n::to_string(path)))
             throw std::runtime_error(
                 fmt::format("{} contains {}, which is not a file of a site; name another folder, "
                             "or keep such files with --force",
@@ -148,12 +179,11 @@ void SiteFolder::add(const std::vector<SiteFile>& files) {
 }
 
 void SiteFolder::list(const std::string& path) {
+    const std::lock_guard lock(mutex_);
     list_ << path << '\n';
-    oldFiles_.erase(path);
     ++added_;
 }
 
-// Several threads may call this at a time.
 void SiteFolder::write(const std::string& path, std::string_view content) {
     if (hasContent(below(folder_, path), content))
         ++unchanged_;
@@ -175,7 +205,8 @@ void SiteFolder::stage(const std::string& path, std::string_view content) const 
 SiteChanges SiteFolder::publish() {
     const fs::path listFile = temporary_.path() / "list";
     close(list_, listFile);
-    const std::string list = read(listFile);
+    const PathList paths(listFile);
+    const std::string list = paths.sortedText();
     const bool isListChanged = !hasContent(folder_ / kListName, list);
     if (isListChanged)
         stage(std::string(kListName), list);
@@ -185,18 +216,19 @@ SiteChanges SiteFolder::publish() {
         fs::rename(staged_, folder_);
         return changes;
     }
+    const PathList oldPaths(folder_ / kListName);
     // Should the publication end early, the files of both sites are recognised later.
     if (isListChanged)
         std::ofstream(folder_ / kListName, std::ios::binary | std::ios::app) << list;
-    changes.removed = removeOldFiles();
+    changes.removed = removeFiles(oldPaths.without(paths));
     moveStagedFiles();
     return changes;
 }
 
-std::size_t SiteFolder::removeOldFiles() const {
+std::size_t SiteFolder::removeFiles(const std::vector<std::string_view>& paths) const {
     std::size_t removed = 0;
-    for (const std::string& path : oldFiles_) {
-        fs::path file = below(folder_, path);
+    for (const std::string_view path : paths) {
+        fs::path file = below(folder_, std::string(path));
         removed += fs::remove(file) ? 1 : 0;
         std::error_code notEmpty;
         do {

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <set>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,8 +34,8 @@ struct SiteChanges {
 /// The folder that a site is written to.
 ///
 /// New files wait in a temporary folder beside it until publish(); without that, the folder stays
-/// as it is. A hidden file in the folder lists the files of the site, so that the next publication
-/// can tell them from the files of others.
+/// as it is. A hidden file in the folder lists the files of the site in order, so that the next
+/// publication can tell them from the files of others.
 class SiteFolder {
 public:
     /// The file that lists the others.
@@ -51,7 +51,8 @@ public:
     /// \throws std::filesystem::filesystem_error  a folder cannot be read or created
     SiteFolder(const std::filesystem::path& folder, Others others);
 
-    /// Adds a file. One that is already there with this content is not written.
+    /// Adds a file. One that is already there with this content is not written. Any thread may
+    /// call, and several at a time.
     /// \param path  as in a SiteFile. Each path is added once.
     /// \throws std::filesystem::filesystem_error  the file cannot be written
     void add(const std::string& path, std::string_view content);
@@ -69,18 +70,20 @@ public:
     SiteChanges publish();
 
 private:
+    class PathList;
+
     void expectNoOthers() const;
     void list(const std::string& path);
     void write(const std::string& path, std::string_view content);
     void stage(const std::string& path, std::string_view content) const;
     void moveStagedFiles();
-    std::size_t removeOldFiles() const;
+    std::size_t removeFiles(const std::vector<std::string_view>& paths) const;
 
     std::filesystem::path folder_;
-    std::set<std::string> oldFiles_; // of the present site, except those that were added again
     platform::TemporaryFolder temporary_;
     boost::interprocess::file_lock lock_; // held for as long as the temporary folder is in use
     std::filesystem::path staged_;        // as the folder of the site, with the new files only
+    std::mutex mutex_;                    // guards list_ and added_
     std::ofstream list_;                  // of the added files
     std::size_t added_ = 0;
     std::atomic<std::size_t> unchanged_ = 0;

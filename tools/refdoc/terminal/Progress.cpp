@@ -30,6 +30,7 @@ void Progress::begin(std::string_view stage, std::size_t steps) {
 }
 
 void Progress::step() {
+    const std::lock_guard lock(mutex_);
     ++done_;
     if (!isShown_)
         return;

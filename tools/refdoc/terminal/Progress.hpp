@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,8 @@ public:
 
     /// Begins a stage with this number of steps.
     void begin(std::string_view stage, std::size_t steps);
+
+    /// Any thread may call.
     void step();
 
     /// Returns the bar of a state, without control characters.
@@ -28,6 +31,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     bool isShown_;
+    std::mutex mutex_; // guards the members below while a stage takes its steps
     bool isDrawn_ = false;
     Clock::time_point nextDrawing_;
     std::string stage_;

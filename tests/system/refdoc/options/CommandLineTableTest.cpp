@@ -4,6 +4,9 @@ namespace refdoc_tests {
 namespace {
 
 constexpr std::size_t kCompared = 40; // characters of the first line of the output
+constexpr auto kNoCommand =
+    "a command is needed: show, lookup, products, explain, check, search, site, serve, "
+    "translations, diff, git-diff or help";
 constexpr auto kVersionLine = "refdoc " REFDOC_VERSION;
 
 // A command line, its exit status, the start of its output, and its complaint, if there is one,
@@ -44,11 +47,7 @@ protected:
 
 TEST_F(CommandLineTableTest, OneCommandWithItsArguments) {
     expectOutcomes({
-        {{},
-         2,
-         "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+        {{}, 2, "", kNoCommand},
         {{"products"}, 0, "Folders", ""},
         {{"show"}, 2, "", "show needs a PRODUCT"},
         {{"show", "Orchard"}, 0, "orchard name", ""},
@@ -90,11 +89,7 @@ TEST_F(CommandLineTableTest, OptionsWithValues) {
         {{"lookup", "x", "--lang", "ja"}, 1, "", noEntry("x")},
         {{"--lang", "--json", "lookup", "x"}, 1, "", noEntry("x")},
         {{"--lang", "-x", "lookup", "x"}, 1, "", noEntry("x")},
-        {{"--lang", "lookup"},
-         2,
-         "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+        {{"--lang", "lookup"}, 2, "", kNoCommand},
         {{"--lang", "lookup", "lookup", "x"}, 1, "", noEntry("x")},
         {{"lookup", "--lang", "--"}, 2, "", "--lang needs a value"},
         {{"--lang=a=b", "lookup", "x"}, 1, "", noEntry("x")},
@@ -158,11 +153,7 @@ TEST_F(CommandLineTableTest, OptionsWithoutValues) {
         {{"--no-pager=x", "lookup", "x"}, 1, "", noEntry("x")},
         {{"check", "--rules=x"}, 0, "malformed-json                   error  ", ""},
         {{"check", "--rules=false"}, 0, "malformed-json                   error  ", ""},
-        {{"--json"},
-         2,
-         "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+        {{"--json"}, 2, "", kNoCommand},
         {{"--json", "true", "lookup"}, 2, "", "unknown command \"true\""},
         {{"lookup", "--json", "true"}, 1, "{", noEntry("true")},
         {{"--json", "--jsonl", "lookup"}, 2, "", "--json and --jsonl cannot be combined"},
@@ -259,11 +250,7 @@ TEST_F(CommandLineTableTest, NamesWithSpecialCharactersAndAfterDashes) {
         {{"show", "Orchard", "--lang", "--"}, 2, "", "--lang needs a value"},
         {{"show", "Orchard", "--"}, 0, "orchard name", ""},
         {{"--lang", "--", "ja", "lookup", "x"}, 2, "", "the command lookup must precede \"--\""},
-        {{"--"},
-         2,
-         "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+        {{"--"}, 2, "", kNoCommand},
         {{"[a]"}, 2, "", "unknown command \"[a]\""},
         {{"show", "Orchard", ""},
          1,
@@ -378,11 +365,7 @@ TEST_F(CommandLineTableTest, HelpAndVersion) {
         {{"--bad", "--version"}, 0, kVersionLine, ""},
         {{"list", "--version"}, 0, kVersionLine, ""},
         {{"--help", "--lang"}, 2, "", "--lang needs a value"},
-        {{"--lang", "--help"},
-         2,
-         "",
-         "a command is needed: show, lookup, products, explain, check, search, site, serve or "
-         "help"},
+        {{"--lang", "--help"}, 2, "", kNoCommand},
         {{"--version", "--lang"}, 2, "", "--lang needs a value"},
         {{"--help", "--color", "pink"},
          2,

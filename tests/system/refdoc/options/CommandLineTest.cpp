@@ -14,8 +14,8 @@ using Arguments = std::vector<std::string>;
 
 TEST(CommandLineTest, HelpIsAlsoACommand) {
     EXPECT_EQ(runProgram({"help"}), runProgram({"--help"}));
-    for (const char* command :
-         {"show", "lookup", "products", "explain", "check", "search", "site", "serve", "help"})
+    for (const char* command : {"show", "lookup", "products", "explain", "check", "search", "site",
+                                "serve", "diff", "git-diff", "help"})
         EXPECT_EQ(runProgram({"help", command}), runProgram({command, "--help"})) << command;
     EXPECT_EQ(runProgram({"help", "shwo"}),
               (Outcome{2, "",
@@ -88,10 +88,10 @@ TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
 }
 
 TEST(CommandLineTest, CommandIsRequired) {
-    EXPECT_EQ(runProgram({}),
-              (Outcome{2, "",
-                       "refdoc: a command is needed: show, lookup, products, "
-                       "explain, check, search, site, serve or help; see refdoc --help\n"}));
+    EXPECT_EQ(runProgram({}), (Outcome{2, "",
+                                       "refdoc: a command is needed: show, lookup, products, "
+                                       "explain, check, search, site, serve, translations, diff, "
+                                       "git-diff or help; see refdoc --help\n"}));
 }
 
 class CommandLineOrderTest : public RefdocTest {};

@@ -280,6 +280,32 @@ class ChangeTest(ServeTest):
             os.replace(new, path)
         self.assert_shown_soon(ITEM, "Press pears", save)
 
+    def test_pages_are_served_while_files_are_checked(self):
+        self.add_large_product()
+        self.server.wait_for_page("/", "Large")
+        self.server.replace(f'"{PURPOSE}"', f'"{PURPOSE}", "refpurpos": ""')
+        start = end = time.monotonic()
+        longest = 0
+        has_finding = False
+        while not has_finding:
+            begin = end
+            has_finding = "refpurpos&quot;" in self.server.page(ITEM)
+            end = time.monotonic()
+            longest = max(longest, end - begin)
+            self.assertLess(end - start, 60)
+        seconds = end - start
+        print(f"findings after {seconds:.3f} s, pages after at most {longest:.3f} s", file=sys.stderr)
+        self.assertLess(longest, seconds / 2)
+
+    def add_large_product(self):
+        """Adds a product whose check takes much longer than a page."""
+        items = [{"href": f"{number}.html", "refpurpose": "page", "refentity": [{"name": f"n{number}"}]}
+                 for number in range(60_000)]
+        section = {"productName": "Large", "baseCode": "LA", "helpFolder": "large", "helpLocation": "help/large",
+                   "refItems": items}
+        path = self.server.folder / "help/docCatalog/referenceapi/Large.json"
+        path.write_text(json.dumps(section), encoding="utf-8")
+
     def test_new_and_removed_products_are_shown(self):
         path = self.server.folder / "help/docCatalog/referenceapi/Press.json"
         section = {"productName": "New Press", "baseCode": "PR", "helpFolder": "press", "helpLocation": "help/press",

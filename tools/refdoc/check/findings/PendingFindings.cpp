@@ -133,10 +133,12 @@ void PendingFindings::add(const Rule& rule, FileRole role, const std::u16string&
 
 void PendingFindings::report(const FileAccount& account, const json::value& document,
                              std::vector<Finding>& findings) {
-    auto& pending = sections_[account.role];
+    const auto pending = sections_.find(account.role);
+    if (pending == sections_.end())
+        return;
     for (const SectionAccount& section : account.sections) {
-        const auto found = pending.find(section.key);
-        if (section.fate != SectionFate::KeyTaken && found != pending.end())
+        const auto found = pending->second.find(section.key);
+        if (section.fate != SectionFate::KeyTaken && found != pending->second.end())
             SectionReport(section, found->second, ++sectionCount_, findings)
                 .run(account.role, document);
     }

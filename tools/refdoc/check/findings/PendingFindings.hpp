@@ -5,6 +5,7 @@
 
 #include <boost/json/value.hpp>
 
+#include <atomic>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -37,7 +38,8 @@ public:
              const RecordKey& record, Reporter reporter, std::string message,
              std::string cause = {});
 
-    /// Adds to `findings` what is pending about the records of a file.
+    /// Adds to `findings` what is pending about the records of a file. Several threads may call at
+    /// a time, with files that have different roles or no section in common.
     /// \param account   of the file, which the library has read
     /// \param document  the file's content
     void report(const reference::docparser::FileAccount& account,
@@ -57,7 +59,7 @@ private:
     class SectionReport;
 
     std::map<reference::docparser::FileRole, std::map<std::u16string, Section>> sections_;
-    std::size_t sectionCount_ = 0; // sections of files that were compared
+    std::atomic<std::size_t> sectionCount_ = 0; // sections of files that were compared
 };
 
 } // namespace refdoc::check

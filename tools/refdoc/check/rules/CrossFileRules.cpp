@@ -62,6 +62,10 @@ bool isAnythingInstalled() {
            !DocResourceParser::getHardwareSupportPackages()->empty();
 }
 
+bool hasPage(const FullSection& section, const std::u16string& href) {
+    return std::ranges::binary_search(section.pages, href, {}, &Page::href);
+}
+
 // Finds what does not fit together in one language.
 class CrossFileCheck {
 public:
@@ -75,8 +79,6 @@ public:
                 checkLookup(key, section);
         }
         forEachFullSection([&](const auto& key, const auto& section) { checkPages(key, section); });
-        forEachTarget(
-            [&](std::u16string_view, std::u16string_view href) { targets_.insert(href); });
         forEachFullSection([&](const auto& key, const auto& section) { checkLinks(key, section); });
     }
 
@@ -116,7 +118,12 @@ private:
     }
 
     bool isTarget(std::u16string_view helpLocation, const std::u16string& link) {
-        if (targets_.contains(link))
+        if (!targets_) {
+            targets_.emplace();
+            forEachTarget(
+                [&](std::u16string_view, std::u16string_view href) { targets_->insert(href); });
+        }
+        if (targets_->contains(link))
             return true;
         if (!locatedTargets_) {
             locatedTargets_.emplace();
@@ -145,13 +152,10 @@ private:
 
     void checkRecords(const std::u16string& key, const LookupSection& lookup,
                       const FullSection& full) {
-        std::unordered_set<std::u16string_view> pages;
-        for (const Page& page : full.pages)
-            pages.insert(page.href);
         const std::string product = to_string(lookup.resource.header.getProduct());
         forEachRecord(lookup, [&](const std::u16string& name, const auto& record) {
             const std::u16string& href = record.getHref();
-            if (!pages.contains(href))
+            if (!hasPage(full, href))
                 pending_.add(
                     kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
                     Reporter::EveryFile,
@@ -189,7 +193,8 @@ private:
 
     void checkLinks(const std::u16string& key, const FullSection& section) {
         for (const std::u16string& link : section.links) {
-            if (!leavesDocumentation(link) && !isTarget(section.helpLocation, link))
+            if (!hasPage(section, link) && !leavesDocumentation(link) &&
+                !isTarget(section.helpLocation, link))
                 pending_.add(
                     kBrokenLink, FileRole::Resources, key, {.link = link}, Reporter::EveryFile,
                     fmt::format("no product has an item with the link \"{}\"", to_string(link)));
@@ -203,7 +208,8 @@ private:
 
     const LanguageContents& contents_;
     PendingFindings& pending_;
-    std::unordered_set<std::u16string_view> targets_; // links as they are written
+    // All links as they are written; needed only for a link that its own section does not have.
+    std::optional<std::unordered_set<std::u16string_view>> targets_;
     // Links resolved against their help location; needed only for a link that is not in targets_.
     std::optional<std::unordered_set<std::u16string>> locatedTargets_;
 };

@@ -7,8 +7,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
-#include <mutex>
 #include <unordered_set>
 #include <utility>
 
@@ -51,7 +49,8 @@ void moveLookups(ResourceMap<RefItemLookup>& resources, bool isInstalled,
         contents.lookups.insert_or_assign(key, LookupSection{isInstalled, std::move(resource)});
 }
 
-void retrieveLookups(LanguageContents& contents) {
+void retrieveLookups(const std::u16string& language, LanguageContents& contents) {
+    const LanguageGuard current(language);
     const LoadAccount::Scope scope(contents.account);
     auto lookups = DocResourceParser::getResourceLookupFiles();
     moveLookups(lookups.installed, /*isInstalled=*/true, contents);
@@ -63,7 +62,8 @@ struct ProductContents {
     std::map<std::u16string, FullSection> sections{};
 };
 
-ProductContents retrieveProduct(const std::u16string& product) {
+ProductContents retrieveProduct(const std::u16string& product, const std::u16string& language) {
+    const LanguageGuard current(language);
     ProductContents contents;
     const LoadAccount::Scope scope(contents.account);
     try {
@@ -101,26 +101,20 @@ bool LanguageContents::hasNames() const {
 }
 
 void addFullProducts(const std::vector<std::u16string>& languages, ProductNames& names) {
-    for (const std::u16string& language : languages) {
-        const LanguageGuard current(language);
-        std::ranges::move(productNames(), std::inserter(names, names.end()));
-    }
+    names.merge(productNames(languages));
 }
 
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
                                   const std::function<void()>& step) {
-    const LanguageGuard current(language);
     LanguageContents contents;
-    retrieveLookups(contents);
+    retrieveLookups(language, contents);
     step();
     for (const auto& [key, section] : contents.lookups)
         names.insert(section.resource.header.getProduct());
     const std::vector<std::u16string> products(names.begin(), names.end());
     std::vector<ProductContents> retrieved(products.size());
-    std::mutex stepping;
     forEachInParallel(products.size(), [&](std::size_t number) {
-        retrieved[number] = retrieveProduct(products[number]);
-        const std::lock_guard lock(stepping);
+        retrieved[number] = retrieveProduct(products[number], language);
         step();
     });
     for (std::size_t number = 0; number < products.size(); ++number) {

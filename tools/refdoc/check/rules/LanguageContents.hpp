@@ -21,7 +21,7 @@ struct Page {
 /// products would not fit into memory together.
 struct FullSection {
     std::u16string helpLocation;
-    std::vector<Page> pages;
+    std::vector<Page> pages;           ///< by href
     std::vector<std::u16string> links; ///< the distinct see-also links of all items
 };
 
@@ -52,7 +52,7 @@ void addFullProducts(const std::vector<std::u16string>& languages, ProductNames&
 
 /// Retrieves everything in one language, under a load account.
 /// \param names  the products to retrieve; products of the lookup index are added
-/// \param step   called after each retrieval
+/// \param step   called after each retrieval, on several threads at a time
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
                                   const std::function<void()>& step);
 

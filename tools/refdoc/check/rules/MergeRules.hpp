@@ -29,7 +29,8 @@ public:
     void add(const reference::docparser::LoadAccount& account,
              const std::vector<SourceFile>& sources);
 
-    /// Reads the records that are compared from a file, after all accounts have been added.
+    /// Reads the records that are compared from a file, after all accounts have been added. Several
+    /// threads may call at a time, with different files.
     /// \param sections  the file's sections, as the library read them
     /// \returns         the locations of these records, whose positions the caller finds; valid
     ///                  as long as this object

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <mutex>
+#include <set>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace refdoc {
@@ -16,6 +20,21 @@ TEST(ParallelTest, CallsWithEachNumberOnce) {
         forEachInParallel(count, [&](std::size_t number) { ++calls[number]; });
         for (std::size_t number = 0; number < count; ++number)
             EXPECT_EQ(calls[number], 1) << number << " of " << count;
+    }
+}
+
+TEST(ParallelTest, UsesNoMoreThreadsThanAllowed) {
+    for (const std::size_t mostThreads : {0U, 1U, 2U}) {
+        std::mutex mutex; // guards threads
+        std::set<std::thread::id> threads;
+        std::atomic<std::size_t> calls = 0;
+        forEachInParallel(100, mostThreads, [&](std::size_t) {
+            ++calls;
+            const std::lock_guard lock(mutex);
+            threads.insert(std::this_thread::get_id());
+        });
+        EXPECT_EQ(calls, 100U);
+        EXPECT_LE(threads.size(), std::max<std::size_t>(mostThreads, 1));
     }
 }
 

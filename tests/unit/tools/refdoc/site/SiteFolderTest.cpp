@@ -1,6 +1,7 @@
 #include "tools/refdoc/site/SiteFolder.hpp"
 
 #include "tests/support/TemporaryFolder.hpp"
+#include "tools/refdoc/session/Parallel.hpp"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -117,14 +118,15 @@ TEST_F(SiteFolderTest, WithoutPublicationTheOldSiteStays) {
 
 TEST_F(SiteFolderTest, ContentsMadeOnSeveralThreadsAreListedInOrder) {
     std::vector<SiteFile> files;
-    std::string list;
     Files expected;
     for (int number = 0; number < 500; ++number) {
         const std::string path = fmt::format("{}/{}.html", number % 7, number);
         files.push_back({path, [path] { return "content of " + path; }});
-        list += path + '\n';
         expected[path] = "content of " + path;
     }
+    std::string list;
+    for (const auto& [path, content] : expected)
+        list += path + '\n';
     expected[".refdoc-site"] = list;
     for (const SiteChanges& changes : {SiteChanges{500, 0, 0}, SiteChanges{0, 500, 0}}) {
         SiteFolder site(out_, Others::Refused);
@@ -132,6 +134,31 @@ TEST_F(SiteFolderTest, ContentsMadeOnSeveralThreadsAreListedInOrder) {
         EXPECT_EQ(site.publish(), changes);
         EXPECT_EQ(contentOf(out_), expected);
     }
+}
+
+TEST_F(SiteFolderTest, SeveralThreadsAddFilesToTheSameSite) {
+    const auto nameOf = [](std::size_t number) { return fmt::format("{:03}.html", number); };
+    std::string list;
+    for (std::size_t number = 0; number < 200; ++number)
+        list += nameOf(number) + '\n';
+    for (const SiteChanges& changes : {SiteChanges{200, 0, 0}, SiteChanges{0, 200, 0}}) {
+        SiteFolder site(out_, Others::Refused);
+        forEachInParallel(200, [&](std::size_t number) { site.add(nameOf(number), "a"); });
+        EXPECT_EQ(site.publish(), changes);
+        EXPECT_EQ(contentOf(out_).at(".refdoc-site"), list);
+    }
+}
+
+TEST_F(SiteFolderTest, TheOrderInWhichFilesAreAddedChangesNothing) {
+    publish({{"a.html", "a"}, {"b.html", "b"}});
+    const auto old = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    fs::last_write_time(out_ / ".refdoc-site", old);
+    const auto oldOnDisk = fs::last_write_time(out_ / ".refdoc-site");
+    SiteFolder site(out_, Others::Refused);
+    site.add("b.html", "b");
+    site.add("a.html", "a");
+    EXPECT_EQ(site.publish(), (SiteChanges{0, 2, 0}));
+    EXPECT_EQ(fs::last_write_time(out_ / ".refdoc-site"), oldOnDisk);
 }
 
 TEST_F(SiteFolderTest, FailureToMakeContentLeavesOldSite) {

@@ -1,7 +1,6 @@
-#include "tools/refdoc/pages/IndexTable.hpp"
+#include "tools/refdoc/index/IndexTable.hpp"
 
-#include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/json/JsonText.hpp"
+#include "tools/refdoc/index/JsonStrings.hpp"
 #include "tools/refdoc/search/CodePoints.hpp"
 
 #include <fmt/format.h>
@@ -24,25 +23,6 @@ constexpr std::size_t kMostShared = 44;
 constexpr char digitOf(std::uint32_t value) {
     const char digit = static_cast<char>('#' + value);
     return digit < '\\' ? digit : static_cast<char>(digit + 1);
-}
-
-bool isPlain(char16_t unit) {
-    return unit >= u' ' && unit <= u'~' && unit != u'"' && unit != u'\\';
-}
-
-// Returns a JSON string. Most keys need no escapes, and there are millions of them.
-std::string jsonString(std::string text, std::u16string_view rest) {
-    if (!std::ranges::all_of(rest, isPlain)) {
-        text += fl::i18n::to_string(std::u16string(rest));
-        text = toJsonLine(boost::json::value(text));
-        text.pop_back(); // the line feed
-        return text;
-    }
-    text.insert(text.begin(), '"');
-    for (const char16_t unit : rest)
-        text += static_cast<char>(unit);
-    text += '"';
-    return text;
 }
 
 void appendItem(std::string_view json, std::string& items) {
@@ -92,19 +72,24 @@ IndexTable::IndexTable(std::string name, std::size_t largestPart, const AddFile&
     : name_(std::move(name)), largestPart_(largestPart), addFile_(addFile) {}
 
 std::size_t IndexTable::add(std::u16string_view key, std::string_view numbers) {
-    const auto rowAfter = [&](std::size_t sharedCount) {
-        std::string start;
-        appendNumber(static_cast<std::uint32_t>(sharedCount), start);
-        return jsonString(start.append(numbers) + ' ', key.substr(sharedCount));
-    };
-    std::string row = rowAfter(std::min(countShared(lastKey_, key), kMostShared));
-    if (partCount_ == 0 || rows_.size() + row.size() > largestPart_ - kOverhead) {
+    setRow(std::min(countShared(lastKey_, key), kMostShared), key, numbers);
+    if (partCount_ == 0 || rows_.size() + row_.size() > largestPart_ - kOverhead) {
         startPart(key);
-        row = rowAfter(0);
+        setRow(0, key, numbers);
     }
-    appendItem(row, rows_);
+    appendItem(row_, rows_);
     lastKey_ = key;
     return partCount_ - 1;
+}
+
+void IndexTable::setRow(std::size_t sharedCount, std::u16string_view key,
+                        std::string_view numbers) {
+    row_ = '"';
+    appendNumber(static_cast<std::uint32_t>(sharedCount), row_);
+    row_ += numbers;
+    row_ += ' ';
+    appendJson(key.substr(sharedCount), row_);
+    row_ += '"';
 }
 
 std::string IndexTable::finish() {
@@ -118,7 +103,9 @@ std::string IndexTable::finish() {
 void IndexTable::startPart(std::u16string_view key) {
     if (partCount_ > 0)
         finishPart();
-    const std::string separator = jsonString({}, separatorOf(lastKey_, key));
+    std::string separator = "\"";
+    appendJson(separatorOf(lastKey_, key), separator);
+    separator += '"';
     if (separators_.size() + separator.size() > kLargestPart - kOverhead)
         finishDirectory();
     if (separators_.empty()) {

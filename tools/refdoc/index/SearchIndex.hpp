@@ -1,7 +1,7 @@
 #pragma once
 
 #include "docparser/Queries.hpp"
-#include "tools/refdoc/pages/IndexTable.hpp"
+#include "tools/refdoc/index/IndexTable.hpp"
 
 #include <functional>
 #include <string>

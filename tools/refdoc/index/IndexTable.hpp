@@ -21,7 +21,7 @@ using AddFile = std::function<void(const std::string& name, std::string_view con
 /// \throws std::length_error  the file would be larger than kLargestPart
 void addPart(const AddFile& addFile, const std::string& name, std::string_view json);
 
-/// Appends a number in the digits that decodeNumbers() in `search.js` reads: one to five characters
+/// Appends a number in the digits that numbersIn() in `tables.js` reads: one to five characters
 /// of ASCII that JSON does not escape.
 void appendNumber(std::uint32_t number, std::string& text);
 
@@ -47,6 +47,7 @@ public:
     std::string finish();
 
 private:
+    void setRow(std::size_t sharedCount, std::u16string_view key, std::string_view numbers);
     void startPart(std::u16string_view key);
     void finishPart();
     void finishDirectory();
@@ -55,6 +56,7 @@ private:
     std::size_t largestPart_;
     const AddFile& addFile_;
     std::u16string lastKey_;
+    std::string row_; // keeps its memory from one row to the next, because there are millions
     std::string rows_;
     std::size_t partCount_ = 0; // including the part that is being filled
     std::string separators_;
