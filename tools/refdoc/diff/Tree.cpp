@@ -39,7 +39,7 @@ bool isDamaged(const FileAccount& file) {
 }
 
 std::string entryOf(const FileAccount& file) {
-    return file.entry.empty() ? "" : "!" + toUtf8(file.entry);
+    return file.entry.empty() ? "" : fmt::format("!{}", toUtf8(file.entry));
 }
 
 std::string errorOf(const FileAccount& file) {

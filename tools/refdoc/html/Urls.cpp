@@ -48,7 +48,9 @@ std::optional<std::string> webUrl(std::string_view url) {
     if (!boost::istarts_with(url, "http://") && !boost::istarts_with(url, "https://"))
         return std::nullopt;
     // A '%' stays, because it usually begins an encoded character.
-    return boost::replace_all_copy(urls::encode(url, kUrlChars), "%25", "%");
+    std::string encoded = urls::encode(url, kUrlChars);
+    boost::replace_all(encoded, "%25", "%");
+    return encoded;
 }
 
 } // namespace refdoc::html

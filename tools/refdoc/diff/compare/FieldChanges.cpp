@@ -24,8 +24,9 @@ std::vector<std::string> keysOf(const json::array& elements, std::size_t keyInde
     keys.reserve(elements.size());
     for (const json::value& element : elements) {
         const json::string* key = keyOf(element, keyIndex);
-        keys.push_back(key == nullptr ? std::string()
-                                      : "=" + std::string(key->data(), key->size()));
+        std::string& copy = keys.emplace_back();
+        if (key != nullptr)
+            copy.append(1, '=').append(key->data(), key->size());
     }
     return keys;
 }

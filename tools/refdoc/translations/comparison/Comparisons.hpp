@@ -14,9 +14,11 @@ namespace refdoc::translations {
 /// has at least one text that its English item does not have; if the English item has no text,
 /// there is nothing to translate. An item is out of step if the inputs, outputs, syntaxes,
 /// properties or parameters have other names or another order, or the syntaxes another wording;
-/// texts, allowed values and defaults are not compared. The fields have the names that `refdoc show
-/// --json` prints. \param english      the English file alone \param translation  the language file
-/// alone
+/// texts, allowed values and defaults are not compared. The fields have the names that
+/// `refdoc show --json` prints.
+///
+/// \param english      the English file alone
+/// \param translation  the language file alone
 Comparison
 compareItems(const reference::docparser::ResourceMap<reference::property::RefItem>& english,
              const reference::docparser::ResourceMap<reference::property::RefItem>& translation);

@@ -3,7 +3,6 @@
 #include "tools/refdoc/translations/formats/EntryWords.hpp"
 #include "tools/refdoc/translations/formats/ReportFormats.hpp"
 
-#include <boost/algorithm/string/join.hpp>
 #include <boost/algorithm/string/replace.hpp>
 #include <fmt/format.h>
 
@@ -45,7 +44,7 @@ std::string csvField(const std::string& field) {
 
 std::string csvLine(Fields fields) {
     std::ranges::transform(fields, fields.begin(), csvField);
-    return boost::algorithm::join(fields, ",") + '\n';
+    return fmt::format("{}\n", fmt::join(fields, ","));
 }
 
 std::string csvNumbers(const Report& report) {
