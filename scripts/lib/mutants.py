@@ -1,8 +1,10 @@
 """Finds the places in a C++ source where a small change alters what the program does, and draws some of them."""
 
 import collections
-import dataclasses
+import functools
+import random
 import re
+from itertools import pairwise
 
 from clang.cindex import CursorKind, TranslationUnit, TypeKind
 
@@ -16,18 +18,12 @@ CONDITIONAL = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.CONDITIONAL
 # A function needs its declarations and its result; the others have no effect of their own.
 KEPT_STATEMENTS = {CursorKind.DECL_STMT, CursorKind.RETURN_STMT, CursorKind.COMPOUND_STMT,
                    CursorKind.NULL_STMT, CursorKind.CASE_STMT, CursorKind.DEFAULT_STMT}
+# Tokens that the syntax tree does not show well.
+PATTERNS = {"drop a lock": rb"\b(const )?std::(lock_guard|\w+_lock)\b[^;]*", "drop a noexcept": rb"\bnoexcept\b(?! ?\()"}
 
 
-@dataclasses.dataclass(frozen=True, order=True)
-class Change:
+class Change(collections.namedtuple("Change", "line column operator begin end text")):
     """One change: a range of bytes of the source, and what replaces it."""
-
-    line: int
-    column: int
-    operator: str
-    begin: int
-    end: int
-    text: bytes
 
     def apply(self, source):
         """Returns the changed source. Its other lines keep their numbers, which objects may contain."""
@@ -52,8 +48,7 @@ class Finder:
     """Collects the changes of one source on a walk through its syntax tree."""
 
     def __init__(self, source):
-        self.source = source
-        self.changes = set()
+        self.source, self.changes = source, set()
 
     def text(self, begin, end):
         return self.source[begin:end].decode()
@@ -68,76 +63,44 @@ class Finder:
         if kind in FUNCTIONS:
             # The type that a lambda returns is not known here.
             function = cursor if kind != CursorKind.LAMBDA_EXPR else None
-            self.drop_noexcept(cursor, children)
         elif kind == CursorKind.COMPOUND_STMT:
             self.change_statements(children, function)
         elif kind == CursorKind.CXX_CATCH_STMT:
             self.add("drop a catch", *bounds(children[-1]), "{ throw; }")
-        elif kind in CONDITIONAL:
-            self.negate_condition(children)
-        elif kind == CursorKind.BINARY_OPERATOR:
-            self.shift_comparison(children)
-        elif kind == CursorKind.CALL_EXPR:
-            self.change_call(cursor)
+        elif kind in CONDITIONAL and children[0].kind.is_expression():
+            self.add("negate a condition", *bounds(children[0]), f"!({self.text(*bounds(children[0]))})")
+        elif kind in (CursorKind.BINARY_OPERATOR, CursorKind.CALL_EXPR):
+            operands = list(cursor.get_arguments()) or children
+            self.change_neighbours(operands, [bounds(operand) for operand in operands])
         else:
             self.change_value(cursor, *bounds(cursor))
         for child in children:
             self.visit(child, function)
 
-    def drop_noexcept(self, function, children):
-        bodies = [child for child in children if child.kind == CursorKind.COMPOUND_STMT]
-        if bodies:
-            begin, end = bounds(function)[0], bounds(bodies[-1])[0]
-            for found in re.finditer(rb"\bnoexcept\b(?!\s*\()", self.source[begin:end]):
-                self.add("drop a noexcept", begin + found.start(), begin + found.end(), "")
-
     def change_statements(self, statements, function):
-        ranges = [(bounds(statement)[0], self.end_of_statement(statement)) for statement in statements]
+        ranges = [(begin, end + re.match(rb"(\s*;)?", self.source[end:]).end())
+                  for begin, end in map(bounds, statements)]
         for statement, (begin, end) in zip(statements, ranges):
             if statement.kind not in KEPT_STATEMENTS:
                 self.add("drop a statement", begin, end, ";")
-            elif re.match(r"(const )?std::(lock_guard|\w+_lock)\b", self.text(begin, end)):
-                self.add("drop a lock", begin, end, ";")
             if function and statement.kind != CursorKind.RETURN_STMT:
                 is_void = function.result_type.kind == TypeKind.VOID
                 self.add("return early", begin, begin, "return; " if is_void else "return {}; ")
-        for index in range(len(statements) - 1):
-            if all(statement.kind.is_expression() for statement in statements[index:index + 2]):
-                self.swap("reorder two calls", *ranges[index:index + 2])
+        self.change_neighbours(statements, ranges)
 
-    def end_of_statement(self, statement):
-        end = bounds(statement)[1]
-        return end + re.match(rb"(\s*;)?", self.source[end:]).end()
-
-    def swap(self, operator, first, second):
-        (begin, middle), (start, end) = first, second
-        if begin < middle <= start < end:
-            text = self.text
-            self.add(operator, begin, end, text(start, end) + text(middle, start) + text(begin, middle))
-
-    def negate_condition(self, children):
-        conditions = [bounds(child) for child in children if child.kind.is_expression()]
-        if conditions and all(child.kind != CursorKind.VAR_DECL for child in children):
-            self.add("negate a condition", *conditions[0], f"!({self.text(*conditions[0])})")
-
-    def shift_comparison(self, operands):
-        if len(operands) == 2:
-            begin, end = bounds(operands[0])[1], bounds(operands[1])[0]
-            between = self.text(begin, end)
+    def change_neighbours(self, cursors, ranges):
+        for (first, second), ((begin, middle), (start, end)) in zip(pairwise(cursors), pairwise(ranges)):
+            between = self.text(middle, start)
+            swapped = self.text(start, end) + between + self.text(begin, middle)
             for operator in COMPARISONS.get(between.strip(), []):
-                self.add("shift a comparison", begin, end, between.replace(between.strip(), operator))
-
-    def change_call(self, call):
-        arguments = list(call.get_arguments())
-        if call.spelling.startswith("operator"):
-            self.shift_comparison(arguments)
-            return
-        for first, second in zip(arguments, arguments[1:]):
-            if plain_type(first) == plain_type(second):
-                self.swap("swap two arguments", bounds(first), bounds(second))
+                self.add("shift a comparison", middle, start, between.replace(between.strip(), operator))
+            if between.startswith(",") and plain_type(first) == plain_type(second):
+                self.add("swap two arguments", begin, end, swapped)
+            elif between.isspace() and first.kind.is_expression() and second.kind.is_expression():
+                self.add("reorder two calls", begin, end, swapped)
 
     def change_value(self, cursor, begin, end):
-        text = self.text(begin, end)
+        text, named = self.text(begin, end), cursor.referenced
         if cursor.kind == CursorKind.INTEGER_LITERAL and text[:1].isdigit():
             self.add("change a constant", begin, end, f"({text} + 1)")
         elif cursor.kind == CursorKind.CXX_BOOL_LITERAL_EXPR:
@@ -145,14 +108,10 @@ class Finder:
         elif cursor.kind in (CursorKind.STRING_LITERAL, CursorKind.CHARACTER_LITERAL):
             changed = re.sub(r"""^(\w*)'.*'$""", r"\1'x'", text, flags=re.DOTALL)
             self.add("change a word", begin, end, re.sub(r'^((?:u8|[uUL])?(?:R"[^(]*\(|"))', r"\1x", changed))
-        elif cursor.kind == CursorKind.DECL_REF_EXPR and cursor.referenced:
-            self.change_enumerator(cursor.referenced, end)
-
-    def change_enumerator(self, named, end):
-        begin = end - len(named.spelling.encode())
-        if named.kind == CursorKind.ENUM_CONSTANT_DECL and self.text(begin, end) == named.spelling:
+        elif cursor.kind == CursorKind.DECL_REF_EXPR and named and named.kind == CursorKind.ENUM_CONSTANT_DECL:
             names = [constant.spelling for constant in named.semantic_parent.get_children()]
-            self.add("change an enumerator", begin, end, names[(names.index(named.spelling) + 1) % len(names)])
+            other = names[(names.index(named.spelling) + 1) % len(names)]
+            self.add("change an enumerator", begin, end, re.sub(rf"\b{named.spelling}$", other, text))
 
 
 def find_changes(file, options):
@@ -161,15 +120,19 @@ def find_changes(file, options):
     for cursor in TranslationUnit.from_source(str(file), options).cursor.get_children():
         if cursor.location.file and cursor.location.file.name == str(file):
             finder.visit(cursor)
+    for operator, pattern in PATTERNS.items():
+        for found in re.finditer(pattern, finder.source):
+            finder.add(operator, *found.span(), "")
     return sorted(finder.changes)
 
 
-def draw_changes(changes, random):
-    """Returns one change for each line that has any, in random order. Draws an operator of the line first, so
-    that frequent operators do not displace rare ones."""
-    lines = collections.defaultdict(lambda: collections.defaultdict(list))
-    for change in changes:
-        lines[change.line][change.operator].append(change)
-    drawn = [random.choice(operators[random.choice(sorted(operators))]) for operators in lines.values()]
-    random.shuffle(drawn)
-    return drawn
+def draw_changes(sources, seed, find):
+    """Draws lines of the sources, and yields the name of the source and one change for each line that has any.
+    Draws the operator first, so that frequent operators do not displace rare ones."""
+    generator, find = random.Random(seed), functools.cache(find)
+    lines = [(name, line) for name, source in sources.items() for line in range(1, source.count(b"\n") + 1)]
+    generator.shuffle(lines)
+    for name, line in lines:
+        if changes := [change for change in find(name) if change.line == line]:
+            operator = generator.choice(sorted({change.operator for change in changes}))
+            yield name, generator.choice([change for change in changes if change.operator == operator])

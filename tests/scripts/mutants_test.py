@@ -1,7 +1,6 @@
 """Tests of mutants.py in scripts/lib."""
 
 import pathlib
-import random
 import tempfile
 import unittest
 
@@ -75,11 +74,13 @@ class MutantsTest(unittest.TestCase):
         self.assertEqual(change.describe(text.encode()), 'change a word: "größe" -> "xgröße"')
 
     def test_draws_one_change_of_each_line_and_the_same_for_the_same_seed(self):
-        changes = self.changes("bool f(int a) {\n    f(1); f(2);\n    return a < 2;\n}\n")
-        self.assertGreater(len(changes), 6)
-        drawn = mutants.draw_changes(changes, random.Random(1))
-        self.assertEqual(sorted(change.line for change in drawn), [2, 3])
-        self.assertEqual(drawn, mutants.draw_changes(changes, random.Random(1)))
+        text = "bool f(int a) {\n    f(1); f(2);\n    return a < 2;\n}\n"
+        changes = {"a": self.changes(text), "b": self.changes("int b =\n    1;\n")}
+        self.assertGreater(len(changes["a"]), 6)
+        sources = {"a": text.encode(), "b": b"int b =\n    1;\n"}
+        drawn = list(mutants.draw_changes(sources, 1, changes.get))
+        self.assertEqual(sorted((name, change.line) for name, change in drawn), [("a", 2), ("a", 3), ("b", 2)])
+        self.assertEqual(drawn, list(mutants.draw_changes(sources, 1, changes.get)))
 
 
 if __name__ == "__main__":
