@@ -73,15 +73,14 @@ class Tree:
     def failing_test(self, order):
         """Runs tests until one fails, and moves it to the front of the order."""
         # In batches, because ctest does not keep the order.
-        for batch in (order[:10], order[10:100], order[100:]):
+        for batch in filter(None, (order[:10], order[10:100], order[100:])):
             selection = self.folder / "build/tests.txt"
             selection.write_text(",".join(["0", "0", "0", *batch]), encoding="utf-8")
             status, output = self.ctest("--stop-on-failure", "-I", str(selection))
             if status:
-                number, name = (re.search(r" #(\d+): (\S+) \.[^\n*]*\*\*\*(?!Skipped)", output) or
-                                (None, None, "the list of the tests"))[1:3]
-                order.sort(key=lambda test: test != number)
-                return name
+                failed = re.search(r" #(\d+): (\S+) \.[^\n*]*\*\*\*(?!Skipped)", output)
+                order.sort(key=lambda test: not failed or test != failed[1])
+                return failed[2] if failed else "the list of the tests"
         return None
 
     def compile(self, name):
