@@ -36,6 +36,7 @@ test_packages=(
     git
     xz-utils
     shellcheck
+    python3-clang-14
     zsh
     fish
 )
@@ -63,6 +64,14 @@ screenshot_packages=(
 # Also for scripts/coverage.
 coverage_packages=(
     gcovr
+)
+
+# Also for scripts/mutate.
+mutation_packages=(
+    libclang-common-14-dev
+    lld
+    python3-clang-14
+    rsync
 )
 
 # Also for the fuzzers.
