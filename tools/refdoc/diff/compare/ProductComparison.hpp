@@ -16,7 +16,7 @@ struct ProductRecords {
     /// index.
     bool exists = false;
 
-    /// The full records by section; empty if there is no file.
+    /// The full records by section; empty if the product has no file.
     reference::docparser::ResourceMap<reference::property::RefItem> resources{};
 
     /// The sections of the lookup index. The index must outlive them.
