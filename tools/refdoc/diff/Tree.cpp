@@ -7,6 +7,7 @@
 #include "tools/refdoc/check/TargetOptions.hpp"
 #include "tools/refdoc/check/findings/PathNames.hpp"
 #include "tools/refdoc/check/rules/NameRules.hpp"
+#include "tools/refdoc/session/FileDamage.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/Languages.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
@@ -31,12 +32,6 @@ using reference::docparser::toPath;
 using reference::docparser::toUtf8;
 
 namespace {
-
-bool isDamaged(const FileAccount& file) {
-    return file.fate == Fate::Malformed || file.fate == Fate::Unreadable ||
-           file.fate == Fate::NotRegular || file.fate == Fate::OverLimit ||
-           file.fate == Fate::Failed;
-}
 
 std::string entryOf(const FileAccount& file) {
     return file.entry.empty() ? "" : fmt::format("!{}", toUtf8(file.entry));
@@ -165,7 +160,7 @@ void Tree::addLookupFiles(const LoadAccount& account) {
     const std::vector<std::u16string> languages = allLanguages();
     for (std::size_t index = 0; index < sources.size(); ++index) {
         const FileAccount& file = account.files[index];
-        if (isDamaged(file)) {
+        if (isUnusable(file)) {
             lookupDamages_.push_back(damageOf(file));
             damagedLookups_.insert(check::productNameOf(sources[index], languages));
         }
@@ -186,7 +181,7 @@ bool Tree::readResources(const std::u16string& product, ReadProduct& result) con
         hasFailed = true; // The account has the reason.
     }
     for (const FileAccount& file : account.files) {
-        if (isDamaged(file))
+        if (isUnusable(file))
             result.damages.push_back(damageOf(file));
     }
     // The name is in the folder, but belongs to a link without a target.

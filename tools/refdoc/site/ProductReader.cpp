@@ -1,6 +1,7 @@
 #include "tools/refdoc/site/ProductReader.hpp"
 
 #include "docparser/DocParserException.hpp"
+#include "tools/refdoc/session/FileDamage.hpp"
 #include "tools/refdoc/session/HostOverrides.hpp"
 #include "tools/refdoc/session/ProductNames.hpp"
 #include "tools/refdoc/session/SourceTexts.hpp"
@@ -31,15 +32,10 @@ bool readResources(const std::u16string& product, Edition& edition) {
     }
 }
 
-bool isBroken(const FileAccount& file) {
-    return file.fate == Fate::Malformed || file.fate == Fate::Unreadable ||
-           file.fate == Fate::NotRegular || file.fate == Fate::OverLimit;
-}
-
 void readBrokenFiles(Edition& edition) {
     SourceTexts texts;
     for (const FileAccount& file : edition.account.files) {
-        if (isBroken(file))
+        if (isDamaged(file))
             edition.brokenFiles.push_back(
                 {file, file.fate == Fate::Malformed ? texts.read({.path = file.path}) : ""});
     }

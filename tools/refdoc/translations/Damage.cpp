@@ -2,29 +2,20 @@
 
 #include "platform/i18n/Converter.hpp"
 #include "tools/refdoc/explain/RuleText.hpp"
+#include "tools/refdoc/session/FileDamage.hpp"
 
 #include <fmt/format.h>
 
 namespace refdoc::translations {
 
 using fl::i18n::to_string;
-using reference::docparser::Fate;
 using reference::docparser::FileAccount;
 using reference::docparser::LoadAccount;
-
-namespace {
-
-bool isDamaged(Fate fate) {
-    return fate == Fate::Malformed || fate == Fate::Unreadable || fate == Fate::NotRegular ||
-           fate == Fate::OverLimit || fate == Fate::Failed;
-}
-
-} // namespace
 
 void addDamaged(const LoadAccount& account, const std::u16string& language, bool isTranslation,
                 std::vector<DamagedFile>& damaged) {
     for (const FileAccount& file : account.files) {
-        if (isDamaged(file.fate) && file.isTranslation == isTranslation)
+        if (isUnusable(file) && file.isTranslation == isTranslation)
             damaged.push_back({language, file});
     }
 }
