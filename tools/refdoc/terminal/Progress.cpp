@@ -9,13 +9,13 @@ namespace refdoc {
 
 namespace {
 
-constexpr std::chrono::milliseconds kInitialDelay{500};
 constexpr std::chrono::milliseconds kInterval{100};
 constexpr std::size_t kBarLength = 30;
 
 } // namespace
 
-Progress::Progress(bool isShown) : isShown_(isShown), nextDrawing_(Clock::now() + kInitialDelay) {}
+Progress::Progress(bool isShown, std::chrono::milliseconds delay)
+    : isShown_(isShown), nextDrawing_(Clock::now() + delay) {}
 
 Progress::~Progress() {
     // "\x1b[K" erases the line from the cursor on.
@@ -27,15 +27,20 @@ void Progress::begin(std::string_view stage, std::size_t steps) {
     stage_ = stage;
     steps_ = steps;
     done_ = 0;
+    // Steps of the former stage do not delay the name of this one.
+    if (const Clock::time_point now = Clock::now(); isDrawn_ || now >= nextDrawing_)
+        draw(now);
 }
 
 void Progress::step() {
     const std::lock_guard lock(mutex_);
     ++done_;
+    if (const Clock::time_point now = Clock::now(); now >= nextDrawing_)
+        draw(now);
+}
+
+void Progress::draw(Clock::time_point now) {
     if (!isShown_)
-        return;
-    const Clock::time_point now = Clock::now();
-    if (now < nextDrawing_)
         return;
     nextDrawing_ = now + kInterval;
     isDrawn_ = true;

@@ -8,17 +8,19 @@
 
 namespace refdoc {
 
-/// A progress bar on standard error for long runs. It appears after half a second, is redrawn at
-/// most ten times a second, and is erased by the destructor.
+/// A progress bar on standard error for long runs. It appears with the first step or stage that
+/// begins after a delay, is redrawn at most ten times a second during a stage, and is erased by the
+/// destructor.
 class Progress {
 public:
     /// \param isShown  false: the bar is never drawn
-    explicit Progress(bool isShown);
+    explicit Progress(bool isShown,
+                      std::chrono::milliseconds delay = std::chrono::milliseconds(500));
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// Begins a stage with this number of steps.
+    /// Begins a stage with this number of steps. After the delay, it is drawn at once.
     void begin(std::string_view stage, std::size_t steps);
 
     /// Any thread may call.
@@ -29,6 +31,8 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
+
+    void draw(Clock::time_point now);
 
     bool isShown_;
     std::mutex mutex_; // guards the members below while a stage takes its steps
