@@ -16,7 +16,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cstddef>
 
 namespace refdoc::diff {
@@ -115,8 +114,6 @@ void Tree::load() {
 
 void Tree::assign(const std::u16string& section, const std::u16string& product) {
     std::u16string& current = productOf_.at(section);
-    if (current == product)
-        return;
     const auto former = lookup_.find(current);
     lookup_[product].insert(former->second.extract(section));
     if (former->second.empty()) {
@@ -128,12 +125,13 @@ void Tree::assign(const std::u16string& section, const std::u16string& product) 
     current = product;
 }
 
-// The smaller name is the same in both directions.
+// The smaller name is the same in both directions. assign() neither adds nor removes sections of
+// productOf_, so its iterators stay valid.
 void Tree::assignLike(const Tree& other) {
-    for (const auto& [section, product] : std::map(productOf_)) {
+    for (const auto& [section, product] : productOf_) {
         const auto found = other.productOf_.find(section);
-        if (found != other.productOf_.end())
-            assign(section, std::min(product, found->second));
+        if (found != other.productOf_.end() && found->second < product)
+            assign(section, found->second);
     }
 }
 
