@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <span>
 #include <string_view>
 
@@ -11,9 +10,8 @@ namespace refdoc::html {
 inline constexpr std::string_view kStyleName = "style.css";
 inline constexpr std::string_view kIconName = "icon.svg";
 
-/// The scripts of each page in the order in which they run. Each may use those before it.
-inline constexpr std::array<std::string_view, 6> kScriptNames{
-    "ranking.js", "tables.js", "lookups.js", "search.js", "field.js", "script.js"};
+/// The script of each page. The build joins it from all scripts in `assets/` but `live.js`.
+inline constexpr std::string_view kScriptName = "script.js";
 
 struct Asset {
     std::string_view name;

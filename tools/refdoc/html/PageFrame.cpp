@@ -21,12 +21,10 @@ void writeHead(HtmlWriter& writer, const PageFrame& frame) {
         writer.element("title", {}, frame.title);
         const std::string style = frame.assets + std::string(kStyleName);
         const std::string icon = frame.assets + std::string(kIconName);
+        const std::string script = frame.assets + std::string(kScriptName);
         writer.emptyElement("link", {{"rel", "stylesheet"}, {"href", style}});
         writer.emptyElement("link", {{"rel", "icon"}, {"href", icon}});
-        for (const std::string_view name : kScriptNames) {
-            const std::string script = frame.assets + std::string(name);
-            writer.element("script", {{"src", script}, {"defer", ""}}, "");
-        }
+        writer.element("script", {{"src", script}, {"defer", ""}}, "");
     });
 }
 

@@ -1,5 +1,3 @@
-"use strict";
-
 // The search field of a page: it loads parts of the index, searches while the user types, and shows the
 // results.
 

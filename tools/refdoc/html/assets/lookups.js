@@ -1,5 +1,3 @@
-"use strict";
-
 // Looks up which records a text of a query may match, and how well at best. The index has the words
 // of each record, so a text is found by its first word and by the phrase that follows it.
 

@@ -1,5 +1,3 @@
-"use strict";
-
 // Searches the index for a query. Candidates come from its tables; their records are then loaded and
 // ranked, the most promising first, until no other candidate can be better.
 

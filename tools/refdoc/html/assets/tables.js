@@ -1,5 +1,3 @@
-"use strict";
-
 // Reads the parts of the search index. `tools/refdoc/index/SearchIndex.hpp` describes them, and
 // `IndexTable.hpp` the form of its tables.
 

@@ -1,5 +1,3 @@
-"use strict";
-
 // The filter of product pages, and the links to other languages.
 
 // Hides the items of a product page that lack a word of the filter.
