@@ -1,10 +1,10 @@
 #include "tools/refdoc/index/IndexedRecords.hpp"
 
 #include "tools/refdoc/index/RecordRows.hpp"
+#include "tools/refdoc/index/words/TextOrder.hpp"
 #include "tools/refdoc/search/CaseFolding.hpp"
 
-#include <algorithm>
-#include <tuple>
+#include <cstdint>
 
 namespace refdoc::site {
 
@@ -19,28 +19,33 @@ unsigned classOfEntry(const IndexEntry& entry) {
 } // namespace
 
 IndexedRecords::IndexedRecords(const reference::docparser::LookupIndex& index) {
-    forEachEntry(index, [&](const IndexEntry& entry) { entries_.push_back(entry); });
-    std::ranges::stable_sort(entries_, {}, [](const IndexEntry& entry) {
-        return std::tuple<unsigned, const std::u16string&>(classOfEntry(entry),
-                                                           entry.record->getName());
-    });
-    for (unsigned number = 0; number < classStarts_.size(); ++number) {
-        const auto start = std::ranges::upper_bound(entries_, number, {}, classOfEntry);
-        classStarts_[number] = static_cast<std::size_t>(start - entries_.begin());
+    std::vector<IndexEntry> entries;
+    forEachEntry(index, [&](const IndexEntry& entry) { entries.push_back(entry); });
+    const std::vector<std::uint32_t> byName =
+        sortedPositions(entries.size(), [&](std::size_t at) -> std::u16string_view {
+            return entries[at].record->getName();
+        });
+    entries_.reserve(entries.size());
+    for (unsigned number = 0; number <= classStarts_.size(); ++number) {
+        for (const std::uint32_t position : byName) {
+            if (classOfEntry(entries[position]) == number)
+                entries_.push_back(entries[position]);
+        }
+        if (number < classStarts_.size())
+            classStarts_[number] = entries_.size();
     }
 }
 
-IndexedRecords::Fields IndexedRecords::foldedFields(std::size_t record) const {
+void IndexedRecords::foldFields(std::size_t record, Fields& folded) const {
     const reference::property::RefItemLookup& fields = *entries_[record].record;
-    Fields folded;
     foldCase(searchedPart(fields.getName()), folded[0]);
     foldCase(searchedPart(fields.getHref()), folded[1]);
     foldCase(searchedPart(fields.getRefPurpose()), folded[2]);
-    return folded;
 }
 
 FieldMatch IndexedRecords::matchOf(std::u16string_view text, std::size_t record) const {
-    const Fields fields = foldedFields(record);
+    Fields fields;
+    foldFields(record, fields);
     const Rank rank =
         rankOf({std::u16string(text)}, {.name = fields[0], .href = fields[1], .purpose = fields[2]})
             .value();

@@ -39,8 +39,8 @@ public:
         return result;
     }
 
-    /// Returns the searched parts of the fields, folded.
-    Fields foldedFields(std::size_t record) const;
+    /// Sets the fields to the searched parts, folded. Uses their memory again.
+    void foldFields(std::size_t record, Fields& folded) const;
 
     /// Returns how a record matches a text that it has.
     FieldMatch matchOf(std::u16string_view text, std::size_t record) const;

@@ -1,8 +1,7 @@
 #include "tools/refdoc/index/NameTables.hpp"
 
+#include "tools/refdoc/index/words/TextOrder.hpp"
 #include "tools/refdoc/search/CodePoints.hpp"
-
-#include <algorithm>
 
 namespace refdoc::site {
 
@@ -41,10 +40,12 @@ std::string NameTables::writeReversedNames(const AddFile& addFile) {
 }
 
 std::string NameTables::write(const std::string& table, const AddFile& addFile) {
-    std::ranges::sort(names_);
     IndexTable rows(table, kLargestNamePart, addFile);
     std::string numbers;
-    for (const auto& [key, number] : names_) {
+    for (const std::uint32_t position :
+         sortedPositions(names_.size(),
+                         [&](std::size_t at) -> std::u16string_view { return names_[at].first; })) {
+        const auto& [key, number] = names_[position];
         numbers.clear();
         appendNumber(number, numbers);
         rows.add(key, numbers);

@@ -63,8 +63,9 @@ void makeSearchIndex(const reference::docparser::LookupIndex& index, const FindP
 
     NameTables nameTables;
     RecordWords recordWords;
+    IndexedRecords::Fields fields;
     for (std::uint32_t record = 0; record < records.size(); ++record) {
-        const IndexedRecords::Fields fields = records.foldedFields(record);
+        records.foldFields(record, fields);
         for (const SearchField field : kFields)
             recordWords.add(fields[static_cast<std::size_t>(field)], record, field);
         nameTables.add(fields[0], numbers[record]);

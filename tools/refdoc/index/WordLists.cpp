@@ -1,6 +1,7 @@
 #include "tools/refdoc/index/WordLists.hpp"
 
-#include <algorithm>
+#include "tools/refdoc/index/words/TextOrder.hpp"
+
 #include <string_view>
 #include <utility>
 
@@ -19,40 +20,44 @@ constexpr std::size_t kLargestPiece = 4'000;
 class NumberLists {
 public:
     NumberLists(const Words& words, const std::vector<std::uint32_t>& numbers) : numbers_(numbers) {
-        pieces_.reserve(words.all().size());
+        pieceStarts_.reserve(words.all().size() + 1);
         firstPieces_.reserve(words.all().size() + 1);
         for (const Word& word : words.all()) {
-            firstPieces_.push_back(pieces_.size());
+            firstPieces_.push_back(pieceStarts_.size());
             addPieces(word);
         }
-        firstPieces_.push_back(pieces_.size());
+        firstPieces_.push_back(pieceStarts_.size());
+        pieceStarts_.push_back(pieces_.size());
     }
 
     template <typename Use>
     void forEachPiece(std::size_t word, Use use) const {
-        for (std::size_t piece = firstPieces_[word]; piece < firstPieces_[word + 1]; ++piece)
-            use(pieces_[piece]);
+        for (std::size_t piece = firstPieces_[word]; piece < firstPieces_[word + 1]; ++piece) {
+            const std::size_t start = pieceStarts_[piece];
+            use(std::string_view(pieces_).substr(start, pieceStarts_[piece + 1] - start));
+        }
     }
 
 private:
     // A piece has the differences of the numbers.
     void addPieces(const Word& word) {
         std::uint32_t last = 0;
-        pieces_.emplace_back();
+        pieceStarts_.push_back(pieces_.size());
         for (const auto& [record, occurrences] : word.postings) {
-            if (pieces_.back().size() > kLargestPiece) {
-                pieces_.emplace_back();
+            if (pieces_.size() - pieceStarts_.back() > kLargestPiece) {
+                pieceStarts_.push_back(pieces_.size());
                 last = 0;
             }
             const std::uint32_t number = numbers_[record];
-            appendNumber(number - std::exchange(last, number), pieces_.back());
-            appendNumber(occurrences.code(), pieces_.back());
+            appendNumber(number - std::exchange(last, number), pieces_);
+            appendNumber(occurrences.code(), pieces_);
         }
     }
 
     const std::vector<std::uint32_t>& numbers_; // of the records
-    std::vector<std::string> pieces_;
-    std::vector<std::size_t> firstPieces_; // by word, and the count of the pieces
+    std::string pieces_;                        // one after the other
+    std::vector<std::size_t> pieceStarts_;      // in pieces_, and its size
+    std::vector<std::size_t> firstPieces_; // by word, in pieceStarts_; and the number of all pieces
 };
 
 } // namespace
@@ -64,7 +69,7 @@ WordList writeWordList(const WordEnds& ends, const Words& words,
     IndexTable table("list", kLargestPart, addFile);
     std::string row;
     for (std::size_t end = 0; end < ends.size(); ++end) {
-        lists.forEachPiece(ends.at(end).word(), [&](const std::string& piece) {
+        lists.forEachPiece(ends.at(end).word, [&](std::string_view piece) {
             row = ends.at(end).isWholeWord() ? kWholeWord : kPartOfWord;
             row += piece;
             const std::size_t part = table.add(ends.keyAt(end), row);
@@ -78,14 +83,15 @@ WordList writeWordList(const WordEnds& ends, const Words& words,
 std::string writePhrases(const Words& phrases, const std::vector<std::uint32_t>& numbers,
                          const AddFile& addFile) {
     const NumberLists lists(phrases, numbers);
-    std::vector<std::size_t> order(phrases.all().size());
-    for (std::size_t phrase = 0; phrase < order.size(); ++phrase)
-        order[phrase] = phrase;
-    std::ranges::sort(order, {}, [&](std::size_t phrase) { return phrases.all()[phrase].text; });
     IndexTable table("phrase", kLargestPart, addFile);
-    for (const std::size_t phrase : order) {
-        lists.forEachPiece(phrase, [&](const std::string& piece) {
-            table.add(phrases.all()[phrase].text, kWholeWord + piece);
+    std::string row;
+    const std::vector<Word>& all = phrases.all();
+    for (const std::uint32_t phrase :
+         sortedPositions(all.size(), [&](std::size_t at) { return all[at].text; })) {
+        lists.forEachPiece(phrase, [&](std::string_view piece) {
+            row = kWholeWord;
+            row += piece;
+            table.add(all[phrase].text, row);
         });
     }
     return table.finish();

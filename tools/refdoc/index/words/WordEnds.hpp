@@ -11,29 +11,15 @@ namespace refdoc::site {
 
 /// The end of a word, from any of its characters on. A text stands in a word if one of the ends of
 /// the word begins with the text.
-class WordEnd {
-public:
-    /// \param order  the first characters as a number, for WordEnds
-    WordEnd(std::size_t word, std::size_t start, std::uint64_t order)
-        : order_(order),
-          word_(static_cast<std::uint32_t>(word)),
-          start_(static_cast<std::uint32_t>(start)) {}
+struct WordEnd {
+    std::uint64_t order; ///< from a TextOrder
+    std::uint32_t word;  ///< its position in Words::all()
+    std::uint32_t start; ///< where the end begins in the word
 
-    std::uint64_t order() const { return order_; }
-
-    /// The position of the word in Words::all().
-    std::size_t word() const { return word_; }
-
-    bool isWholeWord() const { return start_ == 0; }
+    bool isWholeWord() const { return start == 0; }
 
     /// Returns the characters up to the end of the word.
-    /// \param word  the word that this is the end of
-    std::u16string_view textIn(const Word& word) const { return word.text.substr(start_); }
-
-private:
-    std::uint64_t order_;
-    std::uint32_t word_;
-    std::uint32_t start_;
+    std::u16string_view textIn(const Word& itsWord) const { return itsWord.text.substr(start); }
 };
 
 /// The ends of all words, sorted by their texts, then by the order of the words.
@@ -44,7 +30,7 @@ public:
 
     std::size_t size() const { return ends_.size(); }
     const WordEnd& at(std::size_t position) const { return ends_[position]; }
-    const Word& wordAt(std::size_t position) const { return words_[ends_[position].word()]; }
+    const Word& wordAt(std::size_t position) const { return words_[ends_[position].word]; }
     std::u16string_view textAt(std::size_t position) const {
         return ends_[position].textIn(wordAt(position));
     }

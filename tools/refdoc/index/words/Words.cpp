@@ -1,6 +1,18 @@
 #include "tools/refdoc/index/words/Words.hpp"
 
+#include <algorithm>
+
 namespace refdoc::site {
+
+namespace {
+
+std::u16string_view copyOf(std::u16string_view text, std::pmr::memory_resource& memory) {
+    char16_t* characters = std::pmr::polymorphic_allocator<char16_t>(&memory).allocate(text.size());
+    std::ranges::copy(text, characters);
+    return {characters, text.size()};
+}
+
+} // namespace
 
 void Words::add(std::u16string_view text, bool isOfLetters, std::uint32_t record, SearchField field,
                 Occurrence occurrence) {
@@ -13,7 +25,7 @@ void Words::add(std::u16string_view text, bool isOfLetters, std::uint32_t record
 Word& Words::wordOf(std::u16string_view text, bool isOfLetters) {
     if (const auto found = positions_.find(text); found != positions_.end())
         return words_[found->second];
-    const std::u16string_view ownText = texts_.emplace_back(text);
+    const std::u16string_view ownText = copyOf(text, *memory_);
     positions_.emplace(ownText, static_cast<std::uint32_t>(words_.size()));
     return words_.emplace_back(Word{ownText, isOfLetters});
 }

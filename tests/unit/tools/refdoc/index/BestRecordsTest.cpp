@@ -65,8 +65,9 @@ TEST(BestRecordsTest, OnlyTheBestTwentyStay) {
 class RandomIndex {
 public:
     RandomIndex() : index_(randomIndex()), records_(index_) {
+        IndexedRecords::Fields fields;
         for (std::uint32_t record = 0; record < records_.size(); ++record) {
-            const IndexedRecords::Fields fields = records_.foldedFields(record);
+            records_.foldFields(record, fields);
             for (const SearchField field : kFields)
                 words_.add(fields[static_cast<std::size_t>(field)], record, field);
         }
@@ -78,8 +79,9 @@ public:
     // Returns the best records by the ranks of all of them.
     std::vector<std::uint32_t> bestRecords(std::u16string_view text) const {
         std::vector<std::pair<Rank, std::uint32_t>> ranks;
+        IndexedRecords::Fields fields;
         for (std::uint32_t record = 0; record < records_.size(); ++record) {
-            const IndexedRecords::Fields fields = records_.foldedFields(record);
+            records_.foldFields(record, fields);
             const std::optional<Rank> rank = rankOf(
                 {std::u16string(text)}, {.name = fields[0],
                                          .href = fields[1],

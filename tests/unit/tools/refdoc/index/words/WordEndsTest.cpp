@@ -47,9 +47,9 @@ TEST(WordEndsTest, EqualEndsHaveTheOrderOfTheWords) {
     const Words words = wordsOf({u"bt", u"ct", u"at"});
     const WordEnds ends(words);
     ASSERT_THAT(textsOf(ends), ElementsAre(u"at", u"bt", u"ct", u"t", u"t", u"t"));
-    EXPECT_EQ(ends.at(3).word(), 0U);
-    EXPECT_EQ(ends.at(4).word(), 1U);
-    EXPECT_EQ(ends.at(5).word(), 2U);
+    EXPECT_EQ(ends.at(3).word, 0U);
+    EXPECT_EQ(ends.at(4).word, 1U);
+    EXPECT_EQ(ends.at(5).word, 2U);
     EXPECT_FALSE(ends.at(3).isWholeWord());
     EXPECT_TRUE(ends.at(0).isWholeWord());
 }
