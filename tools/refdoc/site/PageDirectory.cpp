@@ -9,12 +9,13 @@ void PageDirectory::add(const std::u16string& name, const Product& product) {
     for (const Edition& edition : product.editions) {
         for (const auto& [key, resource] : edition.resources)
             locations_[resolvedLink(resource.header.getHelpLocation(), {})].insert({name, key});
-        std::set<SectionAndHref>& missing = pages.missing[edition.language];
+        HrefsBySection& missing = pages.missing[edition.language];
         for (const auto& [key, section] : product.pages) {
             const auto resource = edition.resources.find(key);
+            std::set<std::u16string>& hrefs = missing[key];
             for (const auto& [href, path] : section.items) {
                 if (resource == edition.resources.end() || !resource->second.items.contains(href))
-                    missing.emplace(key, href);
+                    hrefs.insert(href);
             }
         }
     }
@@ -56,7 +57,7 @@ std::string PageDirectory::pageIn(const ProductPages& product, const std::u16str
     const auto missing = product.missing.find(language);
     const auto pages = product.sections.find(section);
     if (missing == product.missing.end() || pages == product.sections.end() ||
-        missing->second.contains({section, href}))
+        missing->second.at(section).contains(href))
         return {};
     const auto item = pages->second.items.find(href);
     return item == pages->second.items.end() ? std::string() : item->second;

@@ -27,12 +27,12 @@ public:
 
 private:
     using ProductAndSection = std::pair<std::u16string, std::u16string>;
-    using SectionAndHref = std::pair<std::u16string, std::u16string>;
+    using HrefsBySection = std::map<std::u16string, std::set<std::u16string>>;
 
     struct ProductPages {
         std::map<std::u16string, SectionPages> sections{};
         // What each language lacks of these pages. A language without an edition has none.
-        std::map<std::u16string, std::set<SectionAndHref>> missing{};
+        std::map<std::u16string, HrefsBySection> missing{};
     };
 
     // Returns an empty path if the language lacks the item.

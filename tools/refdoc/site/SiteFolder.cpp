@@ -39,7 +39,7 @@ fs::path prepared(const fs::path& folder) {
 }
 
 fs::path below(const fs::path& folder, const std::string& path) {
-    return folder / fs::path(fl::i18n::to_ustring(path));
+    return folder / std::u8string(path.begin(), path.end());
 }
 
 file_lock lockOf(const fs::path& temporaryFolder) {
@@ -140,6 +140,7 @@ private:
 
 SiteFolder::SiteFolder(const fs::path& folder, Others others)
     : folder_(prepared(folder)),
+      hasOldFiles_(fs::exists(folder_)),
       temporary_(kTemporaryPrefix, withoutAbandoned(folder_.parent_path())),
       lock_(locked(temporary_.path())),
       staged_(temporary_.path() / "site"),
@@ -185,7 +186,7 @@ void SiteFolder::list(const std::string& path) {
 }
 
 void SiteFolder::write(const std::string& path, std::string_view content) {
-    if (hasContent(below(folder_, path), content))
+    if (hasOldFiles_ && hasContent(below(folder_, path), content))
         ++unchanged_;
     else
         stage(path, content);

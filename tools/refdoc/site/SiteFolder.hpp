@@ -80,6 +80,7 @@ private:
     std::size_t removeFiles(const std::vector<std::string_view>& paths) const;
 
     std::filesystem::path folder_;
+    bool hasOldFiles_;
     platform::TemporaryFolder temporary_;
     boost::interprocess::file_lock lock_; // held for as long as the temporary folder is in use
     std::filesystem::path staged_;        // as the folder of the site, with the new files only
