@@ -107,8 +107,14 @@ private:
     void retrieveAll() {
         addFullProducts(languages_, products_);
         progress_.begin("retrieving", languages_.size() * (products_.size() + 1));
-        for (const std::u16string& language : languages_)
-            take(retrieveLanguage(language, products_, [&] { progress_.step(); }));
+        FullProducts english;
+        for (const std::u16string& language : languages_) {
+            LanguageContents contents =
+                retrieveLanguage(language, products_, english, [&] { progress_.step(); });
+            if (english.empty())
+                english = contents.products;
+            take(std::move(contents));
+        }
     }
 
     void take(LanguageContents contents) {

@@ -88,8 +88,8 @@ private:
     // Calls use(key, section) for every section of full resources.
     template <class Use>
     void forEachFullSection(Use use) const {
-        for (const auto& [product, sections] : contents_.products) {
-            for (const auto& [key, section] : sections)
+        for (const auto& [name, product] : contents_.products) {
+            for (const auto& [key, section] : product->sections)
                 use(key, section);
         }
     }
@@ -141,8 +141,9 @@ private:
             return addToSection(
                 kLookupWithoutResources, FileRole::Lookup, key,
                 fmt::format("the product \"{}\" has no full resources", to_string(name)));
-        const auto full = product->second.find(key);
-        if (full == product->second.end())
+        const auto& sections = product->second->sections;
+        const auto full = sections.find(key);
+        if (full == sections.end())
             return addToSection(
                 kLookupWithoutResources, FileRole::Lookup, key,
                 fmt::format("the full resources of the product \"{}\" have no section \"{}\"",
@@ -276,8 +277,8 @@ void addCrossFileFindings(const LanguageContents& contents, PendingFindings& pen
 void addSectionKeys(const LanguageContents& contents, std::set<std::u16string>& keys) {
     for (const auto& [key, section] : contents.lookups)
         keys.insert(key);
-    for (const auto& [product, sections] : contents.products) {
-        for (const auto& [key, section] : sections)
+    for (const auto& [name, product] : contents.products) {
+        for (const auto& [key, section] : product->sections)
             keys.insert(key);
     }
 }

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
+#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -23,6 +25,7 @@ using reference::docparser::SectionAccount;
 using reference::property::RefItem;
 using reference::property::RefItemLookup;
 using reference::property::SeeAlso;
+using Tools = DocResourceParser::ParsingTools;
 
 namespace {
 
@@ -59,20 +62,41 @@ void retrieveLookups(const std::u16string& language, LanguageContents& contents)
 
 struct ProductContents {
     LoadAccount account{};
-    std::map<std::u16string, FullSection> sections{};
+    std::shared_ptr<const FullProduct> product{};
 };
 
-ProductContents retrieveProduct(const std::u16string& product, const std::u16string& language) {
-    const LanguageGuard current(language);
-    ProductContents contents;
-    const LoadAccount::Scope scope(contents.account);
+std::map<std::u16string, FullSection> retrieveSections(const std::u16string& product) {
+    std::map<std::u16string, FullSection> sections;
     try {
         for (const auto& [key, resource] : DocResourceParser::getResourceFile(product))
-            contents.sections.emplace(key, sectionOf(resource));
+            sections.emplace(key, sectionOf(resource));
     } catch (const DocParserException&) {
         // The account has the reason.
     }
+    return sections;
+}
+
+ProductContents retrieveProduct(const std::u16string& name, const std::u16string& language) {
+    const LanguageGuard current(language);
+    ProductContents contents;
+    const LoadAccount::Scope scope(contents.account);
+    FullProduct product{.sections = retrieveSections(name)};
+    for (const FileAccount& file : contents.account.files)
+        product.paths.push_back(file.path);
+    contents.product = std::make_shared<const FullProduct>(std::move(product));
     return contents;
+}
+
+// Returns whether there is anything at the paths that the library would try for a translation.
+bool isTranslated(const FullProduct& english, const std::u16string& language) {
+    return std::ranges::any_of(english.paths, [&](const std::u16string& path) {
+        std::filesystem::path file(path);
+        file.replace_filename(file.stem().u16string() + Tools::kLocaleSeparator + language +
+                              file.extension().u16string());
+        std::error_code ignored; // Only a file that surely does not exist counts as missing.
+        return std::filesystem::symlink_status(file, ignored).type() !=
+               std::filesystem::file_type::not_found;
+    });
 }
 
 void append(LoadAccount account, LoadAccount& target) {
@@ -94,7 +118,7 @@ void append(LoadAccount account, LoadAccount& target) {
 
 bool LanguageContents::hasNames() const {
     return std::ranges::any_of(products, [](const auto& product) {
-        return std::ranges::any_of(product.second, [](const auto& section) {
+        return std::ranges::any_of(product.second->sections, [](const auto& section) {
             return std::ranges::any_of(section.second.pages, &Page::hasNames);
         });
     });
@@ -105,7 +129,7 @@ void addFullProducts(const std::vector<std::u16string>& languages, ProductNames&
 }
 
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
-                                  const std::function<void()>& step) {
+                                  const FullProducts& english, const std::function<void()>& step) {
     LanguageContents contents;
     retrieveLookups(language, contents);
     step();
@@ -114,14 +138,17 @@ LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& 
     const std::vector<std::u16string> products(names.begin(), names.end());
     std::vector<ProductContents> retrieved(products.size());
     forEachInParallel(products.size(), [&](std::size_t number) {
-        retrieved[number] = retrieveProduct(products[number], language);
+        const auto known = english.find(products[number]);
+        retrieved[number] = known == english.end() || isTranslated(*known->second, language)
+                                ? retrieveProduct(products[number], language)
+                                : ProductContents{.product = known->second};
         step();
     });
     for (std::size_t number = 0; number < products.size(); ++number) {
-        auto& [account, sections] = retrieved[number];
+        auto& [account, product] = retrieved[number];
         append(std::move(account), contents.account);
-        if (!sections.empty())
-            contents.products.emplace(products[number], std::move(sections));
+        if (!product->sections.empty())
+            contents.products.emplace(products[number], std::move(product));
     }
     return contents;
 }
