@@ -154,9 +154,13 @@ private:
     void checkRecords(const std::u16string& key, const LookupSection& lookup,
                       const FullSection& full) {
         const std::string product = to_string(lookup.resource.header.getProduct());
+        // For so many records, a set is several times as fast as hasPage: links begin alike.
+        std::unordered_set<std::u16string_view> pages;
+        for (const Page& page : full.pages)
+            pages.insert(page.href);
         forEachRecord(lookup, [&](const std::u16string& name, const auto& record) {
             const std::u16string& href = record.getHref();
-            if (!hasPage(full, href))
+            if (!pages.contains(href))
                 pending_.add(
                     kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
                     Reporter::EveryFile,
