@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
+#include <future>
 #include <system_error>
 #include <unordered_set>
 #include <utility>
@@ -99,6 +100,20 @@ bool isTranslated(const FullProduct& english, const std::u16string& language) {
     });
 }
 
+using ProductsByName = std::map<std::u16string, ProductContents>;
+
+// Returns the products that were not there before.
+std::vector<ProductsByName::value_type*> addProducts(const ProductNames& names,
+                                                     ProductsByName& products) {
+    std::vector<ProductsByName::value_type*> added;
+    for (const std::u16string& name : names) {
+        const auto [product, isNew] = products.try_emplace(name);
+        if (isNew)
+            added.push_back(&*product);
+    }
+    return added;
+}
+
 void append(LoadAccount account, LoadAccount& target) {
     const std::size_t offset = target.files.size();
     for (FileAccount& file : account.files) {
@@ -131,24 +146,31 @@ void addFullProducts(const std::vector<std::u16string>& languages, ProductNames&
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
                                   const FullProducts& english, const std::function<void()>& step) {
     LanguageContents contents;
+    ProductsByName products;
+    const auto retrieveNew = [&] {
+        const auto added = addProducts(names, products);
+        forEachInParallel(added.size(), [&](std::size_t number) {
+            auto& [name, product] = *added[number];
+            const auto known = english.find(name);
+            product = known == english.end() || isTranslated(*known->second, language)
+                          ? retrieveProduct(name, language)
+                          : ProductContents{.product = known->second};
+            step();
+        });
+    };
+    // The index is read on this thread: the memory that another one allocates is not reused for
+    // the next language.
+    std::future<void> knownProducts = std::async(retrieveNew);
     retrieveLookups(language, contents);
     step();
+    knownProducts.get();
     for (const auto& [key, section] : contents.lookups)
         names.insert(section.resource.header.getProduct());
-    const std::vector<std::u16string> products(names.begin(), names.end());
-    std::vector<ProductContents> retrieved(products.size());
-    forEachInParallel(products.size(), [&](std::size_t number) {
-        const auto known = english.find(products[number]);
-        retrieved[number] = known == english.end() || isTranslated(*known->second, language)
-                                ? retrieveProduct(products[number], language)
-                                : ProductContents{.product = known->second};
-        step();
-    });
-    for (std::size_t number = 0; number < products.size(); ++number) {
-        auto& [account, product] = retrieved[number];
-        append(std::move(account), contents.account);
-        if (!product->sections.empty())
-            contents.products.emplace(products[number], std::move(product));
+    retrieveNew();
+    for (auto& [name, retrieved] : products) {
+        append(std::move(retrieved.account), contents.account);
+        if (!retrieved.product->sections.empty())
+            contents.products.emplace(name, std::move(retrieved.product));
     }
     return contents;
 }
