@@ -107,8 +107,14 @@ private:
     void retrieveAll() {
         addFullProducts(languages_, products_);
         progress_.begin("retrieving", languages_.size() * (products_.size() + 1));
-        for (const std::u16string& language : languages_)
-            take(retrieveLanguage(language, products_, [&] { progress_.step(); }));
+        FullProducts english;
+        for (const std::u16string& language : languages_) {
+            LanguageContents contents =
+                retrieveLanguage(language, products_, english, [&] { progress_.step(); });
+            if (english.empty())
+                english = contents.products;
+            take(std::move(contents));
+        }
     }
 
     void take(LanguageContents contents) {
@@ -163,18 +169,12 @@ private:
         std::vector<Finding> found;
         if (wasRead(account)) {
             found = findDroppedSections(account, file);
-            checkContent(account, file, read(file), pending_, mergeLosses_, found);
+            checkContent(account, file, texts_.read(file), pending_, mergeLosses_, found);
         } else {
             found.push_back(*findUnreadable(account));
         }
         const std::lock_guard lock(mutex_);
         addFindings(found, file, findings_);
-    }
-
-    // One after the other, because entries of one package follow each other.
-    std::string read(const SourceFile& file) {
-        const std::lock_guard lock(mutex_);
-        return texts_.read(file);
     }
 
     void checkInstallation() {
@@ -194,7 +194,6 @@ private:
     Progress& progress_;
     std::vector<std::u16string> languages_;
     ProductNames products_;
-    std::mutex mutex_; // guards texts_ and findings_ while files are checked
     SourceTexts texts_;
     PendingFindings pending_;
     MergeLosses mergeLosses_;
@@ -204,6 +203,7 @@ private:
     bool hasNames_ = false;
     CheckedFiles files_; // that were read, or have a finding; without the accounts of records
     std::size_t fileCount_ = 0;
+    std::mutex mutex_; // guards findings_ while files are checked
     Findings findings_;
 };
 

@@ -103,6 +103,7 @@ std::string SourceTexts::read(const SourceFile& file, std::optional<std::size_t>
 }
 
 std::string SourceTexts::readEntry(const SourceFile& file, std::optional<std::size_t> length) {
+    const std::lock_guard lock(mutex_);
     OpenPackage& package = open(file.path);
     const opc::qorservices::FileSystemEntry& leaf =
         *package.byName.at(file.entry).at(file.occurrence);

@@ -5,6 +5,7 @@
 #include <compare>
 #include <cstddef>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,8 +25,8 @@ struct SourceFile {
 /// numbered in the order of the account, which is that of the package.
 std::vector<SourceFile> sourceFiles(const reference::docparser::LoadAccount& account);
 
-/// Reads the contents of files and of package entries. Keeps the last package open, so that reading
-/// its entries one after the other is cheap.
+/// Reads the contents of files and of package entries, on several threads at a time. Keeps the last
+/// package open, so that reading its entries one after the other is cheap.
 class SourceTexts {
 public:
     SourceTexts();
@@ -47,6 +48,7 @@ private:
     std::string readEntry(const SourceFile& file, std::optional<std::size_t> length);
     OpenPackage& open(const std::u16string& path);
 
+    std::mutex mutex_; // guards package_ and what is read from it
     std::unique_ptr<OpenPackage> package_;
 };
 

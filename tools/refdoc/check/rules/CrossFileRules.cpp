@@ -88,8 +88,8 @@ private:
     // Calls use(key, section) for every section of full resources.
     template <class Use>
     void forEachFullSection(Use use) const {
-        for (const auto& [product, sections] : contents_.products) {
-            for (const auto& [key, section] : sections)
+        for (const auto& [name, product] : contents_.products) {
+            for (const auto& [key, section] : product->sections)
                 use(key, section);
         }
     }
@@ -141,8 +141,9 @@ private:
             return addToSection(
                 kLookupWithoutResources, FileRole::Lookup, key,
                 fmt::format("the product \"{}\" has no full resources", to_string(name)));
-        const auto full = product->second.find(key);
-        if (full == product->second.end())
+        const auto& sections = product->second->sections;
+        const auto full = sections.find(key);
+        if (full == sections.end())
             return addToSection(
                 kLookupWithoutResources, FileRole::Lookup, key,
                 fmt::format("the full resources of the product \"{}\" have no section \"{}\"",
@@ -153,9 +154,13 @@ private:
     void checkRecords(const std::u16string& key, const LookupSection& lookup,
                       const FullSection& full) {
         const std::string product = to_string(lookup.resource.header.getProduct());
+        // For so many records, a set is several times as fast as hasPage: links begin alike.
+        std::unordered_set<std::u16string_view> pages;
+        for (const Page& page : full.pages)
+            pages.insert(page.href);
         forEachRecord(lookup, [&](const std::u16string& name, const auto& record) {
             const std::u16string& href = record.getHref();
-            if (!hasPage(full, href))
+            if (!pages.contains(href))
                 pending_.add(
                     kLookupWithoutPage, FileRole::Lookup, key, {.name = name, .href = href},
                     Reporter::EveryFile,
@@ -276,8 +281,8 @@ void addCrossFileFindings(const LanguageContents& contents, PendingFindings& pen
 void addSectionKeys(const LanguageContents& contents, std::set<std::u16string>& keys) {
     for (const auto& [key, section] : contents.lookups)
         keys.insert(key);
-    for (const auto& [product, sections] : contents.products) {
-        for (const auto& [key, section] : sections)
+    for (const auto& [name, product] : contents.products) {
+        for (const auto& [key, section] : product->sections)
             keys.insert(key);
     }
 }

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
+#include <future>
+#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -23,6 +26,7 @@ using reference::docparser::SectionAccount;
 using reference::property::RefItem;
 using reference::property::RefItemLookup;
 using reference::property::SeeAlso;
+using Tools = DocResourceParser::ParsingTools;
 
 namespace {
 
@@ -59,20 +63,55 @@ void retrieveLookups(const std::u16string& language, LanguageContents& contents)
 
 struct ProductContents {
     LoadAccount account{};
-    std::map<std::u16string, FullSection> sections{};
+    std::shared_ptr<const FullProduct> product{};
 };
 
-ProductContents retrieveProduct(const std::u16string& product, const std::u16string& language) {
-    const LanguageGuard current(language);
-    ProductContents contents;
-    const LoadAccount::Scope scope(contents.account);
+std::map<std::u16string, FullSection> retrieveSections(const std::u16string& product) {
+    std::map<std::u16string, FullSection> sections;
     try {
         for (const auto& [key, resource] : DocResourceParser::getResourceFile(product))
-            contents.sections.emplace(key, sectionOf(resource));
+            sections.emplace(key, sectionOf(resource));
     } catch (const DocParserException&) {
         // The account has the reason.
     }
+    return sections;
+}
+
+ProductContents retrieveProduct(const std::u16string& name, const std::u16string& language) {
+    const LanguageGuard current(language);
+    ProductContents contents;
+    const LoadAccount::Scope scope(contents.account);
+    FullProduct product{.sections = retrieveSections(name)};
+    for (const FileAccount& file : contents.account.files)
+        product.paths.push_back(file.path);
+    contents.product = std::make_shared<const FullProduct>(std::move(product));
     return contents;
+}
+
+// Returns whether there is anything at the paths that the library would try for a translation.
+bool isTranslated(const FullProduct& english, const std::u16string& language) {
+    return std::ranges::any_of(english.paths, [&](const std::u16string& path) {
+        std::filesystem::path file(path);
+        file.replace_filename(file.stem().u16string() + Tools::kLocaleSeparator + language +
+                              file.extension().u16string());
+        std::error_code ignored; // Only a file that surely does not exist counts as missing.
+        return std::filesystem::symlink_status(file, ignored).type() !=
+               std::filesystem::file_type::not_found;
+    });
+}
+
+using ProductsByName = std::map<std::u16string, ProductContents>;
+
+// Returns the products that were not there before.
+std::vector<ProductsByName::value_type*> addProducts(const ProductNames& names,
+                                                     ProductsByName& products) {
+    std::vector<ProductsByName::value_type*> added;
+    for (const std::u16string& name : names) {
+        const auto [product, isNew] = products.try_emplace(name);
+        if (isNew)
+            added.push_back(&*product);
+    }
+    return added;
 }
 
 void append(LoadAccount account, LoadAccount& target) {
@@ -94,7 +133,7 @@ void append(LoadAccount account, LoadAccount& target) {
 
 bool LanguageContents::hasNames() const {
     return std::ranges::any_of(products, [](const auto& product) {
-        return std::ranges::any_of(product.second, [](const auto& section) {
+        return std::ranges::any_of(product.second->sections, [](const auto& section) {
             return std::ranges::any_of(section.second.pages, &Page::hasNames);
         });
     });
@@ -105,23 +144,33 @@ void addFullProducts(const std::vector<std::u16string>& languages, ProductNames&
 }
 
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
-                                  const std::function<void()>& step) {
+                                  const FullProducts& english, const std::function<void()>& step) {
     LanguageContents contents;
+    ProductsByName products;
+    const auto retrieveNew = [&] {
+        const auto added = addProducts(names, products);
+        forEachInParallel(added.size(), [&](std::size_t number) {
+            auto& [name, product] = *added[number];
+            const auto known = english.find(name);
+            product = known == english.end() || isTranslated(*known->second, language)
+                          ? retrieveProduct(name, language)
+                          : ProductContents{.product = known->second};
+            step();
+        });
+    };
+    // The index is read on this thread: the memory that another one allocates is not reused for
+    // the next language.
+    std::future<void> knownProducts = std::async(retrieveNew);
     retrieveLookups(language, contents);
     step();
+    knownProducts.get();
     for (const auto& [key, section] : contents.lookups)
         names.insert(section.resource.header.getProduct());
-    const std::vector<std::u16string> products(names.begin(), names.end());
-    std::vector<ProductContents> retrieved(products.size());
-    forEachInParallel(products.size(), [&](std::size_t number) {
-        retrieved[number] = retrieveProduct(products[number], language);
-        step();
-    });
-    for (std::size_t number = 0; number < products.size(); ++number) {
-        auto& [account, sections] = retrieved[number];
-        append(std::move(account), contents.account);
-        if (!sections.empty())
-            contents.products.emplace(products[number], std::move(sections));
+    retrieveNew();
+    for (auto& [name, retrieved] : products) {
+        append(std::move(retrieved.account), contents.account);
+        if (!retrieved.product->sections.empty())
+            contents.products.emplace(name, std::move(retrieved.product));
     }
     return contents;
 }

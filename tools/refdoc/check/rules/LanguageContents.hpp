@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -31,12 +32,20 @@ struct LookupSection {
     reference::docparser::DocResource<reference::property::RefItemLookup> resource;
 };
 
-/// Everything that the library returns in one language. Sections are keyed by their section keys,
-/// full ones below the name of their product.
+/// The full resources of one product.
+struct FullProduct {
+    std::map<std::u16string, FullSection> sections{}; ///< by section key
+    std::vector<std::u16string> paths{};              ///< of the files that were considered
+};
+
+/// Products by their names.
+using FullProducts = std::map<std::u16string, std::shared_ptr<const FullProduct>>;
+
+/// Everything that the library returns in one language.
 struct LanguageContents {
-    reference::docparser::LoadAccount account{};
-    std::map<std::u16string, LookupSection> lookups{};
-    std::map<std::u16string, std::map<std::u16string, FullSection>> products{};
+    reference::docparser::LoadAccount account{};       ///< without the files of English products
+    std::map<std::u16string, LookupSection> lookups{}; ///< by section key
+    FullProducts products{};                           ///< only those with sections
 
     /// Returns whether an item of full resources documents names.
     bool hasNames() const;
@@ -50,10 +59,12 @@ using ProductNames = std::set<std::u16string>;
 /// of these languages.
 void addFullProducts(const std::vector<std::u16string>& languages, ProductNames& names);
 
-/// Retrieves everything in one language, under a load account.
-/// \param names  the products to retrieve; products of the lookup index are added
-/// \param step   called after each retrieval, on several threads at a time
+/// Retrieves everything in one language, under a load account. A product without a file in this
+/// language is that of `english`, which saves reading its files again.
+/// \param names    the products to retrieve; products of the lookup index are added
+/// \param english  the products in English; empty while they are retrieved
+/// \param step     called after each product and the index, on several threads at a time
 LanguageContents retrieveLanguage(const std::u16string& language, ProductNames& names,
-                                  const std::function<void()>& step);
+                                  const FullProducts& english, const std::function<void()>& step);
 
 } // namespace refdoc::check

@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <map>
+#include <memory_resource>
 
 namespace refdoc::check {
 
@@ -14,13 +15,15 @@ namespace {
 
 using reference::docparser::pointerToken;
 
+using Offsets = std::pmr::map<std::string_view, std::size_t>;
+
 // An object or array that has not ended yet.
 struct Container {
     bool isObject;
-    bool isKeyNext = true;                          // in an object, a string is a key
-    std::size_t element = 0;                        // the index of the current element of an array
-    std::string_view member{};                      // the key of the current member of an object
-    std::map<std::string_view, std::size_t> keys{}; // and the offsets where they occur last
+    bool isKeyNext = true;     // in an object, a string is a key
+    std::size_t element = 0;   // the index of the current element of an array
+    std::string_view member{}; // the key of the current member of an object
+    Offsets keys;              // where the keys of an object occur last
 };
 
 class KeyCollector {
@@ -39,7 +42,8 @@ private:
         switch (token.type) {
         case TokenType::ObjectBegin:
         case TokenType::ArrayBegin:
-            open_.push_back({.isObject = token.type == TokenType::ObjectBegin});
+            open_.push_back(
+                {.isObject = token.type == TokenType::ObjectBegin, .keys = Offsets(&keyMemory_)});
             break;
         case TokenType::ObjectEnd:
         case TokenType::ArrayEnd: open_.pop_back(); break;
@@ -83,6 +87,7 @@ private:
     }
 
     std::string_view text_;
+    std::pmr::unsynchronized_pool_resource keyMemory_; // reused by one object after the other
     std::vector<Container> open_;
     std::deque<std::string> decoded_; // keys that have escapes; a deque does not move them
     std::vector<RepeatedKey> repeated_;
