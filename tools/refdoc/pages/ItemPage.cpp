@@ -16,6 +16,7 @@
 #include <optional>
 #include <set>
 #include <span>
+#include <utility>
 
 namespace refdoc::site {
 
@@ -328,15 +329,17 @@ private:
 
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
-                     const FindPageAt& findPage) {
+                     const FindPageAt& findPage, std::string memory) {
     const auto& resource = edition.resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
-    return html::framedPage(productFrame(languages, product, edition, section, href, title),
-                            [&](HtmlWriter& writer) {
-                                ItemContent(writer, product, edition, section, href, findPage)
-                                    .write(items, product.findings);
-                            });
+    return html::framedPage(
+        productFrame(languages, product, edition, section, href, title),
+        [&](HtmlWriter& writer) {
+            ItemContent(writer, product, edition, section, href, findPage)
+                .write(items, product.findings);
+        },
+        std::move(memory));
 }
 
 } // namespace refdoc::site
