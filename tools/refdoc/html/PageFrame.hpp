@@ -12,7 +12,7 @@ namespace refdoc::html {
 /// The same page in another language or, if there is none, the nearest page that leads to it.
 struct LanguageLink {
     std::string language; ///< "de"
-    std::string url;
+    std::string url;      ///< not needed for the current page
     bool isCurrent;
 };
 
