@@ -11,9 +11,6 @@ namespace refdoc::html {
 
 namespace {
 
-// Most pages are smaller.
-constexpr std::size_t kUsualPageSize = 16 * 1024;
-
 constexpr std::string_view escapeOf(char character) noexcept {
     switch (character) {
     case '&': return "&amp;";
@@ -36,8 +33,15 @@ constexpr bool isSpecial(char character) noexcept {
     return kIsSpecial[static_cast<unsigned char>(character)];
 }
 
+constexpr std::array<bool, 128> kIsPlain = [] {
+    std::array<bool, 128> isPlain{};
+    for (char character = ' '; character <= '~'; ++character)
+        isPlain[static_cast<unsigned char>(character)] = !isSpecial(character);
+    return isPlain;
+}();
+
 constexpr bool isPlain(char16_t unit) noexcept {
-    return unit >= u' ' && unit <= u'~' && !isSpecial(static_cast<char>(unit));
+    return unit < kIsPlain.size() && kIsPlain[unit];
 }
 
 constexpr char16_t kFirstIsolate = u'\u2066'; // three characters that begin an isolate
@@ -63,8 +67,8 @@ std::u16string withClosedIsolates(std::u16string_view text) {
 
 } // namespace
 
-HtmlWriter::HtmlWriter() {
-    html_.reserve(kUsualPageSize);
+HtmlWriter::HtmlWriter(std::string memory) : html_(std::move(memory)) {
+    html_.clear();
 }
 
 void HtmlWriter::text(std::u16string_view text) {

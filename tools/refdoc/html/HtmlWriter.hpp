@@ -40,7 +40,9 @@ using Attributes = std::initializer_list<Attribute>;
 ///     });
 class HtmlWriter {
 public:
-    HtmlWriter();
+    /// \param memory  a string that is no longer needed, such as the last page: the text is written
+    ///                to its memory
+    explicit HtmlWriter(std::string memory = {});
 
     void text(std::u16string_view text);
     /// \param text  as in an Attribute
@@ -61,6 +63,9 @@ public:
 
     /// Writes an element without content and end tag, such as "meta".
     void emptyElement(Name name, Attributes attributes) { open(name, attributes); }
+
+    /// Writes what another writer has written.
+    void append(const HtmlWriter& part) { html_ += part.html_; }
 
     /// Returns the text, and begins again with an empty one.
     std::string take();

@@ -5,19 +5,31 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace refdoc::html {
 
 namespace {
 
+// Returns elements that are the same in all pages. They are written once per process.
+template <class Write>
+HtmlWriter written(Write write) {
+    HtmlWriter writer;
+    write(writer);
+    return writer;
+}
+
 void writeHead(HtmlWriter& writer, const PageFrame& frame) {
-    writer.element("head", {}, [&] {
-        writer.emptyElement("meta", {{"charset", "utf-8"}});
-        writer.emptyElement("meta",
-                            {{"http-equiv", "Content-Security-Policy"}, {"content", kPolicy}});
-        writer.emptyElement(
+    static const HtmlWriter metadata = written([](HtmlWriter& part) {
+        part.emptyElement("meta", {{"charset", "utf-8"}});
+        part.emptyElement("meta",
+                          {{"http-equiv", "Content-Security-Policy"}, {"content", kPolicy}});
+        part.emptyElement(
             "meta", {{"name", "viewport"}, {"content", "width=device-width, initial-scale=1"}});
-        writer.emptyElement("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
+        part.emptyElement("meta", {{"name", "referrer"}, {"content", "no-referrer"}});
+    });
+    writer.element("head", {}, [&] {
+        writer.append(metadata);
         writer.element("title", {}, frame.title);
         const std::string style = frame.assets + std::string(kStyleName);
         const std::string icon = frame.assets + std::string(kIconName);
@@ -52,6 +64,16 @@ void writeLanguages(HtmlWriter& writer, const std::vector<LanguageLink>& links) 
 
 // The script shows the search.
 void writeSearch(HtmlWriter& writer, const SearchBox& search) {
+    static const HtmlWriter controls = written([](HtmlWriter& part) {
+        part.element("label", {}, [&] {
+            part.text("Search ");
+            part.emptyElement("input", {{"type", "search"},
+                                        {"autocomplete", "off"},
+                                        {"placeholder", "Press / to search"}});
+        });
+        part.element("p", {{"role", "status"}}, "");
+        part.element("ol", {}, "");
+    });
     const std::optional<std::string_view> focus =
         search.hasFocus ? std::optional<std::string_view>("") : std::nullopt;
     writer.element("div",
@@ -61,16 +83,7 @@ void writeSearch(HtmlWriter& writer, const SearchBox& search) {
                     {"data-pages", search.pages},
                     {"data-focus", focus},
                     {"hidden", ""}},
-                   [&] {
-                       writer.element("label", {}, [&] {
-                           writer.text("Search ");
-                           writer.emptyElement("input", {{"type", "search"},
-                                                         {"autocomplete", "off"},
-                                                         {"placeholder", "Press / to search"}});
-                       });
-                       writer.element("p", {{"role", "status"}}, "");
-                       writer.element("ol", {}, "");
-                   });
+                   [&] { writer.append(controls); });
 }
 
 void writeBody(HtmlWriter& writer, const PageFrame& frame,
@@ -91,15 +104,18 @@ void writeBody(HtmlWriter& writer, const PageFrame& frame,
 
 } // namespace
 
-std::string framedPage(const PageFrame& frame,
-                       const std::function<void(HtmlWriter&)>& writeContent) {
-    HtmlWriter writer;
+std::string framedPage(const PageFrame& frame, const std::function<void(HtmlWriter&)>& writeContent,
+                       std::string memory) {
+    HtmlWriter writer(std::move(memory));
     const std::string_view direction = isRightToLeft(frame.language) ? "rtl" : "ltr";
+    writer.emptyElement("!DOCTYPE", {{"html", ""}});
+    writer.text("\n");
     writer.element("html", {{"lang", kLabelLanguage}, {"dir", direction}}, [&] {
         writeHead(writer, frame);
         writeBody(writer, frame, writeContent);
     });
-    return "<!DOCTYPE html>\n" + writer.take() + '\n';
+    writer.text("\n");
+    return writer.take();
 }
 
 std::string languageTag(std::string_view language) {

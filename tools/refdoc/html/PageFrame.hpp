@@ -12,7 +12,7 @@ namespace refdoc::html {
 /// The same page in another language or, if there is none, the nearest page that leads to it.
 struct LanguageLink {
     std::string language; ///< "de"
-    std::string url;
+    std::string url;      ///< not needed for the current page
     bool isCurrent;
 };
 
@@ -53,8 +53,9 @@ inline constexpr std::string_view kPolicy =
 
 /// Returns a complete page. Its policy allows only scripts, styles and pictures of the site itself,
 /// so that nothing in a record could run even if it became markup.
-std::string framedPage(const PageFrame& frame,
-                       const std::function<void(HtmlWriter&)>& writeContent);
+/// \param memory  see HtmlWriter
+std::string framedPage(const PageFrame& frame, const std::function<void(HtmlWriter&)>& writeContent,
+                       std::string memory = {});
 
 /// Returns the tag that HTML has for a language: "zh-CN" for "zh_CN".
 std::string languageTag(std::string_view language);

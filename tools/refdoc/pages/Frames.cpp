@@ -5,7 +5,6 @@
 #include "tools/refdoc/pages/SitePages.hpp"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace refdoc::site {
@@ -19,15 +18,19 @@ namespace {
 constexpr char16_t kStartTitle[] = u"Reference documentation";
 
 // \param pathIn  returns the path to link to from the page, for each language
-std::vector<LanguageLink>
-languageLinks(const SiteLanguages& languages, std::u16string_view current, const std::string& path,
-              const std::function<std::string(const SiteLanguage&)>& pathIn) {
+template <class PathIn>
+std::vector<LanguageLink> languageLinks(const SiteLanguages& languages, std::u16string_view current,
+                                        const std::string& path, PathIn pathIn) {
     std::vector<LanguageLink> links;
     if (languages.size() == 1)
         return links;
-    for (const SiteLanguage& language : languages)
-        links.push_back({to_string(language.code), html::relativeUrl(path, pathIn(language)),
-                         language.code == current});
+    links.reserve(languages.size());
+    for (const SiteLanguage& language : languages) {
+        const bool isCurrent = language.code == current;
+        links.push_back({to_string(language.code),
+                         isCurrent ? std::string() : html::relativeUrl(path, pathIn(language)),
+                         isCurrent});
+    }
     return links;
 }
 
@@ -44,15 +47,18 @@ std::string startPath(const SiteLanguage& language) {
 }
 
 // Returns the path of a page in another language: the same one, or else the nearest above it.
+// \param pages  of the section
+// \param page   of the item with the href, if there is a href
 std::string nearestPath(const SiteLanguage& language, const Product& product,
-                        const std::u16string& section, const std::optional<std::u16string>& href) {
+                        const std::u16string& section, const SectionPages& pages,
+                        const std::optional<std::u16string>& href, const std::string& page) {
     const auto edition = std::ranges::find(product.editions, language.code, &Edition::language);
     if (edition == product.editions.end())
         return startPath(language);
-    if (!edition->isBroken() && !edition->resources.contains(section))
-        return startPath(language);
-    const std::string* page = href ? pageOf(product, *edition, section, *href) : nullptr;
-    return language.folder + (page ? *page : product.pages.at(section).index);
+    const auto resource = edition->resources.find(section);
+    if (resource == edition->resources.end())
+        return edition->isBroken() ? language.folder + pages.index : startPath(language);
+    return language.folder + (href && hasItem(resource->second, pages, *href) ? page : pages.index);
 }
 
 } // namespace
@@ -69,15 +75,16 @@ PageFrame productFrame(const SiteLanguages& languages, const Product& product,
                        const std::optional<std::u16string>& href, std::u16string title) {
     const SiteLanguage& language =
         *std::ranges::find(languages, edition.language, &SiteLanguage::code);
-    const std::string path = nearestPath(language, product, section, href);
+    const SectionPages& pages = product.pages.at(section);
+    const std::string& page = href ? pages.items.at(*href) : pages.index;
+    const std::string path = language.folder + page;
     PageFrame frame = frameOf(std::move(title), language, path);
     frame.crumbs.push_back({kStartTitle, html::relativeUrl(path, startPath(language))});
     if (href)
-        frame.crumbs.push_back(
-            {edition.resources.at(section).header.getProductName(),
-             html::relativeUrl(path, nearestPath(language, product, section, std::nullopt))});
+        frame.crumbs.push_back({edition.resources.at(section).header.getProductName(),
+                                html::relativeUrl(page, pages.index)});
     frame.languages = languageLinks(languages, language.code, path, [&](const SiteLanguage& other) {
-        return nearestPath(other, product, section, href);
+        return nearestPath(other, product, section, pages, href, page);
     });
     return frame;
 }

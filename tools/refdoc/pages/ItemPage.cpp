@@ -16,6 +16,8 @@
 #include <optional>
 #include <set>
 #include <span>
+#include <string_view>
+#include <utility>
 
 namespace refdoc::site {
 
@@ -43,14 +45,13 @@ public:
                 const FindPageAt& findPage)
         : html_(writer),
           href_(href),
-          isFallback_(isFallback(edition, section, href)),
+          sources_(edition.origins.at(section).kept.at(href)),
+          isFallback_(isFallback(edition, sources_)),
           language_(edition.language),
           record_(writer, isFallback_ ? std::string(html::kLabelLanguage) : to_string(language_)),
           links_(product, edition, section, href, findPage),
           files_(edition.account.files),
-          sources_(edition.origins.at(section).kept.at(href)),
-          lost_(lostRecords(edition, section, href)),
-          anchors_{fl::i18n::to_ustring(html::kContentId), fl::i18n::to_ustring(kFindingsId)} {}
+          lost_(lostRecords(edition, section, href)) {}
 
     void write(const std::vector<RefItem>& items, const ProductFindings& findings) {
         const std::vector<check::ReportedFinding> found = findingsAt(findings);
@@ -198,10 +199,11 @@ private:
     }
 
     // Returns the part of an argument's link behind the link of the item; absent if it is empty or
-    // another argument on the page has it.
-    std::optional<std::string> newAnchor(const std::u16string& link) {
-        const std::u16string anchor = link.substr(href_.size() + 1);
-        if (anchor.empty() || !anchors_.insert(anchor).second)
+    // another element of the page has it.
+    std::optional<std::string> newAnchor(std::u16string_view link) {
+        const std::u16string_view anchor = link.substr(href_.size() + 1);
+        if (anchor.empty() || std::ranges::equal(anchor, html::kContentId) ||
+            std::ranges::equal(anchor, kFindingsId) || !anchors_.insert(anchor).second)
             return std::nullopt;
         return visibleLine(anchor);
     }
@@ -314,29 +316,31 @@ private:
 
     HtmlWriter& html_;
     const std::u16string& href_;
+    const std::vector<SourceRecord>& sources_;
     bool isFallback_;
     const std::u16string& language_;
     RecordWriter record_;
     Links links_;
     const std::vector<FileAccount>& files_;
-    const std::vector<SourceRecord>& sources_;
     std::span<const LostRecord> lost_;
-    std::set<std::u16string> anchors_; // that elements of the page have
+    std::set<std::u16string_view> anchors_; // in the records, of arguments on the page
 };
 
 } // namespace
 
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
-                     const FindPageAt& findPage) {
+                     const FindPageAt& findPage, std::string memory) {
     const auto& resource = edition.resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
-    return html::framedPage(productFrame(languages, product, edition, section, href, title),
-                            [&](HtmlWriter& writer) {
-                                ItemContent(writer, product, edition, section, href, findPage)
-                                    .write(items, product.findings);
-                            });
+    return html::framedPage(
+        productFrame(languages, product, edition, section, href, title),
+        [&](HtmlWriter& writer) {
+            ItemContent(writer, product, edition, section, href, findPage)
+                .write(items, product.findings);
+        },
+        std::move(memory));
 }
 
 } // namespace refdoc::site

@@ -22,37 +22,43 @@ std::u16string joined(const std::u16string& href, const std::u16string& link) {
     return folder + (rest.starts_with(u"./") ? rest.substr(2) : rest);
 }
 
+std::u16string_view fragmentOf(std::u16string_view link) {
+    const std::size_t end = link.find(u'#');
+    return end == link.npos ? std::u16string_view() : link.substr(end + 1);
+}
+
 } // namespace
 
 Links::Links(const Product& product, const Edition& edition, const std::u16string& section,
              const std::u16string& href, const FindPageAt& findPage)
-    : product_(product),
-      edition_(edition),
-      section_(section),
-      href_(href),
-      page_(product.pages.at(section).items.at(href)),
-      findPage_(findPage) {}
+    : product_(product), edition_(edition), section_(section), href_(href), findPage_(findPage) {}
 
 std::optional<std::string> Links::urlOf(const std::u16string& link) const {
-    if (const std::string* page = pageOf(link))
-        return html::relativeUrl(page_, *page);
-    const std::size_t end = link.find(u'#');
-    const std::u16string path = link.substr(0, end);
-    const std::u16string_view fragment =
-        end == link.npos ? std::u16string_view() : std::u16string_view(link).substr(end + 1);
-    for (const std::u16string& href : {path.empty() ? href_ : path, joined(href_, path)}) {
-        if (const std::string* page = pageOf(href))
-            return html::relativeUrl(page_, *page, visibleLine(fragment));
-    }
+    const auto urlTo = [&](const std::string& page, std::u16string_view fragment) {
+        return html::relativeUrl(product_.pages.at(section_).items.at(href_), page,
+                                 visibleLine(fragment));
+    };
+    if (const std::optional<Target> target = targetOf(link))
+        return urlTo(*target->page, target->fragment);
     if (!findPage_ || leavesDocumentation(link))
         return std::nullopt;
     const std::string page = findPage_(edition_.language, resolvedLink(helpLocation(), link));
-    return page.empty() ? std::nullopt
-                        : std::optional(html::relativeUrl(page_, page, visibleLine(fragment)));
+    return page.empty() ? std::nullopt : std::optional(urlTo(page, fragmentOf(link)));
+}
+
+std::optional<Links::Target> Links::targetOf(const std::u16string& link) const {
+    if (const std::string* page = pageOf(link))
+        return Target{page, {}};
+    const std::u16string path = link.substr(0, link.find(u'#'));
+    for (const std::u16string& href : {path.empty() ? href_ : path, joined(href_, path)}) {
+        if (const std::string* page = pageOf(href))
+            return Target{page, fragmentOf(link)};
+    }
+    return std::nullopt;
 }
 
 bool Links::mayLeadOutside(const std::u16string& link) const {
-    return !leavesDocumentation(link) && !urlOf(link) &&
+    return !leavesDocumentation(link) && !targetOf(link) &&
            !resolvedLink(helpLocation(), link).starts_with(resolvedLink(helpLocation(), {}) + u'/');
 }
 

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace refdoc::site {
 
@@ -28,15 +29,21 @@ public:
     bool mayLeadOutside(const std::u16string& link) const;
 
 private:
+    struct Target {
+        const std::string* page;
+        std::u16string_view fragment; // of the link
+    };
+
     const std::u16string& helpLocation() const;
     // Returns null if the edition has no such item.
     const std::string* pageOf(const std::u16string& href) const;
+    // Returns absent if the link leads to no item of the product.
+    std::optional<Target> targetOf(const std::u16string& link) const;
 
     const Product& product_;
     const Edition& edition_;
     const std::u16string& section_;
     const std::u16string& href_;
-    const std::string& page_;
     const FindPageAt& findPage_;
 };
 

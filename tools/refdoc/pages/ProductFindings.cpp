@@ -23,15 +23,18 @@ ProductFindings::ProductFindings(std::vector<check::ReportedFinding> findings)
     for (std::size_t index = 0; index < all_.size(); ++index) {
         const check::ReportedLocation& location = all_[index].location;
         if (location.pointer)
-            byRecord_[{location.file->source.path, recordOf(*location.pointer)}].push_back(index);
+            byRecord_[location.file->source.path][recordOf(*location.pointer)].push_back(index);
     }
 }
 
 void ProductFindings::addAt(const reference::docparser::FileAccount& file,
                             const std::string& pointer,
                             std::vector<check::ReportedFinding>& findings) const {
-    const auto found = byRecord_.find({file.path, pointer});
-    if (found == byRecord_.end())
+    const auto records = byRecord_.find(file.path);
+    if (records == byRecord_.end())
+        return;
+    const auto found = records->second.find(pointer);
+    if (found == records->second.end())
         return;
     for (const std::size_t index : found->second)
         findings.push_back(all_[index]);

@@ -25,10 +25,9 @@ public:
                std::vector<check::ReportedFinding>& findings) const;
 
 private:
-    using FileAndPointer = std::pair<std::u16string, std::string>;
-
     std::vector<check::ReportedFinding> all_;
-    std::map<FileAndPointer, std::vector<std::size_t>> byRecord_; // indices of all_
+    // Indices of all_ by the path of the file and the pointer to the record.
+    std::map<std::u16string, std::map<std::string, std::vector<std::size_t>>> byRecord_;
 };
 
 } // namespace refdoc::site

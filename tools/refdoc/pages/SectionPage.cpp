@@ -26,6 +26,7 @@ struct ListedItem {
     const std::u16string* name;
     const std::u16string* href;
     const RefItem* item;
+    const std::vector<SourceRecord>* sources; // of all items with the href
 
     auto operator<=>(const ListedItem& other) const {
         return std::tie(*name, *href, item) <=> std::tie(*other.name, *other.href, other.item);
@@ -39,14 +40,17 @@ struct ItemsByType {
     ListedItems untyped{};                               // items without entities
 };
 
-ItemsByType itemsByType(const reference::docparser::DocResource<RefItem>& resource) {
+ItemsByType itemsByType(const reference::docparser::DocResource<RefItem>& resource,
+                        const SectionOrigins& origins) {
     ItemsByType types;
     for (const auto& [href, items] : resource.items) {
+        const std::vector<SourceRecord>& sources = origins.kept.at(href);
         for (const RefItem& item : items) {
             for (const RefEntity& entity : item.getRefEntities())
-                types.typed[entity.getEntityType()].insert({&entity.getName(), &href, &item});
+                types.typed[entity.getEntityType()].insert(
+                    {&entity.getName(), &href, &item, &sources});
             if (item.getRefEntities().empty())
-                types.untyped.insert({&href, &href, &item});
+                types.untyped.insert({&href, &href, &item, &sources});
         }
     }
     return types;
@@ -63,7 +67,8 @@ public:
         : html_(writer),
           product_(product),
           edition_(edition),
-          section_(section),
+          language_(fl::i18n::to_string(edition.language)),
+          origins_(edition.origins.at(section)),
           resource_(edition.resources.at(section)),
           pages_(product.pages.at(section)) {}
 
@@ -81,7 +86,7 @@ public:
                 html_.emptyElement("input", {{"type", "search"}, {"autocomplete", "off"}});
             });
         });
-        const ItemsByType types = itemsByType(resource_);
+        const ItemsByType types = itemsByType(resource_, origins_);
         for (const auto& [type, items] : types.typed)
             writeType(headingOf(type), items);
         if (!types.untyped.empty())
@@ -121,9 +126,8 @@ private:
     }
 
     void writeItem(const ListedItem& listed) {
-        const bool isEnglish = isFallback(edition_, section_, *listed.href);
-        RecordWriter record(html_, isEnglish ? std::string(html::kLabelLanguage)
-                                             : fl::i18n::to_string(edition_.language));
+        const bool isEnglish = isFallback(edition_, *listed.sources);
+        RecordWriter record(html_, isEnglish ? html::kLabelLanguage : language_);
         const std::string url = html::relativeUrl(pages_.index, pages_.items.at(*listed.href));
         html_.element("a", {{"href", url}}, [&] { html_.element("bdi", {}, *listed.name); });
         html_.text(" ");
@@ -141,12 +145,11 @@ private:
     }
 
     void writeOrigin() {
-        const SectionOrigins& origins = edition_.origins.at(section_);
         html_.element("details", {{"class", "origin"}}, [&] {
             html_.element("summary", {}, "Where this product comes from");
             html_.element("ul", {}, [&] {
-                html_.element("li", {}, [&] { writePlace(origins.header); });
-                for (const LostHeader& lost : origins.lostHeaders) {
+                html_.element("li", {}, [&] { writePlace(origins_.header); });
+                for (const LostHeader& lost : origins_.lostHeaders) {
                     html_.element("li", {}, [&] {
                         html_.text("In place of ");
                         writePlace(lost.header);
@@ -167,7 +170,8 @@ private:
     HtmlWriter& html_;
     const Product& product_;
     const Edition& edition_;
-    const std::u16string& section_;
+    const std::string language_;
+    const SectionOrigins& origins_;
     const reference::docparser::DocResource<RefItem>& resource_;
     const SectionPages& pages_;
 };

@@ -15,22 +15,25 @@ bool isOwnFile(const Edition& edition, const Origin& origin) {
 
 } // namespace
 
+bool hasItem(const reference::docparser::DocResource<reference::property::RefItem>& section,
+             const SectionPages& pages, const std::u16string& href) {
+    // The pages are those of all editions, so an edition with as many items has each of them.
+    return section.items.size() == pages.items.size() || section.items.contains(href);
+}
+
 const std::string* pageOf(const Product& product, const Edition& edition,
                           const std::u16string& section, const std::u16string& href) {
     const auto resource = edition.resources.find(section);
     if (resource == edition.resources.end())
         return nullptr;
-    const auto& items = resource->second.items;
-    const auto& pages = product.pages.at(section).items;
-    const auto page = pages.find(href);
-    // The pages are those of all editions, so an edition with as many items has each of them.
-    const bool hasItem =
-        page != pages.end() && (items.size() == pages.size() || items.contains(href));
-    return hasItem ? &page->second : nullptr;
+    const SectionPages& pages = product.pages.at(section);
+    const auto page = pages.items.find(href);
+    return page != pages.items.end() && hasItem(resource->second, pages, href) ? &page->second
+                                                                               : nullptr;
 }
 
-bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href) {
-    return !isOwnFile(edition, edition.origins.at(section).kept.at(href).front().origin);
+bool isFallback(const Edition& edition, const std::vector<SourceRecord>& records) {
+    return !isOwnFile(edition, records.front().origin);
 }
 
 std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,

@@ -78,13 +78,20 @@ struct SectionSummary {
 using FindPageAt =
     std::function<std::string(const std::u16string& language, const std::u16string& location)>;
 
+/// Returns whether an edition has an item that any edition has.
+/// \param section  of the edition
+/// \param pages    of the section
+bool hasItem(const reference::docparser::DocResource<reference::property::RefItem>& section,
+             const SectionPages& pages, const std::u16string& href);
+
 /// Returns the page of an item, below the folder of a language; null if the edition has no such
 /// item.
 const std::string* pageOf(const Product& product, const Edition& edition,
                           const std::u16string& section, const std::u16string& href);
 
 /// Returns whether the records of an item are English because no translation has them.
-bool isFallback(const Edition& edition, const std::u16string& section, const std::u16string& href);
+/// \param records  where the records come from; at least one
+bool isFallback(const Edition& edition, const std::vector<SourceRecord>& records);
 
 /// Returns the records with a link that the edition does not have.
 std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16string& section,

@@ -8,7 +8,8 @@
 
 namespace refdoc::site {
 
-// The pages of a site as HTML. The functions depend only on their arguments.
+// The pages of a site as HTML. The functions depend only on their arguments. The pages of items,
+// which are most pages, can be written to the memory of a page that is no longer needed.
 
 /// The folder of the files that all pages share, below that of the site.
 inline constexpr std::string_view kAssetFolder = "refdoc-site";
@@ -45,10 +46,10 @@ std::string brokenPage(const SiteLanguages& languages, const Product& product,
 /// it, each with the files that it comes from. Where a record's own links lead to an anchor, it has
 /// an element with that id.
 /// \param findPage  finds the items of other products that links lead to; without it, such links
-/// are
-///                  text
+///                  are text
+/// \param memory    see html::HtmlWriter
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
-                     const FindPageAt& findPage = {});
+                     const FindPageAt& findPage = {}, std::string memory = {});
 
 } // namespace refdoc::site

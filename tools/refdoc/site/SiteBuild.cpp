@@ -149,12 +149,13 @@ private:
         for (const Edition& edition : product.editions) {
             const auto language = languageOf(edition);
             for (const auto& [key, resource] : edition.resources)
-                files.push_back({language->folder + product.pages.at(key).index, [&, &key = key] {
-                                     return sectionPage(languages_, product, edition, key);
-                                 }});
+                files.push_back(
+                    {language->folder + product.pages.at(key).index, [&, &key = key](auto&&) {
+                         return sectionPage(languages_, product, edition, key);
+                     }});
             if (edition.isBroken()) {
                 for (const auto& [key, pages] : product.pages)
-                    files.push_back({language->folder + pages.index, [&, &key = key] {
+                    files.push_back({language->folder + pages.index, [&, &key = key](auto&&) {
                                          return brokenPage(languages_, product, edition, key);
                                      }});
             }
@@ -176,11 +177,14 @@ private:
     // The file refers to the arguments.
     SiteFile pageOf(const Product& product, const Edition& edition, const std::u16string& key,
                     const std::u16string& href) const {
-        return {languageOf(edition)->folder + product.pages.at(key).items.at(href), [&, this] {
-                    return itemPage(languages_, product, edition, key, href,
-                                    [this](const auto& language, const auto& location) {
-                                        return directory_.pageAt(language, location);
-                                    });
+        return {languageOf(edition)->folder + product.pages.at(key).items.at(href),
+                [&, this](std::string memory) {
+                    return itemPage(
+                        languages_, product, edition, key, href,
+                        [this](const auto& language, const auto& location) {
+                            return directory_.pageAt(language, location);
+                        },
+                        std::move(memory));
                 }};
     }
 

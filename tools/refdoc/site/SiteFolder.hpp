@@ -19,7 +19,8 @@ namespace refdoc::site {
 /// A file of a site.
 struct SiteFile {
     std::string path; ///< relative, with '/' between folders; UTF-8
-    std::function<std::string()> makeContent;
+    /// Returns the content. It may have the memory of the argument, which is no longer needed.
+    std::function<std::string(std::string memory)> makeContent;
 };
 
 /// How many files a publication changed.

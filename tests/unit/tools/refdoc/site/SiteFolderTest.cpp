@@ -121,7 +121,7 @@ TEST_F(SiteFolderTest, ContentsMadeOnSeveralThreadsAreListedInOrder) {
     Files expected;
     for (int number = 0; number < 500; ++number) {
         const std::string path = fmt::format("{}/{}.html", number % 7, number);
-        files.push_back({path, [path] { return "content of " + path; }});
+        files.push_back({path, [path](auto&&) { return "content of " + path; }});
         expected[path] = "content of " + path;
     }
     std::string list;
@@ -166,9 +166,10 @@ TEST_F(SiteFolderTest, FailureToMakeContentLeavesOldSite) {
     const Files before = contentOf(folder_.path());
     {
         SiteFolder site(out_, Others::Refused);
-        std::vector<SiteFile> files{{"a.html", [] { return "changed"; }}};
+        std::vector<SiteFile> files{{"a.html", [](auto&&) { return "changed"; }}};
         for (const char* path : {"b.html", "c.html"})
-            files.push_back({path, [path]() -> std::string { throw std::runtime_error(path); }});
+            files.push_back(
+                {path, [path](auto&&) -> std::string { throw std::runtime_error(path); }});
         try {
             site.add(files);
             FAIL() << "no exception";
