@@ -12,7 +12,7 @@ std::string brokenPage(const SiteLanguages& languages, const Product& product,
     return html::framedPage(productFrame(languages, product, edition, section, std::nullopt, title),
                             [&](HtmlWriter& writer) {
                                 writer.element("h1", {}, [&] { writer.element("bdi", {}, title); });
-                                writeBrokenFiles(writer, edition.brokenFiles);
+                                writeBrokenFiles(writer, edition.content->brokenFiles);
                                 writeFindingsPanel(writer,
                                                    findingsBeside(edition, product.findings));
                             });

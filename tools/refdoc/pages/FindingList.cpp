@@ -170,7 +170,7 @@ std::vector<ReportedFinding> findingsBeside(const Edition& edition,
     std::vector<ReportedFinding> beside;
     std::ranges::copy_if(
         findings.all(), std::back_inserter(beside), [&](const ReportedFinding& finding) {
-            return std::ranges::none_of(edition.brokenFiles, [&](const BrokenFile& file) {
+            return std::ranges::none_of(edition.content->brokenFiles, [&](const BrokenFile& file) {
                 return file.account.path == finding.location.file->source.path;
             });
         });

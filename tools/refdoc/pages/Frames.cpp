@@ -55,8 +55,8 @@ std::string nearestPath(const SiteLanguage& language, const Product& product,
     const auto edition = std::ranges::find(product.editions, language.code, &Edition::language);
     if (edition == product.editions.end())
         return startPath(language);
-    const auto resource = edition->resources.find(section);
-    if (resource == edition->resources.end())
+    const auto resource = edition->content->resources.find(section);
+    if (resource == edition->content->resources.end())
         return edition->isBroken() ? language.folder + pages.index : startPath(language);
     return language.folder + (href && hasItem(resource->second, pages, *href) ? page : pages.index);
 }
@@ -81,7 +81,7 @@ PageFrame productFrame(const SiteLanguages& languages, const Product& product,
     PageFrame frame = frameOf(std::move(title), language, path);
     frame.crumbs.push_back({kStartTitle, html::relativeUrl(path, startPath(language))});
     if (href)
-        frame.crumbs.push_back({edition.resources.at(section).header.getProductName(),
+        frame.crumbs.push_back({edition.content->resources.at(section).header.getProductName(),
                                 html::relativeUrl(page, pages.index)});
     frame.languages = languageLinks(languages, language.code, path, [&](const SiteLanguage& other) {
         return nearestPath(other, product, section, pages, href, page);

@@ -45,12 +45,12 @@ public:
                 const FindPageAt& findPage)
         : html_(writer),
           href_(href),
-          sources_(edition.origins.at(section).kept.at(href)),
+          sources_(edition.content->origins.at(section).kept.at(href)),
           isFallback_(isFallback(edition, sources_)),
           language_(edition.language),
           record_(writer, isFallback_ ? std::string(html::kLabelLanguage) : to_string(language_)),
           links_(product, edition, section, href, findPage),
-          files_(edition.account.files),
+          files_(edition.content->account.files),
           lost_(lostRecords(edition, section, href)) {}
 
     void write(const std::vector<RefItem>& items, const ProductFindings& findings) {
@@ -331,7 +331,7 @@ private:
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
                      const FindPageAt& findPage, std::string memory) {
-    const auto& resource = edition.resources.at(section);
+    const auto& resource = edition.content->resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
     return html::framedPage(

@@ -63,13 +63,13 @@ bool Links::mayLeadOutside(const std::u16string& link) const {
 }
 
 const std::u16string& Links::helpLocation() const {
-    return edition_.resources.at(section_).header.getHelpLocation();
+    return edition_.content->resources.at(section_).header.getHelpLocation();
 }
 
 const std::string* Links::pageOf(const std::u16string& href) const {
     if (const std::string* page = site::pageOf(product_, edition_, section_, href))
         return page;
-    for (const auto& [key, section] : edition_.resources) {
+    for (const auto& [key, section] : edition_.content->resources) {
         if (const std::string* page = site::pageOf(product_, edition_, key, href))
             return page;
     }
@@ -81,7 +81,7 @@ bool mayLeadOutside(const Product& product, const Edition& edition, const std::u
     const FindPageAt none;
     const Links links(product, edition, section, href, none);
     const auto isOutside = [&](const auto& link) { return links.mayLeadOutside(link.getUrl()); };
-    return std::ranges::any_of(edition.resources.at(section).items.at(href),
+    return std::ranges::any_of(edition.content->resources.at(section).items.at(href),
                                [&](const reference::property::RefItem& item) {
                                    return std::ranges::any_of(item.getSeeAlso(), isOutside) ||
                                           std::ranges::any_of(item.getExamples(), isOutside);

@@ -68,14 +68,14 @@ public:
           product_(product),
           edition_(edition),
           language_(fl::i18n::to_string(edition.language)),
-          origins_(edition.origins.at(section)),
-          resource_(edition.resources.at(section)),
+          origins_(edition.content->origins.at(section)),
+          resource_(edition.content->resources.at(section)),
           pages_(product.pages.at(section)) {}
 
     void write() {
         html_.element("h1", {},
                       [&] { html_.element("bdi", {}, resource_.header.getProductName()); });
-        writeBrokenFiles(html_, edition_.brokenFiles);
+        writeBrokenFiles(html_, edition_.content->brokenFiles);
         std::vector<check::ReportedFinding> findings = findingsBeside(edition_, product_.findings);
         writeFindingsNote(html_, findings);
         writeHeader();
@@ -154,7 +154,7 @@ private:
                         html_.text("In place of ");
                         writePlace(lost.header);
                         html_.text(" (");
-                        html_.element("bdi", {}, ruleOf(lost, edition_.account.files));
+                        html_.element("bdi", {}, ruleOf(lost, edition_.content->account.files));
                         html_.text(")");
                     });
                 }
@@ -164,7 +164,7 @@ private:
 
     void writePlace(const Origin& origin) {
         RecordWriter(html_, html::kLabelLanguage)
-            .code(placeText(edition_.account.files[origin.file], origin.place));
+            .code(placeText(edition_.content->account.files[origin.file], origin.place));
     }
 
     HtmlWriter& html_;
@@ -182,7 +182,7 @@ std::string sectionPage(const SiteLanguages& languages, const Product& product,
                         const Edition& edition, const std::u16string& section) {
     return html::framedPage(
         productFrame(languages, product, edition, section, std::nullopt,
-                     edition.resources.at(section).header.getProductName()),
+                     edition.content->resources.at(section).header.getProductName()),
         [&](HtmlWriter& writer) { SectionContent(writer, product, edition, section).write(); });
 }
 

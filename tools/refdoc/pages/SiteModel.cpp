@@ -10,7 +10,7 @@ namespace {
 
 bool isOwnFile(const Edition& edition, const Origin& origin) {
     return edition.language == Tools::kEnglishLocale ||
-           edition.account.files[origin.file].isTranslation;
+           edition.content->account.files[origin.file].isTranslation;
 }
 
 } // namespace
@@ -23,8 +23,8 @@ bool hasItem(const reference::docparser::DocResource<reference::property::RefIte
 
 const std::string* pageOf(const Product& product, const Edition& edition,
                           const std::u16string& section, const std::u16string& href) {
-    const auto resource = edition.resources.find(section);
-    if (resource == edition.resources.end())
+    const auto resource = edition.content->resources.find(section);
+    if (resource == edition.content->resources.end())
         return nullptr;
     const SectionPages& pages = product.pages.at(section);
     const auto page = pages.items.find(href);
@@ -41,14 +41,14 @@ std::span<const LostRecord> lostRecords(const Edition& edition, const std::u16st
     const auto keyOf = [](const LostRecord& lost) -> const std::u16string& {
         return lost.record.key;
     };
-    const std::vector<LostRecord>& lost = edition.origins.at(section).lost;
+    const std::vector<LostRecord>& lost = edition.content->origins.at(section).lost;
     return {std::ranges::lower_bound(lost, href, {}, keyOf),
             std::ranges::upper_bound(lost, href, {}, keyOf)};
 }
 
 bool hasOwnSection(const Edition& edition, const std::u16string& section) {
-    const auto origins = edition.origins.find(section);
-    return origins != edition.origins.end() && isOwnFile(edition, origins->second.header);
+    const auto origins = edition.content->origins.find(section);
+    return origins != edition.content->origins.end() && isOwnFile(edition, origins->second.header);
 }
 
 } // namespace refdoc::site

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
@@ -33,17 +34,23 @@ struct BrokenFile {
     std::string text{};                          ///< the content; empty if it was not read
 };
 
-/// The records of a product in one language, with English ones where a translation lacks them.
-/// Without resources, the edition is broken: nothing but its broken files can be shown.
-struct Edition {
-    std::u16string language{};
+/// The records of a product in one language, with English ones where a translation lacks them, and
+/// where they come from.
+struct EditionContent {
     reference::docparser::ResourceMap<reference::property::RefItem> resources{};
     reference::docparser::LoadAccount account{};
     /// Where the records of each section come from. Its lost records are sorted by key.
     std::map<std::u16string, SectionOrigins> origins{};
     std::vector<BrokenFile> brokenFiles{};
+};
 
-    bool isBroken() const noexcept { return resources.empty(); }
+/// A product in one language. Without resources, it is broken: nothing but its broken files can be
+/// shown.
+struct Edition {
+    std::u16string language{};
+    std::shared_ptr<const EditionContent> content{}; ///< shared by the languages without own files
+
+    bool isBroken() const noexcept { return content->resources.empty(); }
 };
 
 /// The pages of a section, by href, in the folder of a language: "orchard/ref/smooth.html". Every

@@ -35,7 +35,8 @@ std::string sectionPage(const SiteLanguages& languages, const Product& product,
 /// the line with a marker below the position. It has the path of the section's own page, which it
 /// stands in for. Only these members are needed:
 ///
-///     Product product{.editions = {{.language = u"en", .brokenFiles = {{account, text}}}},
+///     const EditionContent content{.brokenFiles = {{account, text}}};
+///     Product product{.editions = {{u"en", std::make_shared<const EditionContent>(content)}},
 ///                     .pages = {{u"orchard", {.index = "orchard/index.html",
 ///                                            .displayName = u"Orchard"}}}};
 ///     brokenPage(languages, product, product.editions.front(), u"orchard");

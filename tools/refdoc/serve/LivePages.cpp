@@ -322,11 +322,11 @@ std::optional<std::string> LivePages::productPage(const SiteLanguage& language,
         return std::nullopt;
     const auto& [key, pages] = *section;
     const SiteLanguages& languages = catalog_->paths.languages();
-    const auto resource = edition->resources.find(key);
-    const bool hasSection = resource != edition->resources.end();
+    const auto resource = edition->content->resources.find(key);
+    const bool hasSection = resource != edition->content->resources.end();
     if (hasSection && path == pages.index)
         return sectionPage(languages, *product, *edition, key);
-    if (!edition->brokenFiles.empty())
+    if (!edition->content->brokenFiles.empty())
         return brokenPageAt(path, languages, *product, *edition, key);
     const auto item =
         std::ranges::find(pages.items, path, &decltype(pages.items)::value_type::second);

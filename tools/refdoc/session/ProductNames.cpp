@@ -5,7 +5,9 @@
 #include "tools/refdoc/session/SupportFolder.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
+#include <system_error>
 
 namespace refdoc {
 
@@ -42,6 +44,15 @@ std::set<std::u16string> productNames(const std::vector<std::u16string>& languag
         std::ranges::move(productNames(), std::inserter(names, names.end()));
     }
     return names;
+}
+
+bool mayHaveTranslation(const std::u16string& file, const std::u16string& language) {
+    std::filesystem::path path(file);
+    path.replace_filename(path.stem().u16string() + Tools::kLocaleSeparator + language +
+                          path.extension().u16string());
+    std::error_code failure;
+    return std::filesystem::symlink_status(path, failure).type() !=
+           std::filesystem::file_type::not_found;
 }
 
 } // namespace refdoc

@@ -22,4 +22,8 @@ std::vector<std::u16string> productNames();
 /// \throws whatever the host services throw
 std::set<std::u16string> productNames(const std::vector<std::u16string>& languages);
 
+/// Returns whether a translation of a file may exist: something has its name, such as
+/// "Orchard_de.json" beside "Orchard.json", or the folder cannot be read.
+bool mayHaveTranslation(const std::u16string& file, const std::u16string& language);
+
 } // namespace refdoc

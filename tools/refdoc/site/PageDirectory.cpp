@@ -7,14 +7,15 @@ namespace refdoc::site {
 void PageDirectory::add(const std::u16string& name, const Product& product) {
     ProductPages& pages = products_[name] = {.sections = product.pages};
     for (const Edition& edition : product.editions) {
-        for (const auto& [key, resource] : edition.resources)
+        for (const auto& [key, resource] : edition.content->resources)
             locations_[resolvedLink(resource.header.getHelpLocation(), {})].insert({name, key});
         HrefsBySection& missing = pages.missing[edition.language];
         for (const auto& [key, section] : product.pages) {
-            const auto resource = edition.resources.find(key);
+            const auto resource = edition.content->resources.find(key);
             std::set<std::u16string>& hrefs = missing[key];
             for (const auto& [href, path] : section.items) {
-                if (resource == edition.resources.end() || !resource->second.items.contains(href))
+                if (resource == edition.content->resources.end() ||
+                    !resource->second.items.contains(href))
                     hrefs.insert(href);
             }
         }

@@ -48,7 +48,7 @@ SectionSummary summaryOf(const Product& product, const std::u16string& key,
 
 std::vector<SectionSummary> summariesOf(const Product& product, const Edition& edition) {
     std::vector<SectionSummary> summaries;
-    for (const auto& [key, resource] : edition.resources)
+    for (const auto& [key, resource] : edition.content->resources)
         summaries.push_back(summaryOf(product, key, resource));
     if (!edition.isBroken())
         return summaries;

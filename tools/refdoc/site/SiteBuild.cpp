@@ -137,7 +137,7 @@ private:
     template <class Use>
     static void forEachItem(const Product& product, Use use) {
         for (const Edition& edition : product.editions) {
-            for (const auto& [key, resource] : edition.resources) {
+            for (const auto& [key, resource] : edition.content->resources) {
                 for (const auto& [href, items] : resource.items)
                     use(edition, key, href);
             }
@@ -148,7 +148,7 @@ private:
         std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
             const auto language = languageOf(edition);
-            for (const auto& [key, resource] : edition.resources)
+            for (const auto& [key, resource] : edition.content->resources)
                 files.push_back(
                     {language->folder + product.pages.at(key).index, [&, &key = key](auto&&) {
                          return sectionPage(languages_, product, edition, key);

@@ -22,8 +22,8 @@ namespace {
 std::set<std::u16string> hrefsIn(const Product& product, const std::u16string& section) {
     std::set<std::u16string> hrefs;
     for (const Edition& edition : product.editions) {
-        const auto resource = edition.resources.find(section);
-        if (resource == edition.resources.end())
+        const auto resource = edition.content->resources.find(section);
+        if (resource == edition.content->resources.end())
             continue;
         for (const auto& [href, items] : resource->second.items)
             hrefs.insert(href);
@@ -34,7 +34,7 @@ std::set<std::u16string> hrefsIn(const Product& product, const std::u16string& s
 std::map<std::u16string, std::u16string> sectionsIn(const Product& product) {
     std::map<std::u16string, std::u16string> sections;
     for (const Edition& edition : product.editions) {
-        for (const auto& [key, resource] : edition.resources)
+        for (const auto& [key, resource] : edition.content->resources)
             sections.try_emplace(key, resource.header.getProductName());
     }
     return sections;

@@ -7,9 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <future>
-#include <system_error>
 #include <unordered_set>
 #include <utility>
 
@@ -26,7 +24,6 @@ using reference::docparser::SectionAccount;
 using reference::property::RefItem;
 using reference::property::RefItemLookup;
 using reference::property::SeeAlso;
-using Tools = DocResourceParser::ParsingTools;
 
 namespace {
 
@@ -88,15 +85,9 @@ ProductContents retrieveProduct(const std::u16string& name, const std::u16string
     return contents;
 }
 
-// Returns whether there is anything at the paths that the library would try for a translation.
 bool isTranslated(const FullProduct& english, const std::u16string& language) {
     return std::ranges::any_of(english.paths, [&](const std::u16string& path) {
-        std::filesystem::path file(path);
-        file.replace_filename(file.stem().u16string() + Tools::kLocaleSeparator + language +
-                              file.extension().u16string());
-        std::error_code ignored; // Only a file that surely does not exist counts as missing.
-        return std::filesystem::symlink_status(file, ignored).type() !=
-               std::filesystem::file_type::not_found;
+        return mayHaveTranslation(path, language);
     });
 }
 

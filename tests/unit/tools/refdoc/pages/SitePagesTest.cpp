@@ -182,8 +182,9 @@ TEST_F(SitePagesTest, SectionPageHasTheHeaderAndTheItemsByType) {
 std::string brokenPageOf(const reference::docparser::FileAccount& account,
                          const std::string& text) {
     const SiteLanguages languages{{u"en", ""}};
+    const EditionContent content{.brokenFiles = {{account, text}}};
     const Product product{
-        .editions = {{.language = u"en", .brokenFiles = {{account, text}}}},
+        .editions = {{u"en", std::make_shared<const EditionContent>(content)}},
         .pages = {{u"orchard", {.index = "orchard/index.html", .displayName = u"Orchard"}}}};
     return blocksOf(brokenPage(languages, product, product.editions.front(), u"orchard"));
 }
