@@ -5,18 +5,19 @@
 namespace refdoc::site {
 
 void PageDirectory::add(const std::u16string& name, const Product& product) {
-    ProductPages& pages = products_[name] = {.sections = product.pages};
+    Sections& sections = products_[name] = {};
+    for (const auto& [key, pages] : product.pages)
+        sections[key].paths.insert(pages.items.begin(), pages.items.end());
     for (const Edition& edition : product.editions) {
-        for (const auto& [key, resource] : edition.content->resources)
+        const auto& resources = edition.content->resources;
+        for (const auto& [key, resource] : resources)
             locations_[resolvedLink(resource.header.getHelpLocation(), {})].insert({name, key});
-        HrefsBySection& missing = pages.missing[edition.language];
-        for (const auto& [key, section] : product.pages) {
-            const auto resource = edition.content->resources.find(key);
-            std::set<std::u16string>& hrefs = missing[key];
-            for (const auto& [href, path] : section.items) {
-                if (resource == edition.content->resources.end() ||
-                    !resource->second.items.contains(href))
-                    hrefs.insert(href);
+        for (auto& [key, pages] : sections) {
+            const auto resource = resources.find(key);
+            std::set<std::u16string>& missing = pages.missing[edition.language];
+            for (const auto& [href, path] : pages.paths) {
+                if (resource == resources.end() || !resource->second.items.contains(href))
+                    missing.insert(href);
             }
         }
     }
@@ -27,12 +28,11 @@ std::string PageDirectory::pageOf(const std::u16string& language,
     const auto product = products_.find(entry.header->getProduct());
     if (product == products_.end())
         return {};
-    const ProductPages& pages = product->second;
+    const Sections& sections = product->second;
     const std::u16string& href = entry.record->getHref();
-    std::string path = pageIn(pages, language, *entry.section, href);
-    for (auto section = pages.sections.begin(); path.empty() && section != pages.sections.end();
-         ++section)
-        path = pageIn(pages, language, section->first, href);
+    std::string path = pageIn(sections, *entry.section, language, href);
+    for (auto section = sections.begin(); path.empty() && section != sections.end(); ++section)
+        path = pageIn(sections, section->first, language, href);
     return path;
 }
 
@@ -45,7 +45,7 @@ std::string PageDirectory::pageAt(const std::u16string& language,
             continue;
         for (const auto& [product, section] : found->second) {
             std::string page =
-                pageIn(products_.at(product), language, section, location.substr(slash + 1));
+                pageIn(products_.at(product), section, language, location.substr(slash + 1));
             if (!page.empty())
                 return page;
         }
@@ -53,15 +53,17 @@ std::string PageDirectory::pageAt(const std::u16string& language,
     return {};
 }
 
-std::string PageDirectory::pageIn(const ProductPages& product, const std::u16string& language,
-                                  const std::u16string& section, const std::u16string& href) {
-    const auto missing = product.missing.find(language);
-    const auto pages = product.sections.find(section);
-    if (missing == product.missing.end() || pages == product.sections.end() ||
-        missing->second.at(section).contains(href))
+std::string PageDirectory::pageIn(const Sections& sections, const std::u16string& section,
+                                  const std::u16string& language, const std::u16string& href) {
+    const auto pages = sections.find(section);
+    if (pages == sections.end())
         return {};
-    const auto item = pages->second.items.find(href);
-    return item == pages->second.items.end() ? std::string() : item->second;
+    const auto& [paths, missing] = pages->second;
+    const auto missingHrefs = missing.find(language);
+    if (missingHrefs == missing.end() || missingHrefs->second.contains(href))
+        return {};
+    const auto path = paths.find(href);
+    return path == paths.end() ? std::string() : path->second;
 }
 
 } // namespace refdoc::site

@@ -3,6 +3,9 @@
 #include "docparser/Queries.hpp"
 #include "tools/refdoc/pages/SiteModel.hpp"
 
+#include <boost/unordered/unordered_flat_map.hpp>
+
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -27,19 +30,21 @@ public:
 
 private:
     using ProductAndSection = std::pair<std::u16string, std::u16string>;
-    using HrefsBySection = std::map<std::u16string, std::set<std::u16string>>;
+    template <class Value>
+    using HashMap = boost::unordered_flat_map<std::u16string, Value, std::hash<std::u16string>>;
 
-    struct ProductPages {
-        std::map<std::u16string, SectionPages> sections{};
-        // What each language lacks of these pages. A language without an edition has none.
-        std::map<std::u16string, HrefsBySection> missing{};
+    struct Pages {
+        HashMap<std::string> paths{}; // by href
+        // The hrefs that each language lacks. A language without an edition is absent: it has none.
+        std::map<std::u16string, std::set<std::u16string>> missing{};
     };
+    using Sections = std::map<std::u16string, Pages>;
 
-    // Returns an empty path if the language lacks the item.
-    static std::string pageIn(const ProductPages& product, const std::u16string& language,
-                              const std::u16string& section, const std::u16string& href);
+    // Returns an empty path if the section or the language lacks the item.
+    static std::string pageIn(const Sections& sections, const std::u16string& section,
+                              const std::u16string& language, const std::u16string& href);
 
-    std::map<std::u16string, ProductPages> products_;
+    HashMap<Sections> products_;
     // The products and sections of each help location.
     std::map<std::u16string, std::set<ProductAndSection>> locations_;
 };
