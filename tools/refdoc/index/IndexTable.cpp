@@ -117,8 +117,8 @@ void IndexTable::startPart(std::u16string_view key) {
 }
 
 void IndexTable::finishPart() {
-    addPart(addFile_, fmt::format("{}{}", name_, partCount_ - 1),
-            '[' + std::exchange(rows_, {}) + ']');
+    addPart(addFile_, fmt::format("{}{}", name_, partCount_ - 1), '[' + rows_ + ']');
+    rows_.clear();
 }
 
 void IndexTable::finishDirectory() {

@@ -8,8 +8,6 @@
 #include <boost/json/serialize.hpp>
 #include <fmt/format.h>
 
-#include <utility>
-
 namespace refdoc::site {
 
 namespace {
@@ -67,7 +65,8 @@ std::uint32_t RecordRows::add(const reference::docparser::IndexEntry& entry,
 void RecordRows::finish() {
     if (count_ == 0)
         return;
-    addPart(addFile_, fmt::format("row{}", partCount_++), '[' + std::exchange(rows_, {}) + ']');
+    addPart(addFile_, fmt::format("row{}", partCount_++), '[' + rows_ + ']');
+    rows_.clear();
     count_ = 0;
 }
 

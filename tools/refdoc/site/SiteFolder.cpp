@@ -197,7 +197,9 @@ void SiteFolder::write(const std::string& path, std::string_view content) {
 
 void SiteFolder::stage(const std::string& path, std::string_view content) const {
     const fs::path file = below(staged_, path);
-    std::ofstream stream(file, std::ios::binary);
+    std::ofstream stream;
+    stream.rdbuf()->pubsetbuf(nullptr, 0); // the content is written at once
+    stream.open(file, std::ios::binary);
     if (!stream) {
         fs::create_directories(file.parent_path());
         stream.open(file, std::ios::binary);
