@@ -55,13 +55,13 @@ class Tree:
             return process.wait(), output.read()
 
     def time_tests(self):
-        """Runs the tests without a change. Returns the numbers and programs of those that pass, the fastest first."""
+        """Runs the tests without a change. Returns those that pass, the fastest first."""
         print("== Running the tests without a change", file=sys.stderr)
         # Packages and pages do not depend on what the code does; other projects take minutes to build.
         _, output = self.run(*self.ctest, "-LE", "^(package|docs|host_libraries)$")
-        passed = sorted(re.findall(r" #(\d+): .+ \.+ +Passed +([\d.]+)", output), key=lambda test: float(test[1]))
         listed = json.loads(self.run("ctest", "--show-only=json-v1")[1])["tests"]
-        return [(number, os.path.relpath(listed[int(number) - 1]["command"][0], self.build)) for number, _ in passed]
+        return sorted((float(seconds), number, os.path.relpath(listed[int(number) - 1]["command"][0], self.build))
+                      for number, seconds in re.findall(r" #(\d+): .+ \.+ +Passed +([\d.]+)", output))
 
     def compile(self, name):
         """Returns the objects of a source; None if it does not compile."""
@@ -70,21 +70,21 @@ class Tree:
         return None if status else [(self.build / path).read_bytes() for path in objects]
 
     def outcome(self, name, before, order):
-        """Returns the outcome of a change and the test that caught it, which moves to the front of the order."""
+        """Returns the outcome of a change and the test that caught it, which moves to the front unless it is slow."""
         after = self.compile(name)
         if after == before:
             return "not noticeable", ""
         if not after or self.run("ninja")[0]:
             return "not built", ""
-        inputs = {program: self.run("ninja", "-t", "inputs", program) for _, program in set(order)}
+        inputs = {program: self.run("ninja", "-t", "inputs", program) for _, _, program in set(order)}
         # Ninja does not know programs of the system, such as Python.
-        tests = [test for test, program in order if inputs[program][0] or f"/{name}\n" in inputs[program][1]]
+        tests = [test for _, test, program in order if inputs[program][0] or f"/{name}\n" in inputs[program][1]]
         # In batches, because ctest does not keep the order. 0,0,0 is an empty range.
         for batch in filter(None, (tests[:10], tests[10:100], tests[100:])):
             status, output = self.run(*self.ctest, "--stop-on-failure", "-I", ",".join(["0,0,0", *batch]))
             if status:
                 failed = re.search(r"tests FAILED:\n\s*(\d+) - (\S+)", output)
-                order.sort(key=lambda test: not failed or test[0] != failed[1])
+                order.sort(key=lambda test: not failed or test[1] != failed[1] or test[0] > 1)
                 return "caught", failed[2] if failed else "the list of the tests"
         return "survived", ""
 
