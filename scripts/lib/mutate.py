@@ -2,15 +2,12 @@
 
 import argparse
 import collections
-import contextlib
 import hashlib
-import itertools
 import json
 import multiprocessing
 import os
 import pathlib
 import re
-import resource
 import shlex
 import signal
 import subprocess
@@ -19,156 +16,118 @@ import tempfile
 
 import mutants
 
-PROJECT = pathlib.Path(__file__).resolve().parents[2]
-OUTCOMES = PROJECT / "build/mutation/outcomes.jsonl"
-MEMORY_BYTES = 4 << 30  # for each process, because a change may make a loop endless
+OUTCOMES = pathlib.Path.cwd() / "build/mutation/outcomes.jsonl"
+ROW = "{outcome:<15} {change}  {test}"
 
 
 class Tree:
     """A copy of the project with a build folder, in which one change after the other is tried."""
 
     def __init__(self, number, threads):
-        self.folder, self.threads = OUTCOMES.parent / str(number), str(threads)
-        self.build = self.folder / "build/mutation"
-        self.objects, self.options = collections.defaultdict(list), {}  # of each source
+        self.folder = OUTCOMES.parent / str(number)
+        self.build, self.commands = self.folder / "build/mutation", collections.defaultdict(list)
+        # A test that fails runs again, because the machine may be slow or suspended for a while.
+        self.ctest = ["ctest", "--timeout", "60", "--repeat", "until-pass:2", "-j", str(threads)]
+        print(f"== Building {self.folder} without a change", file=sys.stderr)
         self.folder.mkdir(parents=True, exist_ok=True)
         # Copies get a new time, so that ninja builds them again.
         subprocess.run(["rsync", "--recursive", "--links", "--perms", "--checksum", "--delete-after", "--exclude=.git",
-                        "--include=node_modules", "--filter=:- .gitignore", f"{PROJECT}/", self.folder], check=True)
-        subprocess.run(["cmake", "--preset", "mutation", "--log-level=ERROR"], cwd=self.folder, check=True,
-                       stdout=subprocess.DEVNULL)
-        for entry in json.loads((self.build / "compile_commands.json").read_text(encoding="utf-8")):
-            name = os.path.relpath(entry["file"], self.folder)
-            _, *self.options[name], _, path, _, _ = shlex.split(entry["command"])  # ... -o OBJECT -c SOURCE
-            self.objects[name].append(path)
+                        "--include=node_modules", "--filter=:- .gitignore", "./", self.folder], check=True)
+        subprocess.run(["cmake", "--preset", "mutation"], cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
+        subprocess.run(["ninja", "--quiet"], cwd=self.build, check=True)
+        for entry in json.loads((self.build / "compile_commands.json").read_bytes()):
+            self.commands[os.path.relpath(entry["file"], self.folder)].append(shlex.split(entry["command"]))
 
     def run(self, *command):
         """Returns the status and output of a command. Kills the processes that it leaves behind."""
         with (tempfile.TemporaryDirectory(prefix="mutate-", ignore_cleanup_errors=True) as temporary,
               tempfile.TemporaryFile("w+", encoding="utf-8", errors="replace") as output):
-            process = subprocess.Popen(command, cwd=self.build, env=os.environ | {"TMPDIR": temporary}, stdout=output,
-                                       stdin=subprocess.DEVNULL, stderr=subprocess.STDOUT, start_new_session=True)
+            os.chmod(temporary, 0o755)  # Some tests give up the rights of root.
+            # Limits for each process, because a change may make a loop endless.
+            process = subprocess.Popen(["prlimit", "--cpu=60", f"--data={4 << 30}", *command], cwd=self.build,
+                                       env=os.environ | {"TMPDIR": temporary}, start_new_session=True,
+                                       stdin=subprocess.DEVNULL, stdout=output, stderr=output)
             try:
-                process.wait()
+                os.waitid(os.P_PID, process.pid, os.WEXITED | os.WNOWAIT)
             finally:
-                with contextlib.suppress(ProcessLookupError):
-                    os.killpg(process.pid, signal.SIGKILL)
+                os.killpg(process.pid, signal.SIGKILL)
             output.seek(0)
-            return process.returncode, output.read()
-
-    def ninja(self, *targets):
-        status, output = self.run("ninja", "-j", self.threads, *targets)
-        return status == 0, output
-
-    def ctest(self, *options):
-        return self.run("ctest", "--timeout", "60", "-j", self.threads, *options)
+            return process.wait(), output.read()
 
     def time_tests(self):
-        """Runs the tests without a change. Returns the numbers of those that pass, the fastest first."""
+        """Runs the tests without a change. Returns those that pass, the fastest first."""
         print("== Running the tests without a change", file=sys.stderr)
         # Packages and pages do not depend on what the code does; other projects take minutes to build.
-        _, output = self.ctest("-LE", "^(package|docs)$", "-E", "^host_libraries")
-        passed = re.findall(r" #(\d+): \S+ \.* +Passed +([\d.]+)", output)
-        return [number for number, _ in sorted(passed, key=lambda test: float(test[1]))]
-
-    def failing_test(self, order):
-        """Runs tests until one fails, and moves it to the front of the order."""
-        # In batches, because ctest does not keep the order.
-        for batch in filter(None, (order[:10], order[10:100], order[100:])):
-            selection = self.folder / "build/tests.txt"
-            # The first number, the last, the step, and the other numbers.
-            selection.write_text(",".join([batch[0], batch[0], "1", *batch[1:]]) + "\n", encoding="utf-8")
-            status, output = self.ctest("--stop-on-failure", "-I", str(selection))
-            if status:
-                failed = re.search(r" #(\d+): (\S+) \.[^\n*]*\*\*\*(?!Skipped)", output)
-                order.sort(key=lambda test: not failed or test != failed[1])
-                return failed[2] if failed else "the list of the tests"
-        return None
+        _, output = self.run(*self.ctest, "-LE", "^(package|docs|host_libraries)$")
+        listed = json.loads(self.run("ctest", "--show-only=json-v1")[1])["tests"]
+        return sorted((float(seconds), number, os.path.relpath(listed[int(number) - 1]["command"][0], self.build))
+                      for number, seconds in re.findall(r" #(\d+): .+ \.+ +Passed +([\d.]+)", output))
 
     def compile(self, name):
         """Returns the objects of a source; None if it does not compile."""
-        is_built, _ = self.ninja(*self.objects[name])
-        return [(self.build / path).read_bytes() for path in self.objects[name]] if is_built else None
+        objects = [command[-3] for command in self.commands[name]]  # ... -o OBJECT -c SOURCE
+        status, _ = self.run("ninja", *objects)
+        return None if status else [(self.build / path).read_bytes() for path in objects]
 
-    def outcome(self, name, change, order):
-        """Tries a change. Returns its outcome, and the test that caught it."""
-        file = self.folder / name
-        self.ninja()  # without the change before
-        original, before = file.read_bytes(), self.compile(name)
-        file.write_bytes(change.apply(original))
-        try:
-            after = self.compile(name)
-            if after == before:
-                return "not noticeable", None
-            if not after or not self.ninja()[0]:
-                return "not built", None
-            test = self.failing_test(order)
-            return "caught" if test else "survived", test
-        finally:
+    def outcome(self, name, before, order):
+        """Returns the outcome of a change and the test that caught it, which moves to the front unless it is slow."""
+        after = self.compile(name)
+        if after == before:
+            return "not noticeable", ""
+        if not after or self.run("ninja")[0]:
+            return "not built", ""
+        inputs = {program: self.run("ninja", "-t", "inputs", program) for _, _, program in set(order)}
+        # Ninja does not know programs of the system, such as Python.
+        tests = [test for _, test, program in order if inputs[program][0] or f"/{name}\n" in inputs[program][1]]
+        # In batches, because ctest does not keep the order. 0,0,0 is an empty range.
+        for batch in filter(None, (tests[:10], tests[10:100], tests[100:])):
+            status, output = self.run(*self.ctest, "--stop-on-failure", "-I", ",".join(["0,0,0", *batch]))
+            if status:
+                failed = re.search(r"tests FAILED:\n\s*(\d+) - (\S+)", output)
+                order.sort(key=lambda test: not failed or test[1] != failed[1] or test[0] > 1)
+                return "caught", failed[2] if failed else "the list of the tests"
+        return "survived", ""
+
+    def try_changes(self, places, order):
+        for row, change in places:
+            file = self.folder / row["file"]
+            original, before = file.read_bytes(), self.compile(row["file"])
+            file.write_bytes(change.apply(original))
+            row["outcome"], row["test"] = self.outcome(row["file"], before, order)
             file.write_bytes(original)
-
-
-def try_changes(tree, places, order):
-    for row, change in places:
-        row["outcome"], row["test"] = tree.outcome(row["file"], change, order)
-        with OUTCOMES.open("a", encoding="utf-8") as file:
-            file.write(json.dumps(row) + "\n")
-        print_row(row)
-
-
-def try_in_parallel(trees, places):
-    # One after the other: the first tree fills ccache for the others.
-    for tree in trees:
-        print(f"== Building {tree.folder} without a change", file=sys.stderr)
-        is_built, output = tree.ninja()
-        if not is_built:
-            sys.exit(f"{output[-4000:]}\nthe unchanged sources cannot be built")
-    order = trees[0].time_tests()
-    workers = [multiprocessing.Process(target=try_changes, args=(tree, places[first::len(trees)], order), daemon=True)
-               for first, tree in enumerate(trees)]
-    for step in (multiprocessing.Process.start, multiprocessing.Process.join):
-        for worker in workers:
-            step(worker)
+            with OUTCOMES.open("a", encoding="utf-8") as outcomes:
+                outcomes.write(json.dumps(row) + "\n")
+            print(ROW.format_map(row), flush=True)
 
 
 def draw_places(tree, arguments):
     """Draws changes. Returns each with the part of its row that is known before it is tried."""
-    sources = {name: (tree.folder / name).read_bytes() for name in sorted(tree.objects)
-               if name.startswith(("docparser/", "platform/", "tools/refdoc/"))
-               and name.startswith(os.path.join(arguments.room, "")) and name in (arguments.files or [name])}
-    if not set(arguments.files) <= sources.keys() or not sources:
-        sys.exit("not a source, or not in this room")
-    tests = b"".join(path.read_bytes() for path in sorted(tree.folder.glob("tests/**/*.?pp")))
+    names = tuple(arguments.files) or os.path.join(arguments.room, "")
+    sources = {name: (tree.folder / name).read_bytes() for name in tree.commands
+               if name.startswith(("docparser/", "platform/", "tools/refdoc/")) and name.startswith(names)}
+    tests = b"".join(path.read_bytes() for path in sorted(tree.folder.glob("tests/**/*")) if path.is_file())
     drawn = mutants.draw_changes(sources, arguments.seed, lambda name: mutants.find_changes(
-        tree.folder / name, tree.options[name]))
-    places = []
-    for name, change in itertools.islice(drawn, arguments.count):
-        key = hashlib.sha256(tests + sources[name] + repr((name, change)).encode()).hexdigest()
-        places.append(({"key": key, "place": f"{name}:{change.line}:{change.column}", "file": name,
-                        "change": change.describe(sources[name])}, change))
-    return places
+        tree.folder / name, tree.commands[name][0][1:-4]))
+    return [({"key": hashlib.sha256(sources[name] + repr((name, change)).encode()).hexdigest(),
+              "tests": hashlib.sha256(tests).hexdigest(), "file": name,
+              "change": f"{name}:{change.line}:{change.column}  {change.describe()}"}, change)
+            for _, (name, change) in zip(range(arguments.count), drawn)]
 
 
-def read_outcomes():
+def known_rows(places):
+    """Returns the rows of the changes that need not be tried again, by key."""
     lines = OUTCOMES.read_text(encoding="utf-8").splitlines() if OUTCOMES.exists() else []
-    return {row["key"]: row for row in map(json.loads, lines)}
-
-
-def print_row(row):
-    test = f"  [{row['test']}]" if row["test"] else ""
-    print(f"{row['outcome']:<15} {row['place']}  {row['change']}{test}", flush=True)
+    outcomes = {row["key"]: row for row in map(json.loads, lines)}
+    rows = [(outcomes.get(row["key"]), row["tests"]) for row, _ in places]
+    return {row["key"]: row for row, tests in rows if row and (row["outcome"] != "survived" or row["tests"] == tests)}
 
 
 def print_summary(rows):
-    folders = collections.defaultdict(collections.Counter)
-    for row in rows:
-        for folder in pathlib.PurePath(row["file"]).parents:
-            folders[str(folder)][row["outcome"]] += 1
-    print(f"\n{'folder':<32} drawn | not built | noticeable | caught | share")
-    for folder, counts in sorted(folders.items()):
-        noticeable = counts["caught"] + counts["survived"]
-        print(f"{folder:<32} {counts.total():>5} | {counts['not built']:>9} | {noticeable:>10} | "
-              f"{counts['caught']:>6} | {counts['caught'] / max(1, noticeable):>5.0%}")
+    outcomes = ["not built", "not noticeable", "caught", "survived"]
+    counts = collections.Counter((os.path.dirname(row["file"]), row["outcome"]) for row in rows)
+    print(f"\n{'folder':<32}", *(f"{outcome:>14}" for outcome in outcomes))
+    for folder in sorted({folder for folder, _ in counts}):
+        print(f"{folder:<32}", *(f"{counts[folder, outcome]:>14}" for outcome in outcomes))
 
 
 def main():
@@ -179,22 +138,25 @@ def main():
     parser.add_argument("--jobs", type=int, default=1, help="changes tried at once; 1 by default")
     parser.add_argument("files", nargs="*", metavar="FILE", help="only these sources, as in docparser/Settings.cpp")
     arguments = parser.parse_args()
-    resource.setrlimit(resource.RLIMIT_DATA, (MEMORY_BYTES, MEMORY_BYTES))
-    signal.signal(signal.SIGTERM, signal.default_int_handler)
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, lambda *_: sys.exit(130))
     trees = [Tree(number, max(1, os.cpu_count() // arguments.jobs)) for number in range(1, arguments.jobs + 1)]
-    places, outcomes = draw_places(trees[0], arguments), read_outcomes()
-    for row in (outcomes[row["key"]] for row, _ in places if row["key"] in outcomes):
-        print_row(row)
-    if left := [place for place in places if place[0]["key"] not in outcomes]:
-        try_in_parallel(trees, left)
-    outcomes = read_outcomes()
-    rows = [outcomes[row["key"]] for row, _ in places if row["key"] in outcomes]
+    places = draw_places(trees[0], arguments)
+    if not places:
+        parser.error("no changes in such sources")
+    known = known_rows(places)
+    for row in known.values():
+        print(ROW.format_map(row))
+    if left := [place for place in places if place[0]["key"] not in known]:
+        order = trees[0].time_tests()
+        shares = [(tree, left[first::arguments.jobs], order) for first, tree in enumerate(trees)]
+        # Ctrl-C does not reach other sessions. It ends this process, which then ends the others.
+        with multiprocessing.Pool(arguments.jobs, os.setsid) as pool:
+            pool.starmap(Tree.try_changes, shares, chunksize=1)
+    rows = known_rows(places).values()
     print_summary(rows)
     sys.exit(len(rows) < len(places) or any(row["outcome"] == "survived" for row in rows))
 
 
 if __name__ == "__main__":
-    try:
-        main()
-    except KeyboardInterrupt:
-        sys.exit("interrupted; the same command continues the run")
+    main()

@@ -71,13 +71,17 @@ install_npm_packages() {
         say "npm has failed"
 }
 
+use_ccache() {
+    if command -v ccache >/dev/null; then
+        export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    fi
+}
+
 # Configures and builds a preset in build/<preset>; further arguments go to the build.
 build_preset() {
     local preset=$1
     shift
-    if command -v ccache >/dev/null; then
-        export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
-    fi
+    use_ccache
     say "Configuring build/$preset"
     cmake --preset "$preset" --log-level=WARNING
     say "Building build/$preset; the first build takes a few minutes"
