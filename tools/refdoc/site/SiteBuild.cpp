@@ -133,13 +133,16 @@ private:
         return std::ranges::find(languages_, edition.language, &SiteLanguage::code);
     }
 
-    // Calls use(edition, section, href) for each item of each edition.
+    // Calls use(edition, section, href) for each item of each edition. The editions of an item
+    // follow each other, because threads that create files in one folder wait for each other.
     template <class Use>
     static void forEachItem(const Product& product, Use use) {
-        for (const Edition& edition : product.editions) {
-            for (const auto& [key, resource] : edition.content->resources) {
-                for (const auto& [href, items] : resource.items)
-                    use(edition, key, href);
+        for (const auto& [key, pages] : product.pages) {
+            for (const auto& [href, path] : pages.items) {
+                for (const Edition& edition : product.editions) {
+                    if (site::pageOf(product, edition, key, href))
+                        use(edition, key, href);
+                }
             }
         }
     }
