@@ -52,11 +52,14 @@ std::string collidingName(std::size_t number) {
 }
 
 TEST_F(DirectoryCheckTest, ListsADirectoryOfManyMebibytes) {
-    const auto nameAt = [](std::size_t i) {
-        const std::string number = std::to_string(i);
-        return ZipEntryBytes{.name = std::string(60 - number.size(), '0') + number};
-    };
-    EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U);
+    // libzip converts names that begin with the second one from CP437.
+    for (const char* const first : {"0", "\xCD"}) {
+        const auto nameAt = [&](std::size_t i) {
+            const std::string number = std::to_string(i);
+            return ZipEntryBytes{.name = first + std::string(59 - number.size(), '0') + number};
+        };
+        EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U) << first;
+    }
 }
 
 struct LimitedPackage {
