@@ -18,7 +18,8 @@ using platform::LimitError;
 using testing::ElementsAre;
 using testing::EndsWith;
 
-constexpr const char* kCollision = "too many names of its entries have equal hashes";
+constexpr const char* kCollision =
+    "cannot be opened: too many names of its entries have equal hashes";
 
 class DirectoryCheckTest : public PackageTest {
 public:
@@ -102,8 +103,9 @@ TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
     std::filesystem::resize_file(folder / "package.zip", kLength);
     std::ofstream(folder / "package.zip", std::ios::app | std::ios::binary)
         << endRecord(1, kLength, 0);
-    EXPECT_THAT(messageOf<LimitError>([&] { OpenPackage{file}; }),
-                EndsWith("its directory is larger than the limit of 67108864 bytes"));
+    EXPECT_THAT(
+        messageOf<LimitError>([&] { OpenPackage{file}; }),
+        EndsWith("cannot be opened: its directory is larger than the limit of 67108864 bytes"));
 }
 
 TEST_F(DirectoryCheckTest, IgnoresAnEndRecordThatDoesNotLeadToADirectory) {
@@ -142,7 +144,7 @@ TEST_F(DirectoryCheckTest, RefusesSeveralDirectoriesThatTogetherExceedTheLimit) 
         bytes += endRecord(kCount - i, length - 47 * i, offset + 47 * i);
     platform::setReadLimits({.directoryBytes = length});
     EXPECT_THAT(messageOf<LimitError>([&] { open(bytes); }),
-                EndsWith("its directory takes more reads than the limit allows"));
+                EndsWith("cannot be opened: its directory takes more reads than the limit allows"));
 }
 
 TEST_F(DirectoryCheckTest, ListsThousandsOfNamesWithEqualHashes) {
