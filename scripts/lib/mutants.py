@@ -80,7 +80,7 @@ class Finder:
             begin, end = bounds(statement)
             if statement.kind.name not in KEPT_STATEMENTS:
                 self.add("drop a statement", begin, end, "")
-            if function and statement.kind.name != "RETURN_STMT":
+            if function and statement.kind.name not in ("RETURN_STMT", "CASE_STMT", "DEFAULT_STMT"):
                 value = "" if function.result_type.kind == TypeKind.VOID else " {}"
                 self.add("return early", begin, begin, f"return{value}; ")
         self.change_neighbours(statements)

@@ -59,6 +59,9 @@ class MutantsTest(unittest.TestCase):
 
     def test_finds_no_change_without_an_effect(self):
         self.assertEqual(self.changes("int f(int a, int b) { return a; } void g(int a) {}"), [])
+        self.assertEqual(self.changed_texts("int f(int a) { switch (a) { case 1: return 2; default: return 3; } }",
+                                            "return early"),
+                         ["int f(int a) { return {}; switch (a) { case 1: return 2; default: return 3; } }"])
         self.assertEqual(self.changed_texts("void f(int a, char b) { f(a, b); }", "swap two arguments"), [])
         self.assertEqual(self.changed_texts("void f(int a) { f(a); }", "reorder two calls"), [])
 

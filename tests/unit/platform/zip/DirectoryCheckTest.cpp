@@ -18,7 +18,8 @@ using platform::LimitError;
 using testing::ElementsAre;
 using testing::EndsWith;
 
-constexpr const char* kCollision = "too many names of its entries have equal hashes";
+constexpr const char* kCollision =
+    "cannot be opened: too many names of its entries have equal hashes";
 
 class DirectoryCheckTest : public PackageTest {
 public:
@@ -52,11 +53,14 @@ std::string collidingName(std::size_t number) {
 }
 
 TEST_F(DirectoryCheckTest, ListsADirectoryOfManyMebibytes) {
-    const auto nameAt = [](std::size_t i) {
-        const std::string number = std::to_string(i);
-        return ZipEntryBytes{.name = std::string(60 - number.size(), '0') + number};
-    };
-    EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U);
+    // libzip converts names that begin with the second one from CP437.
+    for (const char* const first : {"0", "\xCD"}) {
+        const auto nameAt = [&](std::size_t i) {
+            const std::string number = std::to_string(i);
+            return ZipEntryBytes{.name = first + std::string(59 - number.size(), '0') + number};
+        };
+        EXPECT_EQ(leavesOf(90'001, nameAt), 90'001U) << first;
+    }
 }
 
 struct LimitedPackage {
@@ -99,8 +103,9 @@ TEST_F(DirectoryCheckTest, RefusesADirectoryWithAStatedSizeAboveTheLimit) {
     std::filesystem::resize_file(folder / "package.zip", kLength);
     std::ofstream(folder / "package.zip", std::ios::app | std::ios::binary)
         << endRecord(1, kLength, 0);
-    EXPECT_THAT(messageOf<LimitError>([&] { OpenPackage{file}; }),
-                EndsWith("its directory is larger than the limit of 67108864 bytes"));
+    EXPECT_THAT(
+        messageOf<LimitError>([&] { OpenPackage{file}; }),
+        EndsWith("cannot be opened: its directory is larger than the limit of 67108864 bytes"));
 }
 
 TEST_F(DirectoryCheckTest, IgnoresAnEndRecordThatDoesNotLeadToADirectory) {
@@ -139,7 +144,7 @@ TEST_F(DirectoryCheckTest, RefusesSeveralDirectoriesThatTogetherExceedTheLimit) 
         bytes += endRecord(kCount - i, length - 47 * i, offset + 47 * i);
     platform::setReadLimits({.directoryBytes = length});
     EXPECT_THAT(messageOf<LimitError>([&] { open(bytes); }),
-                EndsWith("its directory takes more reads than the limit allows"));
+                EndsWith("cannot be opened: its directory takes more reads than the limit allows"));
 }
 
 TEST_F(DirectoryCheckTest, ListsThousandsOfNamesWithEqualHashes) {

@@ -154,9 +154,9 @@ POSIX_TEST_F(EntryContentTest, RefusesAesEncryptedEntries) {
                     ZIP_EM_AES_256);
     OpenPackage package(path("aes.zip"));
     EXPECT_THAT(package.leafNames(), ElementsAre(u"a.json"));
-    EXPECT_THAT(
-        messageOf([&] { package.read(0); }),
-        testing::AllOf(testing::HasSubstr("\"a.json\""), testing::HasSubstr("it is encrypted")));
+    EXPECT_THAT(messageOf([&] { package.read(0); }),
+                testing::AllOf(testing::HasSubstr("\"a.json\""),
+                               testing::HasSubstr("cannot be delivered: it is encrypted")));
 }
 
 TEST_F(EntryContentTest, StreamsCanBeReadInTurn) {

@@ -126,7 +126,7 @@ TEST_F(EntryDamageTest, ReadingExactlyTheSizeDoesNotHideAWrongChecksum) {
     EXPECT_EQ(stream->read(buffer.data(), buffer.size()), buffer.size());
     EXPECT_THROW(stream->read(buffer.data(), buffer.size()), opc::PackageError);
     EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), buffer.size()); }),
-                HasSubstr("it has failed before"));
+                HasSubstr("cannot be delivered: it has failed before"));
 }
 
 TEST_F(EntryDamageTest, IgnoresTheNameInTheLocalHeader) {

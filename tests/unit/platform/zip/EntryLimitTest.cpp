@@ -81,7 +81,7 @@ TEST_F(EntryLimitTest, EntryThatUnderstatesItsSizeStopsAtTheStatedSize) {
         std::string buffer(size, '\0');
         EXPECT_EQ(stream->read(buffer.data(), size - 1), size - 1);
         EXPECT_THAT(messageOf([&] { stream->read(buffer.data(), size); }),
-                    EndsWith("it is larger than the package says"));
+                    EndsWith("cannot be delivered: it is larger than the package says"));
     }
 }
 
@@ -104,7 +104,7 @@ TEST_F(EntryLimitTest, LimitReachedWhileAnEntryIsReadStopsIt) {
             EXPECT_THAT(messageOf<LimitError>([&] { first->read(buffer.data(), buffer.size()); }),
                         EndsWith(beyondPackageLimit(length + 500)));
             EXPECT_THAT(messageOf([&] { first->read(buffer.data(), buffer.size()); }),
-                        EndsWith("it has failed before"));
+                        EndsWith("cannot be delivered: it has failed before"));
         }
     }
 }
