@@ -196,8 +196,13 @@ private:
 
     bool process_and_close_socket(socket_t socket) override {
         Connection connection(connections_, socket);
-        if (svr_sock_ == INVALID_SOCKET)
-            return false; // stopped, so the connection may have missed its end
+        // After a stop, the connection may have missed its end.
+        if (svr_sock_ != INVALID_SOCKET)
+            answer(connection);
+        return true; // ignored by the caller
+    }
+
+    void answer(Connection& connection) {
         try {
             bool isClosed = false;
             process_request(connection, /*close_connection=*/true, isClosed,
@@ -211,7 +216,6 @@ private:
         } catch (...) {
             // Out of memory; only this connection ends.
         }
-        return true;
     }
 
     ServerSettings settings_;
