@@ -2,10 +2,16 @@
 
 #include "tests/unit/tools/refdoc/cli/Gardener.hpp"
 #include "tools/refdoc/Commands.hpp"
+#include "tools/refdoc/cli/CommandLine.hpp"
 
+#include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/replace.hpp>
+#include <boost/algorithm/string/split.hpp>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 namespace refdoc_tests {
 namespace {
@@ -32,6 +38,23 @@ TEST(ManPageTest, HasEveryCommandOptionAndStatusOfTheTable) {
     for (const std::vector<Remark>* remarks : {&table.exitStatuses, &table.environment})
         for (const Remark& remark : *remarks)
             EXPECT_THAT(page, HasSubstr("\n\\fB" + escaped(remark.subject) + "\\fR\n"));
+}
+
+TEST(ManPageTest, ExamplesOfACommandCallIt) {
+    for (const CommandEntry& command : commandTable().commands) {
+        for (const Remark& example : command.examples) {
+            std::vector<std::string> words;
+            boost::algorithm::split(words, example.subject, boost::algorithm::is_space());
+            if (words.front() == "git") // configures git to call refdoc
+                continue;
+            EXPECT_EQ(words.front(), "refdoc");
+            words.erase(words.begin());
+            const CommandLine line = sortWords(commandTable(), words);
+            ASSERT_NE(line.command, nullptr) << example.subject;
+            EXPECT_EQ(line.command->name, command.name) << example.subject;
+            EXPECT_EQ(line.valueFault, "") << example.subject;
+        }
+    }
 }
 
 TEST(ManPageTest, PutsTheArgumentsAndOptionsOfACommandBelowIt) {

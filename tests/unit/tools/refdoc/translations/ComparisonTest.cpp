@@ -210,9 +210,11 @@ TEST(ComparisonTest, TranslatedPageIsNoNewPage) {
 class Lookups {
 public:
     Lookups& add(const std::u16string& name, const std::u16string& href,
-                 const std::u16string& purpose, bool isDeprecated = false) {
-        const auto& record = records_.emplace_back(name, RefEntityType::Function, purpose,
-                                                   isDeprecated, href, FunctionType::Function);
+                 const std::u16string& purpose, bool isDeprecated = false,
+                 RefEntityType::Value type = RefEntityType::Function,
+                 FunctionType::Value functionType = FunctionType::Function) {
+        const auto& record =
+            records_.emplace_back(name, type, purpose, isDeprecated, href, functionType);
         byKey_[{u"s", record.getName(), record.getHref()}] = &record;
         return *this;
     }
@@ -248,9 +250,10 @@ TEST(ComparisonTest, LookupRecordOfAnotherTypeIsOutOfStep) {
     Lookups english;
     english.add(u"graft", u"a", u"Join", /*isDeprecated=*/true);
     Lookups translation;
-    translation.add(u"graft", u"a", u"Verbinden");
+    translation.add(u"graft", u"a", u"Verbinden", /*isDeprecated=*/false, RefEntityType::Method,
+                    FunctionType::Constructor);
     Entry expected = lookupEntry(Defect::OutOfStep, u"graft", u"a");
-    expected.fields = {"deprecated"};
+    expected.fields = {"entityType", "deprecated", "functionType"};
     EXPECT_EQ(compareLookups(english.byKey(), translation.byKey(), {}),
               (Comparison{.english = 1, .translated = 1, .entries = {expected}}));
 }
