@@ -111,7 +111,7 @@ private:
         for (const std::u16string& language : languages_) {
             LanguageContents contents =
                 retrieveLanguage(language, products_, english, [&] { progress_.step(); });
-            if (english.empty())
+            if (language == languages_.front())
                 english = contents.products;
             take(std::move(contents));
         }

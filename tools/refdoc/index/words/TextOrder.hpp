@@ -40,9 +40,10 @@ public:
     }
 
     /// Sorts elements by their texts, and those with equal texts by a number. Far faster than a
-    /// sort that only compares texts, because the texts are all over the memory. \tparam Element
-    /// has the number of its text as `order` \param textOf    returns the text of an element \param
-    /// number    different in elements with equal texts
+    /// sort that only compares texts, because the texts are all over the memory.
+    /// \param elements  each has the number of its text as `order`
+    /// \param textOf    returns the text of an element
+    /// \param number    differs in elements with equal texts
     template <typename Element, typename TextOf>
     void sort(std::vector<Element>& elements, TextOf textOf, std::uint32_t Element::*number) const {
         boost::sort::spreadsort::integer_sort(

@@ -7,6 +7,8 @@ namespace {
 using enum CaseType;
 
 const ExampleFile kGerman = germanManifest();
+const ExampleFile kGermanAndJapanese = {"installation.json",
+                                        R"({"supportedDocLanguages": ["en", "de", "ja"]})"};
 const ExampleFile kTaiwan = {"installation.json",
                              R"({"supportedDocLanguages": ["en", "TW", "zh_TW"]})"};
 const ExampleFile kSupport = {"installation.json",
@@ -365,6 +367,12 @@ const std::vector<RuleCase> kFileCases = {
      {Translation},
      {kGerman, {"lookup/P_de.json", text(record("a"))}},
      "lookup/P_de.json:1:1"},
+    {"lookup-without-resources", // each language lacks the files of the other
+     {Translation},
+     {kGermanAndJapanese,
+      {"full/P_de.json", text(item("a"))},
+      {"lookup/P_ja.json", text(record("a"))}},
+     "lookup/P_ja.json:1:1"},
 
     {"installed-without-documentation",
      {Negative},
