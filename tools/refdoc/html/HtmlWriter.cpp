@@ -67,10 +67,6 @@ std::u16string withClosedIsolates(std::u16string_view text) {
 
 } // namespace
 
-HtmlWriter::HtmlWriter(std::string memory) : html_(std::move(memory)) {
-    html_.clear();
-}
-
 void HtmlWriter::text(std::u16string_view text) {
     // Most strings need neither conversion nor escapes.
     const auto rest = std::ranges::find_if_not(text, isPlain);

@@ -40,10 +40,6 @@ using Attributes = std::initializer_list<Attribute>;
 ///     });
 class HtmlWriter {
 public:
-    /// \param memory  a string that is no longer needed, such as the last page: the text is written
-    ///                to its memory
-    explicit HtmlWriter(std::string memory = {});
-
     void text(std::u16string_view text);
     /// \param text  as in an Attribute
     void text(std::string_view text);

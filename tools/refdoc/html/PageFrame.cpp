@@ -104,9 +104,9 @@ void writeBody(HtmlWriter& writer, const PageFrame& frame,
 
 } // namespace
 
-std::string framedPage(const PageFrame& frame, const std::function<void(HtmlWriter&)>& writeContent,
-                       std::string memory) {
-    HtmlWriter writer(std::move(memory));
+std::string framedPage(const PageFrame& frame,
+                       const std::function<void(HtmlWriter&)>& writeContent) {
+    HtmlWriter writer;
     const std::string_view direction = isRightToLeft(frame.language) ? "rtl" : "ltr";
     writer.emptyElement("!DOCTYPE", {{"html", ""}});
     writer.text("\n");

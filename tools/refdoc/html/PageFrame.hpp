@@ -53,9 +53,8 @@ inline constexpr std::string_view kPolicy =
 
 /// Returns a complete page. Its policy allows only scripts, styles and pictures of the site itself,
 /// so that nothing in a record could run even if it became markup.
-/// \param memory  see HtmlWriter
-std::string framedPage(const PageFrame& frame, const std::function<void(HtmlWriter&)>& writeContent,
-                       std::string memory = {});
+std::string framedPage(const PageFrame& frame,
+                       const std::function<void(HtmlWriter&)>& writeContent);
 
 /// Returns the tag that HTML has for a language: "zh-CN" for "zh_CN".
 std::string languageTag(std::string_view language);

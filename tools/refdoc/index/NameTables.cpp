@@ -22,33 +22,35 @@ std::u16string reversedKey(std::u16string_view key) {
 
 } // namespace
 
-void NameTables::add(std::u16string_view name, std::uint32_t number) {
+void NameTables::add(std::u16string_view name, std::uint32_t record) {
     if (name.empty() || name.size() > kLongestName)
         return;
     std::u16string key(1, static_cast<char16_t>(name.size()));
-    names_.emplace_back(key.append(name), number);
+    names_.emplace_back(key.append(name), record);
 }
 
-std::string NameTables::writeNames(const AddFile& addFile) {
-    return write("name", addFile);
-}
-
-std::string NameTables::writeReversedNames(const AddFile& addFile) {
-    for (auto& [key, number] : names_)
+NameDirectories NameTables::write(const std::vector<std::uint32_t>& numbers,
+                                  const AddFile& addFile) {
+    NameDirectories directories;
+    directories.names = writeTable("name", numbers, addFile);
+    for (auto& [key, record] : names_)
         key = reversedKey(key);
-    return write("eman", addFile);
+    directories.reversedNames = writeTable("eman", numbers, addFile);
+    return directories;
 }
 
-std::string NameTables::write(const std::string& table, const AddFile& addFile) {
+std::string NameTables::writeTable(const std::string& table,
+                                   const std::vector<std::uint32_t>& numbers,
+                                   const AddFile& addFile) const {
     IndexTable rows(table, kLargestNamePart, addFile);
-    std::string numbers;
+    std::string row;
     for (const std::uint32_t position :
          sortedPositions(names_.size(),
                          [&](std::size_t at) -> std::u16string_view { return names_[at].first; })) {
-        const auto& [key, number] = names_[position];
-        numbers.clear();
-        appendNumber(number, numbers);
-        rows.add(key, numbers);
+        const auto& [key, record] = names_[position];
+        row.clear();
+        appendNumber(numbers[record], row);
+        rows.add(key, row);
     }
     return rows.finish();
 }

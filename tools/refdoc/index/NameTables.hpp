@@ -10,25 +10,31 @@
 
 namespace refdoc::site {
 
+/// What IndexTable::finish() returned for the tables.
+struct NameDirectories {
+    std::string names;
+    std::string reversedNames;
+};
+
 /// The tables "name" and "eman", which find names that are near a text. They are sorted by the
 /// length of the names, which is the first code unit of the keys; in "eman", the names are
 /// reversed.
 class NameTables {
 public:
     /// Adds the name of a record, unless it is too long to have near matches.
-    /// \param name  folded
-    void add(std::u16string_view name, std::uint32_t number);
+    /// \param name    folded
+    /// \param record  its position in the order of the numbers
+    void add(std::u16string_view name, std::uint32_t record);
 
-    /// Writes "name". Returns what IndexTable::finish() returns. May be called once.
-    std::string writeNames(const AddFile& addFile);
-
-    /// The same for "eman", after writeNames().
-    std::string writeReversedNames(const AddFile& addFile);
+    /// Writes the tables. The last call to the object.
+    /// \param numbers  of the records
+    NameDirectories write(const std::vector<std::uint32_t>& numbers, const AddFile& addFile);
 
 private:
-    std::string write(const std::string& table, const AddFile& addFile);
+    std::string writeTable(const std::string& table, const std::vector<std::uint32_t>& numbers,
+                           const AddFile& addFile) const;
 
-    std::vector<std::pair<std::u16string, std::uint32_t>> names_; // keys and numbers
+    std::vector<std::pair<std::u16string, std::uint32_t>> names_; // keys and records
 };
 
 } // namespace refdoc::site

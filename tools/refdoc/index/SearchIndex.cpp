@@ -10,6 +10,7 @@
 
 #include <fmt/format.h>
 
+#include <future>
 #include <string_view>
 #include <vector>
 
@@ -59,27 +60,31 @@ std::vector<std::uint32_t> classNumbers(const IndexedRecords& records,
 void makeSearchIndex(const reference::docparser::LookupIndex& index, const FindPage& findPage,
                      const AddFile& addFile) {
     const IndexedRecords records(index);
-    const std::vector<std::uint32_t> numbers = writeRows(records, findPage, addFile);
-
-    NameTables nameTables;
+    // Another thread makes what needs no words, if the system allows one.
+    std::future<std::vector<std::uint32_t>> rows =
+        std::async([&] { return writeRows(records, findPage, addFile); });
     RecordWords recordWords;
+    NameTables nameTables;
     IndexedRecords::Fields fields;
     for (std::uint32_t record = 0; record < records.size(); ++record) {
         records.foldFields(record, fields);
         for (const SearchField field : kFields)
             recordWords.add(fields[static_cast<std::size_t>(field)], record, field);
-        nameTables.add(fields[0], numbers[record]);
+        nameTables.add(fields[0], record);
     }
-    const std::string names = nameTables.writeNames(addFile);
-    const std::string reversedNames = nameTables.writeReversedNames(addFile);
-    const std::string phrases = writePhrases(recordWords.phrases(), numbers, addFile);
+    const std::vector<std::uint32_t> numbers = rows.get();
+    std::future<NameDirectories> nameDirectories =
+        std::async([&] { return nameTables.write(numbers, addFile); });
+    std::future<std::string> phrases =
+        std::async([&] { return writePhrases(recordWords.phrases(), numbers, addFile); });
     const WordEnds ends(recordWords.words());
     const WordList list = writeWordList(ends, recordWords.words(), numbers, addFile);
     const std::string best = writeBest(ends, list.partStarts, records, numbers, addFile);
+    const auto [names, reversedNames] = nameDirectories.get();
     addPart(addFile, "start",
             fmt::format(R"({{"list":{},"best":{},"phrase":{},"name":{},"eman":{},)"
                         R"("classes":[{}]}})",
-                        list.directories, best, phrases, names, reversedNames,
+                        list.directories, best, phrases.get(), names, reversedNames,
                         fmt::join(classNumbers(records, numbers), ",")));
 }
 

@@ -29,6 +29,8 @@ using FindPage = std::function<std::string(const reference::docparser::IndexEntr
 ///
 /// A *word* here is a run of letters and digits, or of other characters. Of long names, links and
 /// purposes, the index has the start.
+///
+/// \param addFile  is called on several threads at a time
 void makeSearchIndex(const reference::docparser::LookupIndex& index, const FindPage& findPage,
                      const AddFile& addFile);
 

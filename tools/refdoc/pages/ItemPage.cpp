@@ -330,17 +330,15 @@ private:
 
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
-                     const FindPageAt& findPage, std::string memory) {
+                     const FindPageAt& findPage) {
     const auto& resource = edition.content->resources.at(section);
     const std::vector<RefItem>& items = resource.items.at(href);
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
-    return html::framedPage(
-        productFrame(languages, product, edition, section, href, title),
-        [&](HtmlWriter& writer) {
-            ItemContent(writer, product, edition, section, href, findPage)
-                .write(items, product.findings);
-        },
-        std::move(memory));
+    return html::framedPage(productFrame(languages, product, edition, section, href, title),
+                            [&](HtmlWriter& writer) {
+                                ItemContent(writer, product, edition, section, href, findPage)
+                                    .write(items, product.findings);
+                            });
 }
 
 } // namespace refdoc::site

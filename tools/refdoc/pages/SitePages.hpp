@@ -8,8 +8,7 @@
 
 namespace refdoc::site {
 
-// The pages of a site as HTML. The functions depend only on their arguments. The pages of items,
-// which are most pages, can be written to the memory of a page that is no longer needed.
+// The pages of a site as HTML. The functions depend only on their arguments.
 
 /// The folder of the files that all pages share, below that of the site.
 inline constexpr std::string_view kAssetFolder = "refdoc-site";
@@ -48,9 +47,8 @@ std::string brokenPage(const SiteLanguages& languages, const Product& product,
 /// an element with that id.
 /// \param findPage  finds the items of other products that links lead to; without it, such links
 ///                  are text
-/// \param memory    see html::HtmlWriter
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,
                      const std::u16string& section, const std::u16string& href,
-                     const FindPageAt& findPage = {}, std::string memory = {});
+                     const FindPageAt& findPage = {});
 
 } // namespace refdoc::site

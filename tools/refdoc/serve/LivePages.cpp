@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <mutex>
 #include <utility>
 
 namespace refdoc::serve {
@@ -282,6 +283,7 @@ std::optional<std::string> LivePages::searchFile(const SiteLanguage& language,
                                                  const std::string& name) {
     if (!search_ || search_->language != language.code) {
         SearchFiles search{language.code};
+        std::mutex filesMutex;
         const LanguageGuard current(language.code);
         makeSearchIndex(
             DocResourceParser::getResourceLookupFiles(),
@@ -289,6 +291,7 @@ std::optional<std::string> LivePages::searchFile(const SiteLanguage& language,
                 return catalog_->directory.pageOf(language.code, entry);
             },
             [&](const std::string& file, std::string_view content) {
+                const std::lock_guard lock(filesMutex);
                 search.files.emplace(file, content);
             });
         search_ = std::move(search);

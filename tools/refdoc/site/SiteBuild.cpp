@@ -20,8 +20,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <future>
+#include <functional>
 #include <iterator>
+#include <mutex>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -49,40 +50,39 @@ public:
         if (findings == Findings::Shown)
             findings_ = findFindings(products, progress);
         progress.begin("writing", products.size());
-        // Each product is read while the pages of the one before it are made.
-        std::future<ReadProduct> next = startReading(*products.begin());
-        for (auto name = products.begin(); name != products.end(); ++name) {
-            auto [product, failures] = next.get();
+        auto next = products.begin();
+        forEachProduct(products.size(), progress, [&] {
+            std::unique_lock lock(mutex_);
+            const std::u16string& name = *next++;
+            LoadAccount failures;
+            const Product product = read(name, failures);
             if (std::ranges::all_of(product.editions, &Edition::isBroken))
-                complaints.push_back(complaintAboutProduct(*name, failures));
-            product.findings = std::move(findings_.products[*name]);
-            if (const auto following = std::next(name); following != products.end())
-                next = startReading(*following);
-            paths_.choose(*name, product);
-            addPages(*name, product);
-            directory_.add(*name, product);
-            if (linked_.contains(*name)) // some of its pages are made later
-                findings_.products[*name] = std::move(product.findings);
-            progress.step();
-        }
+                complaints.push_back(complaintAboutProduct(name, failures));
+            directory_.add(name, product);
+            addSummaries(product);
+            lock.unlock();
+            addPages(name, product);
+        });
     }
 
     // Makes the pages that had to wait until the pages of all products were known.
     void addLinkedPages(Progress& progress) {
         progress.begin("linking", linked_.size());
-        for (const std::u16string& name : linked_) {
-            ReadProduct read = startReading(name).get();
-            read.product.findings = std::move(findings_.products[name]);
-            paths_.choose(name, read.product);
-            std::vector<SiteFile> files;
-            forEachItem(read.product, [&](const Edition& edition, const std::u16string& key,
-                                          const std::u16string& href) {
-                if (mayLeadOutside(read.product, edition, key, href))
-                    files.push_back(pageOf(read.product, edition, key, href));
+        const auto findPage = [this](const auto& language, const auto& location) {
+            return directory_.pageAt(language, location);
+        };
+        auto next = linked_.begin();
+        forEachProduct(linked_.size(), progress, [&] {
+            std::unique_lock lock(mutex_);
+            LoadAccount failures;
+            const Product product = read(*next++, failures);
+            lock.unlock();
+            forEachItem(product, [&](const Edition& edition, const std::u16string& key,
+                                     const std::u16string& href) {
+                if (mayLeadOutside(product, edition, key, href))
+                    addItemPage(product, edition, key, href, findPage);
             });
-            output_.add(files);
-            progress.step();
-        }
+        });
     }
 
     void addSearchIndexes(Progress& progress) {
@@ -105,18 +105,24 @@ public:
     }
 
 private:
-    struct ReadProduct {
-        Product product{};
-        LoadAccount failures{};
-    };
-
-    // On another thread, if the system allows one.
-    std::future<ReadProduct> startReading(const std::u16string& name) const {
-        return std::async([this, name] {
-            ReadProduct read;
-            read.product = readProduct(name, languages_, read.failures);
-            return read;
+    // Each thread has a product of its own: threads that create files in one folder wait for each
+    // other.
+    static void forEachProduct(std::size_t count, Progress& progress,
+                               const std::function<void()>& use) {
+        forEachInParallel(count, count, [&](std::size_t) {
+            use();
+            progress.step();
         });
+    }
+
+    // Reads a product for its pages, whose paths depend on the products that were read before.
+    Product read(const std::u16string& name, LoadAccount& failures) {
+        Product product = readProduct(name, languages_, failures);
+        paths_.choose(name, product);
+        if (const auto findings = findings_.products.find(name);
+            findings != findings_.products.end())
+            product.findings = findings->second;
+        return product;
     }
 
     void addSearchIndex(const SiteLanguage& language) {
@@ -129,69 +135,64 @@ private:
             });
     }
 
-    auto languageOf(const Edition& edition) const {
-        return std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+    std::size_t languageNumber(const Edition& edition) const {
+        const auto language = std::ranges::find(languages_, edition.language, &SiteLanguage::code);
+        return static_cast<std::size_t>(language - languages_.begin());
     }
 
-    // Calls use(edition, section, href) for each item of each edition. The editions of an item
-    // follow each other, because threads that create files in one folder wait for each other.
+    void addSummaries(const Product& product) {
+        for (const Edition& edition : product.editions)
+            std::ranges::move(summariesOf(product, edition),
+                              std::back_inserter(summaries_[languageNumber(edition)]));
+    }
+
+    // Adds a page below the folder of the language.
+    void addPage(const Edition& edition, const std::string& path, std::string_view content) {
+        output_.add(languages_[languageNumber(edition)].folder + path, content);
+    }
+
+    // Calls use(edition, section, href) for each item of each edition.
     template <class Use>
     static void forEachItem(const Product& product, Use use) {
-        for (const auto& [key, pages] : product.pages) {
-            for (const auto& [href, path] : pages.items) {
-                for (const Edition& edition : product.editions) {
-                    if (site::pageOf(product, edition, key, href))
-                        use(edition, key, href);
-                }
+        for (const Edition& edition : product.editions) {
+            for (const auto& [key, resource] : edition.content->resources) {
+                for (const auto& [href, items] : resource.items)
+                    use(edition, key, href);
             }
         }
     }
 
     void addPages(const std::u16string& name, const Product& product) {
-        std::vector<SiteFile> files;
         for (const Edition& edition : product.editions) {
-            const auto language = languageOf(edition);
-            for (const auto& [key, resource] : edition.content->resources)
-                files.push_back(
-                    {language->folder + product.pages.at(key).index, [&, &key = key](auto&&) {
-                         return sectionPage(languages_, product, edition, key);
-                     }});
-            if (edition.isBroken()) {
-                for (const auto& [key, pages] : product.pages)
-                    files.push_back({language->folder + pages.index, [&, &key = key](auto&&) {
-                                         return brokenPage(languages_, product, edition, key);
-                                     }});
+            for (const auto& [key, pages] : product.pages) {
+                if (edition.isBroken())
+                    addPage(edition, pages.index, brokenPage(languages_, product, edition, key));
+                else if (edition.content->resources.contains(key))
+                    addPage(edition, pages.index, sectionPage(languages_, product, edition, key));
             }
-            std::ranges::move(
-                summariesOf(product, edition),
-                std::back_inserter(
-                    summaries_[static_cast<std::size_t>(language - languages_.begin())]));
         }
+        bool mustWait = false;
         forEachItem(product, [&](const Edition& edition, const std::u16string& key,
                                  const std::u16string& href) {
             if (mayLeadOutside(product, edition, key, href))
-                linked_.insert(name);
-            else
-                files.push_back(pageOf(product, edition, key, href));
+                mustWait = true;
+            else // no link of the page leads to another product
+                addItemPage(product, edition, key, href, {});
         });
-        output_.add(files);
+        if (mustWait) {
+            const std::lock_guard lock(mutex_);
+            linked_.insert(name);
+        }
     }
 
-    // The file refers to the arguments.
-    SiteFile pageOf(const Product& product, const Edition& edition, const std::u16string& key,
-                    const std::u16string& href) const {
-        return {languageOf(edition)->folder + product.pages.at(key).items.at(href),
-                [&, this](std::string memory) {
-                    return itemPage(
-                        languages_, product, edition, key, href,
-                        [this](const auto& language, const auto& location) {
-                            return directory_.pageAt(language, location);
-                        },
-                        std::move(memory));
-                }};
+    void addItemPage(const Product& product, const Edition& edition, const std::u16string& key,
+                     const std::u16string& href, const FindPageAt& findPage) {
+        addPage(edition, product.pages.at(key).items.at(href),
+                itemPage(languages_, product, edition, key, href, findPage));
     }
 
     SiteFolder& output_;
+    std::mutex mutex_; // guards the other members while products are read
     SitePaths paths_;
     const SiteLanguages& languages_;
     std::vector<std::vector<SectionSummary>> summaries_; // by language

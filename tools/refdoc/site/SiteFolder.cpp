@@ -2,7 +2,6 @@
 
 #include "platform/Failure.hpp"
 #include "platform/i18n/Converter.hpp"
-#include "tools/refdoc/session/Parallel.hpp"
 #include "tools/refdoc/terminal/Words.hpp"
 
 #include <fmt/format.h>
@@ -169,17 +168,6 @@ void SiteFolder::expectNoOthers() const {
 void SiteFolder::add(const std::string& path, std::string_view content) {
     list(path);
     write(path, content);
-}
-
-void SiteFolder::add(const std::vector<SiteFile>& files) {
-    for (const SiteFile& file : files)
-        list(file.path);
-    forEachInParallel(files.size(), [&](std::size_t number) {
-        // The files of a thread share memory, because large blocks take long to allocate.
-        thread_local std::string content;
-        content = files[number].makeContent(std::move(content));
-        write(files[number].path, content);
-    });
 }
 
 void SiteFolder::list(const std::string& path) {

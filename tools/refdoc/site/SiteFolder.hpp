@@ -8,20 +8,12 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace refdoc::site {
-
-/// A file of a site.
-struct SiteFile {
-    std::string path; ///< relative, with '/' between folders; UTF-8
-    /// Returns the content. It may have the memory of the argument, which is no longer needed.
-    std::function<std::string(std::string memory)> makeContent;
-};
 
 /// How many files a publication changed.
 struct SiteChanges {
@@ -54,15 +46,9 @@ public:
 
     /// Adds a file. One that is already there with this content is not written. Any thread may
     /// call, and several at a time.
-    /// \param path  as in a SiteFile. Each path is added once.
+    /// \param path  relative, with '/' between folders; UTF-8. Each path is added once.
     /// \throws std::filesystem::filesystem_error  the file cannot be written
     void add(const std::string& path, std::string_view content);
-
-    /// Adds files whose contents are made on several threads. Each thread has the content of one
-    /// file in memory.
-    /// \throws std::filesystem::filesystem_error  a file cannot be written
-    /// \throws what the functions of the files throw, see forEachInParallel()
-    void add(const std::vector<SiteFile>& files);
 
     /// Makes the added files the site, and removes its other files and the folders that become
     /// empty. The last call to the object.

@@ -61,15 +61,5 @@ TEST(HtmlWriterTest, AppendsWhatAnotherWriterHasWritten) {
     EXPECT_EQ(writer.take(), "<p><b>&lt;</b><b>&lt;</b></p>");
 }
 
-TEST(HtmlWriterTest, UsesMemoryButNotTextOfPage) {
-    std::string page(1000, 'x');
-    const char* const memory = page.data();
-    HtmlWriter writer(std::move(page));
-    writer.text("short");
-    const std::string text = writer.take();
-    EXPECT_EQ(text, "short");
-    EXPECT_EQ(text.data(), memory);
-}
-
 } // namespace
 } // namespace refdoc::html
