@@ -38,6 +38,16 @@ TEST_F(ColorTest, AlwaysPaintsTheIndexAndKeepsItAligned) {
               "  \x1b[33ma\x1b[0m  function  b  P  \x1b[33mdeprecated\x1b[0m\n");
 }
 
+TEST_F(ColorTest, AlwaysPaintsColumnNamesAndWhereProductsAre) {
+    addManifest(R"({"topLevelProducts": [{"shortName": "p", "displayName": "p name",
+                                          "helpLocation": "help/p"}]})");
+    const std::string out = run({"products", "--color=always"}).out;
+    EXPECT_THAT(out, HasSubstr("\n\x1b[2mlanguage\x1b[0m        default\n"));
+    EXPECT_THAT(out, HasSubstr("\x1b[2mFile\x1b[0m\nP     en        \x1b[2m"));
+    EXPECT_THAT(out, HasSubstr("P.json\x1b[0m\n"));
+    EXPECT_THAT(out, HasSubstr("\np     p name        \x1b[2mhelp/p\x1b[0m"));
+}
+
 TEST_F(ColorTest, AlwaysOverridesNoColor) {
     EXPECT_THAT(run({"show", "P", "--color", "always"}, {.variables = {{"NO_COLOR", "1"}}}).out,
                 HasSubstr("\x1b[1m"));
