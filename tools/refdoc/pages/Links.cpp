@@ -57,9 +57,12 @@ std::optional<Links::Target> Links::targetOf(const std::u16string& link) const {
     return std::nullopt;
 }
 
-bool Links::mayLeadOutside(const std::u16string& link) const {
-    return !leavesDocumentation(link) && !targetOf(link) &&
-           !resolvedLink(helpLocation(), link).starts_with(resolvedLink(helpLocation(), {}) + u'/');
+Reach Links::reachOf(const std::u16string& link) const {
+    if (leavesDocumentation(link) || targetOf(link))
+        return Reach::Product;
+    return resolvedLink(helpLocation(), link).starts_with(resolvedLink(helpLocation(), {}) + u'/')
+               ? Reach::HelpLocation
+               : Reach::Everywhere;
 }
 
 const std::u16string& Links::helpLocation() const {
@@ -76,16 +79,19 @@ const std::string* Links::pageOf(const std::u16string& href) const {
     return nullptr;
 }
 
-bool mayLeadOutside(const Product& product, const Edition& edition, const std::u16string& section,
-                    const std::u16string& href) {
+Reach reachOfLinks(const Product& product, const Edition& edition, const std::u16string& section,
+                   const std::u16string& href) {
     const FindPageAt none;
     const Links links(product, edition, section, href, none);
-    const auto isOutside = [&](const auto& link) { return links.mayLeadOutside(link.getUrl()); };
-    return std::ranges::any_of(edition.content->resources.at(section).items.at(href),
-                               [&](const reference::property::RefItem& item) {
-                                   return std::ranges::any_of(item.getSeeAlso(), isOutside) ||
-                                          std::ranges::any_of(item.getExamples(), isOutside);
-                               });
+    Reach reach = Reach::Product;
+    const auto add = [&](const auto& link) {
+        reach = std::max(reach, links.reachOf(link.getUrl()));
+    };
+    for (const auto& item : edition.content->resources.at(section).items.at(href)) {
+        std::ranges::for_each(item.getSeeAlso(), add);
+        std::ranges::for_each(item.getExamples(), add);
+    }
+    return reach;
 }
 
 } // namespace refdoc::site

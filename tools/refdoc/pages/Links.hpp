@@ -9,6 +9,13 @@
 
 namespace refdoc::site {
 
+/// How far a link may lead within the documentation.
+enum class Reach {
+    Product,      ///< to an item of its product, or to none
+    HelpLocation, ///< to no item of its product, but below the help location of the section
+    Everywhere    ///< to the items of other products
+};
+
 /// Resolves the links in the records of one page.
 class Links {
 public:
@@ -24,9 +31,7 @@ public:
     /// help location of the section, and may lead to any product.
     std::optional<std::string> urlOf(const std::u16string& link) const;
 
-    /// Returns whether a link may lead to an item of another product: it leads to none of this one,
-    /// and out of the help location of the section.
-    bool mayLeadOutside(const std::u16string& link) const;
+    Reach reachOf(const std::u16string& link) const;
 
 private:
     struct Target {
@@ -47,8 +52,8 @@ private:
     const FindPageAt& findPage_;
 };
 
-/// Returns whether an item has a link or example that may lead to an item of another product.
-bool mayLeadOutside(const Product& product, const Edition& edition, const std::u16string& section,
-                    const std::u16string& href);
+/// Returns how far the links and examples of an item may lead.
+Reach reachOfLinks(const Product& product, const Edition& edition, const std::u16string& section,
+                   const std::u16string& href);
 
 } // namespace refdoc::site

@@ -2,7 +2,22 @@
 
 #include "tools/refdoc/session/HelpLinks.hpp"
 
+#include <vector>
+
 namespace refdoc::site {
+
+namespace {
+
+// Returns the folders that a path is in, the nearest first.
+std::vector<std::u16string> foldersOf(const std::u16string& path) {
+    std::vector<std::u16string> folders;
+    for (std::size_t slash = path.rfind(u'/'); slash != path.npos && slash > 0;
+         slash = path.rfind(u'/', slash - 1))
+        folders.push_back(path.substr(0, slash));
+    return folders;
+}
+
+} // namespace
 
 void PageDirectory::add(const std::u16string& name, const Product& product) {
     Sections& sections = products_[name] = {};
@@ -38,19 +53,34 @@ std::string PageDirectory::pageOf(const std::u16string& language,
 
 std::string PageDirectory::pageAt(const std::u16string& language,
                                   const std::u16string& location) const {
-    for (std::size_t slash = location.rfind(u'/'); slash != location.npos && slash > 0;
-         slash = location.rfind(u'/', slash - 1)) {
-        const auto found = locations_.find(location.substr(0, slash));
+    for (const std::u16string& folder : foldersOf(location)) {
+        const auto found = locations_.find(folder);
         if (found == locations_.end())
             continue;
+        const std::u16string href = location.substr(folder.size() + 1);
         for (const auto& [product, section] : found->second) {
-            std::string page =
-                pageIn(products_.at(product), section, language, location.substr(slash + 1));
+            std::string page = pageIn(products_.at(product), section, language, href);
             if (!page.empty())
                 return page;
         }
     }
     return {};
+}
+
+std::set<std::u16string> PageDirectory::neighbours() const {
+    std::set<std::u16string> neighbours;
+    for (const auto& [location, sections] : locations_) {
+        std::set<std::u16string> products;
+        for (const std::u16string& folder : foldersOf(location + u'/')) {
+            if (const auto found = locations_.find(folder); found != locations_.end()) {
+                for (const auto& [product, section] : found->second)
+                    products.insert(product);
+            }
+        }
+        if (products.size() > 1)
+            neighbours.merge(products);
+    }
+    return neighbours;
 }
 
 std::string PageDirectory::pageIn(const Sections& sections, const std::u16string& section,

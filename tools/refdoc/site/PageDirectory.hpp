@@ -28,6 +28,10 @@ public:
     /// Returns the same for the item at a location; see FindPageAt.
     std::string pageAt(const std::u16string& language, const std::u16string& location) const;
 
+    /// Returns the products that share a help location with another product, or have one above or
+    /// below one of another product.
+    std::set<std::u16string> neighbours() const;
+
 private:
     using ProductAndSection = std::pair<std::u16string, std::u16string>;
     template <class Value>

@@ -65,8 +65,11 @@ public:
         });
     }
 
-    // Makes the pages that had to wait until the pages of all products were known.
+    // Makes the pages that had to wait until the pages of all products were known, and again those
+    // whose links turn out to lead to neighbours.
     void addLinkedPages(Progress& progress) {
+        const std::set<std::u16string> neighbours = directory_.neighbours();
+        linked_.insert(neighbours.begin(), neighbours.end());
         progress.begin("linking", linked_.size());
         const auto findPage = [this](const auto& language, const auto& location) {
             return directory_.pageAt(language, location);
@@ -75,12 +78,19 @@ public:
         forEachProduct(linked_.size(), progress, [&] {
             std::unique_lock lock(mutex_);
             LoadAccount failures;
-            const Product product = read(*next++, failures);
+            const std::u16string& name = *next++;
+            const Product product = read(name, failures);
             lock.unlock();
             forEachItem(product, [&](const Edition& edition, const std::u16string& key,
                                      const std::u16string& href) {
-                if (mayLeadOutside(product, edition, key, href))
-                    addItemPage(product, edition, key, href, findPage);
+                const Reach reach = reachOfLinks(product, edition, key, href);
+                const auto content = [&] {
+                    return itemPage(languages_, product, edition, key, href, findPage);
+                };
+                if (reach == Reach::Everywhere)
+                    output_.add(pathOf(product, edition, key, href), content());
+                else if (reach == Reach::HelpLocation && neighbours.contains(name))
+                    output_.replace(pathOf(product, edition, key, href), content());
             });
         });
     }
@@ -146,9 +156,13 @@ private:
                               std::back_inserter(summaries_[languageNumber(edition)]));
     }
 
-    // Adds a page below the folder of the language.
-    void addPage(const Edition& edition, const std::string& path, std::string_view content) {
-        output_.add(languages_[languageNumber(edition)].folder + path, content);
+    const std::string& folderOf(const Edition& edition) const {
+        return languages_[languageNumber(edition)].folder;
+    }
+
+    std::string pathOf(const Product& product, const Edition& edition, const std::u16string& key,
+                       const std::u16string& href) const {
+        return folderOf(edition) + product.pages.at(key).items.at(href);
     }
 
     // Calls use(edition, section, href) for each item of each edition.
@@ -165,30 +179,26 @@ private:
     void addPages(const std::u16string& name, const Product& product) {
         for (const Edition& edition : product.editions) {
             for (const auto& [key, pages] : product.pages) {
+                const std::string path = folderOf(edition) + pages.index;
                 if (edition.isBroken())
-                    addPage(edition, pages.index, brokenPage(languages_, product, edition, key));
+                    output_.add(path, brokenPage(languages_, product, edition, key));
                 else if (edition.content->resources.contains(key))
-                    addPage(edition, pages.index, sectionPage(languages_, product, edition, key));
+                    output_.add(path, sectionPage(languages_, product, edition, key));
             }
         }
         bool mustWait = false;
         forEachItem(product, [&](const Edition& edition, const std::u16string& key,
                                  const std::u16string& href) {
-            if (mayLeadOutside(product, edition, key, href))
+            if (reachOfLinks(product, edition, key, href) == Reach::Everywhere)
                 mustWait = true;
-            else // no link of the page leads to another product
-                addItemPage(product, edition, key, href, {});
+            else
+                output_.add(pathOf(product, edition, key, href),
+                            itemPage(languages_, product, edition, key, href));
         });
         if (mustWait) {
             const std::lock_guard lock(mutex_);
             linked_.insert(name);
         }
-    }
-
-    void addItemPage(const Product& product, const Edition& edition, const std::u16string& key,
-                     const std::u16string& href, const FindPageAt& findPage) {
-        addPage(edition, product.pages.at(key).items.at(href),
-                itemPage(languages_, product, edition, key, href, findPage));
     }
 
     SiteFolder& output_;

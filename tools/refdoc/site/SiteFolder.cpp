@@ -114,6 +114,8 @@ public:
     PathList(const PathList&) = delete;
     PathList& operator=(const PathList&) = delete;
 
+    std::size_t size() const { return paths_.size(); }
+
     bool contains(std::string_view path) const { return std::ranges::binary_search(paths_, path); }
 
     // Returns the paths that another list lacks; valid as long as this object.
@@ -166,20 +168,20 @@ void SiteFolder::expectNoOthers() const {
 }
 
 void SiteFolder::add(const std::string& path, std::string_view content) {
-    list(path);
+    {
+        const std::lock_guard lock(mutex_);
+        list_ << path << '\n';
+    }
     write(path, content);
 }
 
-void SiteFolder::list(const std::string& path) {
-    const std::lock_guard lock(mutex_);
-    list_ << path << '\n';
-    ++added_;
+void SiteFolder::replace(const std::string& path, std::string_view content) {
+    fs::remove(below(staged_, path));
+    write(path, content);
 }
 
-void SiteFolder::write(const std::string& path, std::string_view content) {
-    if (hasOldFiles_ && hasContent(below(folder_, path), content))
-        ++unchanged_;
-    else
+void SiteFolder::write(const std::string& path, std::string_view content) const {
+    if (!hasOldFiles_ || !hasContent(below(folder_, path), content))
         stage(path, content);
 }
 
@@ -204,19 +206,18 @@ SiteChanges SiteFolder::publish() {
     const bool isListChanged = !hasContent(folder_ / kListName, list);
     if (isListChanged)
         stage(std::string(kListName), list);
-    SiteChanges changes{.written = added_ - unchanged_, .unchanged = unchanged_};
     if (!fs::exists(folder_) || fs::is_empty(folder_)) {
         fs::remove(folder_);
         fs::rename(staged_, folder_);
-        return changes;
+        return {.written = paths.size()};
     }
     const PathList oldPaths(folder_ / kListName);
     // Should the publication end early, the files of both sites are recognised later.
     if (isListChanged)
         std::ofstream(folder_ / kListName, std::ios::binary | std::ios::app) << list;
-    changes.removed = removeFiles(oldPaths.without(paths));
-    moveStagedFiles();
-    return changes;
+    const std::size_t removed = removeFiles(oldPaths.without(paths));
+    const std::size_t written = moveStagedFiles();
+    return {.written = written, .unchanged = paths.size() - written, .removed = removed};
 }
 
 std::size_t SiteFolder::removeFiles(const std::vector<std::string_view>& paths) const {
@@ -232,17 +233,22 @@ std::size_t SiteFolder::removeFiles(const std::vector<std::string_view>& paths) 
     return removed;
 }
 
-// The list comes last, because it has no lines for the files of the old site.
-void SiteFolder::moveStagedFiles() {
+// Returns the number of files without the list, which comes last, because it has no lines for the
+// files of the old site.
+std::size_t SiteFolder::moveStagedFiles() {
+    std::size_t count = 0;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(staged_)) {
         const fs::path file = folder_ / entry.path().lexically_relative(staged_);
         if (entry.is_directory())
             fs::create_directory(file);
-        else if (entry.path() != staged_ / kListName)
+        else if (entry.path() != staged_ / kListName) {
             fs::rename(entry.path(), file);
+            ++count;
+        }
     }
     if (fs::exists(staged_ / kListName))
         fs::rename(staged_ / kListName, folder_ / kListName);
+    return count;
 }
 
 } // namespace refdoc::site

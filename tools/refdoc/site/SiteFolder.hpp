@@ -4,7 +4,6 @@
 
 #include <boost/interprocess/sync/file_lock.hpp>
 
-#include <atomic>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -50,6 +49,10 @@ public:
     /// \throws std::filesystem::filesystem_error  the file cannot be written
     void add(const std::string& path, std::string_view content);
 
+    /// Gives a file that was added another content.
+    /// \throws std::filesystem::filesystem_error  the file cannot be written
+    void replace(const std::string& path, std::string_view content);
+
     /// Makes the added files the site, and removes its other files and the folders that become
     /// empty. The last call to the object.
     /// \throws std::filesystem::filesystem_error  a file cannot be moved; the next publication
@@ -60,10 +63,9 @@ private:
     class PathList;
 
     void expectNoOthers() const;
-    void list(const std::string& path);
-    void write(const std::string& path, std::string_view content);
+    void write(const std::string& path, std::string_view content) const;
     void stage(const std::string& path, std::string_view content) const;
-    void moveStagedFiles();
+    std::size_t moveStagedFiles();
     std::size_t removeFiles(const std::vector<std::string_view>& paths) const;
 
     std::filesystem::path folder_;
@@ -71,10 +73,8 @@ private:
     platform::TemporaryFolder temporary_;
     boost::interprocess::file_lock lock_; // held for as long as the temporary folder is in use
     std::filesystem::path staged_;        // as the folder of the site, with the new files only
-    std::mutex mutex_;                    // guards list_ and added_
+    std::mutex mutex_;                    // guards list_
     std::ofstream list_;                  // of the added files
-    std::size_t added_ = 0;
-    std::atomic<std::size_t> unchanged_ = 0;
 };
 
 } // namespace refdoc::site

@@ -418,6 +418,33 @@ TEST_F(SiteTest, LinksLeadToItemsOfOtherProducts) {
     EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
 }
 
+TEST_F(SiteTest, LinksLeadToItemsOfProductsWithHelpLocationsOnOnePath) {
+    const auto resource = [](const std::string& name, const std::string& location,
+                             const std::string& link) {
+        return R"({"productName": ")" + name + R"(", "baseCode": "B", "helpFolder": ")" + name +
+               R"(", "helpLocation": ")" + location + R"(", "refItems": [
+                   {"href": "of-)" +
+               name + R"(.html", "refpurpose": "", "seealso": [{"url": ")" + link +
+               R"(", "name": "other"}, {"url": "none.html", "name": "none"}]}]})";
+    };
+    addResource("A", resource("a", "help", "b/of-b.html"));
+    addResource("B", resource("b", "help/b", "of-c.html"));
+    addResource("C", resource("c", "help/b", "of-b.html"));
+    addResource("D", resource("d", "help/b/d", "../of-c.html"));
+    const auto linksOf = [&](const std::string& name) {
+        const std::string text = page(name + "/of-" + name + ".html");
+        return valuesOf("href", text.substr(text.find("<h2>See also")));
+    };
+    for (const char* changes : {"files written, 0 unchanged", " 0 files written"}) {
+        EXPECT_THAT(site().out, HasSubstr(changes));
+        EXPECT_THAT(linksOf("a"), ElementsAre("../b/of-b.html"));
+        EXPECT_THAT(linksOf("b"), ElementsAre("../c/of-c.html"));
+        EXPECT_THAT(linksOf("c"), ElementsAre("../b/of-b.html"));
+        EXPECT_THAT(linksOf("d"), ElementsAre("../c/of-c.html"));
+    }
+    EXPECT_THAT(brokenLinks(path("out")), IsEmpty());
+}
+
 TEST_F(SiteTest, AnchorsAreUniqueOnAPage) {
     addResource("Orchard", section("orchard", R"(
         {"href": "a.html", "refpurpose": "a",

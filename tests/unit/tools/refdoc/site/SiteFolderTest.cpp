@@ -149,6 +149,20 @@ TEST_F(SiteFolderTest, TheOrderInWhichFilesAreAddedChangesNothing) {
     EXPECT_EQ(fs::last_write_time(out_ / ".refdoc-site"), oldOnDisk);
 }
 
+TEST_F(SiteFolderTest, ReplacedFileHasItsLastContent) {
+    publish({{"same.html", "last"}, {"new.html", "first"}});
+    SiteFolder site(out_, Others::Refused);
+    for (const char* path : {"same.html", "new.html", "other.html"}) {
+        site.add(path, "first");
+        site.replace(path, "last");
+    }
+    EXPECT_EQ(site.publish(), (SiteChanges{2, 1, 0}));
+    EXPECT_EQ(contentOf(out_), (Files{{".refdoc-site", "new.html\nother.html\nsame.html\n"},
+                                      {"new.html", "last"},
+                                      {"other.html", "last"},
+                                      {"same.html", "last"}}));
+}
+
 TEST_F(SiteFolderTest, FoldersOfKilledRunsAreRemoved) {
     folder_.write(".refdoc-1/lock", "");
     folder_.write(".refdoc-1/site/a.html", "never published");
