@@ -336,6 +336,7 @@ std::string itemPage(const SiteLanguages& languages, const Product& product, con
     const std::u16string title = namesOf(items.front()) + u" - " + resource.header.getProductName();
     return html::framedPage(productFrame(languages, product, edition, section, href, title),
                             [&](HtmlWriter& writer) {
+                                writeBrokenFiles(writer, edition.content->brokenFiles);
                                 ItemContent(writer, product, edition, section, href, findPage)
                                     .write(items, product.findings);
                             });

@@ -42,9 +42,9 @@ std::string sectionPage(const SiteLanguages& languages, const Product& product,
 std::string brokenPage(const SiteLanguages& languages, const Product& product,
                        const Edition& edition, const std::u16string& section);
 
-/// Returns the page of an item that the edition has in a section. All records with the href are on
-/// it, each with the files that it comes from. Where a record's own links lead to an anchor, it has
-/// an element with that id.
+/// Returns the page of an item that the edition has in a section: the broken files of the edition,
+/// and all records with the href, each with the files that it comes from. Where a record's own
+/// links lead to an anchor, the page has an element with that id.
 /// \param findPage  finds the items of other products that links lead to; without it, such links
 ///                  are text
 std::string itemPage(const SiteLanguages& languages, const Product& product, const Edition& edition,

@@ -329,16 +329,16 @@ std::optional<std::string> LivePages::productPage(const SiteLanguage& language,
     const bool hasSection = resource != edition->content->resources.end();
     if (hasSection && path == pages.index)
         return sectionPage(languages, *product, *edition, key);
-    if (!edition->content->brokenFiles.empty())
-        return brokenPageAt(path, languages, *product, *edition, key);
     const auto item =
         std::ranges::find(pages.items, path, &decltype(pages.items)::value_type::second);
-    if (!hasSection || item == pages.items.end() || !resource->second.items.contains(item->first))
-        return std::nullopt;
-    return itemPage(languages, *product, *edition, key, item->first,
-                    [this](const std::u16string& code, const std::u16string& location) {
-                        return catalog_->directory.pageAt(code, location);
-                    });
+    if (hasSection && item != pages.items.end() && resource->second.items.contains(item->first))
+        return itemPage(languages, *product, *edition, key, item->first,
+                        [this](const std::u16string& code, const std::u16string& location) {
+                            return catalog_->directory.pageAt(code, location);
+                        });
+    if (!edition->content->brokenFiles.empty())
+        return brokenPageAt(path, languages, *product, *edition, key);
+    return std::nullopt;
 }
 
 } // namespace refdoc::serve

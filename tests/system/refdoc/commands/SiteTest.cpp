@@ -16,6 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -287,13 +288,15 @@ TEST_F(TwoProductsTest, BrokenEnglishFileHasTheNameOfTheLookupIndex) {
     EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("<h1><bdi>Obstgarten</bdi></h1>"));
 }
 
-TEST_F(TwoProductsTest, PageOfAProductShowsItsBrokenTranslation) {
+TEST_F(TwoProductsTest, PagesOfAProductShowItsBrokenTranslation) {
     addResource("Orchard_de", "{\n");
     site();
-    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("Orchard_de.json:2:1"));
+    for (const std::string name : {"orchard/index.html", "orchard/b.html"}) {
+        EXPECT_THAT(page("de/" + name),
+                    AllOf(HasSubstr("This file cannot be used"), HasSubstr("Orchard_de.json:2:1")));
+        EXPECT_THAT(page(name), Not(HasSubstr("This file cannot be used")));
+    }
     EXPECT_THAT(page("de/orchard/b.html"), HasSubstr("not translated into de"));
-    EXPECT_THAT(page("de/orchard/index.html"), HasSubstr("This file cannot be used"));
-    EXPECT_THAT(page("orchard/index.html"), Not(HasSubstr("This file cannot be used")));
 }
 
 // The links of an item and of its translation lead nowhere, and a lookup file has no product.

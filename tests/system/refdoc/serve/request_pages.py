@@ -8,6 +8,7 @@ With --sanitized, memory is not measured: sanitizers keep freed memory and have 
 import json
 import os
 import pathlib
+import shutil
 import signal
 import socket
 import subprocess
@@ -23,6 +24,7 @@ from served import PRODUCT, Served, receive_all
 REFDOC, SAMPLES = (pathlib.Path(argument) for argument in sys.argv[1:3])
 MEASURES_MEMORY = "--sanitized" not in sys.argv
 
+GERMAN_PRODUCT = "help/docCatalog/referenceapi/Orchard_de.json"
 ITEM = "/orchard/ref/smooth.html"
 EVENTS = "/refdoc-site/events"
 PURPOSE = "Smooth a series with a moving window"
@@ -47,11 +49,11 @@ class ServeTest(unittest.TestCase):
 
 class PagesTest(ServeTest):
 
-    def test_pages_are_those_of_a_site(self):
+    def assert_pages_are_those_of_a_site(self):
         with tempfile.TemporaryDirectory() as folder:
             site = pathlib.Path(folder) / "site"
             subprocess.run([REFDOC, "--install", self.server.folder, "site", site], stdout=subprocess.DEVNULL,
-                           check=True)
+                           stderr=subprocess.DEVNULL, check=True)
             files = [file for file in site.rglob("*") if file.is_file() and file.name != ".refdoc-site"]
             self.assertGreater(len(files), 50)
             for file in files:
@@ -60,6 +62,19 @@ class PagesTest(ServeTest):
                     start = served.index('<script src="/refdoc-site/live.js"')
                     served = served[:start] + served[served.index("</head>"):]
                 self.assertEqual(served, file.read_text(encoding="utf-8"), file)
+
+    def test_pages_are_those_of_a_site(self):
+        self.assert_pages_are_those_of_a_site()
+
+    def test_pages_with_a_broken_translation_are_those_of_a_site(self):
+        self.server.close()
+        with tempfile.TemporaryDirectory() as folder:
+            samples = shutil.copytree(SAMPLES, pathlib.Path(folder) / "samples")
+            (samples / GERMAN_PRODUCT).write_text("]", encoding="utf-8")
+            self.server = Served(REFDOC, samples)
+            self.addCleanup(self.server.kill)
+            self.assertIn("Orchard_de.json:1:1", self.server.page("/de" + ITEM))
+            self.assert_pages_are_those_of_a_site()
 
     def test_folders_are_their_start_pages(self):
         for folder in ("/", "/de/", "/orchard/", "/ja/orchard/"):
@@ -331,11 +346,14 @@ class ChangeTest(ServeTest):
         self.assertNotIn("cannot be used", self.server.page("/cellar/index.html"))
         self.assert_shown_soon(ITEM, PURPOSE, lambda: self.server.replace(PURPOSE, f'"{PURPOSE}"'))
 
-    def test_broken_translation_shows_its_error_in_its_language_only(self):
-        german = "help/docCatalog/referenceapi/Orchard_de.json"
-        self.assert_shown_soon("/de" + ITEM, "Orchard_de.json:1:1",
-                               lambda: (self.server.folder / german).write_text("]", encoding="utf-8"))
-        self.assert_serves()
+    def test_broken_translation_shows_its_error_above_the_english_records(self):
+        german = self.server.folder / GERMAN_PRODUCT
+        self.assert_shown_soon("/de" + ITEM, "Orchard_de.json:1:1", lambda: german.write_text("]", encoding="utf-8"))
+        self.assertIn(PURPOSE, self.server.page("/de" + ITEM))
+        self.assertNotIn("cannot be used", self.server.page(ITEM))
+        missing = self.server.page("/de/orchard/ref/missing.html")
+        self.assertIn("Orchard_de.json:1:1", missing)
+        self.assertIn('<link rel="stylesheet" href="../../../refdoc-site/style.css">', missing)
 
     def test_file_that_was_broken_at_the_start_has_a_page(self):
         self.server.close()
