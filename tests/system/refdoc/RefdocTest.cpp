@@ -47,6 +47,14 @@ std::string section(const std::string& helpFolder, const std::string& items,
            R"(/help", "refItems": [)" + items + "]" + more + "}";
 }
 
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 boost::json::value document(const std::string& text) {
     boost::json::error_code error;
     boost::json::value value = boost::json::parse(text, error);
@@ -56,8 +64,7 @@ boost::json::value document(const std::string& text) {
 
 std::vector<boost::json::value> documents(const std::string& lines) {
     std::vector<boost::json::value> values;
-    std::istringstream stream(lines);
-    for (std::string line; std::getline(stream, line);)
+    for (const std::string& line : linesOf(lines))
         values.push_back(document(line));
     return values;
 }

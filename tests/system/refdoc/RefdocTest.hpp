@@ -48,6 +48,9 @@ private:
 std::string section(const std::string& helpFolder, const std::string& items,
                     const std::string& more = {});
 
+/// The lines that the program printed, without their line feeds.
+std::vector<std::string> linesOf(const std::string& text);
+
 /// Parses the JSON that the program printed. Fails the test if it is invalid.
 boost::json::value document(const std::string& text);
 

@@ -6,6 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 const std::string kItems =
     R"({"href": "a.html", "refpurpose": "", "seealso": [{"url": "../b/b.html", "name": ""}]})";
@@ -117,6 +118,12 @@ TEST_F(LanguageSuffixTest, SeparatorOrCaseOfLanguageIsWrong) {
                             HasSubstr("A_DE.json: warning: \"_DE\" differs from the supported "
                                       "language \"de\""),
                             HasSubstr("4 warnings in 4 files")));
+}
+
+TEST_F(LanguageSuffixTest, OtherWordBehindASeparatorIsPartOfTheProductName) {
+    for (const char* name : {"A", "A-notes", "A-en"})
+        addResource(name, section("a", ""));
+    EXPECT_THAT(check({"."}).out, Not(HasSubstr("separator")));
 }
 
 TEST_F(LanguageSuffixTest, ProductMayHaveOnlyLookupFiles) {

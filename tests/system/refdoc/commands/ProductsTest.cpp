@@ -15,6 +15,7 @@ using docparser_tests::native;
 
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAreArray;
 
 class ProductsTest : public RefdocTest {
 protected:
@@ -124,6 +125,38 @@ TEST_F(ProductsTest, JsonOfAnEmptyInstallation) {
   "undocumented": []
 }
 )");
+}
+
+TEST_F(ProductsTest, LinesHaveTheFilesOfEachPlace) {
+    struct Line {
+        std::string product, place, language;
+        bool isPackage;
+        std::string file;
+    };
+    const std::string lookups = "help/docCatalog/referenceapi_lookup/";
+    std::vector<std::string> expectedJson, expectedPlain;
+    for (const Line& line : {
+             Line{"Orchard", "referenceApi", "en", false,
+                  "help/docCatalog/referenceapi/Orchard.json"},
+             Line{"Kit", "supportPackages", "de", false,
+                  "packages/help/docCatalog/referenceapi/Kit_de.json"},
+             Line{"Orchard", "lookup", "en", false, lookups + "Orchard.json"},
+             Line{"Orchard", "lookup", "de", false, lookups + "Orchard_de.json"},
+             Line{"Cellar", "lookup", "en", true, lookups + "Cellar.zip"},
+             Line{"Cellar", "lookup", "de", true, lookups + "Cellar_de.zip"},
+         }) {
+        expectedJson.push_back(
+            boost::json::serialize(boost::json::object{{"product", line.product},
+                                                       {"place", line.place},
+                                                       {"language", line.language},
+                                                       {"package", line.isPackage},
+                                                       {"fullPath", path(line.file)}}));
+        expectedPlain.push_back(line.product + '\t' + line.place + '\t' + line.language +
+                                (line.isPackage ? "\tyes\t" : "\tno\t") + path(line.file));
+    }
+    EXPECT_THAT(linesOf(run({"products", "--jsonl"}).out), UnorderedElementsAreArray(expectedJson));
+    EXPECT_THAT(linesOf(run({"products", "--plain"}).out),
+                UnorderedElementsAreArray(expectedPlain));
 }
 
 TEST_F(ProductsTest, TextHasTheContentOfTheJsonInTables) {

@@ -3,8 +3,6 @@
 #include "tests/system/refdoc/RefdocTest.hpp"
 #include "tools/refdoc/terminal/DisplayText.hpp"
 
-#include <boost/algorithm/string/split.hpp>
-
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -15,12 +13,6 @@ namespace {
 using testing::HasSubstr;
 
 constexpr std::size_t kWidths[] = {40, 60, 80, 120};
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    boost::split(lines, text, [](char byte) { return byte == '\n'; });
-    return lines;
-}
 
 // The parts of a line between gaps of two or more spaces, which are the cells of a table.
 std::vector<std::string> cellsOf(const std::string& line) {
