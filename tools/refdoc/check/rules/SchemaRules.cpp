@@ -89,11 +89,7 @@ bool isOfType(const json::value& value, std::string_view schemaType) {
     return schemaType.empty() || typeOf(value) == typeOf(schemaType);
 }
 
-bool isAscii(std::string_view text) {
-    return std::ranges::all_of(text, [](char byte) { return static_cast<signed char>(byte) >= 0; });
-}
-
-// The first run of characters beyond ASCII.
+// The first run of characters beyond ASCII; empty if there is none.
 std::string_view firstBeyondAscii(std::string_view text) {
     const auto isBeyond = [](char byte) { return static_cast<signed char>(byte) < 0; };
     const auto first = std::ranges::find_if(text, isBeyond);
@@ -284,9 +280,9 @@ private:
                             fmt::join(node.knownTexts, "\", \"")));
         const bool isAsciiRead =
             readAs == ReadAs::Ascii || (readAs == ReadAs::Names && !namesAreUtf8_);
-        if (!isAsciiRead || isAscii(text))
+        const std::string_view beyond = isAsciiRead ? firstBeyondAscii(text) : std::string_view();
+        if (beyond.empty())
             return;
-        const std::string_view beyond = firstBeyondAscii(text);
         const fl::i18n::codecvt_ascii_to_ustring ascii(/*strict=*/false);
         const std::u16string garbled = ascii.convert(beyond.data(), beyond.size());
         add(kNotAscii, /*isAtKey=*/false,

@@ -89,6 +89,7 @@ const std::vector<TextCase> kTextCases = {
 
     {"not-ascii", kViolation, text(record("ä")), {":2:23"}},
     {"not-ascii", {Negative}, text(R"({"name": "ä", "href": "h", "refpurpose": "ä"})")},
+    {"not-ascii", {Boundary}, text(record(R"(\u0000)"))},
     {"not-ascii", {Boundary}, text(record(R"(\u007f)"))},
     {"not-ascii", {Boundary}, text(record(R"(\u0080)")), {":2:23"}},
 
