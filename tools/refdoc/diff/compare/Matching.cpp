@@ -21,14 +21,12 @@ Matcher::Matcher(std::size_t oldCount, std::size_t newCount, IsEqual isEqual)
     : isEqual_(std::move(isEqual)),
       newOf_(oldCount, kNone),
       oldOf_(newCount, kNone),
-      oldLeft_(oldCount),
-      newLeft_(newCount) {}
+      pairsLeft_(std::min(oldCount, newCount)) {}
 
 void Matcher::pair(std::size_t oldIndex, std::size_t newIndex) {
     newOf_[oldIndex] = newIndex;
     oldOf_[newIndex] = oldIndex;
-    --oldLeft_;
-    --newLeft_;
+    --pairsLeft_;
 }
 
 void Matcher::pairEqual(const Indices& olds, const Indices& news) {

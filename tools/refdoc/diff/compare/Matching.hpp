@@ -38,7 +38,7 @@ public:
     void matchRest();
 
     /// Returns whether every element of one side has been matched.
-    bool isDone() const noexcept { return oldLeft_ == 0 || newLeft_ == 0; }
+    bool isDone() const noexcept { return pairsLeft_ == 0; }
 
     Matching take();
 
@@ -52,10 +52,9 @@ private:
     void pairInOrder(const Indices& olds, const Indices& news);
 
     IsEqual isEqual_;
-    Indices newOf_; // by old index
-    Indices oldOf_; // by new index
-    std::size_t oldLeft_;
-    std::size_t newLeft_;
+    Indices newOf_;         // by old index
+    Indices oldOf_;         // by new index
+    std::size_t pairsLeft_; // that can still be made
 };
 
 } // namespace refdoc::diff
