@@ -140,7 +140,8 @@ def main():
     arguments = parser.parse_args()
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, lambda *_: sys.exit(130))
-    trees = [Tree(number, max(1, os.cpu_count() // arguments.jobs)) for number in range(1, arguments.jobs + 1)]
+    # One more than processors, because some tests mostly wait.
+    trees = [Tree(number, os.cpu_count() // arguments.jobs + 1) for number in range(1, arguments.jobs + 1)]
     places = draw_places(trees[0], arguments)
     if not places:
         parser.error("no changes in such sources")
