@@ -349,7 +349,9 @@ class ChangeTest(ServeTest):
     def test_broken_translation_shows_its_error_above_the_english_records(self):
         german = self.server.folder / GERMAN_PRODUCT
         self.assert_shown_soon("/de" + ITEM, "Orchard_de.json:1:1", lambda: german.write_text("]", encoding="utf-8"))
-        self.assertIn(PURPOSE, self.server.page("/de" + ITEM))
+        page = self.server.page("/de" + ITEM)
+        self.assertLess(page.index("Orchard_de.json:1:1"), page.index("<article>"))
+        self.assertIn(PURPOSE, page)
         self.assertNotIn("cannot be used", self.server.page(ITEM))
         missing = self.server.page("/de/orchard/ref/missing.html")
         self.assertIn("Orchard_de.json:1:1", missing)
