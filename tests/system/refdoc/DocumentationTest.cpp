@@ -1,6 +1,7 @@
 #include "tests/support/NativeText.hpp"
 #include "tests/support/TemporaryFolder.hpp"
 #include "tests/system/refdoc/ToolProcess.hpp"
+#include "tools/refdoc/Commands.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -117,6 +118,16 @@ TEST(DocumentationTest, CommandsPrintWhatThePagesShow) {
     }
     EXPECT_THAT(pagesWithExamples,
                 testing::IsSupersetOf({kProject / "README.md", kProject / "docs/check.md"}));
+}
+
+TEST(DocumentationTest, CommandsPageShowsTheHelpOfEachCommand) {
+    std::vector<std::string> expected{"help"};
+    for (const refdoc::CommandEntry& command : refdoc::commandTable().commands)
+        expected.push_back("help " + std::string(command.name));
+    std::vector<std::string> shown;
+    for (const Example& example : examplesOf(kProject / "docs/commands.md"))
+        shown.push_back(example.command);
+    EXPECT_EQ(shown, expected);
 }
 
 } // namespace

@@ -73,7 +73,7 @@ enum class RootUse {
 struct CommandEntry {
     std::string_view name;
     std::string_view help{};        ///< what it does, in one line
-    std::string_view description{}; ///< sentences for the manual page
+    std::string_view description{}; ///< sentences
     std::vector<ArgumentEntry> arguments{};
     std::vector<OptionEntry> options{}; ///< valid only after the command
     std::string_view negative{};        ///< when the exit status is 1; empty: it never is

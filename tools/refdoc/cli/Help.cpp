@@ -20,6 +20,8 @@ constexpr std::size_t kIndent = 2;
 class HelpPage {
 public:
     void paragraph(std::string_view text) {
+        if (text.empty())
+            return;
         if (!page_.isEmpty())
             page_.emptyLine();
         page_.text(0, to_ustring(text));
@@ -76,6 +78,7 @@ std::string commandHelp(const CommandTable& table, const CommandEntry& command) 
     HelpPage page;
     page.paragraph(sentenceOf(command.help));
     page.paragraph(fmt::format("Usage: {} {} [OPTIONS]", table.program, synopsisOf(command)));
+    page.paragraph(command.description);
     Table arguments;
     for (const ArgumentEntry& argument : command.arguments)
         addRow(arguments, argument.name, argument.help);

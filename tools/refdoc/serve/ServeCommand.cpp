@@ -193,7 +193,8 @@ CommandEntry serveCommand() {
             "Prints the URL of the start page and serves the pages that the command site writes, "
             "made from the current files when they are opened. Pages that are open in a browser "
             "show a saved file at once; if it is malformed, they show the error and its position. "
-            "Only programs on this computer can read the pages. Ctrl+C ends the command.",
+            "Only programs on this computer can read the pages, unless --bind says otherwise. "
+            "Ctrl+C ends the command.",
         .options = {{.name = "--port",
                      .placeholder = "N",
                      .type = ValueType::Name,

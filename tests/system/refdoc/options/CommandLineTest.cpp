@@ -60,33 +60,6 @@ TEST(CommandLineTest, HelpNamesEachCommandAndOption) {
         EXPECT_THAT(outcome.out, HasSubstr(word));
 }
 
-TEST(CommandLineTest, HelpOfACommandListsItsArgumentsAndOptions) {
-    EXPECT_EQ(runProgram({"explain", "--help"}),
-              (Outcome{0,
-                       "Print which file each record comes from, and what happened to the others.\n"
-                       "\n"
-                       "Usage: refdoc explain [PRODUCT] [HREF] [OPTIONS]\n"
-                       "\n"
-                       "Arguments:\n"
-                       "  PRODUCT  The name of the product's resource file, without .json\n"
-                       "  HREF     Explain only the item with this link\n"
-                       "\n"
-                       "Options:\n"
-                       "  --name NAME  Explain a name of the lookup index instead of a product\n"
-                       "\n"
-                       "Exit status:\n"
-                       "  0  Success.\n"
-                       "  1  The product, the link or the name does not exist.\n"
-                       "  2  Wrong usage.\n"
-                       "  3  Any other failure.\n"
-                       "\n"
-                       "Examples:\n"
-                       "  refdoc --install samples --lang de explain Orchard ref/smooth.html\n"
-                       "\n"
-                       "\"refdoc --help\" lists the options of all commands.\n",
-                       ""}));
-}
-
 TEST(CommandLineTest, CommandIsRequired) {
     EXPECT_EQ(runProgram({}), (Outcome{2, "",
                                        "refdoc: a command is needed: show, lookup, products, "

@@ -13,6 +13,7 @@ namespace {
 using namespace refdoc;
 using testing::ElementsAre;
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 using Words = std::vector<std::string>;
@@ -75,10 +76,12 @@ TEST(CommandLineTest, HelpIsThatOfTheCommandWhateverElseIsWrong) {
     EXPECT_THAT(helpFor({"water", "a", "b", "-hx"}), StartsWith("Water the beds.\n"));
 }
 
-TEST(CommandLineTest, HelpOfACommandEndsWithItsOwnStatusesAndExamples) {
+TEST(CommandLineTest, HelpOfACommandHasItsDescriptionStatusesAndExamples) {
     const auto helpFor = [](const char* command) {
         return std::get<Answer>(parseCommandLine(kGardener, {command, "--help"})).output;
     };
+    EXPECT_THAT(helpFor("water"), HasSubstr("[OPTIONS]\n\nIn the evening.\n\nArguments:\n"));
+    EXPECT_THAT(helpFor("move"), HasSubstr("[OPTIONS]\n\nArguments:\n"));
     EXPECT_THAT(helpFor("water"), EndsWith("\nExit status:\n"
                                            "  0  Done.\n"
                                            "  1  The bed is flooded.\n"
