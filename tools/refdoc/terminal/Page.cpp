@@ -17,13 +17,13 @@ constexpr std::size_t kNarrowestTable = 40; // in columns of a terminal
 } // namespace
 
 void Page::title(std::u16string_view text, char rule) {
-    std::size_t widest = 0;
-    for (std::string& part : wrapText(visibleLine(text), setup_.textWidth)) {
+    std::vector<std::string> parts = wrapText(visibleLine(text), setup_.textWidth);
+    for (std::string& part : parts) {
         boost::replace_all(part, "\u00A0", " ");
         line(0, painted(part, Paint::Heading, setup_.color));
-        widest = std::max(widest, displayWidth(part));
     }
-    line(0, painted(std::string(widest, rule), Paint::Dim, setup_.color));
+    const std::size_t width = displayWidth(std::ranges::max(parts, {}, displayWidth));
+    line(0, painted(std::string(width, rule), Paint::Dim, setup_.color));
 }
 
 void Page::heading(std::size_t indent, std::u16string_view text) {
