@@ -76,6 +76,17 @@ TEST_F(ConsequenceTest, FileInTheWrongFolderCostsFullResourcesToo) {
                 HasSubstr("[lookup-without-resources]"));
 }
 
+TEST_F(ConsequenceTest, LinksToAFileInTheWrongFolderAreNoFindings) {
+    addResource("A", section("a", kItems));
+    addLookup("A", section("a", kRecords));
+    addLookup("B", section("b", R"({"href": "b.html", "refpurpose": "", "seealso": []})"));
+    EXPECT_THAT(linesOf(check({"help"}).out),
+                ElementsAre(HasSubstr("[wrong-folder]"),
+                            HasSubstr("1 consequence of these findings not shown"),
+                            "1 error in 1 file; 3 files checked"));
+    EXPECT_THAT(check({"help", "--show-consequences"}).out, HasSubstr("[broken-link]"));
+}
+
 TEST_F(ConsequenceTest, MisnamedLookupFolderIsOneFinding) {
     const std::string item =
         R"({"href": "a.html", "refpurpose": "", "refentity": [{"name": "a"}]})";

@@ -48,6 +48,16 @@ TEST_F(ColorTest, AlwaysPaintsColumnNamesAndWhereProductsAre) {
     EXPECT_THAT(out, HasSubstr("\np     p name        \x1b[2mhelp/p\x1b[0m"));
 }
 
+TEST_F(ColorTest, AlwaysPaintsTranslationsByTheirProgress) {
+    addResource("P_de", section("p", R"({"href": "a.html", "refpurpose": "B"},
+                                        {"href": "b.html", "refpurpose": "C"})"));
+    addResource("P_ja", section("p", R"({"href": "a.html", "refpurpose": "B"})"));
+    const std::string out = run({"translations", "--langs", "en,de,fr,ja", "--color=always"}).out;
+    EXPECT_THAT(out, HasSubstr(" ########## 100.0 % "));
+    EXPECT_THAT(out, HasSubstr("\x1b[31m..........   0.0 %\x1b[0m"));
+    EXPECT_THAT(out, HasSubstr("\x1b[33m#####.....  50.0 %\x1b[0m"));
+}
+
 TEST_F(ColorTest, AlwaysOverridesNoColor) {
     EXPECT_THAT(run({"show", "P", "--color", "always"}, {.variables = {{"NO_COLOR", "1"}}}).out,
                 HasSubstr("\x1b[1m"));

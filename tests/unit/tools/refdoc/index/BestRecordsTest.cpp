@@ -20,6 +20,7 @@ using reference::property::RefEntityType;
 using reference::property::RefItemLookup;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 constexpr FieldMatch kExactName{Match::Exact, SearchField::Name};
 constexpr FieldMatch kPrefixOfName{Match::Prefix, SearchField::Name};
@@ -145,10 +146,11 @@ TEST(BestTextsTest, RecordsAreThoseThatTheRanksOfAllRecordsGive) {
     EXPECT_TRUE(std::ranges::is_sorted(texts, {}, &BestText::text));
 }
 
-TEST(BestTextsTest, TextInFewPartsHasNoList) {
+TEST(BestTextsTest, OnlyTextInWhichFourPartsBeginHasAList) {
     const RandomIndex index;
     const WordEnds ends(index.words());
     EXPECT_THAT(findBestTexts(ends, {0, 1, 2}, index.records()), IsEmpty());
+    EXPECT_THAT(findBestTexts(ends, {0, 1, 2, 3}, index.records()), Not(IsEmpty()));
 }
 
 } // namespace
