@@ -175,6 +175,15 @@ TEST_F(DiffTest, LookupFilesAndPackagesAreCompared) {
                 ElementsAre("lookup-changed Orchard graft.html /refPurpose"));
 }
 
+TEST_F(DiffTest, SectionOfTwoProductsBelongsToTheSmallerNameInBothDirections) {
+    const std::string index =
+        section("orchard", R"({"name": "graft", "href": "graft.html", "refpurpose": "Join"})");
+    addIndex("old", "Apple.json", index);
+    addIndex("new", "Pear.json", index);
+    EXPECT_THAT(changes(), ElementsAre("section-changed Apple /product"));
+    EXPECT_THAT(changes({}, "new", "old"), ElementsAre("section-changed Apple /product"));
+}
+
 TEST_F(DiffTest, RootIsComparedWithItsTranslation) {
     addFull("old", "Orchard", section("orchard", kGraft));
     addFull("old", "Orchard_de",
