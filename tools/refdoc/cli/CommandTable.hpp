@@ -60,7 +60,7 @@ struct ArgumentEntry {
 /// A term and its explanation.
 struct Remark {
     std::string_view subject;
-    std::string_view text; ///< sentences
+    std::string_view text; ///< sentences that follow it
 };
 
 /// When a command reads the current reference root.
@@ -73,7 +73,7 @@ enum class RootUse {
 struct CommandEntry {
     std::string_view name;
     std::string_view help{};        ///< what it does, in one line
-    std::string_view description{}; ///< sentences
+    std::string_view description{}; ///< sentences that follow it
     std::vector<ArgumentEntry> arguments{};
     std::vector<OptionEntry> options{}; ///< valid only after the command
     std::string_view negative{};        ///< when the exit status is 1; empty: it never is
