@@ -32,8 +32,9 @@ void applyFolders(const Options& options, const HostServices& services) {
         disableSupportFolder();
 }
 
-// What a guard of this thread has chosen; null without one.
-thread_local std::shared_ptr<const HostServices> servicesOfThread;
+// What the guard of this thread has chosen; null without one. A pointer, because programs built
+// with MinGW may free the variables of a thread before they run their destructors.
+constinit thread_local const std::shared_ptr<const HostServices>* servicesOfThread = nullptr;
 
 // Lets each thread have services of its own.
 class ServicesByThread final : public HostServices {
@@ -43,7 +44,7 @@ public:
         : others_(std::move(others)) {}
 
     std::shared_ptr<const HostServices> current() const {
-        return servicesOfThread ? servicesOfThread : others_;
+        return servicesOfThread ? *servicesOfThread : others_;
     }
 
     std::u16string installPath() const override { return current()->installPath(); }
@@ -112,13 +113,12 @@ void applyOptions(const Options& options) {
         expectSupportedLanguage(options);
 }
 
-LanguageGuard::LanguageGuard(const std::u16string& language) : before_(servicesOfThread) {
-    servicesOfThread =
-        std::make_shared<LanguageOverrides>(preparedServices(), language, std::nullopt);
-}
+LanguageGuard::LanguageGuard(const std::u16string& language)
+    : services_(std::make_shared<LanguageOverrides>(preparedServices(), language, std::nullopt)),
+      before_(std::exchange(servicesOfThread, &services_)) {}
 
 LanguageGuard::~LanguageGuard() {
-    servicesOfThread = std::move(before_);
+    servicesOfThread = before_;
 }
 
 } // namespace refdoc

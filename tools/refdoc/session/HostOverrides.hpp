@@ -35,7 +35,8 @@ public:
     LanguageGuard& operator=(const LanguageGuard&) = delete;
 
 private:
-    std::shared_ptr<const platform::HostServices> before_; // of this thread; restored at the end
+    const std::shared_ptr<const platform::HostServices> services_;
+    const std::shared_ptr<const platform::HostServices>* before_; // services of the guard around it
 };
 
 } // namespace refdoc

@@ -67,5 +67,18 @@ TEST_F(LanguageGuardTest, OtherServicesTakeEffectAfterwards) {
     EXPECT_EQ(languageOfNewThread(), u"fr");
 }
 
+// The memory of a thread's variables may be in use again before the thread has ended.
+TEST_F(LanguageGuardTest, ThreadsEndWhileOthersAllocate) {
+    const std::jthread other([](const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+            for (std::size_t size = 16; size <= 128; size += 8)
+                const std::u16string text(size / sizeof(char16_t), u'x');
+        }
+    });
+    for (int count = 0; count < 500; ++count)
+        std::jthread([] { const LanguageGuard german(u"de"); });
+    EXPECT_EQ(language(), u"ja");
+}
+
 } // namespace
 } // namespace refdoc
