@@ -36,7 +36,8 @@ public:
 
 private:
     const std::shared_ptr<const platform::HostServices> services_;
-    const std::shared_ptr<const platform::HostServices>* before_; // services of the guard around it
+    // The services of the guard around it; null without one.
+    const std::shared_ptr<const platform::HostServices>* before_;
 };
 
 } // namespace refdoc
